@@ -1,0 +1,31 @@
+# Targets of the project: quillon_options (warnings, sanitizers) and quillon_layer(), which makes
+# the static library of one folder with an include root of its own.
+
+add_library(quillon_options INTERFACE)
+target_compile_options(quillon_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+if(QUILLON_SANITIZE)
+  target_compile_options(quillon_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(quillon_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(QUILLON_FUZZ)
+  target_compile_options(quillon_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
+# quillon_layer(<name> [LINKS <layer>...] [PRIVATE <library>...])
+# Sources are those of the calling folder. LINKS names the layers whose headers it may include.
+function(quillon_layer name)
+  cmake_parse_arguments(ARG "" "" "LINKS;PRIVATE" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+  file(GLOB headers CONFIGURE_DEPENDS *.h)
+  if(sources)
+    add_library(${name} STATIC ${sources} ${headers})
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE quillon_options ${ARG_PRIVATE})
+  else()
+    add_library(${name} INTERFACE ${headers})
+    target_include_directories(${name} INTERFACE ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${name} INTERFACE ${ARG_LINKS})
+  endif()
+endfunction()

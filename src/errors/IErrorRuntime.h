@@ -1,0 +1,59 @@
+// The error run-time as the program sees it, the process-wide object that holds it, and the
+// values that travel with a report. The order of the operations is that of the interface.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <string_view>
+
+#include "Failure.h"
+
+/// The three constants of a routine, by their ids.
+namespace ErrorIds {
+inline constexpr std::int32_t BoundaryNone = 1, BoundaryVB = 2, BoundaryFirewall = 3,
+                              BoundaryActiveX = 4;
+inline constexpr std::int32_t SeverityCosmetic = 1, SeverityNormal = 2, SeverityFatal = 3;
+inline constexpr std::int32_t RetryLine = 1, RetryProcedure = 2, RetryNone = 3;
+/// What a routine does next. Leave: close the error and leave with the result built so far.
+inline constexpr std::int32_t ActionLeave = 1, ActionRetry = 4, ActionNext = 5;
+}  // namespace ErrorIds
+
+class IErrorClient;
+
+class IErrorRuntime {
+ public:
+  virtual ~IErrorRuntime() = default;
+
+  virtual void SetErrorClient(IErrorClient* poErrorClient) = 0;
+  virtual void SetDevelopmentMode(bool bOn) = 0;
+  virtual bool BreakRequested() = 0;
+  virtual void Start() = 0;
+  /// Ends the error in hand. nBoundary: the routine's boundary id.
+  virtual void CloseError(std::int16_t nBoundary) = 0;
+  /// Reports a failure and gives the action in eAction (ErrorIds::Action...).
+  virtual void ReportError(const Failure& oFailure, std::u16string_view sModule,
+                           std::u16string_view sProcedure, std::u16string_view sContext,
+                           std::int32_t eBoundary, std::int32_t eSeverity, std::int32_t eRetry,
+                           std::int32_t& eAction) = 0;
+  /// Logs a system call's result code when it isn't 0. sCall: name of the call and its object.
+  virtual void CheckResult(std::u16string_view sCall, std::int32_t lResult) = 0;
+  /// As CheckResult, but the codes in alExpected are no error and leave no trace in the log.
+  virtual void CheckResultEx(std::u16string_view sCall, std::int32_t lResult,
+                             std::initializer_list<std::int32_t> alExpected) = 0;
+  virtual void SetApplicationName(std::u16string_view sName) = 0;
+  virtual void SetApplicationPath(std::u16string_view sPath) = 0;
+  virtual void SetTraceEnabled(bool bOn) = 0;
+  virtual bool TraceEnabled() const = 0;
+  virtual void WriteDiagnostic(std::u16string_view sLine) = 0;
+  virtual void SetEnding(bool bEnding) = 0;
+  /// A fatal signal or unhandled exception: writes the record to the log before the end.
+  virtual std::int32_t HandleException(std::u16string_view sRecord) = 0;
+
+  /// Entry and exit of a routine; called only while TraceEnabled.
+  virtual void TraceEnter(std::u16string_view sModule, std::u16string_view sProcedure) = 0;
+  virtual void TraceExit(std::u16string_view sModule, std::u16string_view sProcedure) = 0;
+};
+
+/// The process-wide run-time. Never null: before start-up (and in tests) it is a silent one that
+/// answers every report with ActionLeave. Not owned.
+extern IErrorRuntime* goError;

@@ -1,0 +1,70 @@
+// The IDE's object model over project files on disk: a .vbg, a .vbp, or a folder that holds them.
+//
+//   auto pIDE = DiskIDE::Open("/src/Orders/Orders.vbg", {});
+//   CIDEHandler oHandler; oHandler.LoadProjects(pIDE->Root()); ...
+//   pIDE->Save();
+//
+// A file that is missing or unreadable doesn't stop the rest: the component stays in the model and
+// fails when its code is asked for, with its path in the message. One file that stands in several
+// projects is one document. Nothing on disk changes before Save.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "VBE.h"
+
+class IFileOps;
+
+class DiskIDE {
+ public:
+  struct Options {
+    /// Name of the ANSI code page (CodePage::Get); empty: 1252, or UTF-8 where a file is UTF-8.
+    std::string sCodePage;
+    IFileOps* poFiles = nullptr;  ///< null: the system's
+  };
+
+  /// Something that was found while reading and doesn't stop it.
+  struct Note {
+    Text sFile;
+    std::size_t lLine = 0;  ///< from 1; 0: the file as a whole
+    Text sMessage;
+  };
+
+  /// A source file with unsaved changes. Bytes are the whole file's.
+  struct Change {
+    std::string sPath;
+    std::string sOldBytes;
+    std::string sNewBytes;
+  };
+
+  /// Failure 53, 70, 75, 76 or 321 when the path itself can't be opened or holds no project.
+  /// A folder: its .vbg files if it has any, else its .vbp files, in alphabetical order; projects
+  /// named twice count once.
+  static std::unique_ptr<DiskIDE> Open(const std::string& sPath, const Options& oOptions);
+  /// Several paths as one group.
+  static std::unique_ptr<DiskIDE> Open(const std::vector<std::string>& asPath,
+                                       const Options& oOptions);
+  virtual ~DiskIDE() = default;
+
+  virtual VBE& Root() = 0;
+  virtual const std::vector<Note>& Notes() const = 0;
+  /// The documents that differ from their files, in the order of the model.
+  virtual std::vector<Change> Changes() const = 0;
+  /// For files that should be shown without keeping all new bytes at once.
+  virtual std::vector<std::string> ChangedPaths() const = 0;
+  virtual Change ChangeOf(const std::string& sPath) const = 0;
+
+  struct SaveResult {
+    std::vector<std::string> asSaved;
+    std::vector<Note> oFailed;  ///< these files are as they were; their changes stay in memory
+  };
+  /// Replaces every changed file atomically, one after the other. A file that changed on disk
+  /// since it was read is not overwritten: it counts as failed, with what to do in the message.
+  virtual SaveResult Save() = 0;
+
+  /// A click on a command bar control, as a person would (tests and the desktop program).
+  virtual void Click(CommandBarControl& oControl) = 0;
+};

@@ -1,0 +1,83 @@
+// The code of a component as the IDE shows it: no header block, no attribute lines. Lines count
+// from 1; text passes with lines joined by CR LF. Objects belong to the host and live as long as
+// its VBE; a Member stays valid when lines move, and when its own procedure is rewritten.
+// Every operation can fail with a Failure; 35 means no such procedure of that kind.
+#pragma once
+
+#include <cstdint>
+
+#include "Text.h"
+
+class CodeModule;
+class Members;
+class VBComponent;
+
+/// Kinds of procedures: 0 Sub or Function, 1 Property Let, 2 Property Set, 3 Property Get.
+using ProcKind = std::int32_t;
+
+/// The twelve settable attributes of a member, in the order in which they are saved and set.
+enum class MemberAttribute {
+  Description,
+  HelpContextID,
+  Category,
+  PropertyPage,
+  StandardMethod,
+  Hidden,
+  Bindable,
+  Browsable,
+  DefaultBind,
+  DisplayBind,
+  RequestEdit,
+  UIDefault
+};
+inline constexpr int MemberAttributeCount = 12;
+
+/// The value of an attribute: text for Description, Category and PropertyPage, a number for
+/// HelpContextID and StandardMethod, -1 or 0 for the others.
+struct AttributeValue {
+  Text sText;
+  std::int32_t lNumber = 0;
+  bool operator==(const AttributeValue&) const = default;
+};
+
+class Member {
+ public:
+  virtual ~Member() = default;
+  virtual Text Name() const = 0;
+  /// 1 method, 2 property, 3 variable, 4 event, 5 constant.
+  virtual std::int32_t Type() const = 0;
+  /// 1 Private, 2 Public, 3 Friend.
+  virtual std::int32_t Scope() const = 0;
+  /// Line of the declaration; 0 when it has none.
+  virtual std::int32_t CodeLocation() const = 0;
+  virtual Members& Parent() const = 0;
+  /// Each may fail by itself.
+  virtual AttributeValue Attribute(MemberAttribute eAttribute) const = 0;
+  virtual void SetAttribute(MemberAttribute eAttribute, const AttributeValue& oValue) = 0;
+};
+
+class Members {
+ public:
+  virtual ~Members() = default;
+  virtual std::int32_t Count() const = 0;
+  /// lIndex from 1; Failure 9 outside. A property is one entry for all its kinds.
+  virtual Member& Item(std::int32_t lIndex) = 0;
+  virtual CodeModule& Parent() const = 0;
+};
+
+class CodeModule {
+ public:
+  virtual ~CodeModule() = default;
+  virtual Text Lines(std::int32_t lStart, std::int32_t lCount) const = 0;
+  virtual std::int32_t CountOfLines() const = 0;
+  virtual std::int32_t CountOfDeclarationLines() const = 0;
+  virtual std::int32_t ProcStartLine(TextView sName, ProcKind nKind) const = 0;
+  virtual std::int32_t ProcBodyLine(TextView sName, ProcKind nKind) const = 0;
+  virtual std::int32_t ProcCountLines(TextView sName, ProcKind nKind) const = 0;
+  virtual void DeleteLines(std::int32_t lStart, std::int32_t lCount = 1) = 0;
+  /// Puts text ahead of lLine (beyond the end: behind the last line). sText may span many lines;
+  /// a line end at its end leaves one more empty line.
+  virtual void InsertLines(std::int32_t lLine, TextView sText) = 0;
+  virtual ::Members& Members() = 0;
+  virtual VBComponent& Parent() const = 0;
+};

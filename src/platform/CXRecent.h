@@ -1,0 +1,44 @@
+// A most-recently-used list that keeps a parameter string beside each entry and saves itself in a
+// registry key at every change. Entries count from 1; entry 1 is the most recent.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "CXParamString.h"
+#include "Text.h"
+
+class CXRecent {
+ public:
+  /// Reads the list of that key: "MaxCount", then the values 1, 2 and so on, gaps closing up,
+  /// each with its "<i>_PropString".
+  void Initialize(std::int32_t hReg);
+  /// Moves or puts the item to the top, with its parameters, without regard to case. Gives 1.
+  std::int32_t Add(TextView sItem);
+  /// Empty when lIndex is above the count.
+  Text Property(std::int32_t lIndex, TextView sName) const;
+  /// lIndex must exist, else Failure 9.
+  void SetProperty(std::int32_t lIndex, TextView sName, TextView sValue);
+  Text Item(std::int32_t lIndex) const;
+  void Remove(std::int32_t lIndex);
+  std::int32_t MaxCount() const { return mlMaxCount; }
+  void SetMaxCount(std::int32_t lMaxCount);
+  std::int32_t Count() const { return static_cast<std::int32_t>(moEntries.size()); }
+
+ private:
+  struct Entry {
+    Text sItem;
+    Text sParams;
+  };
+  void SaveToRegistry();
+
+  std::int32_t mhReg = 0;
+  std::int32_t mlMaxCount = 9;
+  std::vector<Entry> moEntries;
+};
+
+/// The recent template files, key "FMain\Recent Files". Made at first use.
+CXRecent& RecentFiles();
+/// Forgets the list in memory, so that the next use reads the store again (tests, new store).
+void ResetRecentFiles();

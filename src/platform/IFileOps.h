@@ -1,0 +1,43 @@
+// The file operations of the program, one virtual call per operation of the system, so that a
+// test can make each of them fail or end the process there. All paths are the platform's bytes.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class IFileOps {
+ public:
+  virtual ~IFileOps() = default;
+
+  struct Stat {
+    bool bDirectory = false;
+    bool bReadOnly = false;  ///< no write permission for the owner
+    std::uint64_t lSize = 0;
+    std::int64_t lModified = 0;  ///< nanoseconds since 1970
+    std::uint32_t lMode = 0;
+    std::uint32_t lOwner = 0, lGroup = 0;
+  };
+
+  /// 0 and the state, or the system's error number. Follows symbolic links.
+  virtual int GetStat(const std::string& sPath, Stat& oStat) = 0;
+  /// Reads the whole file; 0 or the system's error number.
+  virtual int ReadAll(const std::string& sPath, std::string& sBytes) = 0;
+  /// The entries of a folder without "." and ".."; 0 or the error number.
+  virtual int ListFolder(const std::string& sPath, std::vector<std::string>& asName) = 0;
+
+  // The pieces of an atomic replacement, each 0 or the system's error number.
+  virtual int CreateNew(const std::string& sPath, std::uint32_t lMode, int& hFile) = 0;
+  virtual int Write(int hFile, std::string_view sBytes) = 0;
+  virtual int SetOwner(int hFile, std::uint32_t lOwner, std::uint32_t lGroup) = 0;
+  virtual int SetMode(int hFile, std::uint32_t lMode) = 0;
+  virtual int Flush(int hFile) = 0;
+  virtual int Close(int hFile) = 0;
+  virtual int Rename(const std::string& sFrom, const std::string& sTo) = 0;
+  virtual int Remove(const std::string& sPath) = 0;
+  virtual int FlushFolder(const std::string& sPath) = 0;
+};
+
+/// The system's own. Never ends.
+IFileOps& SystemFileOps();

@@ -1,0 +1,74 @@
+// The registry of this machine: one text file in registry export format. Keys in brackets, values
+//   "Name"=dword:0000001f     "Name"="text with \\ and \" escaped"     @="default"
+// Reads what registry editors export ("Windows Registry Editor Version 5.00" in UTF-16 LE with
+// mark, or UTF-8; "REGEDIT4" in 1252) and writes plain ASCII under the 5.00 header, so that it can
+// be imported: a text with other characters is written as hex(1). Other value types and lines
+// that aren't understood stay where they are, byte for byte, when the file is written next.
+// A damaged line is skipped and told through Problems() with its number.
+//
+// Every write locks the file (a lock file beside it), reads it again, puts this program's changes
+// into it and replaces it atomically: two programs that write at once lose nothing.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Text.h"
+
+class IFileOps;
+
+class RegistryStore {
+ public:
+  struct Problem {
+    std::size_t lLine;  ///< from 1
+    Text sMessage;
+  };
+
+  /// Opens the store in a file that need not exist yet; its folder is made at the first write.
+  /// An empty path keeps everything in memory (tests, --settings "").
+  explicit RegistryStore(std::string sPath = {});
+  ~RegistryStore();
+  RegistryStore(const RegistryStore&) = delete;
+  RegistryStore& operator=(const RegistryStore&) = delete;
+
+  /// Key paths are full, "HKEY_CURRENT_USER\Software\..."; keys and names ignore letter case.
+  bool KeyExists(TextView sKey) const;
+  void CreateKey(TextView sKey);
+
+  /// nullopt when missing; type 1 is a string, 4 a 32-bit integer, others as in the file.
+  std::optional<std::uint32_t> ValueType(TextView sKey, TextView sName) const;
+  std::optional<std::int32_t> GetLong(TextView sKey, TextView sName) const;
+  std::optional<Text> GetString(TextView sKey, TextView sName) const;
+  void SetLong(TextView sKey, TextView sName, std::int32_t lValue);
+  void SetString(TextView sKey, TextView sName, TextView sValue);
+  bool DeleteValue(TextView sKey, TextView sName);
+  std::vector<Text> ValueNames(TextView sKey) const;
+
+  /// Writes collect until the outermost Batch ends; each single write outside one is saved at
+  /// once. A failed save throws a Failure with the path; the values in memory stay.
+  class Batch {
+   public:
+    explicit Batch(RegistryStore& oStore);
+    ~Batch();  ///< saves if Commit wasn't called; a failure is then reported only
+    void Commit();
+
+   private:
+    RegistryStore& moStore;
+    bool mbOpen = true;
+  };
+
+  const std::vector<Problem>& Problems() const;
+  const std::string& Path() const;
+
+ private:
+  struct Impl;
+  std::unique_ptr<Impl> mpImpl;
+};
+
+/// The store behind MXRegistry. Null: an empty one in memory is made at first use. Not owned.
+extern RegistryStore* goRegistry;
+/// $XDG_CONFIG_HOME/tarvane-quillon/settings.reg, or under ~/.config.
+std::string DefaultSettingsPath();

@@ -1,0 +1,135 @@
+// The picture of the open project group: records that tie IDE objects to integer handles, filled
+// lazily, and every operation on procedures: reading settings, changing Pending, suggesting,
+// applying. It keeps no copy of source: each reader asks the IDE's CodeModule.
+//
+// Handles count from 1 and stay valid for the life of the object; 0 or less means none. A handle
+// outside the model is Failure 9. One object serves one opening of a template:
+//
+//   CIDEHandler oHandler;
+//   oHandler.LoadProjects(oVBE);
+//   oHandler.oTemplate = &oTemplate;
+//   oHandler.ForceLoadGroupComponents();
+//   oHandler.EnumProjects(); ...
+//
+// Walks answer by synchronous events. The three settings of a procedure: Current is what the code
+// holds, Pending what the user asked for, Suggested what the rules propose; a procedure is dirty
+// when Pending differs from Current.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "CProcSettings.h"
+#include "CTemplate.h"
+#include "ModelRecords.h"
+#include "Signal.h"
+#include "Text.h"
+#include "VBE.h"
+
+class CIDEHandler {
+ public:
+  using Handle = std::int32_t;
+  enum class Version { Current, Pending, Suggested };
+
+  CIDEHandler();
+  ~CIDEHandler();
+  CIDEHandler(const CIDEHandler&) = delete;
+  CIDEHandler& operator=(const CIDEHandler&) = delete;
+
+  /// Set before the first LoadComponent; not owned, outlives this object.
+  CTemplate* oTemplate = nullptr;
+  /// Proves each insertion by taking it out again before the code is written; refuses what can't
+  /// be proved and what would take away a line number that a jump names.
+  bool bProve = false;
+
+  void LoadProjects(VBE& oVBInst);
+
+  // Walks (CIDEHandler_Registry.cpp).
+  void EnumProjects();
+  void EnumComponentsEx(Handle hProject, std::int32_t lFolderType);
+  void EnumProcedures(Handle hComponent);
+  void ForceLoadProjectComponents(Handle hProject);
+  void ForceLoadGroupComponents();
+
+  // Analysis (CIDEHandler_Analysis.cpp).
+  void LoadComponent(Handle hComponent);
+
+  // Property access (CIDEHandler_Access.cpp).
+  Text GetProcCode(Handle hProcedure, std::int32_t& lBodyStart);
+  void GetProcDetails(Handle hProcedure, Text& sModuleName, Text& sProcName, Text& sProcType);
+  void GetPendingSettings(Handle hProcedure, CProcSettings& oProcSettings);
+  void GetCurrentSettings(Handle hProcedure, CProcSettings& oProcSettings);
+  void GetSuggestSettings(Handle hProcedure, CProcSettings& oProcSettings);
+  Text ProcTemplate(Handle hProcedure);
+  void SetProcTemplate(Handle hProcedure, TextView sTemplate);
+  std::int32_t Locked(Handle hProcedure);
+  void SetLocked(Handle hProcedure, std::int32_t eValue);
+  std::int32_t BoundaryId(Handle hProcedure);
+  void SetBoundaryId(Handle hProcedure, std::int32_t eValue);
+  std::int32_t SeverityId(Handle hProcedure);
+  void SetSeverityId(Handle hProcedure, std::int32_t eValue);
+  void SetRetryType(Handle hProcedure, std::int32_t eValue);
+  std::int32_t RetryId(Handle hProcedure);
+  std::int32_t Trace(Handle hProcedure);
+  void SetTrace(Handle hProcedure, std::int32_t eValue);
+  bool ProcedureIsDirty(Handle hProcedure);
+  bool ComponentIsDirty(Handle hComponent);
+  bool GroupIsDirty();
+  Text ComponentType(Handle hComponent);
+  Text ComponentFileName(Handle hComponent);
+  Text ComponentName(Handle hComponent);
+  Text ComponentFolderName(Handle hComponent);
+  Text ProjectFileName(Handle hProject);
+  Text ProjectName(Handle hProject);
+  std::int32_t ProjectCount();
+  bool ComponentReadOnly(Handle hComponent);
+
+  // Applying (CIDEHandler_Apply.cpp). The first argument that is given (above 0, or true) decides
+  // the scope: procedure, component, project, group.
+  void ApplySuggestedSettings(Handle ihProcedure, Handle Component, Handle Project, bool Group);
+  void ApplyCurrentSettings(Handle ihProcedure, Handle Component, Handle Project, bool Group);
+  void ApplyPendingSettings(Handle ihProcedure, Handle Component, Handle Project, bool Group,
+                            bool Refresh, std::int32_t LineNumAction);
+  void RefreshSuggestions();
+
+  // Reading side for reports and programs: records by handle, ranges from 1 to the counts.
+  Handle ComponentCount() const { return static_cast<Handle>(moComponents.size()) - 1; }
+  Handle ProcedureCount() const { return static_cast<Handle>(moProcedures.size()) - 1; }
+  Handle ProjectRecordCount() const { return static_cast<Handle>(moProjects.size()) - 1; }
+  const ProjectRecord& Project(Handle hProject) const;
+  const ComponentRecord& Component(Handle hComponent) const;
+  const ProcedureRecord& Procedure(Handle hProcedure) const;
+  /// "(declarations)" or the member's name.
+  Text ProcName(Handle hProcedure) const;
+
+  // Events, in their order.
+  Signal<> ProgressStart;
+  Signal<> ProgressEnd;
+  Signal<std::int16_t, TextView> Progress;                  ///< percent, caption
+  Signal<Handle, TextView, std::int32_t> EnumProjectsProc;  ///< hProject, sTitle, nType
+  Signal<> EnumComponentsExBOF;
+  Signal<> EnumComponentsExEOF;
+  Signal<const ComponentRow&> EnumComponentsExProc;
+  Signal<> EnumComponentsBOF;  ///< nothing raises it
+  Signal<Handle> EnumComponentsEOF;
+  Signal<Handle, Handle, TextView, std::int32_t> EnumComponentsProc;
+  Signal<Handle, const LoadError&> EnumProceduresError;
+  Signal<> EnumProceduresBOF;
+  Signal<> EnumProceduresEOF;
+  Signal<const ProcedureRow&> EnumProceduresProc;
+  /// One procedure could not be rewritten: handle and reason, beside the engine's own messages.
+  Signal<Handle, TextView> ProcedureRefused;
+
+ private:
+  struct Scope;
+
+  std::vector<ProjectRecord> moProjects;
+  std::vector<ComponentRecord> moComponents;
+  std::vector<ProcedureRecord> moProcedures;
+  std::vector<EventSourceRecord> moEventSources;
+  std::vector<Text> moForeignInterfaces;
+  VBE* VBInst = nullptr;
+  std::int32_t mlProgressTotal = 0;
+  std::int32_t mlProgressCount = 0;
+};

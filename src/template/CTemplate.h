@@ -1,0 +1,90 @@
+// The template engine: one loaded template file, and every rewriting of a procedure's text.
+//
+// A template file says which lines of code go around a procedure; the same lines, made patterns,
+// find that code again. Procedure text (sProcCode) is one string, lines joined by CR LF; lBodyLine
+// is the number, from 1 within that text, of the line that begins the procedure's head. An
+// operation that refuses sets bErrors, tells why through ReportError (a message begins with four
+// blanks) and leaves sProcCode as it was.
+//
+//   CTemplate oTemplate(MRules::oRules);
+//   auto oLink = oTemplate.ReportError.Connect([](TextView s) { ... });
+//   oTemplate.LoadTemplateFile(u"Template.dat");
+//   if (oTemplate.LoadErrors() == 0) oTemplate.InsertTemplate(...);
+//
+// Rows of both tables count from 1; row 0 is empty and means no row. One thread; a sink of
+// ReportError must not call back.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+#include "CProcSettings.h"
+#include "LikePattern.h"
+#include "MRules.h"
+#include "Signal.h"
+#include "TemplateRows.h"
+#include "Text.h"
+
+class CTemplate {
+ public:
+  /// oRules must outlive this object; numbering and removal read it at each call.
+  explicit CTemplate(const MRules::Values& oRules);
+
+  Signal<TextView> ReportError;
+  Signal<TextView> ReportDump;
+
+  /// Puts a template in. The text must hold no template. sProcType: "Sub", "Function",
+  /// "Property Get|Let|Set", empty for "(declarations)". sBoundary, sSeverity, sRetry: constant
+  /// names, empty leaves their lines out.
+  void InsertTemplate(TextView sModuleName, TextView sProcName, TextView sProcType, Text& sProcCode,
+                      std::int32_t lBodyLine, TextView sTemplate, bool bLocked, TextView sBoundary,
+                      TextView sSeverity, TextView sRetry, bool bTrace, std::int32_t eLineNumAction,
+                      bool& bErrors);
+  /// Takes the named template out. Refuses when a line of the template's sections fits no row.
+  void RemoveTemplate(TextView sModuleName, TextView sProcName, TextView sProcType, Text& sProcCode,
+                      std::int32_t lBodyLine, TextView sTemplate, bool& bErrors);
+  /// Reads and loads a file; messages go through ReportError, faults are counted in LoadErrors.
+  /// A file that can't be read throws a Failure with its path.
+  void LoadTemplateFile(TextView sTemplateFile);
+  /// As above for text that is at hand; sFile is used in messages only.
+  void LoadTemplateText(TextView sFile, TextView sText);
+  void PrintTemplateFile();
+  /// Fills what is 0 in the settings from the procedure's text.
+  void ExtractProcSettings(TextView sProcCode, CProcSettings& oProcSettings) const;
+  /// Sparse arrays over the template rows: element i is the name of row i or empty.
+  void GetModuleTemplates(TextArray& asTemplate) const;
+  void GetProcTemplates(TextArray& asTemplate) const;
+  void BatchStart();
+  void BatchSummary();
+  std::int32_t LoadErrors() const { return mlLoadErrors; }
+  /// True when the template inherits module defaults. Exact name; the last row of it decides.
+  bool Inherit(TextView sTemplate) const;
+  void BatchItem(TextView sModuleName, TextView sProcName);
+  void BatchError();
+  void InsertSignatureOnly(TextView sProcName, TextView sProcType, Text& sProcCode,
+                           std::int32_t lBodyLine, bool bLocked, bool& bErrors);
+  void RemoveSignatureOnly(Text& sProcCode, bool& bErrors);
+  /// Puts sTraceExit in front of the first Exit statement of each line. Lines from 1 (element 0
+  /// unused), both ends included; sProcType is the base type.
+  static void DoTraceExits(TextArray& asLine, std::int32_t lStartLine, std::int32_t lEndLine,
+                           TextView sProcType, TextView sTraceExit);
+
+  std::int32_t BatchItems() const { return mlBatchItems; }
+  std::int32_t BatchErrors() const { return mlBatchErrors; }
+  /// Row of a template by name without regard to case, 0 if there is none.
+  std::int32_t LookupTemplate(TextView sTemplate) const;
+  const std::vector<TemplateRow>& Templates() const { return matTemplate; }
+  const std::vector<LineRow>& Lines() const { return matLine; }
+
+ private:
+  friend class TemplateLoader;
+
+  // Rewrites are pure functions over this view of the object (Insertion.h, Removal.h).
+  const MRules::Values& moRules;
+  std::vector<TemplateRow> matTemplate;
+  std::vector<LineRow> matLine;
+  std::int32_t mlLoadErrors = 0;
+  std::int32_t mlBatchItems = 0;
+  std::int32_t mlBatchErrors = 0;
+};

@@ -1,0 +1,38 @@
+// The text type of the system and the few helpers that every layer needs.
+// Text is 16-bit units (UTF-16); bytes become text in platform/ and host/ only.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+using Text = std::u16string;
+using TextView = std::u16string_view;
+/// Results stand in elements 1 to n; element 0 exists and stays empty.
+using TextArray = std::vector<Text>;
+
+inline constexpr TextView CrLf = u"\r\n";
+
+/// UTF-8 for messages, JSON and terminals. A lone surrogate becomes U+FFFD.
+std::string ToUtf8(TextView sText);
+/// Invalid bytes become U+FFFD. (File contents go through CodePage instead, which loses nothing.)
+Text FromUtf8(std::string_view sBytes);
+/// Decimal form of a number.
+Text ToText(long long lNumber);
+
+/// Lower case of one unit, by the Unicode simple mapping; surrogates stay.
+char16_t LowerCase(char16_t cUnit);
+Text LowerCase(TextView sText);
+/// True when both texts are the same after LowerCase.
+bool EqualNoCase(TextView sLeft, TextView sRight);
+
+/// Removes blanks (code 32 only) at both ends, the left end, the right end.
+/// The view points into sText.
+TextView Trim(TextView sText);
+TextView LeftTrim(TextView sText);
+TextView RightTrim(TextView sText);
+
+/// Splits at CR LF pairs without copying, by the rule of StringTokenize: a trailing line end makes
+/// no extra line, the empty text has no lines. Result from index 0; the views point into sText.
+/// Fails with Failure 6 beyond 32,767 lines.
+std::vector<TextView> SplitLines(TextView sText);
