@@ -1,0 +1,62 @@
+// The two tables as text, a line per event: a diagnostic for authors of template files.
+#include <array>
+
+#include "CTemplate.h"
+
+namespace {
+
+constexpr std::array<TextView, SectionCount> asLabel = {u"Global   ", u"Start    ", u"BodyStart",
+                                                        u"BodyEnd  ", u"FireStart", u"FireEnd  ",
+                                                        u"End      "};
+constexpr TextView Rule = u"-------------------------------------";
+constexpr TextView Gap = u" ";
+
+Text Entry(TextView sMember, std::size_t lIndex) {
+  return u"   ." + Text(sMember) + u'(' + Text(asLabel[lIndex]) + u")=";
+}
+
+Text Row(TextView sTable, std::size_t lRow) {
+  return Text(sTable) + u'(' + ToText(static_cast<long long>(lRow)) + u')';
+}
+
+Text Boxed(TextView sText) {
+  return u'[' + Text(sText) + u']';
+}
+
+void DumpTemplate(Signal<TextView>& oDump, const TemplateRow& oRow) {
+  oDump(u"   .sName=" + Boxed(oRow.sName));
+  oDump(u"   .eType=" + ToText(oRow.eType));
+  oDump(oRow.bFire ? TextView(u"   .bFire=True") : TextView(u"   .bFire=False"));
+  oDump(Gap);
+  for (std::size_t i = 0; i < SectionCount; ++i) {
+    oDump(Entry(u"lStart", i) + ToText(oRow.lStart[i]));
+  }
+  oDump(Gap);
+  for (std::size_t i = 0; i < SectionCount; ++i) {
+    oDump(Entry(u"sLike", i) + Boxed(oRow.sLike[i].Pattern()));
+  }
+  oDump(Rule);
+}
+
+void DumpLine(Signal<TextView>& oDump, const LineRow& oRow) {
+  oDump(u"   .eType=" + Boxed(oRow.bScript ? u"1" : u"0"));
+  oDump(u"   .sIfCondition=" + Boxed(oRow.sIfCondition));
+  oDump(u"   .sLine=" + Boxed(oRow.sLine));
+  oDump(u"   .sLike=" + Boxed(oRow.sLike.Pattern()));
+  oDump(Rule);
+}
+
+}  // namespace
+
+void CTemplate::PrintTemplateFile() {
+  for (std::size_t i = 1; i < matTemplate.size(); ++i) {
+    ReportDump(Row(u"matTemplate", i));
+    DumpTemplate(ReportDump, matTemplate[i]);
+  }
+  ReportDump(Gap);
+  ReportDump(Gap);
+  for (std::size_t i = 1; i < matLine.size(); ++i) {
+    ReportDump(Row(u"matLine", i));
+    DumpLine(ReportDump, matLine[i]);
+  }
+}
