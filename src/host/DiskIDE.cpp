@@ -1,0 +1,113 @@
+#include "DiskIDE.h"
+
+#include <optional>
+
+#include "CodePage.h"
+#include "GroupReader.h"
+#include "HostCommandBars.h"
+#include "HostProjects.h"
+
+namespace {
+
+ReadSettings SettingsOf(const DiskIDE::Options& oOptions) {
+  bool bForce = !oOptions.sCodePage.empty();
+  return {&CodePage::Get(bForce ? oOptions.sCodePage : "1252"), bForce,
+          oOptions.poFiles ? oOptions.poFiles : &SystemFileOps()};
+}
+
+DiskIDE::Change ChangeIn(const StoredDocument& oDocument) {
+  return {oDocument.Path(), oDocument.Document().SavedBytes(), oDocument.Document().Bytes()};
+}
+
+// There is no list of add-ins on disk that could have changed.
+class HostAddins : public Addins {
+ public:
+  void Update() override {}
+};
+
+class FileIDE : public DiskIDE, public VBE {
+ public:
+  FileIDE(const std::vector<std::string>& asPath, const Options& oOptions)
+      : moSettings(SettingsOf(oOptions)), moFinder(*moSettings.poFiles), moStore(moSettings) {
+    GroupReader oReader(moFinder, moSettings);
+    for (const std::string& sPath : asPath) oReader.Read(sPath);
+    moNotes = std::move(oReader.Notes());
+    for (GroupReader::Project& oProject : oReader.Projects()) AddProject(oProject);
+  }
+
+  VBE& Root() override { return *this; }
+  const std::vector<Note>& Notes() const override { return moNotes; }
+
+  std::vector<Change> Changes() const override {
+    std::vector<Change> oChanges;
+    for (const StoredDocument* poDocument : moStore.Changed())
+      oChanges.push_back(ChangeIn(*poDocument));
+    return oChanges;
+  }
+
+  std::vector<std::string> ChangedPaths() const override {
+    std::vector<std::string> asPath;
+    for (const StoredDocument* poDocument : moStore.Changed()) asPath.push_back(poDocument->Path());
+    return asPath;
+  }
+
+  Change ChangeOf(const std::string& sPath) const override {
+    if (const StoredDocument* poDocument = moStore.Changed(sPath)) return ChangeIn(*poDocument);
+    throw Failure(5, u"The file has no changes: " + TextOfPath(sPath), u"host");
+  }
+
+  SaveResult Save() override {
+    SaveResult oResult;
+    for (StoredDocument* poDocument : moStore.Changed()) try {
+        poDocument->Save();
+        oResult.asSaved.push_back(poDocument->Path());
+      } catch (const Failure& oFailure) {
+        oResult.oFailed.push_back({TextOfPath(poDocument->Path()), 0, oFailure.Description()});
+      }
+    return oResult;
+  }
+
+  void Click(CommandBarControl& oControl) override { moBars.Click(oControl); }
+  HostCommandBars& Bars() override { return moBars; }
+
+  void ShowCode(VBComponent* poComponent) override {
+    ::CodeModule* poModule = poComponent ? poComponent->CodeModule() : nullptr;
+    moPane.reset();
+    if (poModule) moPane.emplace(*poModule);
+  }
+
+  ::VBProjects& VBProjects() override { return moProjects; }
+  ::CommandBars& CommandBars() override { return moBars; }
+  ::Events& Events() override { return moBars; }
+  ::Addins& Addins() override { return moAddins; }
+  CodePane* ActiveCodePane() override { return moPane ? &*moPane : nullptr; }
+
+ private:
+  void AddProject(GroupReader::Project& oRead) {
+    HostProject& oProject = moProjects.Add(std::make_unique<HostProject>(
+        std::move(oRead.oFile), std::move(oRead.sPath), moFinder, moStore));
+    for (const LineNote& oNote : oProject.Notes())
+      moNotes.push_back({oProject.FileName(), oNote.lLine, oNote.sMessage});
+  }
+
+  // In the order of who refers to whom: projects to documents, documents to the settings.
+  ReadSettings moSettings;
+  PathFinder moFinder;
+  DocumentStore moStore;
+  HostProjects moProjects;
+  HostCommandBars moBars;
+  HostAddins moAddins;
+  std::optional<HostCodePane> moPane;
+  std::vector<Note> moNotes;
+};
+
+}  // namespace
+
+std::unique_ptr<DiskIDE> DiskIDE::Open(const std::string& sPath, const Options& oOptions) {
+  return Open(std::vector{sPath}, oOptions);
+}
+
+std::unique_ptr<DiskIDE> DiskIDE::Open(const std::vector<std::string>& asPath,
+                                       const Options& oOptions) {
+  return std::make_unique<FileIDE>(asPath, oOptions);
+}

@@ -1,0 +1,80 @@
+#include "DocumentStore.h"
+
+#include <cerrno>
+
+#include "AtomicFile.h"
+
+namespace {
+
+[[noreturn]] void Refuse(std::int32_t lNumber, const std::string& sPath, TextView sWhy) {
+  throw Failure(lNumber, Text(sWhy) + u" Nothing was written: " + TextOfPath(sPath), u"host");
+}
+
+}  // namespace
+
+SourceDocument& StoredDocument::Get() {
+  if (moFailure) throw Failure(*moFailure);
+  if (!mpDocument) Read();
+  return *mpDocument;
+}
+
+void StoredDocument::Read() {
+  try {
+    moSettings.poFiles->GetStat(msPath, moStat);
+    mpDocument =
+        std::make_unique<SourceDocument>(AtomicFile::Read(msPath, *moSettings.poFiles),
+                                         *moSettings.poAnsi, moSettings.bForcePage, moConstants);
+  } catch (const Failure& oFailure) {
+    moFailure = oFailure;
+    throw;
+  }
+}
+
+// Size and time tell at once that nothing happened; where they differ the bytes decide, since a
+// checkout or a copy back touches files without changing them.
+bool StoredDocument::CheckDisk(const std::string& sNewBytes) const {
+  IFileOps::Stat oNow;
+  int nError = moSettings.poFiles->GetStat(msPath, oNow);
+  if (nError == ENOENT)
+    Refuse(53, msPath,
+           u"The file was removed or renamed since it was read. Put it back and retry.");
+  if (nError == 0 && oNow.bDirectory)
+    Refuse(75, msPath, u"A folder stands where the file was. Move it away and retry.");
+  if (nError == 0 && oNow.lSize == moStat.lSize && oNow.lModified == moStat.lModified) return false;
+  std::string sOnDisk = AtomicFile::Read(msPath, *moSettings.poFiles);
+  if (sOnDisk == sNewBytes) return true;
+  if (sOnDisk != mpDocument->SavedBytes())
+    Refuse(70, msPath,
+           u"The file was changed by another program since it was read. Read the group again.");
+  return false;
+}
+
+void StoredDocument::Save() {
+  std::string sBytes = mpDocument->Bytes();
+  if (!CheckDisk(sBytes)) AtomicFile::Replace(msPath, sBytes, *moSettings.poFiles);
+  mpDocument->MarkSaved();
+  moSettings.poFiles->GetStat(msPath, moStat);
+}
+
+StoredDocument& DocumentStore::Add(const std::string& sIdentity, const std::string& sPath,
+                                   const std::vector<CondConstant>& oConstants) {
+  auto [it, bNew] = moByIdentity.try_emplace(sIdentity);
+  if (bNew) {
+    moDocuments.push_back(std::make_unique<StoredDocument>(sPath, oConstants, moSettings));
+    it->second = moDocuments.back().get();
+  }
+  return *it->second;
+}
+
+std::vector<StoredDocument*> DocumentStore::Changed() const {
+  std::vector<StoredDocument*> oChanged;
+  for (const auto& pDocument : moDocuments)
+    if (pDocument->IsChanged()) oChanged.push_back(pDocument.get());
+  return oChanged;
+}
+
+const StoredDocument* DocumentStore::Changed(const std::string& sPath) const {
+  for (const auto& pDocument : moDocuments)
+    if (pDocument->Path() == sPath) return pDocument->IsChanged() ? pDocument.get() : nullptr;
+  return nullptr;
+}

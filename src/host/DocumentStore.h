@@ -1,0 +1,71 @@
+// The source files of the open group. A file has one document, however many components name it.
+// It is read when its document is first asked for, and written by Save only when it changed.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "Failure.h"
+#include "IFileOps.h"
+#include "SourceDocument.h"
+
+/// How files are read: their code page when they aren't UTF-8, or always.
+struct ReadSettings {
+  const CodePage* poAnsi = nullptr;
+  bool bForcePage = false;
+  IFileOps* poFiles = nullptr;
+};
+
+class StoredDocument {
+ public:
+  /// oConstants: those of the first project that names the file; they outlive this object.
+  StoredDocument(std::string sPath, const std::vector<CondConstant>& oConstants,
+                 const ReadSettings& oSettings)
+      : msPath(std::move(sPath)), moConstants(oConstants), moSettings(oSettings) {}
+
+  const std::string& Path() const { return msPath; }
+  /// Reads the file at the first call. Failure 53, 70, 75 or 76 with the path; once it has failed
+  /// it fails for good, so that a group looks the same throughout.
+  SourceDocument& Get();
+  bool IsChanged() const { return mpDocument && mpDocument->IsChanged(); }
+  /// Only after a Get that succeeded.
+  SourceDocument& Document() const { return *mpDocument; }
+  /// Replaces the file. Failure when the file isn't the one that was read any more, or can't be
+  /// written; file and changes are then as they were.
+  void Save();
+
+ private:
+  void Read();
+  /// True when the file on disk holds the new bytes already.
+  bool CheckDisk(const std::string& sNewBytes) const;
+
+  std::string msPath;
+  const std::vector<CondConstant>& moConstants;
+  const ReadSettings& moSettings;
+  std::unique_ptr<SourceDocument> mpDocument;
+  std::optional<Failure> moFailure;
+  IFileOps::Stat moStat;  // ahead of the read, so that a change during it shows
+};
+
+class DocumentStore {
+ public:
+  explicit DocumentStore(ReadSettings oSettings) : moSettings(oSettings) {}
+  DocumentStore(const DocumentStore&) = delete;
+  DocumentStore& operator=(const DocumentStore&) = delete;
+
+  /// The document of a file; sIdentity is its path with links resolved.
+  StoredDocument& Add(const std::string& sIdentity, const std::string& sPath,
+                      const std::vector<CondConstant>& oConstants);
+  /// In the order in which they were added; those that differ from their files.
+  std::vector<StoredDocument*> Changed() const;
+  /// The changed document of that path, or null.
+  const StoredDocument* Changed(const std::string& sPath) const;
+
+ private:
+  ReadSettings moSettings;
+  std::vector<std::unique_ptr<StoredDocument>> moDocuments;
+  std::unordered_map<std::string, StoredDocument*> moByIdentity;
+};

@@ -1,0 +1,105 @@
+// Code, members and controls of one component, over its document. They hold no text and no lines
+// of their own, so that every component that names a file shows the document's present state.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "CodeModule.h"
+#include "SourceDocument.h"
+#include "VBE.h"
+#include "VBProject.h"
+
+class HostMembers;
+
+/// A member is its index in the document, which stays when its procedure is rewritten.
+class HostMember : public Member {
+ public:
+  HostMember(HostMembers& oParent, SourceDocument& oDocument, std::int32_t lIndex)
+      : moParent(oParent), moDocument(oDocument), mlIndex(lIndex) {}
+  Text Name() const override { return moDocument.MemberAt(mlIndex).sName; }
+  std::int32_t Type() const override { return moDocument.MemberAt(mlIndex).nType; }
+  std::int32_t Scope() const override { return moDocument.MemberAt(mlIndex).nScope; }
+  std::int32_t CodeLocation() const override { return moDocument.MemberAt(mlIndex).lLine; }
+  ::Members& Parent() const override;
+  AttributeValue Attribute(MemberAttribute eAttribute) const override {
+    return moDocument.Attribute(mlIndex, eAttribute);
+  }
+  void SetAttribute(MemberAttribute eAttribute, const AttributeValue& oValue) override {
+    moDocument.SetAttribute(mlIndex, eAttribute, oValue);
+  }
+
+ private:
+  HostMembers& moParent;
+  SourceDocument& moDocument;
+  std::int32_t mlIndex;
+};
+
+class HostMembers : public ::Members {
+ public:
+  HostMembers(CodeModule& oParent, SourceDocument& oDocument)
+      : moParent(oParent), moDocument(oDocument) {}
+  std::int32_t Count() const override { return moDocument.MemberCount(); }
+  Member& Item(std::int32_t lIndex) override;
+  CodeModule& Parent() const override { return moParent; }
+
+ private:
+  CodeModule& moParent;
+  SourceDocument& moDocument;
+  std::vector<std::unique_ptr<HostMember>> moItems;  // made when first asked for
+};
+
+class HostCodeModule : public CodeModule {
+ public:
+  HostCodeModule(VBComponent& oParent, SourceDocument& oDocument)
+      : moParent(oParent), moDocument(oDocument), moMembers(*this, oDocument) {}
+  Text Lines(std::int32_t lStart, std::int32_t lCount) const override {
+    return moDocument.Lines(lStart, lCount);
+  }
+  std::int32_t CountOfLines() const override { return moDocument.CountOfLines(); }
+  std::int32_t CountOfDeclarationLines() const override {
+    return moDocument.CountOfDeclarationLines();
+  }
+  std::int32_t ProcStartLine(TextView sName, ProcKind nKind) const override {
+    return moDocument.ProcStartLine(sName, nKind);
+  }
+  std::int32_t ProcBodyLine(TextView sName, ProcKind nKind) const override {
+    return moDocument.ProcBodyLine(sName, nKind);
+  }
+  std::int32_t ProcCountLines(TextView sName, ProcKind nKind) const override {
+    return moDocument.ProcCountLines(sName, nKind);
+  }
+  void DeleteLines(std::int32_t lStart, std::int32_t lCount) override {
+    moDocument.DeleteLines(lStart, lCount);
+  }
+  void InsertLines(std::int32_t lLine, TextView sText) override {
+    moDocument.InsertLines(lLine, sText);
+  }
+  ::Members& Members() override { return moMembers; }
+  VBComponent& Parent() const override { return moParent; }
+
+ private:
+  VBComponent& moParent;
+  SourceDocument& moDocument;
+  HostMembers moMembers;
+};
+
+/// The blocks below the root of a designer header, one control each.
+class HostVBControls : public VBControls {
+ public:
+  explicit HostVBControls(const SourceDocument& oDocument) : moDocument(oDocument) {}
+  std::int32_t Count() const override;
+  Text ItemName(std::int32_t lIndex) const override;
+
+ private:
+  const SourceDocument& moDocument;
+};
+
+class HostCodePane : public CodePane {
+ public:
+  explicit HostCodePane(::CodeModule& oModule) : moModule(oModule) {}
+  ::CodeModule& CodeModule() override { return moModule; }
+
+ private:
+  ::CodeModule& moModule;
+};

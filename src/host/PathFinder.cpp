@@ -1,0 +1,156 @@
+#include "PathFinder.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "CodePage.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool IsSeparator(char16_t cUnit) {
+  return cUnit == u'\\' || cUnit == u'/';
+}
+
+bool IsLetter(char16_t cUnit) {
+  char16_t cLower = LowerCase(cUnit);
+  return cLower >= u'a' && cLower <= u'z';
+}
+
+bool HasDrive(TextView sPath) {
+  return sPath.size() >= 2 && sPath[1] == u':' && IsLetter(sPath[0]);
+}
+
+// Takes the first part off a path; separators that repeat count once.
+TextView TakePart(TextView& sRest) {
+  auto lStart = std::ranges::find_if_not(sRest, IsSeparator) - sRest.begin();
+  sRest.remove_prefix(static_cast<std::size_t>(lStart));
+  auto lEnd = static_cast<std::size_t>(std::ranges::find_if(sRest, IsSeparator) - sRest.begin());
+  TextView sPart = sRest.substr(0, lEnd);
+  sRest.remove_prefix(lEnd);
+  return sPart;
+}
+
+std::string Join(const std::string& sFolder, const std::string& sName) {
+  return sFolder.ends_with('/') ? sFolder + sName : sFolder + '/' + sName;
+}
+
+std::string NameOf(const std::string& sPath) {
+  return sPath.substr(sPath.rfind('/') + 1);
+}
+
+// The letters from which Windows makes a short name: no blanks, no dots but the last.
+bool FitsShortName(TextView sLongLower, TextView sShortLower) {
+  std::size_t lTilde = sShortLower.find(u'~');
+  std::size_t lShortDot = std::min(sShortLower.rfind(u'.'), sShortLower.size());
+  std::size_t lLongDot = std::min(sLongLower.rfind(u'.'), sLongLower.size());
+  Text sStem;
+  for (char16_t cUnit : sLongLower.substr(0, lLongDot))
+    if (cUnit != u' ' && cUnit != u'.') sStem += cUnit;
+  bool bStem = TextView(sStem).substr(0, lTilde) == sShortLower.substr(0, lTilde);
+  return bStem && sLongLower.substr(lLongDot).substr(0, 4) == sShortLower.substr(lShortDot);
+}
+
+bool IsShortName(TextView sName) {
+  std::size_t lTilde = sName.find(u'~');
+  return lTilde != TextView::npos && lTilde > 0 && lTilde + 1 < sName.size() &&
+         sName.size() <= 12 && sName[lTilde + 1] >= u'1' && sName[lTilde + 1] <= u'9';
+}
+
+}  // namespace
+
+std::string PathFinder::FolderOf(const std::string& sPath) {
+  std::size_t lSlash = sPath.rfind('/');
+  return lSlash == std::string::npos || lSlash == 0 ? "/" : sPath.substr(0, lSlash);
+}
+
+const PathFinder::Listing& PathFinder::List(const std::string& sFolder) {
+  auto [it, bNew] = moListings.try_emplace(sFolder);
+  Listing& oListing = it->second;
+  if (!bNew) return oListing;
+  std::vector<std::string> asName;
+  oListing.bRead = moFiles.ListFolder(sFolder, asName) == 0;
+  std::ranges::sort(asName);
+  for (std::string& sName : asName) {
+    oListing.oFolded.try_emplace(LowerCase(TextOfPath(sName)), sName);
+    oListing.oExact.insert(std::move(sName));
+  }
+  return oListing;
+}
+
+// The name on disk of a part, or empty. A short name is taken only when a single entry fits it:
+// guessing between two could change the wrong file.
+std::string PathFinder::Match(const std::string& sFolder, const std::string& sName) {
+  const Listing& oListing = List(sFolder);
+  if (!oListing.bRead) {
+    IFileOps::Stat oStat;
+    return moFiles.GetStat(Join(sFolder, sName), oStat) == 0 ? sName : std::string();
+  }
+  if (oListing.oExact.contains(sName)) return sName;
+  Text sLower = LowerCase(TextOfPath(sName));
+  auto it = oListing.oFolded.find(sLower);
+  if (it != oListing.oFolded.end()) return it->second;
+  if (!IsShortName(sLower)) return {};
+  auto Fits = [&](const auto& oEntry) { return FitsShortName(oEntry.first, sLower); };
+  bool bOne = std::ranges::count_if(oListing.oFolded, Fits) == 1;
+  return bOne ? std::ranges::find_if(oListing.oFolded, Fits)->second : std::string();
+}
+
+PathFinder::Found PathFinder::Walk(std::string sFolder, TextView sParts) {
+  bool bExists = true;
+  for (TextView sPart = TakePart(sParts); !sPart.empty(); sPart = TakePart(sParts)) {
+    if (sPart == u".") continue;
+    if (sPart == u"..") {
+      sFolder = FolderOf(sFolder);
+      continue;
+    }
+    std::string sName = PathOfText(sPart);
+    std::string sMatch = bExists ? Match(sFolder, sName) : std::string();
+    bExists = !sMatch.empty();
+    sFolder = Join(sFolder, bExists ? sMatch : sName);
+  }
+  return {std::move(sFolder), bExists};
+}
+
+PathFinder::Found PathFinder::FindMoved(const std::string& sFolder, TextView sParts) {
+  for (std::string sAround = sFolder; sAround != "/"; sAround = FolderOf(sAround)) {
+    Text sName = TextOfPath(NameOf(sAround));
+    TextView sRest = sParts;
+    for (TextView sPart = TakePart(sRest); !sPart.empty(); sPart = TakePart(sRest)) {
+      if (!EqualNoCase(sPart, sName)) continue;
+      if (Found oFound = Walk(sAround, sRest); oFound.bExists) return oFound;
+    }
+  }
+  return {};
+}
+
+PathFinder::Found PathFinder::Find(const std::string& sFolder, TextView sEntry) {
+  bool bDrive = HasDrive(sEntry);
+  bool bShare = sEntry.size() > 1 && IsSeparator(sEntry[0]) && IsSeparator(sEntry[1]);
+  if (!bDrive && !bShare)
+    return Walk(!sEntry.empty() && IsSeparator(sEntry[0]) ? "/" : sFolder, sEntry);
+  TextView sParts = bDrive ? sEntry.substr(2) : sEntry;
+  if (bDrive) {
+    Text sDrive = u"mnt/" + Text(1, LowerCase(sEntry[0])) + u"/" + Text(sParts);
+    for (TextView sTry : {TextView(sDrive), sParts})
+      if (Found oFound = Walk("/", sTry); oFound.bExists) return oFound;
+  }
+  if (Found oFound = FindMoved(sFolder, sParts); oFound.bExists) return oFound;
+  return {PathOfText(sEntry), false};
+}
+
+// A link costs a look at every part of its path; of plain files only the folder is resolved, once.
+std::string PathFinder::Identity(const std::string& sPath) {
+  std::error_code oError;
+  if (fs::is_symlink(fs::symlink_status(sPath, oError))) {
+    fs::path oReal = fs::canonical(sPath, oError);
+    return oError ? sPath : oReal.string();
+  }
+  auto [it, bNew] = moRealFolders.try_emplace(FolderOf(sPath));
+  if (bNew) {
+    fs::path oReal = fs::canonical(it->first, oError);
+    it->second = oError ? it->first : oReal.string();
+  }
+  return Join(it->second, NameOf(sPath));
+}
