@@ -51,6 +51,9 @@ class CProcSettings {
   std::int32_t hTemplate() const { return mhTemplate; }
 
  private:
+  void TakeValues(const CProcSettings& oProcSettings);
+  void KeepCommonValues(const CProcSettings& oProcSettings);
+
   // Names come from one template file and repeat per procedure three times: each text is kept
   // once for the process, so a record of a large group stays small. Null is the empty name.
   const Text* mpTemplate = nullptr;
@@ -58,7 +61,6 @@ class CProcSettings {
   std::int32_t mhTemplate = 0;
   std::int32_t meLocked = 0;
   std::int32_t meBoundary = 0, meSeverity = 0, meRetry = 0, meTrace = 0;
-  std::int16_t miAggregateCount = 0;
   bool mbForeign = false;
   bool mbAggregate = false;
   bool mbAggregateForeign = false;

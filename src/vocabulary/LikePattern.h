@@ -14,7 +14,10 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
+#include <vector>
 
+#include "LikeBits.h"
 #include "Text.h"
 
 class LikePattern {
@@ -31,7 +34,27 @@ class LikePattern {
   const Text& Pattern() const { return msPattern; }
 
  private:
-  struct Element;
+  /// A run of elements between two stars.
+  struct Run {
+    std::size_t lFirst, lCount;
+    bool bLiteral;
+    LikeBits oBits;  ///< of a long run only
+  };
+
+  bool Parse();
+  bool ParseList(std::size_t& lPos);
+  void AddStar();
+  void AddElement(std::span<const LikeRange> aoRange);
+  bool FitsAt(std::size_t lFirst, std::size_t lCount, const char16_t* pText) const;
+  std::size_t FindBehind(const Run& oRun, TextView sText, std::size_t lPos) const;
+
   Text msPattern;
+  LikeElements moElements;
+  Text msUnits;                  ///< the unit of each literal element, else 0
+  std::vector<Run> moInner;      ///< the runs that have a star on both sides
+  std::size_t mlLiteral = 0;     ///< literal elements at the very start
+  std::size_t mlHead = 0;        ///< elements ahead of the first star
+  std::size_t mlBehindStar = 0;  ///< index of the first element behind the last star
+  bool mbStar = false;
   bool mbValid = true;
 };

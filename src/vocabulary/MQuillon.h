@@ -58,7 +58,7 @@ void Initialize();
 extern std::unique_ptr<CXLookup> oLookupBoundary, oLookupSeverity, oLookupRetry, oLookupTrace,
     oLookupLocked, oLookupModTemplate, oLookupProcTemplate;
 /// Makes all seven. The arrays are those of GetModuleTemplates and GetProcTemplates: sparse,
-/// from element 1; ItemData of a template is its place in the file.
+/// from element 1; ItemData of a template is its running number from 1 among the used elements.
 void LoadLookups(const TextArray& asModTemplate, const TextArray& asProcTemplate);
 void ReleaseLookups();
 

@@ -20,8 +20,13 @@ Text FromUtf8(std::string_view sBytes);
 /// Decimal form of a number.
 Text ToText(long long lNumber);
 
+/// For LowerCase only: the mapping of units beyond ASCII.
+char16_t LowerCaseBeyondAscii(char16_t cUnit);
 /// Lower case of one unit, by the Unicode simple mapping; surrogates stay.
-char16_t LowerCase(char16_t cUnit);
+inline char16_t LowerCase(char16_t cUnit) {
+  if (cUnit >= 0x80) return LowerCaseBeyondAscii(cUnit);
+  return static_cast<char16_t>(cUnit >= u'A' && cUnit <= u'Z' ? cUnit | 0x20 : cUnit);
+}
 Text LowerCase(TextView sText);
 /// True when both texts are the same after LowerCase.
 bool EqualNoCase(TextView sLeft, TextView sRight);

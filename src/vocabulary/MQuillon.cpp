@@ -1,0 +1,200 @@
+#include "MQuillon.h"
+
+#include <iterator>
+#include <utility>
+
+namespace MQuillon {
+
+TextArray asFolderName;
+TextArray asFolderItemName;
+std::vector<std::int16_t> aiFolderOfType;
+std::unique_ptr<CXLookup> oLookupBoundary, oLookupSeverity, oLookupRetry, oLookupTrace,
+    oLookupLocked, oLookupModTemplate, oLookupProcTemplate;
+
+}  // namespace MQuillon
+
+namespace {
+
+struct Word {
+  std::int32_t lId;
+  TextView sText;
+};
+
+constexpr Word ComponentTypes[] = {
+    {1, u"Standard Module"},   {2, u"Class Module"},     {3, u"Microsoft Form"},
+    {4, u"Resource File"},     {5, u"Form Module"},      {6, u"MDIForm"},
+    {7, u"Property Page"},     {8, u"User Control"},     {9, u"User Document"},
+    {10, u"Related Document"}, {11, u"Active Designer"}, {15, u"MDIChild"}};
+constexpr Word ProjectTypes[] = {
+    {0, u"Standard EXE"}, {1, u"ActiveX EXE"}, {2, u"ActiveX DLL"}, {3, u"ActiveX Control"}};
+constexpr Word Instancings[] = {{1, u"Private"},   {2, u"PublicNotCreatable"},
+                                {3, u"SingleUse"}, {4, u"GlobalSingleUse"},
+                                {5, u"MultiUse"},  {6, u"GlobalMultiUse"}};
+constexpr Word Scopes[] = {{1, u"Private"}, {2, u"Public"}, {3, u"Friend"}};
+
+// The constants that generated code carries, ids from 1 without a gap.
+constexpr TextView Boundaries[] = {u"tvnBoundaryNone", u"tvnBoundaryVB", u"tvnBoundaryFirewall",
+                                   u"tvnBoundaryActiveX"};
+constexpr TextView Severities[] = {u"tvnSeverityCosmetic", u"tvnSeverityNormal",
+                                   u"tvnSeverityFatal"};
+constexpr TextView Retries[] = {u"tvnRetryLine", u"tvnRetryProcedure", u"tvnRetryNone"};
+
+constexpr Word Strings[] = {
+    {100, u"Forms"},
+    {101, u"Modules"},
+    {102, u"Class Modules"},
+    {103, u"User Controls"},
+    {104, u"Property Pages"},
+    {105, u"User Documents"},
+    {106, u"Designers"},
+    {107, u"Related Documents"},
+    {201, u"The Property changes which are Pending application to the Project Code."},
+    {202, u"The Property values which are currently present in the Project Code."},
+    {203,
+     u"The Property values which the Quillon Suggests for the Project Code, based on its own "
+     u"Expert Analysis and your defined Property Rules."},
+    {211, u"Returns/sets the name of a Tarvane Template for the Procedure."},
+    {212, u"Returns/sets a value that determines whether the Procedure can be changed by Quillon."},
+    {213,
+     u"Returns/sets a Boundary Type value that determines how Errors will be propagated by "
+     u"Tarvane."},
+    {214,
+     u"Returns/sets a Severity Type value that determines how Errors will be handled by "
+     u"Tarvane."},
+    {215, u"Returns/sets a Retry Type value that determines how Tarvane will Retry Errors."},
+    {216, u"Returns/sets a value that determines whether Quillon will insert Tracing code."}};
+
+constexpr TextView FolderItems[] = {
+    u"Form",          u"Module",        u"Class",           u"User Control",
+    u"Property Page", u"User Document", u"Active Designer", u"Related Document"};
+// Types 1 to 15; 12 to 14 don't exist.
+constexpr std::int16_t FolderOfType[] = {2, 3, 1, 8, 1, 1, 5, 4, 6, 8, 7, 0, 0, 0, 1};
+constexpr std::int32_t FirstFolderString = 100;
+
+template <std::size_t n>
+Text TextOf(const Word (&aoWord)[n], std::int32_t lId) {
+  for (const Word& oWord : aoWord) {
+    if (oWord.lId == lId) return Text(oWord.sText);
+  }
+  return {};
+}
+
+template <std::size_t n>
+Text NameOf(const TextView (&asName)[n], std::int32_t lId) {
+  if (lId < 1 || lId > static_cast<std::int32_t>(n)) return {};
+  return Text(asName[static_cast<std::size_t>(lId) - 1]);
+}
+
+// The caller has folded the text already: a name that isn't in lower case is no name.
+template <std::size_t n>
+std::int32_t IdOf(const TextView (&asName)[n], TextView sLower) {
+  for (std::size_t i = 0; i < n; ++i) {
+    if (LowerCase(asName[i]) == sLower) return static_cast<std::int32_t>(i) + 1;
+  }
+  return 0;
+}
+
+struct Entry {
+  TextView sItem;
+  std::int32_t lItemData;
+  TextView sDisplayName = {};
+};
+
+std::unique_ptr<CXLookup> MakeLookup(std::initializer_list<Entry> oEntries) {
+  auto oLookup = std::make_unique<CXLookup>();
+  for (const Entry& o : oEntries) oLookup->Add(o.sItem, o.lItemData, o.sDisplayName);
+  return oLookup;
+}
+
+std::unique_ptr<CXLookup> MakeTemplateLookup(const TextArray& asTemplate) {
+  auto oLookup = MakeLookup({{MQuillon::NoneName, 0}});
+  for (std::size_t i = 1; i < asTemplate.size(); ++i) {
+    if (!asTemplate[i].empty()) oLookup->Add(asTemplate[i], oLookup->Count(), asTemplate[i]);
+  }
+  return oLookup;
+}
+
+}  // namespace
+
+namespace MQuillon {
+
+Text VBComponentTypeName(std::int32_t nType) {
+  return TextOf(ComponentTypes, nType);
+}
+Text VBProjectTypeName(std::int32_t nType) {
+  return TextOf(ProjectTypes, nType);
+}
+Text InstancingTypeName(std::int32_t lInstancing) {
+  return TextOf(Instancings, lInstancing);
+}
+Text ScopeTypeName(std::int32_t nScope) {
+  return TextOf(Scopes, nScope);
+}
+
+Text BoundaryName(std::int32_t eBoundary) {
+  return NameOf(Boundaries, eBoundary);
+}
+Text SeverityName(std::int32_t eSeverity) {
+  return NameOf(Severities, eSeverity);
+}
+Text RetryName(std::int32_t eRetry) {
+  return NameOf(Retries, eRetry);
+}
+std::int32_t BoundaryId(TextView sName) {
+  return IdOf(Boundaries, sName);
+}
+std::int32_t SeverityId(TextView sName) {
+  return IdOf(Severities, sName);
+}
+std::int32_t RetryId(TextView sName) {
+  return IdOf(Retries, sName);
+}
+
+Text ProcTypeName(Text& sLine) {
+  static constexpr TextView asKind[] = {u" Function ", u" Sub ", u" Property Get ",
+                                        u" Property Set ", u" Property Let "};
+  sLine.insert(sLine.begin(), u' ');
+  for (const TextView sKind : asKind) {
+    if (sLine.find(sKind) != Text::npos) return Text(Trim(sKind));
+  }
+  return {};
+}
+
+Text StringResource(std::int32_t lId) {
+  return TextOf(Strings, lId);
+}
+
+void Initialize() {
+  asFolderName.assign(1, {});
+  asFolderItemName.assign(1, {});
+  for (std::size_t i = 0; i < std::size(FolderItems); ++i) {
+    asFolderName.push_back(StringResource(FirstFolderString + static_cast<std::int32_t>(i)));
+    asFolderItemName.emplace_back(FolderItems[i]);
+  }
+  aiFolderOfType.assign(1, 0);
+  aiFolderOfType.insert(aiFolderOfType.end(), std::begin(FolderOfType), std::end(FolderOfType));
+}
+
+void LoadLookups(const TextArray& asModTemplate, const TextArray& asProcTemplate) {
+  oLookupModTemplate = MakeTemplateLookup(asModTemplate);
+  oLookupProcTemplate = MakeTemplateLookup(asProcTemplate);
+  oLookupBoundary = MakeLookup({{u"None", BoundaryNone},
+                                {u"VB", BoundaryVB},
+                                {u"Firewall", BoundaryFirewall},
+                                {u"ActiveX", BoundaryActiveX}});
+  oLookupSeverity = MakeLookup(
+      {{u"Cosmetic", SeverityCosmetic}, {u"Normal", SeverityNormal}, {u"Fatal", SeverityFatal}});
+  oLookupRetry =
+      MakeLookup({{u"Line", RetryLine}, {u"Procedure", RetryProcedure}, {u"None", RetryNone}});
+  oLookupTrace = MakeLookup({{u"True", StateTrue, u"Trace"}, {u"False", StateFalse}});
+  oLookupLocked = MakeLookup({{u"True", StateTrue, u"Locked"}, {u"False", StateFalse}});
+}
+
+void ReleaseLookups() {
+  for (auto* const poLookup : {&oLookupModTemplate, &oLookupProcTemplate, &oLookupBoundary,
+                               &oLookupSeverity, &oLookupRetry, &oLookupTrace, &oLookupLocked}) {
+    poLookup->reset();
+  }
+}
+
+}  // namespace MQuillon

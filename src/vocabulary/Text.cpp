@@ -1,0 +1,162 @@
+#include "Text.h"
+
+#include <locale.h>
+#include <wctype.h>
+
+#include <cstdint>
+
+#include "Failure.h"
+
+namespace {
+
+constexpr char32_t Replacement = 0xFFFD;
+constexpr std::size_t MaxTokens = 32767;
+
+bool IsSurrogate(char32_t cCode) {
+  return cCode >= 0xD800 && cCode <= 0xDFFF;
+}
+
+// The C library knows the simple mappings of Unicode; asking it for every unit would cost a call
+// into the locale each, so all answers are taken once. Without the locale (a bare system) only
+// ASCII is folded, which is what Visual Basic itself treats alike on every system.
+Text LowerCaseTable() {
+  Text sTable(0x10000, u'\0');
+  const locale_t hLocale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+  for (std::uint32_t cUnit = 0; cUnit < 0x10000; ++cUnit) {
+    const wint_t cLower = hLocale && !IsSurrogate(cUnit) ? towlower_l(cUnit, hLocale) : cUnit;
+    sTable[cUnit] = static_cast<char16_t>(cLower < 0x10000 ? cLower : cUnit);
+  }
+  if (hLocale) freelocale(hLocale);
+  return sTable;
+}
+
+void AppendUtf8(char32_t cCode, std::string& sBytes) {
+  const auto Tail = [&](int nShift) {
+    sBytes += static_cast<char>(0x80 | ((cCode >> nShift) & 0x3F));
+  };
+  if (cCode < 0x80) {
+    sBytes += static_cast<char>(cCode);
+  } else if (cCode < 0x800) {
+    sBytes += static_cast<char>(0xC0 | (cCode >> 6));
+    Tail(0);
+  } else if (cCode < 0x10000) {
+    sBytes += static_cast<char>(0xE0 | (cCode >> 12));
+    Tail(6);
+    Tail(0);
+  } else {
+    sBytes += static_cast<char>(0xF0 | (cCode >> 18));
+    Tail(12);
+    Tail(6);
+    Tail(0);
+  }
+}
+
+// The length that a lead byte announces; 0 for a byte that can't begin a character.
+std::size_t SequenceLength(unsigned char cLead) {
+  if (cLead < 0x80) return 1;
+  if (cLead < 0xC2 || cLead > 0xF4) return 0;
+  return cLead < 0xE0 ? 2 : cLead < 0xF0 ? 3 : 4;
+}
+
+// The character at the start of sBytes and the bytes that it takes: an invalid byte is one
+// replacement, overlong forms and surrogates count as invalid.
+char32_t DecodeUtf8(std::string_view sBytes, std::size_t& lLength) {
+  static constexpr char32_t Lowest[] = {0, 0, 0x80, 0x800, 0x10000};
+  const auto cLead = static_cast<unsigned char>(sBytes[0]);
+  const std::size_t lWanted = SequenceLength(cLead);
+  lLength = 1;
+  if (lWanted == 1) return cLead;
+  if (lWanted == 0 || lWanted > sBytes.size()) return Replacement;
+  char32_t cCode = cLead & (0x7Fu >> lWanted);
+  for (std::size_t i = 1; i < lWanted; ++i) {
+    const auto cByte = static_cast<unsigned char>(sBytes[i]);
+    if ((cByte & 0xC0) != 0x80) return Replacement;
+    cCode = (cCode << 6) | (cByte & 0x3Fu);
+  }
+  if (cCode < Lowest[lWanted] || cCode > 0x10FFFF || IsSurrogate(cCode)) return Replacement;
+  lLength = lWanted;
+  return cCode;
+}
+
+}  // namespace
+
+std::string ToUtf8(TextView sText) {
+  std::string sBytes;
+  sBytes.reserve(sText.size());
+  for (std::size_t i = 0; i < sText.size(); ++i) {
+    char32_t cCode = sText[i];
+    const bool bHigh = cCode >= 0xD800 && cCode <= 0xDBFF;
+    if (bHigh && i + 1 < sText.size() && (sText[i + 1] & 0xFC00) == 0xDC00) {
+      cCode = 0x10000 + ((cCode - 0xD800) << 10) + (sText[++i] - 0xDC00u);
+    } else if (IsSurrogate(cCode)) {
+      cCode = Replacement;
+    }
+    AppendUtf8(cCode, sBytes);
+  }
+  return sBytes;
+}
+
+Text FromUtf8(std::string_view sBytes) {
+  Text sText;
+  sText.reserve(sBytes.size());
+  std::size_t lLength = 0;
+  for (std::size_t i = 0; i < sBytes.size(); i += lLength) {
+    const char32_t cCode = DecodeUtf8(sBytes.substr(i), lLength);
+    if (cCode < 0x10000) {
+      sText += static_cast<char16_t>(cCode);
+    } else {
+      sText += static_cast<char16_t>(0xD7C0 + (cCode >> 10));
+      sText += static_cast<char16_t>(0xDC00 + (cCode & 0x3FF));
+    }
+  }
+  return sText;
+}
+
+Text ToText(long long lNumber) {
+  const std::string sDigits = std::to_string(lNumber);
+  return Text(sDigits.begin(), sDigits.end());
+}
+
+char16_t LowerCaseBeyondAscii(char16_t cUnit) {
+  static const Text sTable = LowerCaseTable();
+  return sTable[cUnit];
+}
+
+Text LowerCase(TextView sText) {
+  Text sLower(sText);
+  for (char16_t& cUnit : sLower) cUnit = LowerCase(cUnit);
+  return sLower;
+}
+
+bool EqualNoCase(TextView sLeft, TextView sRight) {
+  if (sLeft.size() != sRight.size()) return false;
+  for (std::size_t i = 0; i < sLeft.size(); ++i) {
+    if (sLeft[i] != sRight[i] && LowerCase(sLeft[i]) != LowerCase(sRight[i])) return false;
+  }
+  return true;
+}
+
+TextView Trim(TextView sText) {
+  return LeftTrim(RightTrim(sText));
+}
+
+TextView LeftTrim(TextView sText) {
+  while (!sText.empty() && sText.front() == u' ') sText.remove_prefix(1);
+  return sText;
+}
+
+TextView RightTrim(TextView sText) {
+  while (!sText.empty() && sText.back() == u' ') sText.remove_suffix(1);
+  return sText;
+}
+
+std::vector<TextView> SplitLines(TextView sText) {
+  std::vector<TextView> asLine;
+  while (!sText.empty()) {
+    if (asLine.size() == MaxTokens) throw Failure(6);
+    const std::size_t lEnd = sText.find(CrLf);
+    asLine.push_back(sText.substr(0, lEnd));
+    sText.remove_prefix(lEnd == TextView::npos ? sText.size() : lEnd + CrLf.size());
+  }
+  return asLine;
+}
