@@ -49,6 +49,7 @@ void SetRules();
 /// Reads the two template names of recent entry 1 against the lookups: a name that the lookup
 /// doesn't hold gives way to the lookup's item 2, if there is one.
 void GetDefaultTemplates();
+/// Keeps the two names beside recent entry 1; nothing happens while the list is empty.
 void SetDefaultTemplates();
 
 /// One stored rule by its registry name, for programs that show or set rules as text.
@@ -56,6 +57,7 @@ struct Rule {
   TextView sName;            ///< registry value name
   bool bBoolean;             ///< stored as -1 or 0
   std::int32_t lLow, lHigh;  ///< what is sensible, both ends included
+  /// A boolean goes out as it is stored; any number but 0 comes in as true.
   std::int32_t (*Get)(const Values&);
   void (*Set)(Values&, std::int32_t);
 };
