@@ -26,6 +26,12 @@ class IFileOps {
   virtual int ReadAll(const std::string& sPath, std::string& sBytes) = 0;
   /// The entries of a folder without "." and ".."; 0 or the error number.
   virtual int ListFolder(const std::string& sPath, std::vector<std::string>& asName) = 0;
+  /// The file that sPath leads to when its last part is a symbolic link, else sPath itself. A link
+  /// to nothing gives the name of the missing file. 0 or the error number.
+  virtual int Resolve(const std::string& sPath, std::string& sTarget) {
+    sTarget = sPath;
+    return 0;
+  }
 
   // The pieces of an atomic replacement, each 0 or the system's error number.
   virtual int CreateNew(const std::string& sPath, std::uint32_t lMode, int& hFile) = 0;

@@ -1,0 +1,71 @@
+// Page 1252 by a table of its own: a bijection of 256 bytes and 256 units, with the five codes
+// that the page leaves undefined on themselves. Strict converters fail on those, and a constant
+// with enciphered text in a user's source may hold them.
+#include <algorithm>
+#include <iterator>
+
+#include "CodePageKinds.h"
+
+namespace {
+
+// 80h to 9Fh; the rest maps to itself.
+constexpr char16_t acUpper[32] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                  0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                  0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                  0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+char16_t UnitOf(unsigned char cByte) {
+  return cByte >= 0x80 && cByte < 0xA0 ? acUpper[cByte - 0x80] : cByte;
+}
+
+bool ByteOf(char16_t cUnit, char& cByte) {
+  if (cUnit >= 0x80 && (cUnit < 0xA0 || cUnit > 0xFF)) {
+    const auto* pcFound = std::find(std::begin(acUpper), std::end(acUpper), cUnit);
+    if (pcFound == std::end(acUpper)) return false;
+    cByte = static_cast<char>(0x80 + (pcFound - acUpper));
+    return true;
+  }
+  cByte = static_cast<char>(cUnit);
+  return true;
+}
+
+class CodePage1252 : public CodePage {
+ public:
+  using CodePage::Decode;
+  std::string_view Name() const override { return "1252"; }
+  bool IsLeadByte(unsigned char) const override { return false; }
+
+  void Decode(std::string_view sBytes, Text& sText) const override {
+    const std::size_t lOld = sText.size(), lCount = sBytes.size();
+    sText.resize(lOld + lCount);
+    char16_t* pcTo = sText.data() + lOld;
+    for (std::size_t i = 0; i < lCount;) {
+      i += CodePageAscii::WidenBlocks(sBytes.data() + i, lCount - i, pcTo + i);
+      for (const std::size_t lEnd = std::min(lCount, i + 32); i < lEnd; ++i) {
+        pcTo[i] = UnitOf(static_cast<unsigned char>(sBytes[i]));
+      }
+    }
+  }
+
+  bool Encode(TextView sText, std::string& sBytes, std::size_t& lBadUnit) const override {
+    const std::size_t lOld = sBytes.size(), lCount = sText.size();
+    sBytes.resize(lOld + lCount);
+    char* pcTo = sBytes.data() + lOld;
+    for (std::size_t i = 0; i < lCount;) {
+      i += CodePageAscii::NarrowBlocks(sText.data() + i, lCount - i, pcTo + i);
+      for (const std::size_t lEnd = std::min(lCount, i + 32); i < lEnd; ++i) {
+        if (ByteOf(sText[i], pcTo[i])) continue;
+        sBytes.resize(lOld);
+        lBadUnit = i;
+        return false;
+      }
+    }
+    return true;
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<CodePage> MakeCodePage1252() {
+  return std::make_unique<CodePage1252>();
+}

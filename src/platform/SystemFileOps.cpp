@@ -1,0 +1,165 @@
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+
+#include "IFileOps.h"
+
+namespace {
+
+/// The system stops reading a name at a null byte and would find another file.
+bool HasNull(const std::string& sPath) {
+  return sPath.find('\0') != std::string::npos;
+}
+
+template <class Call>
+auto Repeated(Call&& oCall) {
+  for (;;) {
+    const auto lResult = oCall();
+    if (lResult >= 0 || errno != EINTR) return lResult;
+  }
+}
+
+int ErrorOf(long lResult) {
+  return lResult < 0 ? errno : 0;
+}
+
+int OpenFile(const std::string& sPath, int lFlags, std::uint32_t lMode, int& hFile) {
+  hFile = -1;
+  if (HasNull(sPath)) return ENOENT;
+  hFile = Repeated([&] { return open(sPath.c_str(), lFlags | O_CLOEXEC, lMode); });
+  return ErrorOf(hFile);
+}
+
+int ReadToEnd(int hFile, std::string& sBytes) {
+  struct stat oState = {};
+  if (fstat(hFile, &oState) != 0) return errno;
+  if (S_ISDIR(oState.st_mode)) return EISDIR;
+  // One byte more than the file has, so that the end shows without another round of growing.
+  sBytes.resize(static_cast<std::size_t>(std::max<off_t>(oState.st_size, 0)) + 1);
+  std::size_t lHave = 0;
+  for (;;) {
+    if (lHave == sBytes.size()) sBytes.resize(lHave * 2);
+    const ssize_t lRead =
+        Repeated([&] { return read(hFile, sBytes.data() + lHave, sBytes.size() - lHave); });
+    if (lRead <= 0) {
+      const int lError = ErrorOf(lRead);
+      sBytes.resize(lError == 0 ? lHave : 0);
+      return lError;
+    }
+    lHave += static_cast<std::size_t>(lRead);
+  }
+}
+
+/// The folder part with its slash; empty for a name alone.
+std::string FolderPart(const std::string& sPath) {
+  return sPath.substr(0, sPath.rfind('/') + 1);
+}
+
+class SystemOps : public IFileOps {
+ public:
+  int GetStat(const std::string& sPath, Stat& oStat) override {
+    struct stat oState = {};
+    if (HasNull(sPath)) return ENOENT;
+    if (stat(sPath.c_str(), &oState) != 0) return errno;
+    oStat.bDirectory = S_ISDIR(oState.st_mode);
+    oStat.bReadOnly = (oState.st_mode & S_IWUSR) == 0;
+    oStat.lSize = static_cast<std::uint64_t>(oState.st_size);
+    oStat.lModified = static_cast<std::int64_t>(oState.st_mtim.tv_sec) * 1000000000 +
+                      static_cast<std::int64_t>(oState.st_mtim.tv_nsec);
+    oStat.lMode = oState.st_mode & 07777;
+    oStat.lOwner = oState.st_uid;
+    oStat.lGroup = oState.st_gid;
+    return 0;
+  }
+
+  int ReadAll(const std::string& sPath, std::string& sBytes) override {
+    int hFile = -1;
+    sBytes.clear();
+    // A pipe that nobody writes to must not hold up the program; the flag goes once it is open.
+    if (const int lError = OpenFile(sPath, O_RDONLY | O_NONBLOCK, 0, hFile)) return lError;
+    fcntl(hFile, F_SETFL, 0);
+    const int lError = ReadToEnd(hFile, sBytes);
+    close(hFile);
+    return lError;
+  }
+
+  int ListFolder(const std::string& sPath, std::vector<std::string>& asName) override {
+    if (HasNull(sPath)) return ENOENT;
+    DIR* poFolder = opendir(sPath.c_str());
+    if (poFolder == nullptr) return errno;
+    errno = 0;
+    while (const dirent* poEntry = readdir(poFolder)) {
+      const std::string sName = poEntry->d_name;
+      if (sName != "." && sName != "..") asName.push_back(sName);
+      errno = 0;
+    }
+    const int lError = errno;
+    closedir(poFolder);
+    return lError;
+  }
+
+  int Resolve(const std::string& sPath, std::string& sTarget) override {
+    if (HasNull(sPath)) return ENOENT;
+    sTarget = sPath;
+    for (int lLinks = 0; lLinks < 40; ++lLinks) {
+      char acLink[4096];
+      const ssize_t lLength = readlink(sTarget.c_str(), acLink, sizeof acLink);
+      // EINVAL: no link. A missing file is for the caller to find.
+      if (lLength < 0) return errno == EINVAL || errno == ENOENT ? 0 : errno;
+      const std::string sLink(acLink, static_cast<std::size_t>(lLength));
+      sTarget = sLink.front() == '/' ? sLink : FolderPart(sTarget) + sLink;
+    }
+    return ELOOP;
+  }
+
+  int CreateNew(const std::string& sPath, std::uint32_t lMode, int& hFile) override {
+    return OpenFile(sPath, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, lMode, hFile);
+  }
+
+  int Write(int hFile, std::string_view sBytes) override {
+    while (!sBytes.empty()) {
+      const ssize_t lWritten = Repeated([&] { return write(hFile, sBytes.data(), sBytes.size()); });
+      if (lWritten < 0) return errno;
+      sBytes.remove_prefix(static_cast<std::size_t>(lWritten));
+    }
+    return 0;
+  }
+
+  int SetOwner(int hFile, std::uint32_t lOwner, std::uint32_t lGroup) override {
+    return ErrorOf(fchown(hFile, lOwner, lGroup));
+  }
+  int SetMode(int hFile, std::uint32_t lMode) override { return ErrorOf(fchmod(hFile, lMode)); }
+  int Flush(int hFile) override {
+    return ErrorOf(Repeated([&] { return fsync(hFile); }));
+  }
+  int Close(int hFile) override {
+    // After EINTR the file is closed on this system, and a second call could hit another one.
+    const int lError = ErrorOf(close(hFile));
+    return lError == EINTR ? 0 : lError;
+  }
+  int Rename(const std::string& sFrom, const std::string& sTo) override {
+    return HasNull(sTo) ? ENOENT : ErrorOf(std::rename(sFrom.c_str(), sTo.c_str()));
+  }
+  int Remove(const std::string& sPath) override { return ErrorOf(unlink(sPath.c_str())); }
+
+  int FlushFolder(const std::string& sPath) override {
+    int hFolder = -1;
+    if (const int lError = OpenFile(sPath, O_RDONLY | O_DIRECTORY, 0, hFolder)) return lError;
+    const int lError = Flush(hFolder);
+    close(hFolder);
+    return lError;
+  }
+};
+
+}  // namespace
+
+IFileOps& SystemFileOps() {
+  // Never ended: a store that saves at the end of the process still finds it.
+  static SystemOps& oOps = *new SystemOps;
+  return oOps;
+}
