@@ -70,6 +70,14 @@ TemplateLoader::TemplateLoader(CTemplate& oTemplate, TextView sFile)
   moTemplate.ReportError(u"Processing Template File " + Quoted(sFile));
 }
 
+std::unique_ptr<CTemplate> TemplateLoader::SilentCopy(const CTemplate& oTemplate) {
+  auto pCopy = std::make_unique<CTemplate>(oTemplate.moRules);
+  pCopy->matTemplate = oTemplate.matTemplate;
+  pCopy->matLine = oTemplate.matLine;
+  pCopy->mlLoadErrors = oTemplate.mlLoadErrors;
+  return pCopy;
+}
+
 void TemplateLoader::LoadBytes(std::string_view sBytes) {
   if (IsUtf16(sBytes)) {
     ReportError(1, u"The file " + Quoted(msFile) +

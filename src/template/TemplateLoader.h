@@ -13,6 +13,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string_view>
 
 #include "CTag.h"
@@ -28,6 +29,9 @@ class TemplateLoader {
   void LoadBytes(std::string_view sBytes);
   /// Appends to the tables and ends with the result of the load as a message.
   void LoadText(TextView sText);
+
+  /// A second engine over the same tables and rules, with nobody connected: for trials.
+  static std::unique_ptr<CTemplate> SilentCopy(const CTemplate& oTemplate);
 
  private:
   enum Directive : std::int32_t {

@@ -1,0 +1,126 @@
+#include "TemplateCheck.h"
+
+#include <algorithm>
+#include <array>
+
+#include "MQuillon.h"
+#include "MXString.h"
+#include "TemplateChecks.h"
+
+namespace TemplateChecks {
+
+namespace {
+
+// One of each kind of line that a body has anyway. An early Exit is among them: a border row of
+// that form would be found in the user's code first.
+constexpr std::array<TextView, 12> asOrdinaryCode = {
+    u"x = 1",           u"call foo(a, b)", u"foo a, b", u"dim a as long", u"end if",
+    u"next i",          u"loop",           u"exit sub", u"exit function", u"exit property",
+    u"set o = nothing", u"' a comment"};
+constexpr std::array<TextView, 7> asOrdinaryDeclaration = {u"option explicit",
+                                                           u"dim a as long",
+                                                           u"private msname as string",
+                                                           u"public ocars as ccars",
+                                                           u"const a = 1",
+                                                           u"private const lmax as long = 1",
+                                                           u"' a comment"};
+
+TextView FirstFitting(const LikePattern& oPattern, std::span<const TextView> asLine) {
+  for (TextView sLine : asLine) {
+    if (oPattern.Matches(sLine)) return sLine;
+  }
+  return {};
+}
+
+}  // namespace
+
+void Findings::Add(std::int32_t lFileLine, std::initializer_list<TextView> asPart) {
+  TemplateFinding& oFinding = moFindings.emplace_back();
+  oFinding.lLine = lFileLine;
+  for (TextView sPart : asPart) oFinding.sMessage.append(sPart);
+}
+
+bool Findings::HasLine(std::int32_t lFileLine) const {
+  return std::any_of(moFindings.begin(), moFindings.end(),
+                     [=](const TemplateFinding& oFinding) { return oFinding.lLine == lFileLine; });
+}
+
+std::vector<TemplateFinding> Findings::Take() {
+  std::stable_sort(moFindings.begin(), moFindings.end(), [](const auto& oLeft, const auto& oRight) {
+    return oLeft.lLine < oRight.lLine;
+  });
+  return std::move(moFindings);
+}
+
+Stretch Between(const TemplateRow& oTemplate, Section eFrom, Section eTo) {
+  const std::int32_t lFrom = oTemplate.lStart[eFrom], lTo = oTemplate.lStart[eTo];
+  if (lFrom < 1 || lTo <= lFrom) return {};
+  return {lFrom + 1, lTo};
+}
+
+std::vector<Stretch> WrittenStretches(const TemplateRow& oTemplate) {
+  if (oTemplate.eType == TemplateModule) return {Between(oTemplate, SectionStart, SectionEnd)};
+  if (oTemplate.eType == TemplateProcedure) {
+    const Stretch oStart = Between(oTemplate, SectionStart, SectionBodyStart);
+    if (!oTemplate.bFire) return {oStart, Between(oTemplate, SectionBodyEnd, SectionEnd)};
+    return {oStart, Between(oTemplate, SectionBodyEnd, SectionFireStart),
+            Between(oTemplate, SectionFireEnd, SectionEnd)};
+  }
+  Stretch oLine = Between(oTemplate, SectionStart, SectionEnd);
+  oLine.lLast = std::min(oLine.lLast, oLine.lFirst + 1);
+  return {oLine};
+}
+
+SectionValues SampleValues(const TemplateRow& oTemplate, std::uint32_t lWithout) {
+  static const Text sBoundary = MQuillon::BoundaryName(MQuillon::BoundaryFirewall);
+  static const Text sSeverity = MQuillon::SeverityName(MQuillon::SeverityNormal);
+  static const Text sRetry = MQuillon::RetryName(MQuillon::RetryLine);
+  const bool bModule = oTemplate.eType == TemplateModule;
+  SectionValues oValues;
+  oValues.sTemplate = oTemplate.sName;
+  oValues.sModuleName = u"Module1";
+  oValues.sShownName = bModule ? MQuillon::DeclarationsName : TextView(u"Total");
+  oValues.sBaseType = bModule ? u"" : u"Sub";
+  if ((lWithout & 1) == 0) oValues.sBoundary = sBoundary;
+  if ((lWithout & 2) == 0) oValues.sSeverity = sSeverity;
+  if ((lWithout & 4) == 0) oValues.sRetry = sRetry;
+  oValues.bTrace = true;
+  return oValues;
+}
+
+Text NamesOf(std::uint32_t lWithout) {
+  Text sNames;
+  std::uint32_t lBit = 1;
+  for (TextView sName : {u"boundary", u"severity", u"retry"}) {
+    if ((lWithout & lBit) != 0) sNames.append(sNames.empty() ? u"" : u" and ").append(sName);
+    lBit *= 2;
+  }
+  return sNames;
+}
+
+Text FoldedText(const LineRow& oRow, const SectionValues& oValues) {
+  Text sText, sFolded;
+  RenderRow(oRow, oValues, sText);
+  MXString::FoldLine(sText, sFolded);
+  return sFolded;
+}
+
+TextView OrdinaryCodeFitting(const LikePattern& oPattern) {
+  return FirstFitting(oPattern, asOrdinaryCode);
+}
+
+TextView OrdinaryDeclarationFitting(const LikePattern& oPattern) {
+  return FirstFitting(oPattern, asOrdinaryDeclaration);
+}
+
+}  // namespace TemplateChecks
+
+std::vector<TemplateFinding> CheckTemplate(const CTemplate& oTemplate) {
+  TemplateChecks::Findings oFindings(oTemplate);
+  TemplateChecks::CheckTemplates(oFindings);
+  TemplateChecks::CheckRows(oFindings);
+  TemplateChecks::CheckSignature(oFindings);
+  TemplateChecks::CheckPlaces(oFindings);
+  if (oTemplate.LoadErrors() == 0 && oFindings.Empty()) TemplateChecks::TryTemplates(oFindings);
+  return oFindings.Take();
+}
