@@ -17,12 +17,14 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "CProcSettings.h"
 #include "LikePattern.h"
 #include "MRules.h"
 #include "Signal.h"
+#include "Signature.h"
 #include "TemplateRows.h"
 #include "Text.h"
 
@@ -70,6 +72,12 @@ class CTemplate {
   static void DoTraceExits(TextArray& asLine, std::int32_t lStartLine, std::int32_t lEndLine,
                            TextView sProcType, TextView sTraceExit);
 
+  /// The text without lines that lock a procedure and name no template; a template's own
+  /// signature takes their place when one is put in.
+  Text WithoutLockSignature(TextView sProcCode) const;
+  /// The signature rules of the loaded file. Valid until the next load.
+  const Signature& Signatures() const;
+
   std::int32_t BatchItems() const { return mlBatchItems; }
   std::int32_t BatchErrors() const { return mlBatchErrors; }
   /// Row of a template by name without regard to case, 0 if there is none.
@@ -80,11 +88,22 @@ class CTemplate {
  private:
   friend class TemplateLoader;
 
-  // Rewrites are pure functions over this view of the object (Insertion.h, Removal.h).
+  /// The row of the template that a rewrite names, or 0 after the message that refuses it.
+  std::int32_t FindForRewrite(TextView sTemplate, bool& bErrors);
+  void Refuse(TextView sMessage, bool& bErrors);
+  /// lBodyLine follows the lines that go ahead of it.
+  Text WithoutLockSignature(TextView sProcCode, std::int32_t& lBodyLine) const;
+  /// The values that the template's own lines hold in the code.
+  void ExtractValues(const TemplateRow& oTemplate, const ProcText& oProc,
+                     CProcSettings& oProcSettings) const;
+
   const MRules::Values& moRules;
   std::vector<TemplateRow> matTemplate;
   std::vector<LineRow> matLine;
   std::int32_t mlLoadErrors = 0;
   std::int32_t mlBatchItems = 0;
   std::int32_t mlBatchErrors = 0;
+  // Made at first use after a load: the tables don't change behind it.
+  mutable std::unique_ptr<Signature> mpSignature;
+  mutable std::size_t mlSignatureLines = 0;
 };

@@ -1,0 +1,89 @@
+// Reading a procedure's settings back out of its text: the code itself is the record.
+#include "CTemplate.h"
+
+#include "MQuillon.h"
+#include "MXString.h"
+#include "MXStringVB.h"
+#include "ProcText.h"
+
+namespace {
+
+/// True when the code handles errors on its own: anything but balanced pairs of Resume Next and
+/// GoTo 0.
+bool IsBespoke(const ProcText& oProc) {
+  bool bInside = false;
+  for (std::size_t i = 0; i < oProc.Count(); ++i) {
+    const TextView sFolded = oProc.Folded(i);
+    if (sFolded.find(u"on error ") == TextView::npos) continue;
+    const Text sCode = MXStringVB::TrimVBLiterals(MXStringVB::TrimVBComments(sFolded));
+    const auto Has = [&](TextView sPart) { return sCode.find(sPart) != Text::npos; };
+    const bool bGoTo0 = Has(u"on error goto 0");
+    if (!bGoTo0 && Has(u"on error goto ")) return true;
+    if (Has(u"on error resume next")) {
+      if (bInside) return true;
+      bInside = true;
+    } else if (bGoTo0) {
+      if (!bInside) return true;
+      bInside = false;
+    }
+  }
+  return bInside;
+}
+
+/// The constant's id that a code line holds in the place of a token; 0 when it holds none.
+std::int32_t IdFromLine(const LineRow& oRow, TextView sFolded, TextView sToken,
+                        std::int32_t (*ToId)(TextView)) {
+  Text sTemplateLine;
+  MXString::FoldLine(oRow.sLine, sTemplateLine);
+  const auto sValue = ExtractTokenValue(sTemplateLine, sFolded, sToken);
+  return sValue ? ToId(Trim(*sValue)) : 0;
+}
+
+}  // namespace
+
+void CTemplate::ExtractProcSettings(TextView sProcCode, CProcSettings& oProcSettings) const {
+  const ProcText oProc(sProcCode);
+  const auto oSignature = Signatures().Find(oProc);
+  oProcSettings.SeteLocked(oSignature && oSignature->bLocked ? MQuillon::StateTrue
+                                                             : MQuillon::StateFalse);
+  if (!oSignature || oSignature->sTemplate.empty()) {
+    oProcSettings.SetsTemplate(IsBespoke(oProc) ? MQuillon::BespokeName : TextView());
+    return;
+  }
+  const std::int32_t lTemplate = LookupTemplate(oSignature->sTemplate);
+  if (lTemplate == 0) {
+    oProcSettings.SetsTemplate(u"[" + oSignature->sTemplate + u"]");
+    return;
+  }
+  const TemplateRow& oTemplate = matTemplate[static_cast<std::size_t>(lTemplate)];
+  oProcSettings.SetsTemplate(oTemplate.sName);
+  ExtractValues(oTemplate, oProc, oProcSettings);
+}
+
+void CTemplate::ExtractValues(const TemplateRow& oTemplate, const ProcText& oProc,
+                              CProcSettings& oProcSettings) const {
+  const auto Row = [&](std::int32_t l) -> const LineRow& {
+    return matLine[static_cast<std::size_t>(l)];
+  };
+  const LineRow &oBoundary = Row(oTemplate.lBoundary), &oSeverity = Row(oTemplate.lSeverity),
+                &oRetry = Row(oTemplate.lRetry), &oTrace = Row(oTemplate.lTrace);
+  for (std::size_t i = 0; i < oProc.Count(); ++i) {
+    const TextView sFolded = oProc.Folded(i);
+    if (sFolded.empty()) continue;
+    if (oProcSettings.eBoundary() == 0 && oBoundary.sLike.Matches(sFolded)) {
+      oProcSettings.SeteBoundary(
+          IdFromLine(oBoundary, sFolded, u"%boundary", MQuillon::BoundaryId));
+    }
+    if (oProcSettings.eSeverity() == 0 && oSeverity.sLike.Matches(sFolded)) {
+      oProcSettings.SeteSeverity(
+          IdFromLine(oSeverity, sFolded, u"%severity", MQuillon::SeverityId));
+    }
+    if (oProcSettings.eRetry() == 0 && oRetry.sLike.Matches(sFolded)) {
+      oProcSettings.SeteRetry(IdFromLine(oRetry, sFolded, u"%retry", MQuillon::RetryId));
+    }
+    if (oProcSettings.eTrace() == 0 && oTrace.sLike.Matches(sFolded)) {
+      oProcSettings.SeteTrace(MQuillon::StateTrue);
+    }
+  }
+  if (oProcSettings.eTrace() == 0) oProcSettings.SeteTrace(MQuillon::StateFalse);
+}

@@ -1,0 +1,177 @@
+#include "Insertion.h"
+
+#include <span>
+
+#include "Failure.h"
+#include "LineNumbers.h"
+#include "MXString.h"
+#include "ProcText.h"
+#include "TraceExits.h"
+
+namespace {
+
+/// The first run of clean-up comment lines of a body: indices of its lines, lEnd behind the last.
+struct FireBlock {
+  std::size_t lFirst = 0;
+  std::size_t lEnd = 0;
+  bool Found() const { return lEnd > lFirst; }
+};
+
+FireBlock FindFireBlock(const ProcText& oProc, const ProcPlaces& oPlaces) {
+  const auto IsFire = [&](std::size_t i) { return oProc.Folded(i).starts_with(FireMark); };
+  FireBlock oBlock;
+  std::size_t i = oPlaces.lFirstBody;
+  // A line that continues a comment is no block of its own.
+  while (i < oPlaces.lEnd && !(IsFire(i) && !oProc.IsContinued(i))) ++i;
+  oBlock.lFirst = i;
+  while (i < oPlaces.lEnd && IsFire(i)) ++i;
+  oBlock.lEnd = i;
+  return oBlock;
+}
+
+/// The code of a clean-up comment line: what stands behind the mark and its one blank.
+TextView FireCode(TextView sLine) {
+  sLine.remove_prefix(sLine.find_first_not_of(u' ') + FireMark.size());
+  if (sLine.starts_with(u' ')) sLine.remove_prefix(1);
+  return sLine;
+}
+
+/// Signature of the procedure as the request asks for it; a message when it couldn't be read back.
+Text CheckSignature(const InsertionRequest& oRequest) {
+  const TextView sTemplate = oRequest.oValues.sTemplate;
+  if (oRequest.pSignature->IsReadable(sTemplate, oRequest.bLocked)) return Text();
+  return u"    Signature of Template [" + Text(sTemplate) + u"] could not be read back";
+}
+
+Text CheckType(const InsertionRequest& oRequest, TemplateType eType, TextView sWanted) {
+  if (oRequest.pTemplate->eType == eType) return Text();
+  return u"    Template is not of type " + Text(sWanted) + u" [" + oRequest.pTemplate->sName + u"]";
+}
+
+Text CheckNoTemplate(const InsertionRequest& oRequest, const ProcText& oProc) {
+  for (std::size_t i = 0; i < oProc.Count(); ++i) {
+    const TextView sFolded = oProc.Folded(i);
+    if (sFolded.empty()) continue;
+    const auto oValue = oRequest.pSignature->Read(sFolded);
+    if (oValue && !oValue->sTemplate.empty()) {
+      return u"    Code holds a Template already; Line=" + ToText(static_cast<long long>(i) + 1) +
+             u" [" + Text(oProc.Line(i)) + u"]";
+    }
+  }
+  return Text();
+}
+
+/// Writes the lines of a body with its trace exits and line numbers.
+class BodyWriter {
+ public:
+  BodyWriter(const InsertionRequest& oRequest, const ProcText& oProc, LineWriter& oWriter)
+      : moRequest(oRequest), moProc(oProc), moWriter(oWriter) {
+    const TemplateRow& oTemplate = *oRequest.pTemplate;
+    if (!oRequest.oValues.bTrace || oTemplate.lTraceExit == 0) return;
+    const auto lRow = static_cast<std::size_t>(oTemplate.lTraceExit);
+    msTraceExit = TraceExits::GetTraceExit((*oRequest.pLines)[lRow], oRequest.oValues);
+  }
+
+  void Write(std::size_t lFirst, std::size_t lEnd) {
+    if (msTraceExit.empty() && moRequest.eLineNumAction == 1) {
+      moWriter.Add(moProc, lFirst, lEnd);
+      return;
+    }
+    std::vector<Text> asTraced;  // keeps the changed lines alive behind the views
+    asTraced.reserve(lEnd - lFirst);
+    std::vector<TextView> asLine(moProc.Lines().begin() + static_cast<std::ptrdiff_t>(lFirst),
+                                 moProc.Lines().begin() + static_cast<std::ptrdiff_t>(lEnd));
+    if (!msTraceExit.empty()) AddTraceExits(asLine, asTraced);
+    moWriter.AddEnded(
+        LineNumbers::DoLineNumbers(asLine, moRequest.eLineNumAction, *moRequest.pRules));
+  }
+
+ private:
+  void AddTraceExits(std::vector<TextView>& asLine, std::vector<Text>& asTraced) {
+    bool bInComment = false;  // in a comment that continues over lines nothing is code
+    for (TextView& sLine : asLine) {
+      const bool bGoesOn = Continues(sLine);
+      const bool bComment = bInComment || (bGoesOn && CommentStart(sLine) < sLine.size());
+      if (!bInComment && sLine.find(u"Exit ") != TextView::npos) {
+        asTraced.push_back(TraceExits::Insert(sLine, moRequest.oValues.sBaseType, msTraceExit));
+        sLine = asTraced.back();
+      }
+      bInComment = bGoesOn && bComment;
+    }
+  }
+
+  const InsertionRequest& moRequest;
+  const ProcText& moProc;
+  LineWriter& moWriter;
+  Text msTraceExit;
+};
+
+/// The sections and the body behind the signature.
+void WriteSections(const InsertionRequest& oRequest, const ProcText& oProc,
+                   const ProcPlaces& oPlaces, LineWriter& oWriter) {
+  const TemplateRow& oTemplate = *oRequest.pTemplate;
+  const auto Rows = [&](Section eFirst, Section eLast) {
+    oWriter.AddEnded(GetLines(*oRequest.pLines, oTemplate.lStart[eFirst], oTemplate.lStart[eLast],
+                              oRequest.oValues));
+  };
+  Rows(SectionStart, SectionBodyStart);
+  BodyWriter oBody(oRequest, oProc, oWriter);
+  if (!oTemplate.bFire) {
+    oBody.Write(oPlaces.lFirstBody, oPlaces.lEnd);
+    Rows(SectionBodyEnd, SectionEnd);
+    return;
+  }
+  const FireBlock oFire = FindFireBlock(oProc, oPlaces);
+  oBody.Write(oPlaces.lFirstBody, oFire.Found() ? oFire.lFirst : oPlaces.lEnd);
+  if (oFire.Found()) oWriter.Add(oProc, oFire.lEnd, oPlaces.lEnd);
+  Rows(SectionBodyEnd, SectionFireStart);
+  for (std::size_t i = oFire.lFirst; i < oFire.lEnd; ++i) oWriter.Add(FireCode(oProc.Line(i)));
+  Rows(SectionFireEnd, SectionEnd);
+}
+
+}  // namespace
+
+Text InsertIntoProcedure(const InsertionRequest& oRequest, TextView sProcCode, Text& sResult) {
+  Text sRefusal = CheckType(oRequest, TemplateProcedure, u"procedure");
+  if (sRefusal.empty()) sRefusal = CheckSignature(oRequest);
+  if (!sRefusal.empty()) return sRefusal;
+  const ProcText oProc(sProcCode);
+  const ProcPlaces oPlaces = FindPlaces(oProc, oRequest.lBodyLine, oRequest.oValues.sBaseType);
+  if (oPlaces.Refused()) return oPlaces.sRefusal;
+  sRefusal = CheckNoTemplate(oRequest, oProc);
+  if (!sRefusal.empty()) return sRefusal;
+
+  LineWriter oWriter;
+  oWriter.Reserve(sProcCode.size() * 2 + 1024);
+  oWriter.Add(oProc, 0, oPlaces.lFirstBody);
+  oWriter.Add(oRequest.pSignature->Line(oRequest.oValues.sTemplate, oRequest.bLocked));
+  try {
+    WriteSections(oRequest, oProc, oPlaces, oWriter);
+  } catch (const Failure& oFailure) {  // a number that doesn't fit its field
+    return u"    " + oFailure.Description();
+  }
+  oWriter.Add(oProc, oPlaces.lEnd, oProc.Count());
+  sResult = oWriter.Take();
+  return Text();
+}
+
+Text InsertIntoDeclarations(const InsertionRequest& oRequest, TextView sProcCode, Text& sResult) {
+  Text sRefusal = CheckType(oRequest, TemplateModule, u"module");
+  if (sRefusal.empty()) sRefusal = CheckSignature(oRequest);
+  if (!sRefusal.empty()) return sRefusal;
+  const ProcText oProc(sProcCode);
+  sRefusal = CheckNoTemplate(oRequest, oProc);
+  if (!sRefusal.empty()) return sRefusal;
+
+  const TemplateRow& oTemplate = *oRequest.pTemplate;
+  const std::size_t lLines = sProcCode.empty() ? 0 : oProc.Count();
+  const std::size_t lPlace = sProcCode.empty() ? 0 : BehindOptions(oProc);
+  LineWriter oWriter;
+  oWriter.Add(oProc, 0, lPlace);
+  oWriter.Add(oRequest.pSignature->Line(oRequest.oValues.sTemplate, oRequest.bLocked));
+  oWriter.AddEnded(GetLines(*oRequest.pLines, oTemplate.lStart[SectionStart],
+                            oTemplate.lStart[SectionEnd], oRequest.oValues));
+  oWriter.Add(oProc, lPlace, lLines);
+  sResult = oWriter.Take();
+  return Text();
+}

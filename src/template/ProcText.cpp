@@ -1,0 +1,234 @@
+#include "ProcText.h"
+
+#include <algorithm>
+
+#include "MXStringVB.h"
+
+namespace {
+
+bool IsWhite(char16_t cUnit) {
+  return cUnit == u' ' || cUnit == u'\t';
+}
+
+TextView TrimWhite(TextView sText) {
+  while (!sText.empty() && IsWhite(sText.front())) sText.remove_prefix(1);
+  while (!sText.empty() && IsWhite(sText.back())) sText.remove_suffix(1);
+  return sText;
+}
+
+char16_t Lower(char16_t cUnit) {
+  if (cUnit < 0x80)
+    return cUnit >= u'A' && cUnit <= u'Z' ? static_cast<char16_t>(cUnit + 32) : cUnit;
+  return LowerCase(cUnit);
+}
+
+/// Appends FullTrim and lower case of the line. sFolded has room for it already.
+void AppendFolded(TextView sLine, Text& sFolded) {
+  const std::size_t lStart = sFolded.size();
+  bool bBlank = true;  // leading blanks go
+  for (char16_t cUnit : sLine) {
+    if (cUnit == u' ') {
+      if (!bBlank) sFolded.push_back(u' ');
+      bBlank = true;
+    } else {
+      sFolded.push_back(Lower(cUnit));
+      bBlank = false;
+    }
+  }
+  if (bBlank && sFolded.size() > lStart) sFolded.pop_back();
+}
+
+bool IsWordUnit(char16_t cUnit) {
+  return cUnit == u'_' || cUnit >= 0x80 || (cUnit >= u'0' && cUnit <= u'9') ||
+         (cUnit >= u'a' && cUnit <= u'z') || (cUnit >= u'A' && cUnit <= u'Z');
+}
+
+bool IsRem(TextView sRest) {
+  return sRest.size() >= 3 && Lower(sRest[0]) == u'r' && Lower(sRest[1]) == u'e' &&
+         Lower(sRest[2]) == u'm' && (sRest.size() == 3 || IsWhite(sRest[3]));
+}
+
+/// True when the statement is the end of a procedure of that type, in any spacing.
+bool IsEndStatement(TextView sStatement, TextView sLowerType) {
+  sStatement = TrimWhite(sStatement);
+  if (!sStatement.starts_with(u"end") || sStatement.size() < 5) return false;
+  TextView sRest = sStatement.substr(3);
+  if (!IsWhite(sRest.front())) return false;
+  return TrimWhite(sRest) == sLowerType;
+}
+
+/// True when a folded line holds the end in a form that isn't a line of its own: behind a label,
+/// a line number or a colon, or with a comment or statement behind it.
+bool HoldsEnd(TextView sFolded, TextView sLowerType) {
+  if (sFolded.find(u"end") == TextView::npos) return false;
+  const Text sMasked = MXStringVB::MaskVBLiterals(sFolded.substr(0, CommentStart(sFolded)), u"x");
+  TextView sRest = sMasked;
+  while (!sRest.empty() && sRest.front() >= u'0' && sRest.front() <= u'9') sRest.remove_prefix(1);
+  while (!sRest.empty()) {
+    const std::size_t lColon = sRest.find(u':');
+    if (IsEndStatement(sRest.substr(0, lColon), sLowerType)) return true;
+    if (lColon == TextView::npos) break;
+    sRest.remove_prefix(lColon + 1);
+  }
+  return false;
+}
+
+enum class Directive { None, If, Else, EndIf };
+
+Directive DirectiveOf(TextView sFolded) {
+  if (sFolded.empty()) return Directive::None;
+  sFolded = TrimWhite(sFolded);
+  if (!sFolded.starts_with(u'#')) return Directive::None;
+  sFolded = TrimWhite(sFolded.substr(1));
+  std::size_t lEnd = 0;
+  while (lEnd < sFolded.size() && IsWordUnit(sFolded[lEnd])) ++lEnd;
+  const TextView sWord = sFolded.substr(0, lEnd);
+  if (sWord == u"if") return Directive::If;
+  if (sWord == u"else" || sWord == u"elseif") return Directive::Else;
+  if (sWord == u"end" && TrimWhite(sFolded.substr(lEnd)).starts_with(u"if"))
+    return Directive::EndIf;
+  return Directive::None;
+}
+
+bool IsBalanced(const ProcText& oProc, std::size_t lFirst, std::size_t lLast) {
+  int nDepth = 0;
+  for (std::size_t i = lFirst; i <= lLast; ++i) {
+    switch (DirectiveOf(oProc.Folded(i))) {
+      case Directive::If:
+        ++nDepth;
+        break;
+      case Directive::Else:
+        if (nDepth == 0) return false;
+        break;
+      case Directive::EndIf:
+        if (--nDepth < 0) return false;
+        break;
+      case Directive::None:
+        break;
+    }
+  }
+  return nDepth == 0;
+}
+
+Text LowerType(TextView sBaseType) {
+  return LowerCase(sBaseType);
+}
+
+}  // namespace
+
+bool Continues(TextView sLine) {
+  while (!sLine.empty() && IsWhite(sLine.back())) sLine.remove_suffix(1);
+  if (sLine.size() < 2 || sLine.back() != u'_' || !IsWhite(sLine[sLine.size() - 2])) return false;
+  const std::size_t lComment = CommentStart(sLine);
+  if (lComment < sLine.size()) return true;
+  return std::count(sLine.begin(), sLine.end(), u'"') % 2 == 0;
+}
+
+std::size_t CommentStart(TextView sLine) {
+  bool bLiteral = false;
+  bool bStatementStart = true;
+  for (std::size_t i = 0; i < sLine.size(); ++i) {
+    const char16_t cUnit = sLine[i];
+    if (cUnit == u'"') bLiteral = !bLiteral;
+    if (bLiteral) continue;
+    if (cUnit == u'\'') return i;
+    if (bStatementStart && IsRem(sLine.substr(i))) return i;
+    // A line number stands ahead of the first statement and doesn't end its start.
+    bStatementStart =
+        cUnit == u':' || (bStatementStart && (IsWhite(cUnit) || (cUnit >= u'0' && cUnit <= u'9')));
+  }
+  return sLine.size();
+}
+
+bool IsBlank(TextView sLine) {
+  return sLine.find_first_not_of(u' ') == TextView::npos;
+}
+
+ProcText::ProcText(TextView sProcCode) {
+  std::size_t lStart = 0;
+  for (;;) {
+    const std::size_t lEnd = sProcCode.find(CrLf, lStart);
+    moLines.push_back(sProcCode.substr(lStart, lEnd == TextView::npos ? lEnd : lEnd - lStart));
+    if (lEnd == TextView::npos) break;
+    lStart = lEnd + CrLf.size();
+  }
+  msFolded.reserve(sProcCode.size());
+  moFolds.reserve(moLines.size() + 1);
+  moFolds.push_back(0);
+  for (TextView sLine : moLines) {
+    AppendFolded(sLine, msFolded);
+    moFolds.push_back(static_cast<std::uint32_t>(msFolded.size()));
+  }
+}
+
+std::size_t BehindHead(const ProcText& oProc, std::int32_t lBodyLine) {
+  if (lBodyLine < 1 || static_cast<std::size_t>(lBodyLine) > oProc.Count()) return oProc.Count();
+  std::size_t i = static_cast<std::size_t>(lBodyLine) - 1;
+  while (i < oProc.Count() && Continues(oProc.Line(i))) ++i;
+  return i < oProc.Count() ? i + 1 : i;
+}
+
+bool HeadHoldsEnd(const ProcText& oProc, std::int32_t lBodyLine) {
+  const std::size_t lBehind = BehindHead(oProc, lBodyLine);
+  if (lBodyLine < 1) return false;
+  for (std::size_t i = static_cast<std::size_t>(lBodyLine) - 1; i < lBehind; ++i) {
+    for (TextView sType : {u"sub", u"function", u"property"}) {
+      if (HoldsEnd(oProc.Folded(i), sType)) return true;
+    }
+  }
+  return false;
+}
+
+ProcPlaces FindPlaces(const ProcText& oProc, std::int32_t lBodyLine, TextView sBaseType) {
+  ProcPlaces oPlaces;
+  if (lBodyLine < 1 || static_cast<std::size_t>(lBodyLine) > oProc.Count()) {
+    oPlaces.sRefusal = u"    Procedure Head Not Found";
+    return oPlaces;
+  }
+  if (HeadHoldsEnd(oProc, lBodyLine)) {
+    oPlaces.sRefusal = u"    Procedure Head and End share a Line";
+    return oPlaces;
+  }
+  oPlaces.lFirstBody = BehindHead(oProc, lBodyLine);
+  const Text sType = LowerType(sBaseType);
+  const Text sEnd = u"end " + sType;
+  bool bFound = false;
+  for (std::size_t i = oPlaces.lFirstBody; i < oProc.Count() && !bFound; ++i) {
+    if (oProc.IsContinued(i)) continue;
+    oPlaces.lEnd = i;
+    bFound = oProc.Folded(i) == sEnd;
+    // An end in another form closes the procedure all the same: what follows is other code.
+    if (!bFound && HoldsEnd(oProc.Folded(i), sType)) break;
+  }
+  if (!bFound) {
+    oPlaces.sRefusal = u"    Procedure End Not Found";
+  } else if (!IsBalanced(oProc, static_cast<std::size_t>(lBodyLine) - 1, oPlaces.lEnd)) {
+    oPlaces.sRefusal = u"    Conditional Compilation in Procedure is not balanced";
+  }
+  return oPlaces;
+}
+
+TextView BaseType(TextView sProcType) {
+  constexpr TextView sProperty = u"Property";
+  return sProcType.starts_with(sProperty) ? sProperty : sProcType;
+}
+
+TextView PropertyKind(TextView sProcType) {
+  constexpr TextView sProperty = u"Property ";
+  return sProcType.starts_with(sProperty) ? sProcType.substr(sProperty.size()) : TextView();
+}
+
+std::size_t BehindOptions(const ProcText& oProc) {
+  const auto Code = [&](std::size_t l) {
+    const TextView sFolded = oProc.Folded(l);
+    return Trim(MXStringVB::TrimVBComments(sFolded));
+  };
+  std::size_t i = 0;
+  // A line that continues the one ahead of it belongs to that one, whatever it looks like.
+  while (i < oProc.Count() && (oProc.IsContinued(i) || Code(i).empty())) ++i;
+  while (i < oProc.Count() &&
+         (oProc.IsContinued(i) || Code(i).starts_with(u"option ") || Code(i).starts_with(u"def"))) {
+    ++i;
+  }
+  return i;
+}

@@ -1,0 +1,94 @@
+#include "Sections.h"
+
+#include <algorithm>
+
+#include "MXString.h"
+#include "ProcText.h"
+
+namespace {
+
+/// Clamps a stretch of rows to the table; false when nothing is left.
+bool Clamp(const std::vector<LineRow>& oRows, std::int32_t& lFirst, std::int32_t& lLast) {
+  lFirst = std::max(lFirst, 1);
+  lLast = std::min(lLast, static_cast<std::int32_t>(oRows.size()) - 1);
+  return lFirst <= lLast;
+}
+
+/// The value of the token at the start of sText; false when it isn't one of the seven.
+bool TokenValue(TextView sText, const SectionValues& oValues, TextView& sValue,
+                std::size_t& lLength) {
+  const struct {
+    TextView sToken;
+    TextView sValue;
+  } oTokens[] = {
+      {u"<%Signature>", oValues.sTemplate}, {u"<%ModuleName>", oValues.sModuleName},
+      {u"<%ProcName>", oValues.sShownName}, {u"<%ProcType>", oValues.sBaseType},
+      {u"<%Boundary>", oValues.sBoundary},  {u"<%Severity>", oValues.sSeverity},
+      {u"<%Retry>", oValues.sRetry},
+  };
+  for (const auto& oToken : oTokens) {
+    if (!sText.starts_with(oToken.sToken)) continue;
+    sValue = oToken.sValue;
+    lLength = oToken.sToken.size();
+    return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+Text ShownName(TextView sProcName, TextView sPropertyKind) {
+  Text sShown(sProcName);
+  if (!sPropertyKind.empty()) sShown.append(u" [").append(sPropertyKind).append(u"]");
+  return sShown;
+}
+
+bool IsWritten(const LineRow& oRow, const SectionValues& oValues) {
+  if (!oRow.bScript) return false;
+  const TextView sCondition = oRow.sIfCondition;
+  if (sCondition.empty()) return true;
+  if (sCondition == u"boundary") return !oValues.sBoundary.empty();
+  if (sCondition == u"severity") return !oValues.sSeverity.empty();
+  if (sCondition == u"retry") return !oValues.sRetry.empty();
+  if (sCondition == u"trace") return oValues.bTrace;
+  return false;
+}
+
+void RenderRow(const LineRow& oRow, const SectionValues& oValues, Text& sText) {
+  TextView sRest = oRow.sLine;
+  for (;;) {
+    const std::size_t lMark = sRest.find(u"<%");
+    sText.append(sRest.substr(0, lMark));
+    if (lMark == TextView::npos) return;
+    sRest.remove_prefix(lMark);
+    TextView sValue = sRest.substr(0, 2);  // an unknown token stays as it is written
+    std::size_t lLength = 2;
+    TokenValue(sRest, oValues, sValue, lLength);
+    sText.append(sValue);
+    sRest.remove_prefix(lLength);
+  }
+}
+
+Text GetLines(const std::vector<LineRow>& oRows, std::int32_t lFirst, std::int32_t lLast,
+              const SectionValues& oValues) {
+  Text sText;
+  if (!Clamp(oRows, lFirst, lLast)) return sText;
+  for (std::int32_t l = lFirst; l <= lLast; ++l) {
+    const LineRow& oRow = oRows[static_cast<std::size_t>(l)];
+    if (!IsWritten(oRow, oValues)) continue;
+    RenderRow(oRow, oValues, sText);
+    sText.append(CrLf);
+  }
+  return sText;
+}
+
+bool IsBlankRow(const LineRow& oRow) {
+  return oRow.bScript && IsBlank(oRow.sLine);
+}
+
+bool FitsItself(const LineRow& oRow, const SectionValues& oValues) {
+  Text sText, sFolded;
+  RenderRow(oRow, oValues, sText);
+  MXString::FoldLine(sText, sFolded);
+  return sFolded.empty() || oRow.sLike.Matches(sFolded);
+}

@@ -1,0 +1,35 @@
+// The sections of a template as text: which rows are written under given settings, and how a row
+// reads with its tokens filled in.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "TemplateRows.h"
+#include "Text.h"
+
+/// What a template's rows are filled with. All views outlive the call.
+struct SectionValues {
+  TextView sTemplate;    ///< <%Signature>
+  TextView sModuleName;  ///< <%ModuleName>
+  Text sShownName;       ///< <%ProcName>: the name, for a property with its kind: Total [Get]
+  TextView sBaseType;    ///< <%ProcType>
+  TextView sBoundary, sSeverity, sRetry;  ///< empty: the lines with that condition are left out
+  bool bTrace = false;
+};
+
+/// The shown name of a procedure: `Total [Get]` for a property, else the name.
+Text ShownName(TextView sProcName, TextView sPropertyKind);
+
+/// True when the row's condition lets it be written.
+bool IsWritten(const LineRow& oRow, const SectionValues& oValues);
+/// Appends the row's text with its tokens filled in, exact case.
+void RenderRow(const LineRow& oRow, const SectionValues& oValues, Text& sText);
+/// The written lines of rows lFirst to lLast, both included, each followed by CR LF.
+/// Rows outside the table write nothing.
+Text GetLines(const std::vector<LineRow>& oRows, std::int32_t lFirst, std::int32_t lLast,
+              const SectionValues& oValues);
+/// True for a script row whose text is nothing but blanks.
+bool IsBlankRow(const LineRow& oRow);
+/// True when the row's own text, written with these values, fits its pattern.
+bool FitsItself(const LineRow& oRow, const SectionValues& oValues);

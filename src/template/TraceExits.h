@@ -1,0 +1,24 @@
+// Trace exits: one statement of the template in front of each Exit statement of a traced body, on
+// the same line, so that it runs under the same condition as the Exit.
+#pragma once
+
+#include "LikePattern.h"
+#include "Sections.h"
+#include "TemplateRows.h"
+#include "Text.h"
+
+namespace TraceExits {
+
+/// The statement for one procedure, trimmed; empty when the template has none.
+Text GetTraceExit(const LineRow& oRow, const SectionValues& oValues);
+
+/// The line with sTraceExit in front of its first `Exit <sBaseType>` in code. sBaseType has its
+/// case; a mark in a literal or comment doesn't count. sTraceExit is trimmed and not empty.
+Text Insert(TextView sLine, TextView sBaseType, TextView sTraceExit);
+
+/// The line without its trace exits. First the exact statement of this procedure in front of its
+/// Exit (behind Then, Else or a line number as well), then every statement that fits the pattern:
+/// the procedure may have been renamed since. A line with none comes back as it was.
+Text Remove(TextView sLine, TextView sBaseType, TextView sTraceExit, const LikePattern& oPattern);
+
+}  // namespace TraceExits
