@@ -1,6 +1,7 @@
 #include "DocumentStore.h"
 
 #include <cerrno>
+#include <filesystem>
 
 #include "AtomicFile.h"
 
@@ -12,6 +13,13 @@ namespace {
 
 }  // namespace
 
+std::string ReadSource(const std::string& sPath, IFileOps& oFiles) {
+  std::error_code oError;
+  if (std::filesystem::is_other(std::filesystem::status(sPath, oError)))
+    throw Failure(75, u"This is a device and no file: " + TextOfPath(sPath), u"host");
+  return AtomicFile::Read(sPath, oFiles);
+}
+
 SourceDocument& StoredDocument::Get() {
   if (moFailure) throw Failure(*moFailure);
   if (!mpDocument) Read();
@@ -22,7 +30,7 @@ void StoredDocument::Read() {
   try {
     moSettings.poFiles->GetStat(msPath, moStat);
     mpDocument =
-        std::make_unique<SourceDocument>(AtomicFile::Read(msPath, *moSettings.poFiles),
+        std::make_unique<SourceDocument>(ReadSource(msPath, *moSettings.poFiles),
                                          *moSettings.poAnsi, moSettings.bForcePage, moConstants);
   } catch (const Failure& oFailure) {
     moFailure = oFailure;

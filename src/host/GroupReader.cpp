@@ -4,7 +4,6 @@
 #include <cerrno>
 #include <filesystem>
 
-#include "AtomicFile.h"
 #include "CodePage.h"
 
 namespace {
@@ -36,7 +35,7 @@ void GroupReader::AddNote(const std::string& sFile, std::size_t lLine, Text sMes
 }
 
 Text GroupReader::ReadText(const std::string& sPath) {
-  std::string sBytes = AtomicFile::Read(sPath, *moSettings.poFiles);
+  std::string sBytes = ReadSource(sPath, *moSettings.poFiles);
   if (sBytes.starts_with("\xEF\xBB\xBF") && !moSettings.bForcePage) sBytes.erase(0, 3);
   const CodePage& oPage =
       moSettings.bForcePage ? *moSettings.poAnsi : CodePage::Detect(sBytes, *moSettings.poAnsi);
@@ -84,7 +83,8 @@ void GroupReader::ReadFolder(const std::string& sPath) {
 void GroupReader::ReadFile(const std::string& sPath) {
   if (HasExtension(sPath, u".vbg")) return ReadGroup(sPath);
   if (HasExtension(sPath, u".vbp")) return ReadProject(sPath);
-  AtomicFile::Read(sPath, *moSettings.poFiles);  // a path that isn't there says so
+  IFileOps::Stat oStat;
+  if (moSettings.poFiles->GetStat(sPath, oStat) != 0) ReadSource(sPath, *moSettings.poFiles);
   Reject(u"Neither a project group (.vbg) nor a project (.vbp) nor a folder that holds them",
          sPath);
 }

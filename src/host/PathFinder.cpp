@@ -98,19 +98,20 @@ std::string PathFinder::Match(const std::string& sFolder, const std::string& sNa
 }
 
 PathFinder::Found PathFinder::Walk(std::string sFolder, TextView sParts) {
-  bool bExists = true;
+  std::size_t lMissing = 0;  // parts at the end of sFolder that aren't there
   for (TextView sPart = TakePart(sParts); !sPart.empty(); sPart = TakePart(sParts)) {
     if (sPart == u".") continue;
     if (sPart == u"..") {
       sFolder = FolderOf(sFolder);
+      if (lMissing > 0) --lMissing;
       continue;
     }
     std::string sName = PathOfText(sPart);
-    std::string sMatch = bExists ? Match(sFolder, sName) : std::string();
-    bExists = !sMatch.empty();
-    sFolder = Join(sFolder, bExists ? sMatch : sName);
+    std::string sMatch = lMissing == 0 ? Match(sFolder, sName) : std::string();
+    if (sMatch.empty()) ++lMissing;
+    sFolder = Join(sFolder, sMatch.empty() ? sName : sMatch);
   }
-  return {std::move(sFolder), bExists};
+  return {std::move(sFolder), lMissing == 0};
 }
 
 PathFinder::Found PathFinder::FindMoved(const std::string& sFolder, TextView sParts) {
@@ -131,7 +132,8 @@ PathFinder::Found PathFinder::Find(const std::string& sFolder, TextView sEntry) 
   if (!bDrive && !bShare)
     return Walk(!sEntry.empty() && IsSeparator(sEntry[0]) ? "/" : sFolder, sEntry);
   TextView sParts = bDrive ? sEntry.substr(2) : sEntry;
-  if (bDrive) {
+  TextView sRest = sParts;
+  if (bDrive && !TakePart(sRest).empty()) {
     Text sDrive = u"mnt/" + Text(1, LowerCase(sEntry[0])) + u"/" + Text(sParts);
     for (TextView sTry : {TextView(sDrive), sParts})
       if (Found oFound = Walk("/", sTry); oFound.bExists) return oFound;

@@ -1,0 +1,243 @@
+#include "DiskIDE.h"
+
+#include "CodePage.h"
+#include "Failure.h"
+#include "ProjectTree.h"
+
+namespace {
+
+constexpr const char* Code = "Attribute VB_Name = \"Helpers\"\r\nSub A()\r\nEnd Sub\r\n";
+
+std::string Shown(VBComponent& oComponent) {
+  std::string sShown = std::to_string(oComponent.Type()) + ' ' + ToUtf8(oComponent.Name()) + " [" +
+                       ToUtf8(oComponent.DesignerID()) + ']';
+  for (std::int32_t i = 1; i <= oComponent.FileCount(); ++i)
+    sShown += ' ' + std::filesystem::path(PathOfText(oComponent.FileNames(i))).filename().string();
+  try {
+    VBControls* poControls = oComponent.DesignerControls();
+    for (std::int32_t i = 1; poControls && i <= poControls->Count(); ++i)
+      sShown += " +" + ToUtf8(poControls->ItemName(i));
+    if (!oComponent.CodeModule()) sShown += " no code";
+  } catch (const Failure& oFailure) {
+    sShown += " failure " + std::to_string(oFailure.Number());
+  }
+  return sShown;
+}
+
+// What a call fails with, or 0; the text has to name the file.
+template <class Call>
+std::int32_t NumberOf(const char* sFile, Call&& oCall) {
+  try {
+    oCall();
+    return 0;
+  } catch (const Failure& oFailure) {
+    EXPECT_NE(ToUtf8(oFailure.Description()).find(sFile), std::string::npos) << oFailure.what();
+    return oFailure.Number();
+  }
+}
+
+std::string Designer(const std::string& sRoot, const std::string& sInside = {}) {
+  return "VERSION 5.00\r\nBegin " + sRoot + " \r\n" + sInside +
+         "End\r\nAttribute VB_Name = \"N\"\r\n";
+}
+
+TEST(DiskIDE, ShowsComponentsOfEveryKind) {
+  struct Row {
+    const char* sName;
+    std::string sEntry, sFile, sBytes;
+    const char* sExpected;
+  };
+  const Row Rows[] = {
+      {"module: the file's name wins", "Module=Old; m.bas", "m.bas", Code, "1 Helpers [] m.bas"},
+      {"module without a name", "Module=Old; m.bas", "m.bas", "Sub A()\r\nEnd Sub\r\n",
+       "1 Old [] m.bas"},
+      {"form with controls and an array", "Form=f.frm", "F.FRM",
+       Designer("VB.Form Root",
+                "  Caption = \"x\"\r\n  Begin VB.Menu m \r\n    Begin VB.Menu n \r\n"
+                "    End\r\n  End\r\n  Begin VB.Label n \r\n  End\r\n"),
+       "5 N [VB.Form] F.FRM +m +n +n"},
+      {"MDI child", "Form=f.frm", "f.frm", Designer("VB.Form F", "  MDIChild = -1  'True\r\n"),
+       "15 N [VB.Form] f.frm"},
+      {"no MDI child", "Form=f.frm", "f.frm", Designer("VB.Form F", "  MDIChild = 0   'False\r\n"),
+       "5 N [VB.Form] f.frm"},
+      {"MDI form", "Form=f.frm", "f.frm", Designer("VB.MDIForm F"), "6 N [VB.MDIForm] f.frm"},
+      {"user control", "UserControl=u.ctl", "u.ctl", Designer("VB.UserControl U"), "8 N [] u.ctl"},
+      {"property page", "PropertyPage=p.pag", "p.pag", Designer("VB.PropertyPage P"),
+       "7 N [] p.pag"},
+      {"user document", "UserDocument=d.dob", "d.dob", Designer("VB.UserDocument D"),
+       "9 N [] d.dob"},
+      {"data environment", "Designer=d.Dsr", "d.dsr",
+       Designer("{C0E45035-5775-11D0-B388-00A0C9055D8E} D"), "11 N [DataEnvironment] d.dsr"},
+      {"designer of another maker", "Designer=d.dsr", "d.dsr",
+       Designer("{00000000-5775-11D0-B388-00A0C9055D8E} D"), "11 N [] d.dsr"},
+      {"MS Forms form", "Designer=d.dsr", "d.dsr",
+       Designer("{c62a69f0-16dc-11ce-9e98-00aa00574a4f} D"), "3 N [UserForm] d.dsr"},
+      {"form in a designer file", "Designer=d.dsr", "d.dsr", Designer("VB.Form D"),
+       "5 N [VB.Form] d.dsr"},
+      {"no form at all", "Form=f.frm", "f.frm", "ORDER SHEET\n", "5 f [VB.Form] f.frm failure 321"},
+      {"missing form", "Form=sub\\f.frm", "x", "", "5 f [VB.Form] f.frm failure 76"},
+      {"missing class", "Class=Gone; f.cls", "x", "", "2 Gone [] f.cls failure 53"},
+      {"folder in the place of a file", "Class=Gone; sub", "sub/x", "", "2 Gone [] sub failure 75"},
+      {"related document", "RelatedDoc=Read.Me.txt", "x", "",
+       "10 Read.Me.txt [] Read.Me.txt no code"},
+      {"resource file", "ResFile32=\"r.res\"", "x", "", "4 r.res [] r.res no code"},
+  };
+  for (const Row& oRow : Rows) {
+    SCOPED_TRACE(oRow.sName);
+    ProjectTree oTree;
+    oTree.Write(oRow.sFile, oRow.sBytes);
+    auto pIDE = DiskIDE::Open(oTree.Write("P.vbp", "Type=Exe\r\n" + oRow.sEntry + "\r\n"), {});
+    EXPECT_EQ(Shown(pIDE->Root().VBProjects().Item(1).VBComponents().Item(1)), oRow.sExpected);
+  }
+}
+
+TEST(DiskIDE, FindsBinaryCompanionsInAnyCase) {
+  ProjectTree oTree;
+  oTree.Write("Sub/Main.frm", Designer("VB.Form Main"));
+  oTree.Write("Sub/MAIN.FRX", "\1");
+  auto pIDE = DiskIDE::Open(oTree.Write("P.vbp", "Type=Exe\r\nForm=sub\\main.frm\r\n"), {});
+  VBComponent& oForm = pIDE->Root().VBProjects().Item(1).VBComponents().Item(1);
+  EXPECT_EQ(Shown(oForm), "5 N [VB.Form] Main.frm MAIN.FRX");
+  EXPECT_EQ(NumberOf("", [&] { oForm.FileNames(3); }), 9);
+}
+
+TEST(DiskIDE, InstancingComesFromTheClassAttributes) {
+  struct Row {
+    const char *sType, *sExposed, *sCreatable, *sGlobal, *sMultiUse;
+    std::int32_t lExpected;
+  };
+  const Row Rows[] = {
+      {"OleDll", "False", "True", "True", "-1  'True", 1},
+      {"OleDll", "True", "False", "False", "-1", 2},
+      {"OleExe", "True", "True", "False", "0  'False", 3},
+      {"OleExe", "True", "True", "True", "0", 4},
+      {"OleDll", "True", "True", "False", "-1  'True", 5},
+      {"Control", "True", "True", "True", "-1", 6},
+      {"Exe", "True", "True", "False", "-1  'True", 1},
+  };
+  for (const Row& oRow : Rows) {
+    SCOPED_TRACE(oRow.lExpected);
+    ProjectTree oTree;
+    oTree.Write("c.cls",
+                std::string("VERSION 1.0 CLASS\r\nBEGIN\r\n  MultiUse = ") + oRow.sMultiUse +
+                    "\r\nEND\r\nAttribute VB_Name = \"C\"\r\nAttribute VB_GlobalNameSpace = " +
+                    oRow.sGlobal + "\r\nAttribute VB_Creatable = " + oRow.sCreatable +
+                    "\r\nAttribute VB_Exposed = " + oRow.sExposed + "\r\n");
+    auto pIDE = DiskIDE::Open(
+        oTree.Write("P.vbp", std::string("Type=") + oRow.sType + "\r\nClass=C; c.cls\r\n"), {});
+    VBComponent& oClass = pIDE->Root().VBProjects().Item(1).VBComponents().Item(1);
+    EXPECT_EQ(oClass.Property(u"Instancing"), oRow.lExpected);
+    EXPECT_EQ(NumberOf("", [&] { oClass.Property(u"Caption"); }), 380);
+  }
+}
+
+// Projects by name with their count of components, then the notes as file:line.
+std::string Group(const DiskIDE& oIDE, VBE& oRoot) {
+  std::string sShown;
+  for (std::int32_t i = 1; i <= oRoot.VBProjects().Count(); ++i) {
+    VBProject& oProject = oRoot.VBProjects().Item(i);
+    sShown += ToUtf8(oProject.Name()) + ':' + std::to_string(oProject.VBComponents().Count()) + ' ';
+  }
+  for (const auto& oNote : oIDE.Notes())
+    sShown += std::filesystem::path(PathOfText(oNote.sFile)).filename().string() + '!' +
+              std::to_string(oNote.lLine) + ' ';
+  return sShown;
+}
+
+class OpenTest : public testing::Test {
+ protected:
+  OpenTest() {
+    moTree.Write("A/a.vbp", "Type=Exe\nName=\"A\"\nModule=M; m.bas\nForm=m.frm\nForm=.\\M.FRM\n");
+    moTree.Write("A/m.frm", Designer("VB.Form M"));
+    moTree.Write("B/b.vbp", "Type=OleDll\nName=\"B\"\n");
+    moTree.Write("B/B2.vbp", "Type=OleDll\nName=\"B2\"\n");
+    moTree.Write("G/g.vbg", "VBGROUP 5.0\nProject=..\\b\\B.VBP\nStartupProject=..\\A\\a.vbp\n");
+    moTree.Write("G/odd.vbg",
+                 "Project=odd.vbg\nProject=g.vbg\nProject=gone.vbp\nProject=..\\A\\a.vbp\n"
+                 "Project=..\\A\\A.vbp\nProject=junk.vbp\nProject=\n");
+    moTree.Write("G/junk.vbp", "junk");
+    moTree.Write("G/x.txt", "Type=Exe\n");
+    moTree.Write("S/self.vbg", "VBGROUP 5.0\nProject=self.vbg\n");
+    std::filesystem::create_directories(moTree.Path("E"));
+    std::filesystem::create_directory_symlink("A", moTree.Path("Link"));
+  }
+  ProjectTree moTree;
+};
+
+TEST_F(OpenTest, TakesGroupsProjectsAndFolders) {
+  struct Row {
+    std::vector<std::string> asPath;
+    const char* sExpected;
+  };
+  const Row Rows[] = {
+      {{"G/g.vbg"}, "B:0 A:2 a.vbp!5 "},
+      {{"A/a.vbp"}, "A:2 a.vbp!5 "},
+      {{"B"}, "B:0 B2:0 "},
+      {{"B/"}, "B:0 B2:0 "},
+      {{"B", "G/g.vbg", "Link/a.vbp", "A"}, "B:0 B2:0 A:2 g.vbg!2 a.vbp!5 "},
+      {{"G/odd.vbg"}, "A:2 odd.vbg!7 odd.vbg!1 odd.vbg!2 odd.vbg!3 odd.vbg!5 odd.vbg!6 a.vbp!5 "},
+      {{"G"},
+       "B:0 A:2 odd.vbg!7 odd.vbg!1 odd.vbg!2 odd.vbg!3 odd.vbg!4 odd.vbg!5 odd.vbg!6 a.vbp!5 "},
+  };
+  for (const Row& oRow : Rows) {
+    SCOPED_TRACE(oRow.sExpected);
+    std::vector<std::string> asPath;
+    for (const auto& sPath : oRow.asPath) asPath.push_back(moTree.Path(sPath));
+    auto pIDE = DiskIDE::Open(asPath, {});
+    EXPECT_EQ(Group(*pIDE, pIDE->Root()), oRow.sExpected);
+  }
+}
+
+TEST_F(OpenTest, RefusesWhatHoldsNoProject) {
+  struct Row {
+    const char* sPath;
+    std::int32_t lNumber;
+  };
+  const Row Rows[] = {{"G/gone.vbp", 53},  {"Gone/g.vbg", 76}, {"G/x.txt", 321},   {"E", 321},
+                      {"G/junk.vbp", 321}, {"E/gone", 53},     {"S/self.vbg", 321}};
+  for (const Row& oRow : Rows)
+    EXPECT_EQ(NumberOf(oRow.sPath, [&] { DiskIDE::Open(moTree.Path(oRow.sPath), {}); }),
+              oRow.lNumber)
+        << oRow.sPath;
+}
+
+TEST(DiskIDE, OneFileInTwoProjectsIsOneDocument) {
+  ProjectTree oTree;
+  oTree.Write("Common/Helpers.bas", Code);
+  std::filesystem::create_symlink("Common/Helpers.bas", oTree.Path("linked.bas"));
+  oTree.Write("a.vbp", "Type=Exe\nModule=H; common\\HELPERS.bas\n");
+  oTree.Write("b.vbp", "Type=Exe\nModule=H; linked.bas\n");
+  auto pIDE = DiskIDE::Open(oTree.Root(), {});
+  VBProjects& oProjects = pIDE->Root().VBProjects();
+  CodeModule& oFirst = *oProjects.Item(1).VBComponents().Item(1).CodeModule();
+  CodeModule& oSecond = *oProjects.Item(2).VBComponents().Item(1).CodeModule();
+  Member& oMember = oSecond.Members().Item(1);
+  EXPECT_TRUE(pIDE->Changes().empty());
+  EXPECT_TRUE(pIDE->Save().asSaved.empty());
+  oFirst.InsertLines(1, u"' one");
+  EXPECT_EQ(oSecond.Lines(1, 2), u"' one\r\nSub A()");
+  EXPECT_EQ(oMember.CodeLocation(), 2);
+  oSecond.DeleteLines(1, 1);
+  EXPECT_TRUE(pIDE->Changes().empty());
+  oSecond.InsertLines(2, u"' two");
+  std::string sPath = oTree.Path("Common/Helpers.bas");
+  EXPECT_EQ(pIDE->ChangedPaths(), std::vector{sPath});
+  EXPECT_EQ(pIDE->ChangeOf(sPath).sOldBytes, Code);
+  EXPECT_EQ(pIDE->Save().asSaved, std::vector{sPath});
+  EXPECT_EQ(oTree.Read("linked.bas"),
+            "Attribute VB_Name = \"Helpers\"\r\nSub A()\r\n' two\r\nEnd Sub\r\n");
+  EXPECT_TRUE(pIDE->Changes().empty());
+}
+
+TEST(DiskIDE, ReadsNamesInTheCodePageOfTheProject) {
+  ProjectTree oTree;
+  oTree.Write("\xE8\xA1\xA8.bas", Code);
+  oTree.Write("P.vbp", "Type=Exe\nModule=H; \x95\x5C.bas\n");  // the second byte is a backslash
+  DiskIDE::Options oOptions;
+  oOptions.sCodePage = "932";
+  auto pIDE = DiskIDE::Open(oTree.Path("P.vbp"), oOptions);
+  EXPECT_EQ(Shown(pIDE->Root().VBProjects().Item(1).VBComponents().Item(1)),
+            "1 Helpers [] \xE8\xA1\xA8.bas");
+}
+
+}  // namespace

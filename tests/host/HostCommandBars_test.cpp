@@ -1,0 +1,50 @@
+#include "HostCommandBars.h"
+
+#include <gtest/gtest.h>
+
+#include "Failure.h"
+
+namespace {
+
+template <class Call>
+std::int32_t NumberOf(Call&& oCall) {
+  try {
+    oCall();
+    return 0;
+  } catch (const Failure& oFailure) {
+    return oFailure.Number();
+  }
+}
+
+TEST(HostCommandBars, ServeAnAddIn) {
+  HostCommandBars oBars;
+  CommandBarControls& oMenu = oBars.Item(u"add-ins").Controls();
+  CommandBarControl& oEntry = oMenu.Add(1);
+  int nClicks = 0;
+  Connection oLink =
+      oBars.CommandBarEvents(oEntry).Click.Connect([&](CommandBarControl& oControl, bool&, bool&) {
+        ++nClicks;
+        oControl.Delete();  // an add-in may be disconnected from its own menu
+      });
+  oBars.Click(oEntry);
+  EXPECT_EQ(nClicks, 1);
+  EXPECT_EQ(oMenu.Count(), 0);
+  CommandBar& oBar = oBars.Add(u"Tools", 1);
+  CommandBarControl& oButton = oBar.Controls().Add(1);
+  oButton.PasteFace();
+  Picture oClip{"picture"};
+  oBars.SetClipboard([&] { return oClip; });
+  oButton.PasteFace();
+  EXPECT_EQ(oBars.Item(2).Controls().Item(1).Face().sBytes, "picture");
+  oClip = {};
+  EXPECT_EQ(NumberOf([&] { oButton.PasteFace(); }), 5);
+  EXPECT_EQ(NumberOf([&] { oBars.Add(u"tools", 1); }), 5);
+  EXPECT_EQ(NumberOf([&] { oMenu.Add(10); }), 5);
+  EXPECT_EQ(NumberOf([&] { oMenu.Item(1); }), 9);
+  EXPECT_EQ(NumberOf([&] { oEntry.Delete(); }), 5);
+  EXPECT_EQ(NumberOf([&] { oBars.Item(u"Add-Ins").Delete(); }), 5);
+  oBar.Delete();
+  EXPECT_EQ(NumberOf([&] { oBars.Item(u"Tools"); }), 5);
+}
+
+}  // namespace
