@@ -17,7 +17,10 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
+#include <deque>
+#include <functional>
+#include <set>
+#include <unordered_set>
 #include <vector>
 
 #include "CProcSettings.h"
@@ -26,6 +29,8 @@
 #include "Signal.h"
 #include "Text.h"
 #include "VBE.h"
+
+class GuardScope;
 
 class CIDEHandler {
  public:
@@ -122,13 +127,82 @@ class CIDEHandler {
   Signal<Handle, TextView> ProcedureRefused;
 
  private:
-  struct Scope;
+  struct Loading;
+  struct Run;
+  struct Draft;
+  struct Scope {
+    Handle hProcedure, hComponent, hProject;
+    bool bGroup;
+  };
+  using Visitor = std::function<void(Handle)>;
+
+  // Access by handle; Failure 9 outside the model.
+  ProjectRecord& ProjectAt(Handle hProject);
+  ComponentRecord& ComponentAt(Handle hComponent);
+  ProcedureRecord& ProcedureAt(Handle hProcedure);
+  /// Failure 91 when it isn't set.
+  CTemplate& Template() const;
+  /// The code module of a component, asked afresh; Failure 91 when there is none.
+  CodeModule& ModuleOf(GuardScope& oScope, Handle hComponent);
+  Text ReadProcCode(GuardScope& oScope, const ProcedureRecord& oRecord, std::int32_t& lBodyStart);
+  Text NameOf(GuardScope& oScope, const ProcedureRecord& oRecord) const;
+  static bool IsDirty(const ProcedureRecord& oRecord);
+
+  // Registry.
+  void ProjectAdd(VBProject& oProject);
+  void ComponentAdd(VBComponent& oComponent);
+  void FillComponent(GuardScope& oScope, ComponentRecord& oRecord);
+  void RowOfComponent(GuardScope& oScope, Handle hComponent);
+  void RowOfProcedure(GuardScope& oScope, Handle hProcedure);
+  void RaiseProgressStart();
+  void RaiseProgressEnd();
+  void RaiseProgress(const VBComponent& oComponent, const Member& oMember);
+
+  // Analysis.
+  bool TakesProgress(const ComponentRecord& oRecord);
+  void AnalyseComponent(GuardScope& oScope, Handle hComponent);
+  void AddEventSource(Handle hComponent, TextView sName);
+  void AddControlSources(GuardScope& oScope, Handle hComponent);
+  void AddForeignInterfaces(Loading& oLoading);
+  void AddVariableSources(Loading& oLoading);
+  void LoadMembers(Loading& oLoading);
+  void LoadDeclarations(Loading& oLoading);
+  void LoadMethod(Loading& oLoading, Member& oMember);
+  void LoadProperty(Loading& oLoading, Member& oMember, std::int32_t nKind);
+  void ReadProcedure(GuardScope& oScope, ProcedureRecord& oRecord, TextView sType);
+  void ReadSettings(const ProcedureRecord& oRecord, TextView sCode, CProcSettings& oFresh) const;
+  void AddProcedure(Loading& oLoading, ProcedureRecord& oRecord);
+  Text EventHandlerType(Loading& oLoading, TextView sName);
+  TextView TypeName(TextView sType);
+
+  // Suggestions; they take the record, which may not be in the model yet.
+  void SuggestMethodSettings(Handle hComponent, ProcedureRecord& oRecord);
+  void SuggestPropertySettings(Handle hComponent, ProcedureRecord& oRecord);
+  void SuggestDeclarationsSettings(Handle hComponent, ProcedureRecord& oRecord);
+
+  // Applying.
+  void WalkScope(const Scope& oWanted, bool bLoad, const Visitor& oVisit);
+  void WalkComponent(Handle hComponent, const Visitor& oVisit);
+  void ApplyPendingTo(Handle hProcedure, Run& oRun);
+  void RewriteProcedure(GuardScope& oScope, Handle hProcedure, Run& oRun);
+  void TakeAnew(ProcedureRecord& oRecord, TextView sCode) const;
+  void TakeDeclarationsAnew(GuardScope& oScope, const ProcedureRecord& oRecord, Run& oRun);
+  bool RemoveOld(const ProcedureRecord& oRecord, Draft& oDraft);
+  bool PutNew(const ProcedureRecord& oRecord, const Run& oRun, Draft& oDraft);
+  bool PutSignature(const ProcedureRecord& oRecord, Draft& oDraft);
+  Text WhatIsNotProved(const ProcedureRecord& oRecord, const Run& oRun, const Draft& oDraft);
+  void TakeOver(ProcedureRecord& oRecord, const Run& oRun, const Draft& oDraft);
+  void ReplaceProcedure(Handle hProcedure, const Draft& oDraft);
 
   std::vector<ProjectRecord> moProjects;
   std::vector<ComponentRecord> moComponents;
-  std::vector<ProcedureRecord> moProcedures;
-  std::vector<EventSourceRecord> moEventSources;
+  /// A deque: rows hand out the settings, and a record must not move when others are loaded.
+  std::deque<ProcedureRecord> moProcedures;
+  std::deque<EventSourceRecord> moEventSources;
   std::vector<Text> moForeignInterfaces;
+  /// Names of all components in lower case: what an Implements is looked up in.
+  std::unordered_set<Text> moComponentNames;
+  std::set<Text, std::less<>> moTypeNames;
   VBE* VBInst = nullptr;
   std::int32_t mlProgressTotal = 0;
   std::int32_t mlProgressCount = 0;

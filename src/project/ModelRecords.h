@@ -48,10 +48,11 @@ struct ProcedureRecord {
   std::int32_t hComponent = 0;
   Member* oMember = nullptr;  ///< null for a declarations record
   std::int32_t nKind = 0;
-  Text sProcType;  ///< shown type: the event's name for an event handler
-  Text sDeclType;  ///< the type by declaration
+  // Both point into the model's store of type names: few texts, many records.
+  TextView sProcType{};  ///< shown type: the event's name for an event handler
+  TextView sDeclType{};  ///< the type by declaration
   bool bEventHandler = false;
-  CProcSettings oPending, oCurrent, oSuggest;
+  CProcSettings oPending{}, oCurrent{}, oSuggest{};
 };
 
 struct ComponentRow {
@@ -68,7 +69,7 @@ struct ProcedureRow {
   std::int32_t hProcedure = 0;
   bool bDirty = false;
   Text sPROCEDURE;
-  Text sProcType;
+  TextView sProcType;
   std::int32_t nScope = 0;
   const CProcSettings* oProcSettings = nullptr;
 };

@@ -1,0 +1,254 @@
+// How projects and components enter the model, and the walks over it: in order, loading the
+// group, the three walks, forced loading, progress.
+#include <cmath>
+
+#include "CIDEHandler.h"
+#include "CodePage.h"
+#include "HandlerGuard.h"
+#include "IFileOps.h"
+#include "LoadFailure.h"
+#include "MQuillon.h"
+#include "MRules.h"
+#include "MXFile.h"
+#include "ReadOnlyRule.h"
+
+using namespace HandlerGuard;
+
+namespace {
+
+constexpr std::int64_t NanosecondsPerSecond = 1'000'000'000;
+
+std::int32_t FolderOfType(std::int32_t nType) {
+  const auto& aiFolder = MQuillon::aiFolderOfType;
+  const auto lIndex = static_cast<std::size_t>(nType);
+  return nType > 0 && lIndex < aiFolder.size() ? aiFolder[lIndex] : 0;
+}
+
+/// The object name of a component's own events.
+Text DesignerName(TextView sDesignerID, std::int32_t nType) {
+  if (!sDesignerID.empty()) return Text(sDesignerID.substr(sDesignerID.rfind(u'.') + 1));
+  if (nType == ComponentPropPage) return u"PropertyPage";
+  if (nType == ComponentUserControl) return u"UserControl";
+  if (nType == ComponentUserDocument) return u"UserDocument";
+  return {};
+}
+
+Text FirstFile(GuardScope& oScope, const VBComponent& oComponent) {
+  const auto nFiles = Need(oScope, [&] { return oComponent.FileCount(); });
+  return nFiles > 0 ? Need(oScope, [&] { return oComponent.FileNames(1); }) : Text();
+}
+
+/// Date of a file, 0 without a name. A file that can't be asked is reported, but the walk that
+/// lists it goes on: one vanished file must not empty the list.
+std::int64_t FileModified(TextView sFile) {
+  if (sFile.empty()) return 0;
+  try {
+    return Result(u"FileModified", [&](GuardScope&) {
+      IFileOps::Stat oStat;
+      if (SystemFileOps().GetStat(PathOfText(sFile), oStat) != 0) {
+        throw Failure(53, u"File not found: " + Text(sFile));
+      }
+      return oStat.lModified / NanosecondsPerSecond;
+    });
+  } catch (const Failure&) {
+    return 0;
+  }
+}
+
+/// 0 for a component whose module can't be had: its load tells why.
+std::int32_t MemberCount(VBComponent& oComponent) {
+  try {
+    CodeModule* poModule = oComponent.CodeModule();
+    return poModule ? poModule->Members().Count() : 0;
+  } catch (const Failure&) {
+    return 0;
+  }
+}
+
+}  // namespace
+
+CIDEHandler::CIDEHandler()
+    : moProjects(1), moComponents(1), moProcedures(1), moEventSources(1), moForeignInterfaces(1) {}
+
+CIDEHandler::~CIDEHandler() = default;
+
+void CIDEHandler::LoadProjects(VBE& oVBInst) {
+  Guard(Named(u"LoadProjects"), [&](GuardScope& oScope) {
+    VBInst = &oVBInst;
+    const auto lCount = Need(oScope, [&] { return oVBInst.VBProjects().Count(); });
+    for (std::int32_t i = 1; i <= lCount; ++i) {
+      ProjectAdd(*Need(oScope, [&] { return &oVBInst.VBProjects().Item(i); }));
+    }
+  });
+}
+
+void CIDEHandler::ProjectAdd(VBProject& oProject) {
+  Guard(Named(u"ProjectAdd"), [&](GuardScope& oScope) {
+    moProjects.push_back({.oProject = &oProject});
+    VBComponents& oComponents = *Need(oScope, [&] { return &oProject.VBComponents(); });
+    const auto lCount = Need(oScope, [&] { return oComponents.Count(); });
+    for (std::int32_t i = 1; i <= lCount; ++i) {
+      VBComponent& oComponent = *Need(oScope, [&] { return &oComponents.Item(i); });
+      const auto nType = Need(oScope, [&] { return oComponent.Type(); });
+      if (nType != ComponentRelatedDocument && nType != ComponentResFile) ComponentAdd(oComponent);
+    }
+  });
+}
+
+void CIDEHandler::ComponentAdd(VBComponent& oComponent) {
+  const Handle hComponent = ComponentCount() + 1;
+  ComponentRecord& oRecord = moComponents.emplace_back();
+  oRecord.hProject = ProjectRecordCount();
+  oRecord.oComponent = &oComponent;
+  ProjectRecord& oProject = moProjects.back();
+  if (oProject.lFirstComponent == -1) oProject.lFirstComponent = hComponent;
+  oProject.lLastComponent = hComponent;
+  try {
+    Guard(Named(u"ComponentAdd"), [&](GuardScope& oScope) { FillComponent(oScope, oRecord); });
+  } catch (...) {
+    // Already reported; one component that can't be asked must not close the whole group.
+    LoadFailure::KeepCurrent(oRecord.oError);
+    LoadFailure::Mark(oRecord, u"Properties of VBComponent Object");
+  }
+}
+
+void CIDEHandler::FillComponent(GuardScope& oScope, ComponentRecord& oRecord) {
+  VBComponent& oComponent = *oRecord.oComponent;
+  const auto nType = Need(oScope, [&] { return oComponent.Type(); });
+  oRecord.sName = Need(oScope, [&] { return oComponent.Name(); });
+  moComponentNames.insert(LowerCase(oRecord.sName));
+  oRecord.lFolderType = FolderOfType(nType);
+  if (!LoadFailure::FindModule(oComponent, oRecord.oError)) {
+    LoadFailure::Mark(oRecord, u"CodeModule Property of VBComponent Object");
+  } else if (nType == ComponentClass &&
+             Need(oScope, [&] { return oComponent.Parent().Type(); }) != 0) {
+    oRecord.lInstancing = Need(oScope, [&] { return oComponent.Property(u"Instancing"); });
+    oRecord.bPublicClass = oRecord.lInstancing >= 2;
+  }
+  const Text sFile = FirstFile(oScope, oComponent);
+  oRecord.bReadOnly = !sFile.empty() && MXFile::FileReadOnly(sFile);
+  oRecord.sDesignerName =
+      DesignerName(Need(oScope, [&] { return oComponent.DesignerID(); }), nType);
+}
+
+void CIDEHandler::EnumProjects() {
+  Guard(Named(u"EnumProjects"), [&](GuardScope& oScope) {
+    for (const Handle hProject : HandleRange(1, ProjectRecordCount())) {
+      const ProjectRecord oProject = moProjects[static_cast<std::size_t>(hProject)];
+      const Text sTitle = Need(oScope, [&] { return oProject.oProject->Name(); });
+      EnumProjectsProc(hProject, sTitle, Need(oScope, [&] { return oProject.oProject->Type(); }));
+      for (const Handle h : HandleRange(oProject.lFirstComponent, oProject.lLastComponent)) {
+        const ComponentRecord& oRecord = ComponentAt(h);
+        EnumComponentsProc(hProject, h, oRecord.sName,
+                           Need(oScope, [&] { return oRecord.oComponent->Type(); }));
+      }
+      EnumComponentsEOF(hProject);
+    }
+  });
+}
+
+void CIDEHandler::EnumComponentsEx(Handle hProject, std::int32_t lFolderType) {
+  Guard(Named(u"EnumComponentsEx"), [&](GuardScope& oScope) {
+    const ProjectRecord oProject = ProjectAt(hProject);
+    EnumComponentsExBOF();
+    for (const Handle h : HandleRange(oProject.lFirstComponent, oProject.lLastComponent)) {
+      if (lFolderType == 0 || ComponentAt(h).lFolderType == lFolderType) RowOfComponent(oScope, h);
+    }
+    EnumComponentsExEOF();
+  });
+}
+
+void CIDEHandler::RowOfComponent(GuardScope& oScope, Handle hComponent) {
+  const ComponentRecord& oRecord = ComponentAt(hComponent);
+  const Text sFile = FirstFile(oScope, *oRecord.oComponent);
+  EnumComponentsExProc({.hComponent = hComponent,
+                        .nComponentType = Need(oScope, [&] { return oRecord.oComponent->Type(); }),
+                        .sName = oRecord.sName,
+                        .lInstancing = oRecord.lInstancing,
+                        .bReadOnly = oRecord.bReadOnly,
+                        .dModified = FileModified(sFile),
+                        .sFileName = sFile});
+}
+
+void CIDEHandler::EnumProcedures(Handle hComponent) {
+  Guard(Named(u"EnumProcedures"), [&](GuardScope& oScope) {
+    const ComponentRecord& oRecord = ComponentAt(hComponent);
+    EnumProceduresBOF();
+    if (oRecord.bLoadError) {
+      EnumProceduresError(hComponent, oRecord.oError);
+      return;
+    }
+    for (const Handle h : HandleRange(oRecord.lFirstProcedure, oRecord.lLastProcedure)) {
+      RowOfProcedure(oScope, h);
+    }
+    EnumProceduresEOF();
+  });
+}
+
+void CIDEHandler::RowOfProcedure(GuardScope& oScope, Handle hProcedure) {
+  const ProcedureRecord& oRecord = ProcedureAt(hProcedure);
+  const auto nScope = oRecord.oMember ? Need(oScope, [&] { return oRecord.oMember->Scope(); }) : 0;
+  EnumProceduresProc({.hProcedure = hProcedure,
+                      .bDirty = IsDirty(oRecord),
+                      .sPROCEDURE = NameOf(oScope, oRecord),
+                      .sProcType = oRecord.sProcType,
+                      .nScope = nScope,
+                      .oProcSettings = &oRecord.oPending});
+}
+
+void CIDEHandler::ForceLoadProjectComponents(Handle hProject) {
+  Guard(Named(u"ForceLoadProjectComponents"), [&](GuardScope&) {
+    const ProjectRecord oProject = ProjectAt(hProject);
+    const HandleRange oRange(oProject.lFirstComponent, oProject.lLastComponent);
+    mlProgressTotal = mlProgressCount = 0;
+    if (oProject.lFirstComponent < 1) return RaiseProgressEnd();
+    for (const Handle h : oRange) {
+      const ComponentRecord& oRecord = ComponentAt(h);
+      if (oRecord.bLoaded || oRecord.bLoadError || IsPassedOver(oRecord)) continue;
+      mlProgressTotal += MemberCount(*oRecord.oComponent);
+    }
+    RaiseProgressStart();
+    for (const Handle h : oRange) {
+      if (!IsPassedOver(ComponentAt(h))) LoadComponent(h);
+    }
+    RaiseProgressEnd();
+  });
+}
+
+void CIDEHandler::ForceLoadGroupComponents() {
+  Guard(Named(u"ForceLoadGroupComponents"), [&](GuardScope&) {
+    for (const Handle h : HandleRange(1, ComponentCount())) {
+      if (!IsPassedOver(ComponentAt(h))) LoadComponent(h);
+    }
+  });
+}
+
+bool CIDEHandler::TakesProgress(const ComponentRecord& oRecord) {
+  constexpr std::int32_t MembersWorthProgress = 30;
+  if (mlProgressTotal != 0) return false;
+  mlProgressTotal = MemberCount(*oRecord.oComponent);
+  if (mlProgressTotal < MembersWorthProgress) {
+    mlProgressTotal = 0;
+  } else {
+    mlProgressCount = 0;
+    RaiseProgressStart();
+  }
+  return true;
+}
+
+void CIDEHandler::RaiseProgressStart() {
+  ProgressStart();
+}
+
+void CIDEHandler::RaiseProgressEnd() {
+  mlProgressTotal = 0;
+  ProgressEnd();
+}
+
+void CIDEHandler::RaiseProgress(const VBComponent& oComponent, const Member& oMember) {
+  if (mlProgressTotal <= 0) return;
+  ++mlProgressCount;
+  // nearbyint: halves go to the even number, as everywhere in Visual Basic.
+  const double dPercent = std::nearbyint(100.0 * mlProgressCount / mlProgressTotal);
+  Progress(static_cast<std::int16_t>(dPercent), oComponent.Name() + u"." + oMember.Name());
+}

@@ -1,0 +1,102 @@
+#include "ModuleEdit.h"
+
+#include "HandlerGuard.h"
+
+using namespace HandlerGuard;
+
+namespace ModuleEdit {
+
+namespace {
+
+constexpr std::array<TextView, MemberAttributeCount> AttributeNames = {
+    u"Description",    u"HelpContextID", u"Category",    u"PropertyPage",
+    u"StandardMethod", u"Hidden",        u"Bindable",    u"Browsable",
+    u"DefaultBind",    u"DisplayBind",   u"RequestEdit", u"UIDefault"};
+
+/// Makes lines lStart and on read sOld again, whatever the failed calls left of old and new.
+/// lBare: number of lines in the module without either.
+void GiveBack(CodeModule& oModule, std::int32_t lStart, TextView sOld, std::int32_t lBare) {
+  const std::int32_t lThere = oModule.CountOfLines() - lBare;
+  if (lThere == CountLines(sOld) && (lThere == 0 || oModule.Lines(lStart, lThere) == sOld)) return;
+  if (lThere > 0) oModule.DeleteLines(lStart, lThere);
+  if (!sOld.empty()) oModule.InsertLines(lStart, sOld);
+}
+
+Failure LostLines(TextView sOld) {
+  Failure oFailure(51, u"The old lines could not be given back; they read:\r\n" + Text(sOld));
+  return oFailure;
+}
+
+}  // namespace
+
+std::int32_t CountLines(TextView sText) {
+  if (sText.empty()) return 0;
+  std::int32_t lCount = 1;
+  for (std::size_t i = sText.find(CrLf); i != TextView::npos; i = sText.find(CrLf, i + 2)) {
+    ++lCount;
+  }
+  return lCount;
+}
+
+std::int32_t CutBlankTail(Text& sText) {
+  std::int32_t lCount = 0;
+  while (sText.ends_with(CrLf)) {
+    sText.resize(sText.size() - CrLf.size());
+    ++lCount;
+  }
+  return lCount;
+}
+
+void ReplaceLines(GuardScope& oScope, CodeModule& oModule, std::int32_t lStart, TextView sOld,
+                  TextView sNew, std::int32_t lBlankLines) {
+  const std::int32_t lOld = CountLines(sOld);
+  const std::int32_t lBare = Need(oScope, [&] { return oModule.CountOfLines(); }) - lOld;
+  try {
+    if (lOld > 0) NeedDone(oScope, [&] { oModule.DeleteLines(lStart, lOld); });
+    if (!sNew.empty()) NeedDone(oScope, [&] { oModule.InsertLines(lStart, sNew); });
+    for (std::int32_t i = 0; i < lBlankLines; ++i) {
+      NeedDone(oScope, [&] { oModule.InsertLines(lStart + CountLines(sNew), u""); });
+    }
+  } catch (...) {
+    const auto pFailure = std::current_exception();
+    try {
+      NeedDone(oScope, [&] { GiveBack(oModule, lStart, sOld, lBare); });
+    } catch (const Failure&) {
+      throw LostLines(sOld);
+    }
+    std::rethrow_exception(pFailure);
+  }
+}
+
+Attributes Save(const Member& oMember) {
+  Attributes oSaved;
+  for (std::size_t i = 0; i < oSaved.size(); ++i) {
+    try {
+      oSaved[i] = oMember.Attribute(static_cast<MemberAttribute>(i));
+    } catch (const Failure&) {
+      // Not every host has every attribute: what can't be read isn't put back.
+    }
+  }
+  return oSaved;
+}
+
+Text Restore(Member& oMember, const Attributes& oSaved) {
+  Text sFailed;
+  for (std::size_t i = 0; i < oSaved.size(); ++i) {
+    const auto eAttribute = static_cast<MemberAttribute>(i);
+    // A standard method's own number can be set only below 1: others belong to the host.
+    if (!oSaved[i] || (eAttribute == MemberAttribute::StandardMethod && oSaved[i]->lNumber >= 1)) {
+      continue;
+    }
+    try {
+      Guard(Named(u"ReplaceProcedure"), [&](GuardScope& oScope) {
+        NeedDone(oScope, [&] { oMember.SetAttribute(eAttribute, *oSaved[i]); });
+      });
+    } catch (const Failure&) {
+      sFailed.append(sFailed.empty() ? u"" : u", ").append(AttributeNames[i]);
+    }
+  }
+  return sFailed;
+}
+
+}  // namespace ModuleEdit

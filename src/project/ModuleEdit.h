@@ -1,0 +1,33 @@
+// Exchanges lines of a code module so that a failure leaves the old ones in place, and keeps the
+// attributes of the member that the exchange would lose.
+#pragma once
+
+#include <array>
+#include <optional>
+
+#include "CodeModule.h"
+#include "Guard.h"
+#include "Text.h"
+
+namespace ModuleEdit {
+
+/// Number of lines in a text joined by CR LF; 0 for the empty text.
+std::int32_t CountLines(TextView sText);
+/// Takes the blank lines at the end off a text and gives their number; of a text of nothing but
+/// line ends it takes all.
+std::int32_t CutBlankTail(Text& sText);
+
+/// Replaces sOld, which stands from line lStart on, by sNew and lBlankLines empty lines. Neither
+/// text ends in a line end; an empty one is no line. Failure: the module has its old lines; if
+/// even those can't be given back, the message holds them.
+void ReplaceLines(GuardScope& oScope, CodeModule& oModule, std::int32_t lStart, TextView sOld,
+                  TextView sNew, std::int32_t lBlankLines);
+
+/// The attributes of a member that can be read.
+using Attributes = std::array<std::optional<AttributeValue>, MemberAttributeCount>;
+Attributes Save(const Member& oMember);
+/// Sets what was saved. One that can't be set is reported and doesn't stop the others; result:
+/// the names of those, separated by commas.
+Text Restore(Member& oMember, const Attributes& oSaved);
+
+}  // namespace ModuleEdit
