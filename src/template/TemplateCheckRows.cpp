@@ -104,6 +104,7 @@ bool CheckPattern(Findings& oFindings, const LineRow& oRow) {
 
 void ReportUnfit(Findings& oFindings, const LineRow& oRow, const SectionValues& oValues,
                  std::uint32_t lWithout) {
+  if (oFindings.HasLine(oRow.lFileLine)) return;  // most likely from the same cause
   const Text sFolded = FoldedText(oRow, oValues);
   if (lWithout != 0) {
     oFindings.Add(
@@ -173,7 +174,7 @@ void CheckTraceExit(Findings& oFindings, const TemplateRow& oTemplate) {
   });
   // A model in the Global section isn't among the written rows.
   const SectionValues oValues = SampleValues(oTemplate, 0);
-  if (oRow.sLike.IsValid() && !FitsItself(oRow, oValues) && !oFindings.HasLine(oRow.lFileLine)) {
+  if (oRow.sLike.IsValid() && !FitsItself(oRow, oValues)) {
     ReportUnfit(oFindings, oRow, oValues, 0);
   }
 }

@@ -3,8 +3,8 @@
 #include <array>
 
 #include "CProcSettings.h"
+#include "Failure.h"
 #include "MQuillon.h"
-#include "MXString.h"
 #include "Proof.h"
 #include "TemplateChecks.h"
 #include "TemplateLoader.h"
@@ -37,18 +37,27 @@ Text NameOf(const Trial& oTrial) {
   return sName + (oTrial.bTrace ? u" with trace" : u"");
 }
 
-// One template's way through an engine of its own, which reports to nobody else.
+// A template's way through an engine that reports to nobody else.
 class TemplateTrial {
  public:
-  TemplateTrial(const CTemplate& oTemplate, const TemplateRow& oRow)
-      : mpEngine(TemplateLoader::SilentCopy(oTemplate)), moRow(oRow) {
-    moLink = mpEngine->ReportError.Connect([this](TextView sMessage) {
-      if (msMessage.empty()) msMessage = Trim(sMessage);
-    });
-  }
+  TemplateTrial(CTemplate& oEngine, const TemplateRow& oRow)
+      : moEngine(oEngine),
+        moRow(oRow),
+        moLink(oEngine.ReportError.Connect([this](TextView sMessage) {
+          if (msMessage.empty()) msMessage = Trim(sMessage);
+        })) {}
 
   /// What went wrong first, or empty.
   Text Run(const Trial& oTrial) {
+    try {
+      return Attempt(oTrial);
+    } catch (const Failure& oFailure) {
+      return oFailure.Description();
+    }
+  }
+
+ private:
+  Text Attempt(const Trial& oTrial) {
     const Text sBefore = SampleCode(oTrial.sProcType);
     Text sCode = sBefore;
     msMessage.clear();
@@ -59,7 +68,6 @@ class TemplateTrial {
     return Proof::FirstDifference(sBefore, sCode, false);
   }
 
- private:
   TextView Name(const Trial& oTrial) const {
     return oTrial.sProcType.empty() ? MQuillon::DeclarationsName : ProcName;
   }
@@ -68,16 +76,16 @@ class TemplateTrial {
   bool Insert(const Trial& oTrial, Text& sCode) {
     const SectionValues oValues = SampleValues(moRow, oTrial.lWithout);
     bool bErrors = false;
-    mpEngine->InsertTemplate(ModuleName, Name(oTrial), oTrial.sProcType, sCode, 1, moRow.sName,
-                             true, oValues.sBoundary, oValues.sSeverity, oValues.sRetry,
-                             oTrial.bTrace, MQuillon::NumberLeave, bErrors);
+    moEngine.InsertTemplate(ModuleName, Name(oTrial), oTrial.sProcType, sCode, 1, moRow.sName, true,
+                            oValues.sBoundary, oValues.sSeverity, oValues.sRetry, oTrial.bTrace,
+                            MQuillon::NumberLeave, bErrors);
     return !bErrors;
   }
 
   bool Remove(const Trial& oTrial, Text& sCode) {
     bool bErrors = false;
-    mpEngine->RemoveTemplate(ModuleName, Name(oTrial), oTrial.sProcType, sCode, 1, moRow.sName,
-                             bErrors);
+    moEngine.RemoveTemplate(ModuleName, Name(oTrial), oTrial.sProcType, sCode, 1, moRow.sName,
+                            bErrors);
     // A declarations section comes back with a line end behind its last line.
     if (oTrial.sProcType.empty() && sCode.ends_with(CrLf)) sCode.resize(sCode.size() - CrLf.size());
     return !bErrors;
@@ -86,7 +94,7 @@ class TemplateTrial {
   // A setting that the template writes and that isn't read back would show as not set.
   Text LostSetting(const Trial& oTrial, const Text& sCode) const {
     CProcSettings oRead;
-    mpEngine->ExtractProcSettings(sCode, oRead);
+    moEngine.ExtractProcSettings(sCode, oRead);
     if (oRead.sTemplate() != moRow.sName) return u"its name isn't read back from the code";
     const auto Lost = [&](std::uint32_t lBit, std::int32_t lRow, std::int32_t lRead) {
       return lRow > 0 && (oTrial.lWithout & lBit) == 0 && lRead == 0;
@@ -104,20 +112,20 @@ class TemplateTrial {
   }
 
   Text LostText(TextView sToken, std::int32_t lRow) const {
-    const std::int32_t lLine = mpEngine->Lines()[static_cast<std::size_t>(lRow)].lFileLine;
+    const std::int32_t lLine = moEngine.Lines()[static_cast<std::size_t>(lRow)].lFileLine;
     return Text(sToken) + u" isn't read back from the code; the first line with <%" + Text(sToken) +
            u"> is line " + ToText(lLine) + u", and it must be written whenever that is set";
   }
 
-  std::unique_ptr<CTemplate> mpEngine;
+  CTemplate& moEngine;
   const TemplateRow& moRow;
   Text msMessage;
   Connection moLink;
 };
 
-void TryTemplate(Findings& oFindings, const TemplateRow& oRow,
+void TryTemplate(Findings& oFindings, CTemplate& oEngine, const TemplateRow& oRow,
                  std::span<const TextView> asProcType) {
-  TemplateTrial oTrials(oFindings.Template(), oRow);
+  TemplateTrial oTrials(oEngine, oRow);
   for (TextView sProcType : asProcType) {
     for (std::uint32_t lWithout = 0; lWithout < 8; ++lWithout) {
       for (bool bTrace : {false, true}) {
@@ -137,9 +145,10 @@ void TryTemplate(Findings& oFindings, const TemplateRow& oRow,
 void TryTemplates(Findings& oFindings) {
   static constexpr std::array<TextView, 3> asProcedure = {u"Sub", u"Function", u"Property Get"};
   static constexpr std::array<TextView, 1> asDeclarations = {u""};
-  for (const TemplateRow& oRow : oFindings.Template().Templates()) {
-    if (oRow.eType == TemplateProcedure) TryTemplate(oFindings, oRow, asProcedure);
-    if (oRow.eType == TemplateModule) TryTemplate(oFindings, oRow, asDeclarations);
+  const auto pEngine = TemplateLoader::SilentCopy(oFindings.Template());
+  for (const TemplateRow& oRow : pEngine->Templates()) {
+    if (oRow.eType == TemplateProcedure) TryTemplate(oFindings, *pEngine, oRow, asProcedure);
+    if (oRow.eType == TemplateModule) TryTemplate(oFindings, *pEngine, oRow, asDeclarations);
   }
 }
 
