@@ -1,0 +1,37 @@
+// What the user asked for on the command line, checked as far as that is possible without opening
+// anything. Options may stand ahead of the command and behind it.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+struct Arguments {
+  std::string sCommand;              ///< list, apply, refresh, number, unnumber, check, ...
+  std::string sAction;               ///< the word behind template, text and rules
+  std::vector<std::string> asPath;   ///< groups, projects, folders; the file of template
+  std::vector<std::string> asValue;  ///< NAME=VALUE of rules set
+  std::vector<std::string> asSet;    ///< NAME=VALUE of apply --set
+
+  // The scope, Like patterns; an empty list takes all.
+  std::vector<std::string> asProject, asComponent, asProcedure, asType;
+
+  std::string sFormat;  ///< table, csv, json, text; empty: the command's own default
+  bool bSuggested = false;
+  bool bPending = false;
+  bool bDryRun = false;
+  bool bDiff = false;
+  bool bNoVerify = false;
+  bool bQuiet = false;
+  bool bVerbose = false;
+  bool bTrace = false;
+  std::string sTemplateFile;                 ///< empty: found by Session
+  std::optional<std::string> oSettingsFile;  ///< empty text: settings in memory only
+  std::string sCodePage;                     ///< empty: 1252, or UTF-8 where a file is UTF-8
+  std::string sLogFile;                      ///< empty: the state folder of the user
+  std::string sColor = "auto";
+};
+
+/// Reads the command line. A value: the program ends here with it (help, version: 0; wrong usage:
+/// 2), and the text for the user has been printed.
+std::optional<int> ReadArguments(int argc, char** argv, Arguments& oArguments);

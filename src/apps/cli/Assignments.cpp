@@ -1,0 +1,101 @@
+#include "Assignments.h"
+
+#include <algorithm>
+
+#include "MQuillon.h"
+#include "Session.h"
+
+namespace {
+
+bool Holds(const std::vector<Text>& asName, TextView sName) {
+  return std::any_of(asName.begin(), asName.end(),
+                     [&](const Text& sOther) { return EqualNoCase(sOther, sName); });
+}
+
+std::string TemplateNames(const Session& oSession) {
+  std::vector<std::string> asName = {ToUtf8(MQuillon::NoneName)};
+  for (const auto* pNames : {&oSession.ModuleTemplates(), &oSession.ProcedureTemplates()})
+    for (const Text& sName : *pNames) asName.push_back(ToUtf8(sName));
+  return Alternatives(asName);
+}
+
+}  // namespace
+
+Assignments::Assignments(const std::vector<std::string>& asSet) {
+  for (const std::string& sSet : asSet) Add(sSet);
+}
+
+void Assignments::Add(const std::string& sSet) {
+  std::size_t lEquals = sSet.find('=');
+  if (lEquals == std::string::npos) throw Stop{"--set takes NAME=VALUE, not " + sSet};
+  std::string sName = sSet.substr(0, lEquals), sValue = sSet.substr(lEquals + 1);
+  std::optional<Property> oProperty = PropertyByName(sName);
+  if (!oProperty)
+    throw Stop{"There is no property " + sName +
+               ": Template, Locked, Boundary, Severity, Retry or Trace can be set"};
+  Value oValue{sValue, ValueByName(*oProperty, sValue)};
+  if (*oProperty != Property::Template && oValue.lId == 0)
+    throw Stop{std::string(PropertyName(*oProperty)) + " can't be " + sValue + ": it is " +
+               AllowedValues(*oProperty)};
+  moValues[static_cast<std::size_t>(*oProperty)] = std::move(oValue);
+}
+
+void Assignments::CheckTemplate(const Session& oSession) {
+  const std::optional<Value>& oValue = Of(Property::Template);
+  if (!oValue) return;
+  Text sName = FromUtf8(oValue->sText);
+  bool bNone = EqualNoCase(sName, MQuillon::NoneName);
+  mbForModules = bNone || Holds(oSession.ModuleTemplates(), sName);
+  mbForProcedures = bNone || Holds(oSession.ProcedureTemplates(), sName);
+  if (!mbForModules && !mbForProcedures)
+    throw Stop{"There is no template " + oValue->sText + " in " + oSession.TemplateFile() +
+               ": Template is " + TemplateNames(oSession)};
+}
+
+void Assignments::Apply(Session& oSession, CIDEHandler::Handle hProcedure, Passed& oPassed) const {
+  CIDEHandler& oHandler = oSession.oHandler;
+  if (oHandler.Procedure(hProcedure).oCurrent.bForeign()) {
+    ++oPassed.lForeign;
+    return;
+  }
+  const std::optional<Value>& oLock = Of(Property::Locked);
+  if (oLock && oLock->lId == MQuillon::StateFalse)
+    oHandler.SetLocked(hProcedure, MQuillon::StateFalse);
+  if (oHandler.Locked(hProcedure) != MQuillon::StateFalse) {
+    ++oPassed.lLocked;
+    return;
+  }
+  if (oSession.oArguments.bSuggested) oHandler.ApplySuggestedSettings(hProcedure, 0, 0, false);
+  SetTemplate(oSession, hProcedure);
+  SetOthers(oSession, hProcedure, oPassed);
+  if (oLock) oHandler.SetLocked(hProcedure, oLock->lId);
+}
+
+bool Assignments::SetTemplate(Session& oSession, CIDEHandler::Handle hProcedure) const {
+  const std::optional<Value>& oValue = Of(Property::Template);
+  bool bWanted = oSession.IsDeclarations(hProcedure) ? mbForModules : mbForProcedures;
+  if (!oValue || !bWanted) return false;
+  Text sName = FromUtf8(oValue->sText);
+  if (EqualNoCase(sName, MQuillon::NoneName)) sName.clear();
+  oSession.oHandler.SetProcTemplate(hProcedure, sName);
+  return true;
+}
+
+// Without a template the code holds none of these four, so there is nothing to ask for.
+void Assignments::SetOthers(Session& oSession, CIDEHandler::Handle hProcedure,
+                            Passed& oPassed) const {
+  CIDEHandler& oHandler = oSession.oHandler;
+  const auto& oBoundary = Of(Property::Boundary);
+  const auto& oSeverity = Of(Property::Severity);
+  const auto& oRetry = Of(Property::Retry);
+  const auto& oTrace = Of(Property::Trace);
+  if (!oBoundary && !oSeverity && !oRetry && !oTrace) return;
+  if (oHandler.ProcTemplate(hProcedure).empty()) {
+    ++oPassed.lNoTemplate;
+    return;
+  }
+  if (oBoundary) oHandler.SetBoundaryId(hProcedure, oBoundary->lId);
+  if (oSeverity) oHandler.SetSeverityId(hProcedure, oSeverity->lId);
+  if (oRetry) oHandler.SetRetryType(hProcedure, oRetry->lId);
+  if (oTrace && !oSession.IsDeclarations(hProcedure)) oHandler.SetTrace(hProcedure, oTrace->lId);
+}

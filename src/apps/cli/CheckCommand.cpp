@@ -1,0 +1,183 @@
+// check: what apply --suggested would change and what the engine would refuse, found by doing it
+// in memory with proof, and never saving.
+#include <map>
+
+#include "Commands.h"
+#include "Display.h"
+#include "MQuillon.h"
+#include "Table.h"
+
+namespace {
+
+using Handle = Session::Handle;
+
+struct Difference {
+  Property eProperty;
+  std::string sFrom, sTo;
+};
+
+struct ProcedureFinding {
+  Handle hProcedure = 0;
+  std::int32_t lLine = 0;
+  std::vector<Difference> oChanges;
+  std::vector<std::string> asRefusal;
+};
+
+std::vector<Difference> Differences(const ProcedureRecord& oProcedure) {
+  std::vector<Difference> oChanges;
+  for (Property eProperty : AllProperties) {
+    std::string sFrom = Shown(oProcedure.oCurrent, eProperty);
+    std::string sTo = Shown(oProcedure.oPending, eProperty);
+    if (sFrom != sTo) oChanges.push_back({eProperty, sFrom, sTo});
+  }
+  return oChanges;
+}
+
+/// The procedures that would change, with their lines in the files as these are now.
+std::vector<ProcedureFinding> Changes(Session& oSession) {
+  std::vector<ProcedureFinding> oFindings;
+  for (Handle h : oSession.Procedures()) {
+    oSession.oHandler.ApplySuggestedSettings(h, 0, 0, false);
+    if (!oSession.oHandler.ProcedureIsDirty(h)) continue;
+    const ProcedureRecord& oProcedure = oSession.oHandler.Procedure(h);
+    // Foreign code is never rewritten, so that nothing would change.
+    if (oProcedure.oCurrent.bForeign()) continue;
+    oFindings.push_back({h, oSession.HeadLine(h), Differences(oProcedure), {}});
+  }
+  return oFindings;
+}
+
+void FindRefusals(Session& oSession, std::vector<ProcedureFinding>& oFindings) {
+  std::vector<std::string>* pRefusal = nullptr;
+  std::vector<std::string> asMessage;
+  auto oRefused = oSession.oHandler.ProcedureRefused.Connect(
+      [&](Handle, TextView sReason) { pRefusal->push_back(ToUtf8(Trim(sReason))); });
+  auto oReported = oSession.oTemplate.ReportError.Connect([&](TextView sMessage) {
+    if (sMessage.starts_with(u"    ")) asMessage.push_back(ToUtf8(Trim(sMessage)));
+  });
+  oSession.oTemplate.BatchStart();
+  std::size_t lDone = 0;
+  for (ProcedureFinding& oFinding : oFindings) {
+    oSession.oConsole.Progress(++lDone, oFindings.size(), u"Trying");
+    pRefusal = &oFinding.asRefusal;
+    asMessage.clear();
+    const std::int32_t lErrors = oSession.oTemplate.BatchErrors();
+    oSession.oHandler.ApplyPendingSettings(oFinding.hProcedure, 0, 0, false, false,
+                                           MQuillon::NumberAsRule);
+    if (oSession.oTemplate.BatchErrors() != lErrors && !asMessage.empty())
+      oFinding.asRefusal = asMessage;
+  }
+  oSession.oConsole.ProgressEnd();
+}
+
+std::string ChangeText(const std::vector<Difference>& oChanges) {
+  std::string sText;
+  for (const Difference& oChange : oChanges) {
+    sText += (sText.empty() ? " " : ", ") + std::string(PropertyName(oChange.eProperty)) + ' ' +
+             (oChange.sFrom.empty() ? "unset" : oChange.sFrom) + " -> " +
+             (oChange.sTo.empty() ? "unset" : oChange.sTo);
+  }
+  return sText;
+}
+
+class Reporter {
+ public:
+  explicit Reporter(Session& oSession) : moSession(oSession), moJson(oSession.oOutput.Buffer()) {}
+
+  void Report(const std::vector<ProcedureFinding>& oFindings) {
+    if (mbJson) {
+      moJson.BeginObject();
+      moJson.Key("findings").BeginArray();
+    }
+    for (Handle h : moSession.Unreadable()) Unreadable(h);
+    for (const ProcedureFinding& oFinding : oFindings) Procedure(oFinding);
+    if (!mbJson) return;
+    moJson.Break();
+    moJson.EndArray();
+    moJson.EndObject();
+    moSession.oOutput.Put("\n");
+  }
+
+ private:
+  void Procedure(const ProcedureFinding& oFinding) {
+    msFile = moSession.FileOf(moSession.oHandler.Procedure(oFinding.hProcedure).hComponent);
+    std::string sName = moSession.NameOf(oFinding.hProcedure);
+    if (!mbJson) {
+      Line(oFinding.lLine, sName + ":" + ChangeText(oFinding.oChanges));
+      for (const std::string& sReason : oFinding.asRefusal)
+        Line(oFinding.lLine, sName + ": refused: " + sReason);
+      return;
+    }
+    BeginJson("change", oFinding.hProcedure, oFinding.lLine);
+    ChangesJson(oFinding.oChanges);
+    EndJson(sName + ":" + ChangeText(oFinding.oChanges));
+    for (const std::string& sReason : oFinding.asRefusal) {
+      BeginJson("refused", oFinding.hProcedure, oFinding.lLine);
+      EndJson(sReason);
+    }
+  }
+
+  void Unreadable(Handle hComponent) {
+    const ComponentRecord& oComponent = moSession.oHandler.Component(hComponent);
+    msFile = moSession.FileOf(hComponent);
+    std::string sReason = ToUtf8(oComponent.oError.sErrorDesc);
+    if (!mbJson) return Line(0, ToUtf8(oComponent.sName) + ": can't be read: " + sReason);
+    BeginObject("unreadable", hComponent);
+    EndJson(sReason);
+  }
+
+  void Line(std::int32_t lLine, const std::string& sMessage) {
+    moSession.oOutput.Put(
+        Printable(Finding(msFile.empty() ? "(no file)" : msFile, lLine, sMessage)) + '\n');
+  }
+
+  void BeginObject(const char* sKind, Handle hComponent) {
+    const ComponentRecord& oComponent = moSession.oHandler.Component(hComponent);
+    moJson.Break();
+    moJson.BeginObject();
+    moJson.Key("kind").String(sKind);
+    moJson.Key("file").StringOrNull(msFile);
+    moJson.Key("project").String(ToUtf8(moSession.oHandler.ProjectName(oComponent.hProject)));
+    moJson.Key("component").String(ToUtf8(oComponent.sName));
+  }
+
+  void BeginJson(const char* sKind, Handle hProcedure, std::int32_t lLine) {
+    BeginObject(sKind, moSession.oHandler.Procedure(hProcedure).hComponent);
+    moJson.Key("procedure").String(ToUtf8(moSession.oHandler.ProcName(hProcedure)));
+    moJson.Key("line").Number(lLine);
+  }
+
+  void ChangesJson(const std::vector<Difference>& oChanges) {
+    moJson.Key("changes").BeginArray();
+    for (const Difference& oChange : oChanges) {
+      moJson.BeginObject();
+      moJson.Key("property").String(PropertyName(oChange.eProperty));
+      moJson.Key("from").StringOrNull(oChange.sFrom);
+      moJson.Key("to").StringOrNull(oChange.sTo);
+      moJson.EndObject();
+    }
+    moJson.EndArray();
+  }
+
+  void EndJson(const std::string& sMessage) {
+    moJson.Key("message").String(sMessage);
+    moJson.EndObject();
+    moSession.oOutput.FlushWhenLarge();
+  }
+
+  Session& moSession;
+  JsonWriter moJson;
+  const bool mbJson = moSession.oArguments.sFormat == "json";
+  std::string msFile;
+};
+
+}  // namespace
+
+int CheckCommand(Session& oSession) {
+  oSession.OpenGroup();
+  oSession.LoadScope(false);
+  std::vector<ProcedureFinding> oFindings = Changes(oSession);
+  FindRefusals(oSession, oFindings);
+  Reporter(oSession).Report(oFindings);
+  return oFindings.empty() && oSession.Unreadable().empty() ? 0 : 1;
+}

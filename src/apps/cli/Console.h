@@ -1,0 +1,53 @@
+// Standard error: messages for people, and below them the progress bar while a terminal is there.
+// Messages are collected and written in large pieces, but to a terminal at once.
+#pragma once
+
+#include <chrono>
+#include <string>
+#include <string_view>
+
+#include "Text.h"
+
+/// Ends the command with a message and an exit status; caught in Main.
+struct Stop {
+  std::string sMessage;
+  int nExit = 2;
+};
+
+class Console {
+ public:
+  enum class Level { Quiet, Normal, Verbose };
+
+  explicit Console(Level eLevel);
+  ~Console();
+  Console(const Console&) = delete;
+  Console& operator=(const Console&) = delete;
+
+  /// Something went wrong: always written.
+  void Error(std::string_view sMessage);
+  /// The account of the work: not with -q.
+  void Say(std::string_view sMessage);
+  /// With -v only.
+  void Detail(std::string_view sMessage);
+  bool IsVerbose() const { return meLevel == Level::Verbose; }
+  bool IsQuiet() const { return meLevel == Level::Quiet; }
+
+  /// Shows how far long work has come; nothing in the first moments and without a terminal.
+  void Progress(std::size_t lDone, std::size_t lTotal, TextView sCaption);
+  void ProgressEnd();
+  void Flush();
+
+ private:
+  void Line(std::string_view sMessage);
+  void EraseBar();
+
+  Level meLevel;
+  bool mbTerminal;
+  bool mbBar = false;
+  bool mbWorking = false;
+  std::chrono::steady_clock::time_point moNextBar;
+  std::string msPending;
+};
+
+/// Text that is safe on a terminal: control characters become "?".
+std::string Printable(std::string sText);

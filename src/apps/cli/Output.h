@@ -1,0 +1,31 @@
+// Standard output: results, written in large pieces. A reader that goes away (a pipe into head)
+// ends the output and nothing else; any other failure is kept for the end of the program.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+class Output {
+ public:
+  ~Output() { Flush(); }
+
+  /// Room for results; call Put or FlushWhenLarge when a row is done.
+  std::string& Buffer() { return msPending; }
+  void FlushWhenLarge() {
+    if (msPending.size() >= (1u << 18)) Flush();
+  }
+  void Put(std::string_view sText) {
+    msPending += sText;
+    FlushWhenLarge();
+  }
+  void Flush();
+  /// The system's error number, 0 while all is well.
+  int Error() const { return mnError; }
+  /// True for a terminal.
+  static bool IsTerminal();
+
+ private:
+  std::string msPending;
+  int mnError = 0;
+  bool mbReaderGone = false;
+};

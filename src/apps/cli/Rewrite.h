@@ -1,0 +1,13 @@
+// The rewriting run of apply, refresh, number and unnumber, with its account, and the writing of
+// the files behind it.
+#pragma once
+
+#include "Session.h"
+
+/// Runs the procedures of the session's scope through the engine, between BatchStart and
+/// BatchSummary. What fails is told in any case, the rest of the account unless -q is given.
+void Rewrite(Session& oSession, bool bRefresh, std::int32_t eLineNumAction);
+
+/// Prints the differences and writes the files, as the options say. The exit status of the whole
+/// run: 1 when a procedure failed or a file could not be read or written.
+int SaveChanges(Session& oSession);

@@ -1,0 +1,192 @@
+#include "Session.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+
+#include "CXRecent.h"
+#include "CodePage.h"
+#include "Failure.h"
+#include "MQuillon.h"
+#include "MRules.h"
+#include "MXFile.h"
+#include "UnifiedDiff.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr TextView DefaultTemplate = u"template.dat";
+
+/// The folder of the first path: where a template that belongs to the project stands.
+fs::path GroupFolder(const std::string& sPath) {
+  std::error_code oError;
+  fs::path oPath(sPath);
+  if (fs::is_directory(oPath, oError)) return oPath;
+  return oPath.has_parent_path() ? oPath.parent_path() : fs::path(".");
+}
+
+/// Template.dat of that folder in any letter case; the first by name when there are several.
+std::string TemplateBeside(const std::string& sPath) {
+  std::vector<std::string> asFound;
+  std::error_code oError;
+  for (fs::directory_iterator oEntry(GroupFolder(sPath), oError), oEnd; !oError && oEntry != oEnd;
+       oEntry.increment(oError)) {
+    std::string sName = oEntry->path().filename().string();
+    if (EqualNoCase(FromUtf8(sName), DefaultTemplate)) asFound.push_back(oEntry->path().string());
+  }
+  return asFound.empty() ? std::string() : *std::min_element(asFound.begin(), asFound.end());
+}
+
+std::vector<Text> Names(const TextArray& asSparse) {
+  std::vector<Text> asName;
+  for (const Text& sName : asSparse)
+    if (!sName.empty()) asName.push_back(sName);
+  return asName;
+}
+
+}  // namespace
+
+std::string Finding(const std::string& sFile, std::int64_t lLine, const std::string& sMessage) {
+  return sFile + (lLine > 0 ? ':' + std::to_string(lLine) : "") + ": " + sMessage;
+}
+
+Session::Session(const Arguments& oArgs, Console& oMessages, Output& oResults)
+    : oArguments(oArgs),
+      oConsole(oMessages),
+      oOutput(oResults),
+      oTemplate(MRules::oRules),
+      moScope(oArgs) {}
+
+bool Session::IsColored() const {
+  if (oArguments.sColor != "auto") return oArguments.sColor == "always";
+  const char* sNoColor = std::getenv("NO_COLOR");
+  return Output::IsTerminal() && !(sNoColor && *sNoColor);
+}
+
+std::string Session::FindTemplate() const {
+  if (!oArguments.sTemplateFile.empty()) return oArguments.sTemplateFile;
+  Text sRecent = RecentFiles().Item(1);
+  if (!sRecent.empty() && MXFile::FileExists(sRecent)) return PathOfText(sRecent);
+  std::string sBeside =
+      oArguments.asPath.empty() ? std::string() : TemplateBeside(oArguments.asPath.front());
+  if (!sBeside.empty()) return sBeside;
+  throw Stop{
+      "There is no template file: give one with --template FILE" +
+      std::string(oArguments.asPath.empty() ? "" : ", or put Template.dat beside the group")};
+}
+
+void Session::OpenTemplate() {
+  msTemplateFile = FindTemplate();
+  std::vector<std::string> asReport;
+  {
+    auto oLink = oTemplate.ReportError.Connect(
+        [&](TextView sMessage) { asReport.push_back(ToUtf8(sMessage)); });
+    oTemplate.LoadTemplateFile(TextOfPath(msTemplateFile));
+  }
+  bool bErrors = oTemplate.LoadErrors() != 0;
+  for (const std::string& sLine : asReport)
+    bErrors ? oConsole.Error(sLine) : oConsole.Detail(sLine);
+  if (bErrors) throw Stop{"The template file has errors, nothing was changed: " + msTemplateFile};
+  TextArray asModule, asProcedure;
+  oTemplate.GetModuleTemplates(asModule);
+  oTemplate.GetProcTemplates(asProcedure);
+  moModuleTemplates = Names(asModule);
+  moProcedureTemplates = Names(asProcedure);
+  MQuillon::LoadLookups(asModule, asProcedure);
+  MRules::GetDefaultTemplates();
+}
+
+void Session::OpenGroup() {
+  if (msTemplateFile.empty()) OpenTemplate();
+  DiskIDE::Options oOptions;
+  oOptions.sCodePage = oArguments.sCodePage;
+  pIDE = DiskIDE::Open(oArguments.asPath, oOptions);
+  TellNotes();
+  if (pIDE->Root().VBProjects().Count() == 0)
+    throw Stop{"There is no project to read in " + oArguments.asPath.front() +
+               ": give a .vbg or .vbp file, or a folder that holds one"};
+  oHandler.LoadProjects(pIDE->Root());
+  oHandler.oTemplate = &oTemplate;
+  oHandler.bProve = !oArguments.bNoVerify;
+}
+
+void Session::TellNotes() {
+  for (const DiskIDE::Note& oNote : pIDE->Notes())
+    oConsole.Error(Finding(RelativePath(PathOfText(oNote.sFile)),
+                           static_cast<std::int64_t>(oNote.lLine), ToUtf8(oNote.sMessage)));
+}
+
+void Session::LoadScope(bool bReadOnlyToo) {
+  const Handle hLast = oHandler.ComponentCount();
+  Text sProject;
+  for (Handle h = 1, hProject = 0; h <= hLast; ++h) {
+    const ComponentRecord& oComponent = oHandler.Component(h);
+    if (oComponent.hProject != hProject) {
+      hProject = oComponent.hProject;
+      sProject = oHandler.ProjectName(hProject);
+    }
+    if (!moScope.TakesComponent(sProject, oComponent.sName)) continue;
+    oConsole.Progress(static_cast<std::size_t>(h), static_cast<std::size_t>(hLast),
+                      oComponent.sName);
+    if (oComponent.bReadOnly && MRules::oRules.bSkipReadOnly && !bReadOnlyToo) {
+      oConsole.Detail("Passed over, its file is read-only: " + ToUtf8(oComponent.sName));
+      continue;
+    }
+    if (!oComponent.bLoadError) oHandler.LoadComponent(h);
+    if (oHandler.Component(h).bLoadError)
+      TellUnreadable(h);
+    else
+      TakeProcedures(h);
+  }
+  oConsole.ProgressEnd();
+  if (moProcedures.empty() && moUnreadable.empty())
+    oConsole.Say("No procedure is in the scope that was given.");
+}
+
+void Session::TellUnreadable(Handle hComponent) {
+  moUnreadable.push_back(hComponent);
+  const ComponentRecord& oComponent = oHandler.Component(hComponent);
+  std::string sFile = FileOf(hComponent);
+  oConsole.Error((sFile.empty() ? std::string() : sFile + ": ") + ToUtf8(oComponent.sName) +
+                 " can't be read: " + ToUtf8(oComponent.oError.sErrorDesc));
+}
+
+void Session::TakeProcedures(Handle hComponent) {
+  const ComponentRecord& oComponent = oHandler.Component(hComponent);
+  if (oComponent.lFirstProcedure <= 0) return;
+  for (Handle h = oComponent.lFirstProcedure; h <= oComponent.lLastProcedure; ++h)
+    if (moScope.IsWholeGroup() ||
+        moScope.TakesProcedure(oHandler.ProcName(h), IsDeclarations(h)
+                                                         ? TextView(u"declarations")
+                                                         : oHandler.Procedure(h).sProcType))
+      moProcedures.push_back(h);
+}
+
+bool Session::IsDeclarations(Handle hProcedure) const {
+  return oHandler.Procedure(hProcedure).nKind == MQuillon::KindDeclarations;
+}
+
+std::string Session::FileOf(Handle hComponent) {
+  const VBComponent& oComponent = *oHandler.Component(hComponent).oComponent;
+  if (oComponent.FileCount() == 0) return {};
+  Text sFile = oComponent.FileNames(1);
+  return sFile.empty() ? std::string() : RelativePath(PathOfText(sFile));
+}
+
+std::string Session::NameOf(Handle hProcedure) {
+  Handle hComponent = oHandler.Procedure(hProcedure).hComponent;
+  return ToUtf8(oHandler.Component(hComponent).sName) + '.' + ToUtf8(oHandler.ProcName(hProcedure));
+}
+
+std::int32_t Session::FileLine(Handle hProcedure, bool bHead) {
+  const ProcedureRecord& oProcedure = oHandler.Procedure(hProcedure);
+  CodeModule& oModule = *oHandler.Component(oProcedure.hComponent).oComponent->CodeModule();
+  std::int32_t lLine = 1;
+  if (!IsDeclarations(hProcedure)) {
+    Text sName = oProcedure.oMember->Name();
+    lLine = bHead ? oModule.ProcBodyLine(sName, oProcedure.nKind)
+                  : oModule.ProcStartLine(sName, oProcedure.nKind);
+  }
+  return lLine;
+}

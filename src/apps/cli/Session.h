@@ -1,0 +1,74 @@
+// What a command works with, opened in the order in which each needs the one before: template,
+// lookups, default templates, project group, model. Everything below it reports through Console.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Arguments.h"
+#include "CIDEHandler.h"
+#include "CTemplate.h"
+#include "Console.h"
+#include "DiskIDE.h"
+#include "Output.h"
+#include "Scope.h"
+
+class Session {
+ public:
+  using Handle = CIDEHandler::Handle;
+
+  Session(const Arguments& oArguments, Console& oConsole, Output& oOutput);
+
+  /// Loads the template and fills the lookups. Stop when there is none or it has errors.
+  void OpenTemplate();
+  /// Opens the template if that isn't done, then reads the group. Stop when a path holds no
+  /// project.
+  void OpenGroup();
+  /// Loads the components of the scope and tells of those that can't be read; then
+  /// Procedures() holds the procedures of the scope. bReadOnlyToo: also those in read-only files,
+  /// which the rules keep out of rewriting.
+  void LoadScope(bool bReadOnlyToo);
+
+  const std::vector<Handle>& Procedures() const { return moProcedures; }
+  /// Components of the scope whose code can't be read.
+  const std::vector<Handle>& Unreadable() const { return moUnreadable; }
+  const std::vector<Text>& ModuleTemplates() const { return moModuleTemplates; }
+  const std::vector<Text>& ProcedureTemplates() const { return moProcedureTemplates; }
+  const std::string& TemplateFile() const { return msTemplateFile; }
+
+  /// Path of a component's first file, relative to the current folder; empty when it has none.
+  std::string FileOf(Handle hComponent);
+  /// Line in its file, from 1: of the head, or of the first of its text with the comments above.
+  std::int32_t HeadLine(Handle hProcedure) { return FileLine(hProcedure, true); }
+  std::int32_t FirstLine(Handle hProcedure) { return FileLine(hProcedure, false); }
+
+  /// "Component.Procedure", as the batch account names it.
+  std::string NameOf(Handle hProcedure);
+  bool IsDeclarations(Handle hProcedure) const;
+  /// True when colours are wanted on standard output.
+  bool IsColored() const;
+
+  const Arguments& oArguments;
+  Console& oConsole;
+  Output& oOutput;
+  CTemplate oTemplate;
+  CIDEHandler oHandler;
+  std::unique_ptr<DiskIDE> pIDE;
+
+ private:
+  std::string FindTemplate() const;
+  void TellNotes();
+  void TakeProcedures(Handle hComponent);
+  void TellUnreadable(Handle hComponent);
+  std::int32_t FileLine(Handle hProcedure, bool bHead);
+
+  Scope moScope;
+  std::string msTemplateFile;
+  std::vector<Text> moModuleTemplates, moProcedureTemplates;
+  std::vector<Handle> moProcedures, moUnreadable;
+};
+
+/// "file: message" or "file:line: message", as editors and build servers read it.
+std::string Finding(const std::string& sFile, std::int64_t lLine, const std::string& sMessage);

@@ -1,0 +1,68 @@
+// template check, dump and list: a template file without any project.
+#include "CodePage.h"
+#include "Commands.h"
+#include "TemplateCheck.h"
+
+namespace {
+
+/// Loads the file and gives its report; Failure when it can't be read.
+std::vector<std::string> Load(Session& oSession) {
+  std::vector<std::string> asReport;
+  auto oLink = oSession.oTemplate.ReportError.Connect(
+      [&](TextView sMessage) { asReport.push_back(ToUtf8(sMessage)); });
+  oSession.oTemplate.LoadTemplateFile(TextOfPath(oSession.oArguments.asPath.front()));
+  return asReport;
+}
+
+int Check(Session& oSession, const std::vector<std::string>& asReport) {
+  for (const std::string& sLine : asReport) oSession.oOutput.Put(sLine + '\n');
+  if (oSession.oTemplate.LoadErrors() != 0) return 2;
+  std::vector<TemplateFinding> oFindings = CheckTemplate(oSession.oTemplate);
+  for (const TemplateFinding& oFinding : oFindings)
+    oSession.oOutput.Put(Printable(Finding(oSession.oArguments.asPath.front(), oFinding.lLine,
+                                           ToUtf8(oFinding.sMessage))) +
+                         '\n');
+  return oFindings.empty() ? 0 : 1;
+}
+
+void Dump(Session& oSession) {
+  auto oLink = oSession.oTemplate.ReportDump.Connect(
+      [&](TextView sLine) { oSession.oOutput.Put(ToUtf8(sLine) + '\n'); });
+  oSession.oTemplate.PrintTemplateFile();
+}
+
+const char* TypeName(std::int32_t eType) {
+  switch (eType) {
+    case TemplateSignature:
+      return "signature";
+    case TemplateModule:
+      return "module";
+    case TemplateProcedure:
+      return "procedure";
+    default:
+      return "unknown";
+  }
+}
+
+void List(Session& oSession) {
+  const std::vector<TemplateRow>& oRows = oSession.oTemplate.Templates();
+  for (std::size_t i = 1; i < oRows.size(); ++i)
+    oSession.oOutput.Put(ToUtf8(oRows[i].sName) + '\t' + TypeName(oRows[i].eType) + '\n');
+}
+
+}  // namespace
+
+int TemplateCommand(Session& oSession) {
+  std::vector<std::string> asReport = Load(oSession);
+  const std::string& sAction = oSession.oArguments.sAction;
+  if (sAction == "check") return Check(oSession, asReport);
+  bool bErrors = oSession.oTemplate.LoadErrors() != 0;
+  for (const std::string& sLine : asReport)
+    bErrors ? oSession.oConsole.Error(sLine) : oSession.oConsole.Detail(sLine);
+  // What was read of a damaged file helps to find the damage; it is no list to work with.
+  if (sAction == "dump")
+    Dump(oSession);
+  else if (!bErrors)
+    List(oSession);
+  return bErrors ? 2 : 0;
+}

@@ -1,0 +1,24 @@
+// One request of the command text, as a line of JSON: a procedure's text and what to do with it.
+// Texts have CR LF between their lines. Every field but "before" may be missing.
+#pragma once
+
+#include <cstdint>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <string_view>
+
+#include "Text.h"
+
+struct TextRequest {
+  /// The object as it came: it goes out again with its other fields and in its order.
+  nlohmann::ordered_json oObject;
+  Text sModule, sName, sType, sTemplate;
+  std::int32_t lBodyLine = 1;
+  bool bLocked = false, bTrace = false;
+  Text sBoundary, sSeverity, sRetry;  ///< constant names; empty: not stated
+  std::int32_t eLineAction = -1;      ///< -1 as the rule says, 0 insert, 1 leave, 2 remove
+  Text sBefore;
+};
+
+/// Throws a Stop that says what is wrong with the line.
+TextRequest ReadTextRequest(std::string_view sLine);
