@@ -1,0 +1,190 @@
+// Saving several files while everything goes wrong: every file is its old or its new self, and
+// what a killed program leaves behind doesn't stop the next one.
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <functional>
+#include <random>
+
+#include "CodePage.h"
+#include "DiskIDE.h"
+#include "FaultyFiles.h"
+#include "ProjectTree.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+constexpr int FileCount = 3;
+
+class SaveTest : public testing::Test {
+ protected:
+  SaveTest() {
+    std::string sProject = "Type=Exe\r\n";
+    for (int i = 0; i < FileCount; ++i) {
+      sProject += "Module=" + Name(i) + "; src\\" + Name(i) + ".bas\r\n";
+      msHead[i] = "Attribute VB_Name = \"" + Name(i) + "\"\r\n";
+      for (int j = 0; j < 800; ++j) msTail[i] += "' line " + std::to_string(j) + "\r\n";
+      msTail[i] += "Sub A()\r\nEnd Sub";
+    }
+    moTree.Write("P.vbp", sProject);
+    Restore();
+  }
+
+  static std::string Name(int i) { return std::string("Part") + static_cast<char>('A' + i); }
+  static std::string File(int i) { return "src/" + Name(i) + ".bas"; }
+  std::string Old(int i) const { return msHead[i] + msTail[i]; }
+  std::string New(int i) const { return msHead[i] + "' new\r\n" + msTail[i]; }
+  bool IsNew(int i) const { return moTree.Read(File(i)) == New(i); }
+  void Restore() const {
+    for (int i = 0; i < FileCount; ++i) moTree.Write(File(i), Old(i));
+  }
+  int Leftovers() const {
+    return static_cast<int>(std::distance(fs::directory_iterator(moTree.Path("src")), {})) -
+           FileCount;
+  }
+
+  std::unique_ptr<DiskIDE> Open(IFileOps* poFiles = nullptr) const {
+    DiskIDE::Options oOptions;
+    oOptions.poFiles = poFiles;
+    return DiskIDE::Open(moTree.Path("P.vbp"), oOptions);
+  }
+  /// Makes an old file new and a new one old.
+  static void Turn(DiskIDE& oIDE) {
+    for (int i = 1; i <= FileCount; ++i) {
+      CodeModule& oCode = *oIDE.Root().VBProjects().Item(1).VBComponents().Item(i).CodeModule();
+      if (oCode.Lines(1, 1) == u"' new")
+        oCode.DeleteLines(1, 1);
+      else
+        oCode.InsertLines(1, u"' new");
+    }
+  }
+  void ExpectOldOrNew() const {
+    for (int i = 0; i < FileCount; ++i)
+      EXPECT_TRUE(IsNew(i) || moTree.Read(File(i)) == Old(i)) << Name(i) << " is torn or gone";
+  }
+  void ExpectNextProgramSaves() const {
+    auto pIDE = Open();
+    Turn(*pIDE);
+    EXPECT_EQ(pIDE->Save().asSaved.size(), static_cast<std::size_t>(FileCount));
+    ExpectOldOrNew();
+  }
+
+  ProjectTree moTree;
+  std::string msHead[FileCount], msTail[FileCount];
+};
+
+TEST_F(SaveTest, AFailureAtAnyOperationLeavesOldOrNewFiles) {
+  for (int nError : {ENOSPC, EACCES, EIO}) {
+    FaultyFiles oFiles;
+    for (int nAt = 1; nAt == 1 || oFiles.Fired(); ++nAt) {
+      SCOPED_TRACE(std::to_string(nError) + " at operation " + std::to_string(nAt));
+      Restore();
+      auto pIDE = Open(&oFiles);
+      Turn(*pIDE);
+      oFiles.Arm(nAt, nError);
+      auto oResult = pIDE->Save();
+      ExpectOldOrNew();
+      EXPECT_EQ(Leftovers(), 0);
+      EXPECT_EQ(oResult.asSaved.size() + oResult.oFailed.size(), FileCount + 0u);
+      EXPECT_LE(oResult.oFailed.size(), oFiles.Fired() ? 1u : 0u);
+      for (const auto& oNote : oResult.oFailed)
+        EXPECT_NE(oNote.sMessage.find(oNote.sFile), Text::npos) << ToUtf8(oNote.sMessage);
+      EXPECT_EQ(pIDE->Save().asSaved.size(), oResult.oFailed.size());
+      for (int i = 0; i < FileCount; ++i) EXPECT_TRUE(IsNew(i));
+    }
+  }
+}
+
+TEST_F(SaveTest, AnEndAtAnyOperationLeavesOldOrNewFiles) {
+  bool bFired = true;
+  for (int nAt = 1; bFired; ++nAt) {
+    SCOPED_TRACE(nAt);
+    FaultyFiles oFiles;
+    Restore();
+    auto pIDE = Open(&oFiles);
+    Turn(*pIDE);
+    oFiles.Arm(nAt, FaultyFiles::End);
+    try {
+      pIDE->Save();
+      bFired = false;
+    } catch (const FaultyFiles::Ended&) {
+    }
+    EXPECT_EQ(oFiles.Fired(), bFired);
+    ExpectOldOrNew();
+    ExpectNextProgramSaves();
+  }
+}
+
+TEST_F(SaveTest, KilledProgramsLeaveOldOrNewFiles) {
+  std::minstd_rand oRandom(20260);
+  int nOld = 0;
+  constexpr int Runs = 220;
+  for (int nRun = 0; nRun < Runs; ++nRun) {
+    SCOPED_TRACE(nRun);
+    pid_t nChild = fork();
+    ASSERT_GE(nChild, 0);
+    if (nChild == 0) {
+      auto pIDE = Open();
+      for (;;) Turn(*pIDE), pIDE->Save();
+    }
+    usleep(2000 + static_cast<useconds_t>(oRandom() % 12000));
+    kill(nChild, SIGKILL);
+    int nStatus = 0;
+    ASSERT_EQ(waitpid(nChild, &nStatus, 0), nChild);
+    ASSERT_TRUE(WIFSIGNALED(nStatus) && WTERMSIG(nStatus) == SIGKILL);
+    ExpectOldOrNew();
+    for (int i = 0; i < FileCount; ++i) nOld += IsNew(i) ? 0 : 1;
+  }
+  // The programs did save, and some were stopped in the middle of it.
+  EXPECT_GT(Leftovers(), 0);
+  EXPECT_GT(nOld, 0);
+  EXPECT_LT(nOld, Runs * FileCount);
+  ExpectNextProgramSaves();
+}
+
+TEST_F(SaveTest, FilesThatAreNotTheOnesReadAreLeftAlone) {
+  struct Row {
+    const char* sName;
+    std::function<void(const std::string&)> oMeanwhile;  // what happens to PartB on disk
+    std::size_t nFailed;
+  };
+  auto Write = [&](const std::string& sBytes) { moTree.Write(File(1), sBytes); };
+  const Row Rows[] = {
+      {"edited", [&](auto&) { Write(Old(1) + "x"); }, 1},
+      {"cut to nothing", [&](auto&) { Write(""); }, 1},
+      {"touched only",
+       [](auto& sPath) {
+         fs::last_write_time(sPath, fs::last_write_time(sPath) + std::chrono::hours(1));
+       },
+       0},
+      {"changed the same way", [&](auto&) { Write(New(1)); }, 0},
+      {"removed", [](auto& sPath) { fs::remove(sPath); }, 1},
+      {"replaced by a folder", [](auto& sPath) { fs::remove(sPath), fs::create_directory(sPath); },
+       1},
+      {"read-only", [](auto& sPath) { fs::permissions(sPath, fs::perms::owner_read); }, 1},
+      {"folder gone", [&](auto&) { fs::rename(moTree.Path("src"), moTree.Path("gone")); }, 3},
+      {"a file for the folder",
+       [&](auto&) { fs::remove_all(moTree.Path("src")), moTree.Write("src", "x"); }, 3},
+  };
+  for (const Row& oRow : Rows) {
+    SCOPED_TRACE(oRow.sName);
+    fs::remove_all(moTree.Path("src"));
+    Restore();
+    auto pIDE = Open();
+    Turn(*pIDE);
+    std::string sPath = moTree.Path(File(1));
+    oRow.oMeanwhile(sPath);
+    std::string sBytes = moTree.Read(File(1));
+    auto oResult = pIDE->Save();
+    ASSERT_EQ(oResult.oFailed.size(), oRow.nFailed);
+    EXPECT_EQ(oResult.asSaved.size(), FileCount - oRow.nFailed);
+    EXPECT_EQ(pIDE->ChangedPaths().size(), oRow.nFailed);
+    EXPECT_EQ(moTree.Read(File(1)), oRow.nFailed > 0 ? sBytes : New(1));
+    for (const auto& oNote : oResult.oFailed)
+      EXPECT_NE(oNote.sMessage.find(oNote.sFile), Text::npos) << ToUtf8(oNote.sMessage);
+  }
+}
+
+}  // namespace
