@@ -42,7 +42,7 @@ void AddCommon(CLI::App& oApp, Arguments& oArguments) {
           "Settings file instead of the user's own")
       ->type_name("FILE");
   AddValue(oApp, "--log", oArguments.sLogFile, "Log failures to this file", "FILE");
-  AddValue(oApp, "--color", oArguments.sColor, "Colours on a terminal", "auto|always|never")
+  AddValue(oApp, "--color", oArguments.sColor, "Colours on a terminal", "WHEN")
       ->check(CLI::IsMember({"auto", "always", "never"}));
   oApp.add_flag("-q,--quiet", oArguments.bQuiet, "Only results and what went wrong");
   oApp.add_flag("-v,--verbose", oArguments.bVerbose, "Tell more: template report, what was passed");
@@ -91,9 +91,8 @@ CLI::App& AddGroupCommand(CLI::App& oApp, Arguments& oArguments, const char* sNa
   return oCommand;
 }
 
-void AddFormat(CLI::App& oCommand, Arguments& oArguments, const Strings& asFormat,
-               const char* sValueName) {
-  AddValue(oCommand, "--format", oArguments.sFormat, "Form of the result", sValueName)
+void AddFormat(CLI::App& oCommand, Arguments& oArguments, const Strings& asFormat) {
+  AddValue(oCommand, "--format", oArguments.sFormat, "Form of the result", "FORM")
       ->check(CLI::IsMember(asFormat));
 }
 
@@ -105,13 +104,13 @@ void AddReading(CLI::App& oApp, Arguments& oArguments) {
                       "  quillon list --format csv src > procedures.csv");
   oList.add_flag("--suggested", oArguments.bSuggested, "What the rules and the analysis suggest");
   oList.add_flag("--pending", oArguments.bPending, "What is asked for")->excludes("--suggested");
-  AddFormat(oList, oArguments, {"table", "csv", "json"}, "table|csv|json");
+  AddFormat(oList, oArguments, {"table", "csv", "json"});
 
   CLI::App& oCheck = AddGroupCommand(
       oApp, oArguments, "check", "Tell what apply --suggested would change or refuse",
       "  quillon check Orders.vbg\n"
       "  quillon check --format json --type 'Property *' Orders.vbg");
-  AddFormat(oCheck, oArguments, {"text", "json"}, "text|json");
+  AddFormat(oCheck, oArguments, {"text", "json"});
 }
 
 void AddWriting(CLI::App& oApp, Arguments& oArguments) {
@@ -178,8 +177,20 @@ void AddTools(CLI::App& oApp, Arguments& oArguments) {
       ->type_name(" ");
 }
 
+class HelpForm : public CLI::Formatter {
+ public:
+  HelpForm() { label("OPTIONS", "options"); }
+  std::string make_usage(const CLI::App* poApp, std::string sName) const override {
+    if (poApp->get_parent()) return Formatter::make_usage(poApp, std::move(sName));
+    return "Usage: quillon [options] COMMAND [options] PATH...\n";
+  }
+};
+
 /// What the declarations of the options can't say. Empty: all is well.
 std::string Contradiction(const Arguments& oArguments) {
+  if (oArguments.sCommand.empty())
+    return "a COMMAND is missing: list, check, apply, refresh, number, unnumber, template, text or "
+           "rules";
   if (oArguments.sCommand == "apply" && oArguments.asSet.empty() && !oArguments.bSuggested)
     return "apply needs --set NAME=VALUE or --suggested";
   if (oArguments.sCommand == "rules" && oArguments.sAction == "set" && oArguments.asValue.empty())
@@ -193,11 +204,14 @@ std::string Contradiction(const Arguments& oArguments) {
 
 std::optional<int> ReadArguments(int argc, char** argv, Arguments& oArguments) {
   CLI::App oApp("Manages the error handling of Visual Basic 6 projects on disk.", "quillon");
-  oApp.get_formatter()->label("OPTIONS", "options");
-  oApp.get_formatter()->label("SUBCOMMAND", "COMMAND [options] PATH...");
+  oApp.formatter(std::make_shared<HelpForm>());
   oApp.set_version_flag("--version", "Tarvane Quillon " QUILLON_VERSION);
   oApp.footer("quillon COMMAND --help tells more about a command and gives examples.");
-  oApp.require_subcommand(1);
+  oApp.require_subcommand(0, 1);
+  oApp.failure_message([](const CLI::App*, const CLI::Error& oError) {
+    return std::string("quillon: ") + oError.what() +
+           "\nquillon --help and quillon COMMAND --help tell more.\n";
+  });
   AddCommon(oApp, oArguments);
   AddScope(oApp, oArguments);
   AddRewriting(oApp, oArguments);
