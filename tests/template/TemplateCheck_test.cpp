@@ -1,4 +1,5 @@
-// Template files are written with "|" for CR LF. Line 3 is the signature, rows begin in line 5.
+// Template files are written with "|" for CR LF and words in braces for what most of them hold.
+// The row of the signature is line 3; what is under test begins in line 5.
 #include "TemplateCheck.h"
 
 #include <gtest/gtest.h>
@@ -10,10 +11,20 @@
 
 namespace {
 
-std::string Check(TextView sText) {
+Text Expand(Text sText) {
+  const std::pair<TextView, TextView> atWord[] = {
+      {u"{signature}", u"{first}'Q: <%Signature>|<#End>|"},
+      {u"{first}", u"<#Template name=S type=signature>|<#Start>|"},
+      {u"{body}", u"'>|<#BodyStart>|<#BodyEnd>|'<|<#End>"},
+      {u"|", CrLf}};
+  for (const auto& [sWord, sMeant] : atWord) sText = MXString::StringReplace(sText, sWord, sMeant);
+  return sText;
+}
+
+std::string Check(const Text& sText) {
   const MRules::Values oRules;
   CTemplate oTemplate(oRules);
-  oTemplate.LoadTemplateText(u"t.dat", MXString::StringReplace(sText, u"|", CrLf));
+  oTemplate.LoadTemplateText(u"t.dat", Expand(sText));
   std::string sFound;
   for (const TemplateFinding& oFinding : CheckTemplate(oTemplate)) {
     sFound += std::to_string(oFinding.lLine) + ": " + ToUtf8(oFinding.sMessage) + "\n";
@@ -21,8 +32,6 @@ std::string Check(TextView sText) {
   return sFound;
 }
 
-constexpr TextView Signature =
-    u"<#Template name=S type=signature>|<#Start>|'Q: <%Signature>|<#End>|";
 constexpr TextView Procedure = u"<#Template name=P type=procedure>|";
 
 struct Row {
@@ -33,7 +42,7 @@ struct Row {
   int lFindings = 1;
 };
 
-void ExpectFindings(const Row& oRow, TextView sText) {
+void ExpectFindings(const Row& oRow, const Text& sText) {
   SCOPED_TRACE(oRow.sName);
   const std::string sFound = Check(sText);
   EXPECT_EQ(std::count(sFound.begin(), sFound.end(), '\n'), oRow.lFindings) << sFound;
@@ -46,61 +55,42 @@ void ExpectFindings(const Row& oRow, TextView sText) {
 const Row atRow[] = {
     {"nothing wrong",
      u"<#Template name=P type=procedure>|<#Start>|<#if trace> T.Enter "
-     u"\"<%ProcName>\"|'>|<#BodyStart>|"
-     u"<#BodyEnd>|'<|<#if trace> T.TraceExit 1|'f>|<#FireExitStart>|<#FireExitEnd>|'<f|"
-     u"<#if boundary>B = <%Boundary>|<#End>|<#Template name=M type=module>|<#Start>|"
-     u"<#if retry>Const q = <%Retry>|<#End>",
+     u"\"<%ProcName>\"|'>|<#BodyStart>|<#BodyEnd>|'<|<#if trace> T.TraceExit "
+     u"1|'f>|<#FireExitStart>|<#FireExitEnd>|'<f|<#if boundary>B = <%Boundary>|<#End>|<#Template "
+     u"name=M type=module>|<#Start>|<#if retry>Const q = <%Retry>|<#End>",
      "", "", 0},
     {"the signature itself is the start of the body",
      u"<#Template name=P type=procedure>|<#Start>|<#BodyStart>|<#BodyEnd>|'<|<#End>", "", "", 0},
 
-    {"digit sign", u"<#Start>|Print #1|'>|<#BodyStart>|<#BodyEnd>|'<|<#End>", "7",
+    {"digit sign", u"<#Start>|Print #1|{body}", "7",
      "The line reads [print #1] in code, which doesn't fit its pattern [print #1]"},
-    {"list", u"<#Start>|a[b]|'>|<#BodyStart>|<#BodyEnd>|'<|<#End>", "7", "[ ] for one character"},
-    {"list that isn't closed", u"<#Start>|a[b|'>|<#BodyStart>|<#BodyEnd>|'<|<#End>", "7",
-     "pattern [a[b] can't be read"},
-    {"value that may be empty", u"<#Start>|F <%Retry>|'>|<#BodyStart>|<#BodyEnd>|'<|<#End>", "7",
+    {"list", u"<#Start>|a[b]|{body}", "7", "[ ] for one character"},
+    {"list that isn't closed", u"<#Start>|a[b|{body}", "7", "pattern [a[b] can't be read"},
+    {"value that may be empty", u"<#Start>|F <%Retry>|{body}", "7",
      "In a procedure without retry the line reads [f]"},
-    {"such a value under its condition",
-     u"<#Start>|<#if retry>F <%Retry>|'>|<#BodyStart>|<#BodyEnd>|"
-     u"'<|<#End>",
-     "", "", 0},
-    {"condition with a blank", u"<#Start>|<#if Trace >F|'>|<#BodyStart>|<#BodyEnd>|'<|<#End>", "7",
-     "write <#if trace> without"},
-    {"unknown condition", u"<#Start>|<#if fire>F|'>|<#BodyStart>|<#BodyEnd>|'<|<#End>", "7",
-     "[fire] is never met"},
-    {"open condition", u"<#Start>|<#if trace F|'>|<#BodyStart>|<#BodyEnd>|'<|<#End>", "7",
-     "condition has no \">\""},
-    {"token in another case", u"<#Start>|F <%procname>|'>|<#BodyStart>|<#BodyEnd>|'<|<#End>", "7",
-     "write <%ProcName>"},
-    {"unknown token", u"<#Start>|F <%Line>|'>|<#BodyStart>|<#BodyEnd>|'<|<#End>", "7",
-     "The token <%Line> would stay"},
-    {"open token", u"<#Start>|F <%Line|'>|<#BodyStart>|<#BodyEnd>|'<|<#End>", "7",
-     "no \">\" behind"},
-    {"line feed inside", u"<#Start>|F\nG|'>|<#BodyStart>|<#BodyEnd>|'<|<#End>", "7", "a LF"},
+    {"such a value under its condition", u"<#Start>|<#if retry>F <%Retry>|{body}", "", "", 0},
+    {"condition with a blank", u"<#Start>|<#if Trace >F|{body}", "7", "write <#if trace> without"},
+    {"unknown condition", u"<#Start>|<#if fire>F|{body}", "7", "[fire] is never met"},
+    {"open condition", u"<#Start>|<#if trace F|{body}", "7", "condition has no \">\""},
+    {"token in another case", u"<#Start>|F <%procname>|{body}", "7", "write <%ProcName>"},
+    {"unknown token", u"<#Start>|F <%Line>|{body}", "7", "The token <%Line> would stay"},
+    {"open token", u"<#Start>|F <%Line|{body}", "7", "no \">\" behind"},
+    {"line feed inside", u"<#Start>|F\nG|{body}", "7", "a LF"},
     {"end of a procedure", u"<#Start>|'>|<#BodyStart>|<#BodyEnd>|'<|End <%ProcType>|<#End>", "11",
      "taken for the end"},
 
-    {"trace exit of two statements",
-     u"T.TraceExit 1: x|<#Start>|<#if trace>T|'>|<#BodyStart>|<#BodyEnd>|'<|<#End>", "6",
+    {"trace exit of two statements", u"T.TraceExit 1: x|<#Start>|<#if trace>T|{body}", "6",
      "must be one statement"},
     {"trace exit with a value that it isn't given",
-     u"<%Retry>.TraceExit 1|<#Start>|<#if trace>T|'>|<#BodyStart>|<#BodyEnd>|'<|<#End>", "6",
-     "The token <%Retry> would stay"},
+     u"<%Retry>.TraceExit 1|<#Start>|<#if trace>T|{body}", "6", "The token <%Retry> would stay"},
     {"trace exit with a digit sign, never written by itself",
-     u"T.TraceExit #1|<#Start>|<#if trace>T|'>|<#BodyStart>|<#BodyEnd>|'<|<#End>", "6",
-     "doesn't fit its pattern"},
-    {"trace without a line of its own",
-     u"T.TraceExit 1|<#Start>|'>|<#BodyStart>|<#BodyEnd>|'<|<#End>", "5",
+     u"T.TraceExit #1|<#Start>|<#if trace>T|{body}", "6", "doesn't fit its pattern"},
+    {"trace without a line of its own", u"T.TraceExit 1|<#Start>|{body}", "5",
      "on a Sub with trace fails: trace isn't read back"},
-    {"boundary that isn't always written",
-     u"<#Start>|<#if severity>S = <%Boundary>|'>|<#BodyStart>|<#BodyEnd>|'<|<#End>", "7",
+    {"boundary that isn't always written", u"<#Start>|<#if severity>S = <%Boundary>|{body}", "7",
      "In a procedure without boundary"},
     {"boundary in a line that trace leaves out",
-     u"<#Start>|<#if trace>'x<%Boundary>x|<#if boundary>B = "
-     u"<%Boundary>|'>|<#BodyStart>|<#BodyEnd>|'<|"
-     u"<#End>",
-     "5",
+     u"<#Start>|<#if trace>'x<%Boundary>x|<#if boundary>B = <%Boundary>|{body}", "5",
      "on a Sub fails: Boundary isn't read back from the code; the first line with <%Boundary> is "
      "line 7"},
 
@@ -136,7 +126,7 @@ const Row atRow[] = {
 TEST(TemplateCheck, FindsWhatCouldNotBeFoundAgain) {
   for (const Row& oRow : atRow) {
     const bool bWhole = oRow.sText.starts_with(u"<#Template");
-    ExpectFindings(oRow, Text(Signature) + Text(bWhole ? u"" : Procedure) + Text(oRow.sText));
+    ExpectFindings(oRow, u"{signature}" + Text(bWhole ? u"" : Procedure) + Text(oRow.sText));
   }
 }
 
@@ -145,33 +135,21 @@ const Row atFile[] = {
     {"empty file", u"<## c", "1", "no template"},
     {"no signature template", u"<#Template name=M type=module>|<#Start>|<#End>", "1",
      "must have type=signature"},
-    {"signature without a line", u"<#Template name=S type=signature>|<#Start>|", "3",
-     "must hold <%Signature>"},
-    {"signature without its token", u"<#Template name=S type=signature>|<#Start>|'Q|", "3",
-     "must hold <%Signature>"},
-    {"signature that any comment fits",
-     u"<#Template name=S type=signature>|<#Start>|' <%Signature>|", "3", "fits [' a comment] too"},
-    {"signature twice in a line",
-     u"<#Template name=S type=signature>|<#Start>|'Q <%Signature> <%Signature>|", "3",
+    {"signature without a line", u"{first}", "3", "must hold <%Signature>"},
+    {"signature without its token", u"{first}'Q|", "3", "must hold <%Signature>"},
+    {"signature that any comment fits", u"{first}' <%Signature>|", "3", "fits [' a comment] too"},
+    {"signature twice in a line", u"{first}'Q <%Signature> <%Signature>|", "3",
      "The signature ['Q Locked Locked] can't be read back"},
-    {"second row of the signature template",
-     u"<#Template name=S type=signature>|<#Start>|'Q: <%Signature>||'Q|", "5", "never written"},
+    {"second row of the signature template", u"{first}'Q: <%Signature>||'Q|", "5", "never written"},
     {"module line that the user writes too",
-     u"<#Template name=S type=signature>|<#Start>|"
-     u"'Q: <%Signature>|<#End>|<#Template name=a type=module>|<#Start>|Option Explicit|",
-     "7", "fits [option explicit] too"},
+     u"{signature}<#Template name=a type=module>|<#Start>|Option Explicit|", "7",
+     "fits [option explicit] too"},
     {"module line with a token that is empty there",
-     u"<#Template name=S type=signature>|<#Start>|"
-     u"'Q: <%Signature>|<#End>|<#Template name=a type=module>|<#Start>|'a <%ProcType>|",
-     "7", "may be empty"},
-    {"two names",
-     u"<#Template name=S type=signature>|<#Start>|'Q: <%Signature>|<#End>|"
-     u"<#Template name=m type=module>|<#Start>|",
-     "8", "The template in line 5 has the name M too"},
-    {"template named like a lock",
-     u"<#Template name=S type=signature>|<#Start>|'Q: <%Signature>|<#End>|"
-     u"<#Template name=LOCKED type=module>|<#Start>|",
-     "5", "can't be named LOCKED"},
+     u"{signature}<#Template name=a type=module>|<#Start>|'a <%ProcType>|", "7", "may be empty"},
+    {"two names", u"{signature}<#Template name=m type=module>|<#Start>|", "8",
+     "The template in line 5 has the name M too"},
+    {"template named like a lock", u"{signature}<#Template name=LOCKED type=module>|<#Start>|", "5",
+     "can't be named LOCKED"},
 };
 
 TEST(TemplateCheck, LooksAtTheFileAsAWhole) {

@@ -1,4 +1,5 @@
-// Template files are written with "|" for CR LF here.
+// Template files are written with "|" for CR LF and with {type} for the first two lines of a
+// template named a.
 #include "TemplateLoader.h"
 
 #include <gtest/gtest.h>
@@ -25,7 +26,7 @@ struct Loaded {
       [this](TextView s) { sReport += ToUtf8(MXString::StringReplace(s, CrLf, u"^")) + "|"; });
 
   Loaded() = default;
-  explicit Loaded(TextView sText) { oTemplate.LoadTemplateText(u"t.dat", Lines(sText)); }
+  explicit Loaded(TextView sText) { oTemplate.LoadTemplateText(u"t.dat", Lines(Text(sText))); }
 
   const TemplateRow& Template() const { return oTemplate.Templates().back(); }
   std::string Like(Section eSection) const { return ToUtf8(Template().sLike[eSection].Pattern()); }
@@ -42,7 +43,6 @@ struct Report {
   std::string sReport;  ///< between the first message and the count
 };
 
-// #line(1, "x") is what the loader says of line 1.
 std::string At(int lLine, const std::string& sMessage) {
   return "    Line " + std::to_string(lLine) + " " + sMessage + "|";
 }
@@ -50,27 +50,24 @@ std::string Begins(const std::string& sTemplate) {
   return "Processing Template \"" + sTemplate + "\"|";
 }
 
+const std::string A = Begins("a");
 const std::string NoTemplateScript = "Script line found without preceding #Template directive";
 const std::string NoTemplate = "Directive found without preceding #Template directive";
 
 const Report atReport[] = {
     {"only comments", u"<## a|  <## b", ""},
     {"empty file", u"", ""},
-    {"blank line ahead of the first template",
-     u"<## c|| |<#Template name=a type=module>|<#Start>|"
-     u"<#End>",
-     At(2, NoTemplateScript) + At(3, NoTemplateScript) + Begins("a")},
+    {"blank line ahead of the first template", u"<## c|| |{module}|<#End>",
+     At(2, NoTemplateScript) + At(3, NoTemplateScript) + A},
     {"comment mark without a blank", u"<##",
      At(1, "Close Chevron missing from Directive <##") + At(1, NoTemplate)},
     {"unknown directive without a template", u"<#Foo a=1>",
      At(1, "Unknown Directive <#foo") + At(1, NoTemplate)},
-    {"nothing is wrong behind an end", u"<#Template name=a type=module>|<#Start>|<#End>|x||<## c",
-     Begins("a")},
-    {"broken directive behind an end opens the file to lines",
-     u"<#Template name=a type=module>|<#Start>|<#End>|<#Stop >|x",
-     Begins("a") + At(4, "Unknown Directive <#stop")},
-    {"chevron missing", u"<#Template name=a type=module>|<#Start>|  <#END|<#End>",
-     Begins("a") + At(3, "Close Chevron missing from Directive <#end")},
+    {"nothing is wrong behind an end", u"{module}|<#End>|x||<## c", A},
+    {"broken directive behind an end opens the file to lines", u"{module}|<#End>|<#Stop >|x",
+     A + At(4, "Unknown Directive <#stop")},
+    {"chevron missing", u"{module}|  <#END|<#End>",
+     A + At(3, "Close Chevron missing from Directive <#end")},
     {"no name, no type", u"<#Template>|<#Start>|<#End>",
      Begins("") + At(1, "Name Parameter Missing from Template Directive") +
          At(1, "Type Parameter Missing from Template Directive")},
@@ -79,38 +76,31 @@ const Report atReport[] = {
          At(1, "Type Parameter Invalid")},
     {"names with dots, types in capitals", u"<#template NAME=a_b.c1 TYPE=Module>|<#start>|<#eNd>|",
      Begins("a_b.c1")},
-    {"duplicate place", u"<#Template name=a type=module>|<#Start>|<#Start>|<#End>",
-     Begins("a") + At(3, "Duplicate Directive")},
+    {"duplicate place", u"{module}|<#Start>|<#End>", A + At(3, "Duplicate Directive")},
     {"end missing, told when the next begins",
-     u"<## c|<#Template name=a type=signature>|<#Start>|<#Template name=b type=module>|<#End>",
-     Begins("a") + At(2, "#End Directive not found in Template") + Begins("b") +
+     u"<## c|{signature}|<#Template name=b type=module>|<#End>",
+     A + At(2, "#End Directive not found in Template") + Begins("b") +
          At(4, "#Start Directive not found in Template")},
-    {"end missing in the last", u"<#Template name=a type=module>|<#Start>|",
-     Begins("a") + At(1, "#End Directive not found in Template")},
-    {"body places in a signature",
-     u"<#Template name=a type=signature>|<#Start>|<#BodyStart>|<#BodyEnd>|<#End>",
-     Begins("a") + At(1, "#BodyStart Directive found in Signature type Template") +
+    {"end missing in the last", u"{module}|", A + At(1, "#End Directive not found in Template")},
+    {"body places in a signature", u"{signature}|<#BodyStart>|<#BodyEnd>|<#End>",
+     A + At(1, "#BodyStart Directive found in Signature type Template") +
          At(1, "#BodyEnd Directive found in Signature type Template")},
-    {"clean-up places in a module",
-     u"<#Template name=a type=module>|<#Start>|<#FireExitStart>|<#FireExitEnd>|<#End>",
-     Begins("a") + At(1, "#FireExitStart Directive found in Module type Template") +
+    {"clean-up places in a module", u"{module}|<#FireExitStart>|<#FireExitEnd>|<#End>",
+     A + At(1, "#FireExitStart Directive found in Module type Template") +
          At(1, "#FireExitEnd Directive found in Module type Template")},
-    {"procedure without a body", u"<#Template name=a type=procedure>|<#Start>|<#End>",
-     Begins("a") + At(1, "#BodyStart Directive not found in Template") +
+    {"procedure without a body", u"{procedure}|<#End>",
+     A + At(1, "#BodyStart Directive not found in Template") +
          At(1, "#BodyEnd Directive not found in Template")},
     {"procedure in the wrong order",
-     u"<#Template name=a type=procedure>|<#Start>|<#FireExitEnd>|<#FireExitStart>|<#BodyEnd>|"
-     u"<#BodyStart>|<#End>",
-     Begins("a") + At(1, "#BodyEnd Directive found before #BodyStart Directive") +
+     u"{procedure}|<#FireExitEnd>|<#FireExitStart>|<#BodyEnd>|<#BodyStart>|<#End>",
+     A + At(1, "#BodyEnd Directive found before #BodyStart Directive") +
          At(1, "#FireExitEnd Directive found before #FireExitStart Directive") +
          At(1, "#FireExitStart Directive found before #BodyEnd Directive") +
          At(1, "#FireExitEnd Directive found before #BodyEnd Directive")},
-    {"half a pair",
-     u"<#Template name=a type=procedure>|<#Start>|<#BodyStart>|<#BodyEnd>|<#FireExitEnd>|<#End>",
-     Begins("a") + At(1, "#FireExitEnd Directive found without corresponding #FireExitStart")},
-    {"other half of a pair",
-     u"<#Template name=a type=procedure>|<#Start>|<#BodyStart>|<#BodyEnd>|<#FireExitStart>|<#End>",
-     Begins("a") + At(1, "#FireExitStart Directive found without corresponding #FireExitEnd")},
+    {"half a pair", u"{procedure}|<#BodyStart>|<#BodyEnd>|<#FireExitEnd>|<#End>",
+     A + At(1, "#FireExitEnd Directive found without corresponding #FireExitStart")},
+    {"other half of a pair", u"{procedure}|<#BodyStart>|<#BodyEnd>|<#FireExitStart>|<#End>",
+     A + At(1, "#FireExitStart Directive found without corresponding #FireExitEnd")},
     {"lines that end in LF alone", u"<#Template name=a type=module>\n<#Start>\n<#End>\n",
      At(1, "The lines of \"t.dat\" end in LF alone; convert the file to CR LF line ends")},
 };

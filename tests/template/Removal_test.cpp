@@ -1,0 +1,148 @@
+#include <gtest/gtest.h>
+
+#include "EngineFixture.h"
+
+namespace {
+
+using Set = EngineFixture::Settings;
+
+TEST(Removal, GivesBackWhatAnInsertionWasGiven) {
+  const struct {
+    const char* sName;
+    TextView sBefore;
+    TextView sType = u"Sub";
+  } oBodies[] = {
+      {"empty body", u"Sub Run()|End Sub"},
+      {"blank lines at both ends of the body", u"Sub Run()|||    x = 1|||End Sub||"},
+      {"exits in every place",
+       u"Function Run()|    Exit Function|If a Then Exit Function Else Exit Function|10 Exit "
+       u"Function|"
+       u"Done: Exit Function ' Exit Function|x = \"Exit Function\"|    If b Then|    Else: Exit "
+       u"Function|"
+       u"' a _|Exit Function|Rem Exit Function|Exit FunctionX|End Function",
+       u"Function"},
+      {"an inner handler like the template's own",
+       u"Sub Run()|    On Error Resume Next|    On Error GoTo 0|    On Error GoTo Catch|End Sub"},
+      {"continued lines that begin with digits", u"Sub Run()|    x = 1 + _|22 + 3|End Sub"},
+      {"clean-up block", u"Sub Run()|    x|'FireExit:     a = 1|'FireExit: b|End Sub"},
+      {"conditional compilation inside", u"Sub Run()|#If A Then|x|#Else|y|#End If|End Sub"},
+      {"accents", u"Sub Run()|    s = \"\u00c9t\u00e9\"|End Sub"},
+  };
+  for (TextView sTemplate : {u"Plain", u"Fire", u"Gap"}) {
+    for (bool bTrace : {false, true}) {
+      for (const auto& oBody : oBodies) {
+        SCOPED_TRACE(ToUtf8(sTemplate) + ", " + oBody.sName);
+        EngineFixture oTest(Templates);
+        const std::string sPut =
+            oTest.Insert(oBody.sBefore, sTemplate, {bTrace, false, u"tvnBoundaryVB"}, oBody.sType);
+        ASSERT_FALSE(sPut.starts_with("!")) << sPut;
+        EXPECT_NE(sPut, ToUtf8(oBody.sBefore));
+        EXPECT_EQ(oTest.Remove(FromUtf8(sPut), sTemplate, oBody.sType), ToUtf8(oBody.sBefore));
+      }
+    }
+  }
+}
+
+TEST(Removal, TakesATemplateOutOfChangedCodeOrTellsWhyNot) {
+  const struct {
+    const char* sName;
+    TextView sTemplate;
+    TextView sBefore;
+    const char* sAfter;
+  } oRows[] = {
+      {"numbers become blanks", u"Plain",
+       u"Sub Run()|'Sig: Plain|On Error GoTo Catch|10 x = 1|Leave:|Exit Sub|Catch:|Resume "
+       u"Leave|End Sub",
+       "Sub Run()|   x = 1|End Sub"},
+      {"trace exit of a procedure that had another name", u"Plain",
+       u"Sub Run()|'Sig: Plain|T.Enter \"Old\"|On Error GoTo Catch|  T.TraceExit \"Old\": Exit Sub|"
+       u"If a Then T.TraceExit \"Old\": Exit Sub|b: T.TraceExit \"Old\": c|Leave:|T.TraceExit "
+       u"\"Old\"|"
+       u"Exit Sub|Catch:|Resume Leave|End Sub",
+       "Sub Run()|  Exit Sub|If a Then Exit Sub|b: c|End Sub"},
+      {"clean-up code waits as comments, blank lines dropped", u"Fire",
+       u"Sub Run()|'Sig: Fire|On Error GoTo Catch|x|Leave:|'clean|  a||b|'cleaned|Exit Sub|Catch:|"
+       u"Resume Leave|End Sub",
+       "Sub Run()|x|'FireExit:   a|'FireExit: b|End Sub"},
+      {"blank rows of the template go, the user's stay", u"Gap",
+       u"Sub Run()|'Sig: Gap|On Error GoTo Catch||||x|||Leave:|Exit Sub|Catch:|Resume Leave|End "
+       u"Sub",
+       "Sub Run()||x||End Sub"},
+      {"an edited line", u"Plain",
+       u"Sub Run()|'Sig: Plain|On Error GoTo Catch|Leave:|Exit Sub|Catch: ' me|Resume Leave|End "
+       u"Sub",
+       "! Code does not match Template; Line=6 [Catch: ' me]"},
+      {"a line used twice", u"Plain",
+       u"Sub Run()|'Sig: Plain|'Sig: Plain|On Error GoTo Catch|Leave:|Exit Sub|Catch:|Resume Leave|"
+       u"End Sub",
+       "! Code does not match Template; Line=3 ['Sig: Plain]"},
+      {"no places at all", u"Fire", u"Sub Run()|x|End Sub",
+       "! BodyStart Not Found BodyEnd Not Found FireStart Not Found FireEnd Not Found"},
+      {"no end", u"Plain", u"Sub Run()|On Error GoTo Catch|Leave:", "! Procedure End Not Found"},
+      {"places below the end", u"Plain",
+       u"Sub Run()|On Error GoTo Catch|End Sub|Leave:|Exit Sub|Catch:|Resume Leave|End Sub",
+       "! Procedure End Found before BodyEnd"},
+      {"wrong order", u"Fire", u"Sub Run()|Leave:|'cleaned|'clean|On Error GoTo Catch|End Sub",
+       "! BodyEnd Found before BodyStart FireEnd Found before FireStart"},
+      {"a user's line in the place of the border", u"Plain",
+       u"Sub Run()|'Sig: Plain|On Error GoTo Catch|x|Leave:|y|Leave:|Exit Sub|Catch:|Resume "
+       u"Leave|End Sub",
+       "! Code does not match Template; Line=6 [y] Code does not match Template; Line=7 [Leave:]"},
+      {"a pattern that its own text can't fit", u"Bad",
+       u"Sub Run()|'Sig: Bad|'begin|'end|#If Dbg Then|#End If|End Sub",
+       "! Template Line does not fit its own Pattern [#If Dbg Then] Template Line does not fit its "
+       "own Pattern [#End If]"},
+  };
+  for (const auto& oRow : oRows) {
+    SCOPED_TRACE(oRow.sName);
+    EngineFixture oTest(Templates);
+    oTest.oRules.eLineNumAction = 0;
+    EXPECT_EQ(oTest.Remove(oRow.sBefore, oRow.sTemplate), oRow.sAfter);
+  }
+}
+
+TEST(Removal, TellsABorderFromCodeLikeIt) {
+  // The border above the body has a token, so a user's line can fit it as well.
+  const TextView sTemplates =
+      u"<#Template name=Sig type=signature>|<#Start>|'Sig: <%Signature>|<#End>|"
+      u"<#Template name=T type=procedure>|<#Start>|'one|On Error GoTo <%ProcName>_x|<#BodyStart>|"
+      u"<#BodyEnd>|'two|<#End>";
+  EngineFixture oTest(sTemplates);
+  EXPECT_EQ(
+      oTest.Remove(u"Sub Run()|'Sig: T|'one|On Error GoTo Run_x|On Error GoTo Run_x|'two|End Sub",
+                   u"T"),
+      "Sub Run()|On Error GoTo Run_x|End Sub");
+  EXPECT_EQ(
+      oTest.Remove(u"Sub Run()|'Sig: T|'one|On Error GoTo Mine_x|On Error GoTo Run_x|'two|End Sub",
+                   u"T"),
+      "! BodyStart can't be told from other Code; Line=5 [On Error GoTo Run_x]");
+  EXPECT_EQ(
+      oTest.Remove(u"Sub Run()|'Sig: T|On Error GoTo Mine_x|'one|On Error GoTo Run_x|'two|End Sub",
+                   u"T"),
+      "! BodyStart can't be told from other Code; Line=5 [On Error GoTo Run_x]");
+}
+
+TEST(Removal, OfDeclarationsKeepsWhatIsTheUsers) {
+  const struct {
+    const char* sName;
+    TextView sBefore;
+    const char* sAfter;
+  } oRows[] = {
+      {"blank rows go as many as were written",
+       u"Option Explicit|'Sig: Mod||Private Const M = \"Mod\"|||Dim a", "Option Explicit||Dim a|"},
+      {"lines ahead of the signature are the user's",
+       u"Private Const M = \"x\"|'Sig: Mod||Private Const M = \"Mod\"||",
+       "Private Const M = \"x\"|"},
+      {"a row serves one line", u"'Sig: Mod|Private Const M = \"Mod\"|Private Const M = \"b\"",
+       "Private Const M = \"b\"|"},
+      {"what doesn't fit stays", u"'Sig: Mod|Private Const N = 1", "Private Const N = 1|"},
+      {"all of it", u"'Sig: Mod||Private Const M = \"Mod\"|", ""},
+  };
+  for (const auto& oRow : oRows) {
+    SCOPED_TRACE(oRow.sName);
+    EngineFixture oTest(Templates);
+    EXPECT_EQ(oTest.Remove(oRow.sBefore, u"mod", u"", u"(declarations)"), oRow.sAfter);
+  }
+}
+
+}  // namespace
