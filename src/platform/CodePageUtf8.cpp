@@ -42,33 +42,41 @@ std::size_t DecodeOne(std::string_view sBytes, char16_t*& pcTo) {
   return lLength;
 }
 
-void PutTail(char32_t cChar, int lShift, std::string& sBytes) {
-  for (; lShift >= 0; lShift -= 6) sBytes += static_cast<char>(0x80 | ((cChar >> lShift) & 0x3F));
+void PutTail(char32_t cChar, int lShift, char*& pcTo) {
+  for (; lShift >= 0; lShift -= 6) *pcTo++ = static_cast<char>(0x80 | ((cChar >> lShift) & 0x3F));
 }
 
 /// The units that were taken; 0 for a unit that has no bytes.
-std::size_t EncodeOne(TextView sText, std::string& sBytes) {
+std::size_t EncodeOne(TextView sText, char*& pcTo) {
   const char16_t cUnit = sText[0];
   if (IsHigh(cUnit)) {
     if (sText.size() < 2 || !IsLow(sText[1])) return 0;
     const char32_t cChar = 0x10000 + ((cUnit & 0x3FFu) << 10) + (sText[1] & 0x3FFu);
-    sBytes += static_cast<char>(0xF0 | (cChar >> 18));
-    PutTail(cChar, 12, sBytes);
+    *pcTo++ = static_cast<char>(0xF0 | (cChar >> 18));
+    PutTail(cChar, 12, pcTo);
     return 2;
   }
   if (IsLow(cUnit)) {
     if (cUnit < 0xDC80 || cUnit > 0xDCFF) return 0;
-    sBytes += static_cast<char>(cUnit & 0xFF);
+    *pcTo++ = static_cast<char>(cUnit & 0xFF);
   } else if (cUnit < 0x80) {
-    sBytes += static_cast<char>(cUnit);
+    *pcTo++ = static_cast<char>(cUnit);
   } else if (cUnit < 0x800) {
-    sBytes += static_cast<char>(0xC0 | (cUnit >> 6));
-    PutTail(cUnit, 0, sBytes);
+    *pcTo++ = static_cast<char>(0xC0 | (cUnit >> 6));
+    PutTail(cUnit, 0, pcTo);
   } else {
-    sBytes += static_cast<char>(0xE0 | (cUnit >> 12));
-    PutTail(cUnit, 6, sBytes);
+    *pcTo++ = static_cast<char>(0xE0 | (cUnit >> 12));
+    PutTail(cUnit, 6, pcTo);
   }
   return 1;
+}
+
+/// At least the bytes of sText; a pair of surrogates counts six for its four.
+std::size_t MostBytes(TextView sText) {
+  std::size_t lBytes = sText.size();
+  for (const char16_t cUnit : sText)
+    lBytes += (cUnit >= 0x80 ? 1u : 0u) + (cUnit >= 0x800 ? 1u : 0u);
+  return lBytes;
 }
 
 class CodePageUtf8 : public CodePage {
@@ -99,15 +107,14 @@ class CodePageUtf8 : public CodePage {
 
   bool Encode(TextView sText, std::string& sBytes, std::size_t& lBadUnit) const override {
     const std::size_t lOld = sBytes.size(), lCount = sText.size();
+    sBytes.resize(lOld + MostBytes(sText));
+    char* pcTo = sBytes.data() + lOld;
     for (std::size_t i = 0; i < lCount;) {
-      const std::size_t lBegin = sBytes.size();
-      sBytes.resize(lBegin + (lCount - i));
-      const std::size_t lAscii =
-          CodePageAscii::NarrowBlocks(sText.data() + i, lCount - i, sBytes.data() + lBegin);
-      sBytes.resize(lBegin + lAscii);
+      const std::size_t lAscii = CodePageAscii::NarrowBlocks(sText.data() + i, lCount - i, pcTo);
       i += lAscii;
+      pcTo += lAscii;
       for (const std::size_t lEnd = std::min(lCount, i + 32); i < lEnd;) {
-        const std::size_t lTaken = EncodeOne(sText.substr(i), sBytes);
+        const std::size_t lTaken = EncodeOne(sText.substr(i), pcTo);
         if (lTaken == 0) {
           sBytes.resize(lOld);
           lBadUnit = i;
@@ -116,6 +123,7 @@ class CodePageUtf8 : public CodePage {
         i += lTaken;
       }
     }
+    sBytes.resize(static_cast<std::size_t>(pcTo - sBytes.data()));
     return true;
   }
 };

@@ -23,6 +23,8 @@ std::int32_t GetRegLong(std::int32_t hKey, TextView sName, std::int32_t lDefault
 void SetRegString(std::int32_t hKey, TextView sName, TextView sValue);
 Text GetRegString(std::int32_t hKey, TextView sName, TextView sDefault);
 void DeleteRegValue(std::int32_t hKey, TextView sName);
+/// The names of the key's values, in no order that can be relied on.
+std::vector<Text> RegValueNames(std::int32_t hKey);
 
 /// Booleans: stored as -1 or 0, read as true for anything but 0.
 bool GetRegBool(std::int32_t hKey, TextView sName, bool bDefault);

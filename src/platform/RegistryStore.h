@@ -1,9 +1,10 @@
 // The registry of this machine: one text file in registry export format. Keys in brackets, values
 //   "Name"=dword:0000001f     "Name"="text with \\ and \" escaped"     @="default"
 // Reads what registry editors export ("Windows Registry Editor Version 5.00" in UTF-16 LE with
-// mark, or UTF-8; "REGEDIT4" in 1252) and writes plain ASCII under the 5.00 header, so that it can
-// be imported: a text with other characters is written as hex(1). Other value types and lines
-// that aren't understood stay where they are, byte for byte, when the file is written next.
+// mark, or UTF-8; "REGEDIT4" in 1252). A new file has the 5.00 header, and values are written in
+// ASCII, so that it can be imported: a text with other characters is written as hex(1). A file
+// that is there keeps its header, encoding and line ends, for other value types and lines that
+// aren't understood stay where they are, byte for byte, when the file is written next.
 // A damaged line is skipped and told through Problems() with its number.
 //
 // Every write locks the file (a lock file beside it), reads it again, puts this program's changes
@@ -28,14 +29,17 @@ class RegistryStore {
   };
 
   /// Opens the store in a file that need not exist yet; its folder is made at the first write.
-  /// An empty path keeps everything in memory (tests, --settings "").
-  explicit RegistryStore(std::string sPath = {});
+  /// An empty path keeps everything in memory (tests, --settings ""). A file that is there and
+  /// can't be read is a Failure with the path. poFiles: null means the system's files; not owned.
+  explicit RegistryStore(std::string sPath = {}, IFileOps* poFiles = nullptr);
   ~RegistryStore();
   RegistryStore(const RegistryStore&) = delete;
   RegistryStore& operator=(const RegistryStore&) = delete;
 
   /// Key paths are full, "HKEY_CURRENT_USER\Software\..."; keys and names ignore letter case.
   bool KeyExists(TextView sKey) const;
+  /// In memory only: the file has the key with its first value, so that reading settings never
+  /// writes a file. Failure 5 for a key or a value name that the format can't hold, here and below.
   void CreateKey(TextView sKey);
 
   /// nullopt when missing; type 1 is a string, 4 a 32-bit integer, others as in the file.
@@ -70,5 +74,7 @@ class RegistryStore {
 
 /// The store behind MXRegistry. Null: an empty one in memory is made at first use. Not owned.
 extern RegistryStore* goRegistry;
-/// $XDG_CONFIG_HOME/tarvane-quillon/settings.reg, or under ~/.config.
+/// The store in use; makes goRegistry when it is null.
+RegistryStore& CurrentRegistry();
+/// $XDG_CONFIG_HOME/tarvane-quillon/settings.reg, or under ~/.config; empty without a home.
 std::string DefaultSettingsPath();

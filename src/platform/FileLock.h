@@ -1,0 +1,17 @@
+// Holds a lock file exclusively for the life of the object; other programs wait. The file stays,
+// since removing it could take it away from under another program.
+#pragma once
+
+#include <string>
+
+class FileLock {
+ public:
+  /// Waits lMilliseconds at most; then, or when the file can't be made, a Failure with the path.
+  explicit FileLock(const std::string& sPath, int lMilliseconds = 10000);
+  ~FileLock();
+  FileLock(const FileLock&) = delete;
+  FileLock& operator=(const FileLock&) = delete;
+
+ private:
+  int mhFile;
+};
