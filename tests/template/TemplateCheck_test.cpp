@@ -135,7 +135,7 @@ const Row atFile[] = {
     {"empty file", u"<## c", "1", "no template"},
     {"no signature template", u"<#Template name=M type=module>|<#Start>|<#End>", "1",
      "must have type=signature"},
-    {"signature without a line", u"{first}", "3", "must hold <%Signature>"},
+    {"signature without a line", u"{first}<#End>", "3", "must hold <%Signature>"},
     {"signature without its token", u"{first}'Q|", "3", "must hold <%Signature>"},
     {"signature that any comment fits", u"{first}' <%Signature>|", "3", "fits [' a comment] too"},
     {"signature twice in a line", u"{first}'Q <%Signature> <%Signature>|", "3",
