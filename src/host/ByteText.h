@@ -1,0 +1,47 @@
+// Small questions about the bytes of a source line. Keywords are ASCII in every code page, so
+// they are compared as bytes, letters without case.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+/// Blank, tab, and the code 19h that the language counts as white space.
+inline bool IsBlank(char c) {
+  return c == ' ' || c == '\t' || c == '\x19';
+}
+inline bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+inline char AsciiLower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
+
+/// sLower: in lower case.
+inline bool StartsNoCase(std::string_view sBytes, std::string_view sLower) {
+  if (sBytes.size() < sLower.size()) return false;
+  for (std::size_t l = 0; l < sLower.size(); ++l) {
+    if (AsciiLower(sBytes[l]) != sLower[l]) return false;
+  }
+  return true;
+}
+inline bool IsWord(std::string_view sBytes, std::string_view sLower) {
+  return sBytes.size() == sLower.size() && StartsNoCase(sBytes, sLower);
+}
+
+inline std::string_view SkipBlanks(std::string_view sBytes) {
+  while (!sBytes.empty() && IsBlank(sBytes.front())) sBytes.remove_prefix(1);
+  return sBytes;
+}
+inline std::string_view TrimBlanks(std::string_view sBytes) {
+  sBytes = SkipBlanks(sBytes);
+  while (!sBytes.empty() && IsBlank(sBytes.back())) sBytes.remove_suffix(1);
+  return sBytes;
+}
+
+/// Where the continuation mark of a physical line stands; npos when it has none. White space must
+/// stand ahead of it, so the mark can't be the second byte of a character.
+inline std::size_t ContinuationMark(std::string_view sLine) {
+  std::size_t l = sLine.size();
+  while (l > 0 && IsBlank(sLine[l - 1])) --l;
+  return l >= 2 && sLine[l - 1] == '_' && IsBlank(sLine[l - 2]) ? l - 1 : std::string_view::npos;
+}

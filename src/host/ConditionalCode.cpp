@@ -1,0 +1,99 @@
+#include "ConditionalCode.h"
+
+#include "ByteText.h"
+
+ConditionalCode::ConditionalCode(const std::vector<CondConstant>& oConstants, const CodePage& oPage)
+    : moPage(oPage) {
+  moProject[u"win32"] = CondValue::Of(-1);
+  moProject[u"win16"] = CondValue::Of(0);
+  moProject[u"vba6"] = CondValue::Of(-1);
+  for (const CondConstant& oConstant : oConstants) {
+    moProject[LowerCase(oConstant.sName)] = CondValue::Of(oConstant.lValue);
+  }
+  Reset(Reading::Values);
+}
+
+void ConditionalCode::Reset(Reading eReading) {
+  meReading = eReading;
+  moNames = moProject;
+  moOwnNames.clear();
+  moNode.assign(1, {-1, true, true, {}});
+  mlState = 0;
+  mbSound = true;
+}
+
+bool ConditionalCode::TakeConstSeen() {
+  const bool bSeen = mbConstSeen;
+  mbConstSeen = false;
+  return bSeen;
+}
+
+void ConditionalCode::Enter(std::int32_t lParent, bool bActive, bool bTaken) {
+  const std::size_t lChild = (bActive ? 1U : 0U) + (bTaken ? 2U : 0U);
+  const std::int32_t lKnown = moNode[static_cast<std::size_t>(lParent)].alChild[lChild];
+  if (lKnown != 0) {
+    mlState = lKnown;
+    return;
+  }
+  mlState = static_cast<std::int32_t>(moNode.size());
+  moNode.push_back({lParent, bActive, bTaken, {}});
+  moNode[static_cast<std::size_t>(lParent)].alChild[lChild] = mlState;
+}
+
+void ConditionalCode::Open(bool bCondition) {
+  const bool bOuter = IsActive();
+  Enter(mlState, bOuter && bCondition, !bOuter || bCondition);
+}
+
+void ConditionalCode::Branch(bool bCondition) {
+  if (mlState == 0) {
+    mbSound = false;
+    return;
+  }
+  const bool bTaken = Now().bTaken;
+  Enter(Now().lParent, !bTaken && bCondition, bTaken || bCondition);
+}
+
+void ConditionalCode::Close() {
+  if (mlState == 0)
+    mbSound = false;
+  else
+    mlState = Now().lParent;
+}
+
+bool ConditionalCode::Holds(LexicalScan& oScan) {
+  if (meReading == Reading::FirstBranch) return true;
+  return EvaluateCondition(oScan, moNames, moPage).IsTrue();
+}
+
+// The first definition of a name stands: a second one is no legal code.
+void ConditionalCode::Define(LexicalScan& oScan) {
+  mbConstSeen = true;
+  const Token oName = oScan.Next();
+  if (!IsActive() || !oName.IsName() || !oScan.Next().IsMark('=')) return;
+  Text sName = LowerCase(moPage.Decode(oName.sText));
+  const CondValue oValue = EvaluateCondition(oScan, moNames, moPage);
+  // It hides a constant of the project.
+  if (moOwnNames.insert(sName).second) moNames[sName] = oValue;
+}
+
+std::int32_t ConditionalCode::Directive(LexicalScan& oScan, std::int32_t lLine,
+                                        std::size_t lColumn) {
+  oScan.Start(lLine, lColumn + 1);
+  if (meReading != Reading::All && oScan.NextStatement()) {
+    const std::string_view sWord = oScan.Next().sText;
+    if (IsWord(sWord, "if")) {
+      Open(Holds(oScan));
+    } else if (IsWord(sWord, "elseif")) {
+      Branch(meReading != Reading::FirstBranch && Holds(oScan));
+    } else if (IsWord(sWord, "else")) {
+      Branch(meReading != Reading::FirstBranch);
+    } else if (IsWord(sWord, "endif") ||
+               (IsWord(sWord, "end") && IsWord(oScan.Next().sText, "if"))) {
+      Close();
+    } else if (IsWord(sWord, "const")) {
+      Define(oScan);
+    }
+  }
+  return oScan.LastLine();
+}

@@ -1,0 +1,162 @@
+#include "EditMemory.h"
+
+#include <algorithm>
+#include <string>
+#include <unordered_map>
+
+#include "ByteText.h"
+#include "LineAlign.h"
+#include "LineSplit.h"
+#include "MemberAttributes.h"
+#include "MemberScan.h"
+
+using Line = LineTable::Line;
+
+namespace {
+
+std::size_t Index(std::int32_t l) {
+  return static_cast<std::size_t>(l);
+}
+
+std::string Folded(std::string_view sName) {
+  std::string sFolded(sName);
+  std::transform(sFolded.begin(), sFolded.end(), sFolded.begin(), AsciiLower);
+  return sFolded;
+}
+
+// Where the declarations end that stand among some lines, by name. Looked for when first asked.
+class DeclarationEnds {
+ public:
+  DeclarationEnds(const LineTable& oLines, LexicalScan& oScan, std::int32_t lFirst,
+                  std::int32_t lLast)
+      : moLines(oLines), moScan(oScan), mlFirst(lFirst), mlLast(lLast) {}
+
+  // The line for hidden lines to stand behind; near lNear when their name isn't declared here.
+  std::int32_t Find(std::string_view sTail, std::int32_t lNear) {
+    if (!mbRead) Read();
+    LineSplit oSplit(sTail);
+    oSplit.Next();
+    const auto pFound = moEnds.find(Folded(ReadAttributeLine(oSplit.Text()).sName));
+    if (pFound != moEnds.end()) return pFound->second;
+    // Not into the middle of a continued statement.
+    while (lNear > 0 && lNear < mlLast &&
+           ContinuationMark(moLines.TextOf(lNear)) != std::string_view::npos) {
+      ++lNear;
+    }
+    return lNear;
+  }
+
+ private:
+  void Read() {
+    mbRead = true;
+    for (std::int32_t l = mlFirst; l <= mlLast; l = moScan.LastLine() + 1) {
+      moScan.Start(l);
+      if (moScan.NextStatement()) ReadNames(ReadStatement(moScan));
+    }
+  }
+
+  void ReadNames(const Statement& oStatement) {
+    std::vector<std::string> asName{Folded(oStatement.oName.sText)};
+    Token oName;
+    const bool bList = oStatement.eKind == StatementKind::Variables;
+    while (bList && NextName(moScan, oName)) asName.push_back(Folded(oName.sText));
+    const std::int32_t lEnd = moScan.LastLine();
+    for (std::string& sName : asName) {
+      if (!sName.empty()) moEnds.emplace(std::move(sName), std::min(lEnd, mlLast));
+    }
+  }
+
+  const LineTable& moLines;
+  LexicalScan& moScan;
+  std::int32_t mlFirst;
+  std::int32_t mlLast;
+  bool mbRead = false;
+  std::unordered_map<std::string, std::int32_t> moEnds;
+};
+
+}  // namespace
+
+void EditMemory::Delete(std::int32_t lStart, std::int32_t lCount) {
+  const bool bAhead = !moGone.empty() && lStart + lCount == mlPlace;
+  if (!bAhead && lStart != mlPlace) moGone.clear();
+  const std::vector<Line> oGone = moLines.Remove(lStart, lCount);
+  moGone.insert(bAhead ? moGone.begin() : moGone.end(), oGone.begin(), oGone.end());
+  mlPlace = lStart;
+}
+
+void EditMemory::Insert(std::int32_t lLine, const std::vector<std::string_view>& asNew,
+                        LexicalScan& oScan) {
+  if (mlPlace != lLine) moGone.clear();
+  moLines.MakeRoom(Needed(asNew));
+  moLines.Insert(lLine, NewLines(asNew));
+  const bool bTails =
+      std::any_of(moGone.begin(), moGone.end(), [](const Line& o) { return o.bTail; });
+  if (bTails) PlaceTails(lLine, static_cast<std::int32_t>(asNew.size()), oScan);
+  moGone.clear();
+}
+
+// At most: all lines new, all hidden lines moved, each time with the line that carries them.
+std::size_t EditMemory::Needed(const std::vector<std::string_view>& asNew) const {
+  std::size_t lBytes = 0;
+  for (const std::string_view sLine : asNew) lBytes += sLine.size() + 2;
+  std::size_t lTails = 0;
+  for (const Line& oLine : moGone) {
+    if (oLine.bTail) lTails += moLines.TailOf(oLine).size() + 4;
+  }
+  return lTails == 0 ? lBytes : 2 * lBytes + 2 * lTails;
+}
+
+std::vector<Line> EditMemory::NewLines(const std::vector<std::string_view>& asNew) {
+  std::vector<std::string_view> asOld;
+  asOld.reserve(moGone.size());
+  for (const Line& oLine : moGone) asOld.push_back(moLines.TextOf(oLine));
+  malPartner = AlignLines(asOld, asNew);
+  mabKept.assign(moGone.size(), false);
+  std::vector<Line> oMade;
+  oMade.reserve(asNew.size());
+  std::size_t lOld = 0;
+  for (std::size_t l = 0; l < asNew.size();) {
+    std::size_t lTo = l;
+    while (lTo < asNew.size() && malPartner[lTo] < 0) ++lTo;
+    const std::size_t lOldTo = lTo < asNew.size() ? Index(malPartner[lTo]) : moGone.size();
+    // As many new lines as old ones between two that stayed: they are the same lines, changed.
+    AddChanged(asNew, l, lTo, lOld, lTo - l == lOldTo - lOld, oMade);
+    if (lTo < asNew.size()) {
+      oMade.push_back(moGone[lOldTo]);
+      mabKept[lOldTo] = true;
+    }
+    lOld = lOldTo + 1;
+    l = lTo + 1;
+  }
+  return oMade;
+}
+
+void EditMemory::AddChanged(const std::vector<std::string_view>& asNew, std::size_t lFrom,
+                            std::size_t lTo, std::size_t lOld, bool bPaired,
+                            std::vector<Line>& oMade) {
+  for (std::size_t l = lFrom; l < lTo; ++l, ++lOld) {
+    std::string_view sEnd = moLines.OwnEnd();
+    if (bPaired) {
+      malPartner[l] = static_cast<std::int32_t>(lOld);
+      if (!moLines.EndOf(moGone[lOld]).empty()) sEnd = moLines.EndOf(moGone[lOld]);
+    }
+    oMade.push_back(moLines.Add(asNew[l], sEnd));
+  }
+}
+
+// Hidden lines whose line is back are back with it. The others go behind the declaration of their
+// name, or else behind the nearest line ahead of them that is still there.
+void EditMemory::PlaceTails(std::int32_t lLine, std::int32_t lCount, LexicalScan& oScan) {
+  DeclarationEnds oEnds(moLines, oScan, lLine, lLine + lCount - 1);
+  std::int32_t lNear = lLine - 1;
+  std::int32_t lNew = 0;
+  for (std::size_t l = 0; l < moGone.size(); ++l) {
+    for (; lNew < lCount && malPartner[Index(lNew)] <= static_cast<std::int32_t>(l); ++lNew) {
+      if (malPartner[Index(lNew)] >= 0) lNear = lLine + lNew;
+    }
+    if (!moGone[l].bTail || mabKept[l]) continue;
+    const std::string sTail(moLines.TailOf(moGone[l]));
+    const std::int32_t lTo = oEnds.Find(sTail, lNear);
+    moLines.Set(lTo, moLines.WithTail(moLines.At(lTo), sTail));
+  }
+}

@@ -1,0 +1,37 @@
+// Lines that were deleted, kept until the next edit elsewhere: when text is inserted in their
+// place, those of its lines that were there before get their own bytes back, and hidden lines
+// find a place again.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "LineTable.h"
+
+class LexicalScan;
+
+class EditMemory {
+ public:
+  explicit EditMemory(LineTable& oLines) : moLines(oLines) {}
+
+  void Clear() { moGone.clear(); }
+  /// Takes lines away. Deletes side by side are remembered as one.
+  void Delete(std::int32_t lStart, std::int32_t lCount);
+  /// Puts asNew ahead of lLine. The views must not point into the line table.
+  void Insert(std::int32_t lLine, const std::vector<std::string_view>& asNew, LexicalScan& oScan);
+
+ private:
+  std::vector<LineTable::Line> NewLines(const std::vector<std::string_view>& asNew);
+  void AddChanged(const std::vector<std::string_view>& asNew, std::size_t lFrom, std::size_t lTo,
+                  std::size_t lOld, bool bPaired, std::vector<LineTable::Line>& oMade);
+  void PlaceTails(std::int32_t lLine, std::int32_t lCount, LexicalScan& oScan);
+  std::size_t Needed(const std::vector<std::string_view>& asNew) const;
+
+  LineTable& moLines;
+  std::vector<LineTable::Line> moGone;
+  std::int32_t mlPlace = 0;
+  /// Of each new line the old one whose bytes or place it took, or -1.
+  std::vector<std::int32_t> malPartner;
+  std::vector<bool> mabKept;  // of each old line: it is back, with all its bytes
+};

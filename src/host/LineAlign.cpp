@@ -1,0 +1,136 @@
+#include "LineAlign.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace {
+
+// Between anchors an equal line is looked for that far only, to stay linear.
+constexpr std::size_t Window = 32;
+
+struct HashedLine {
+  std::size_t lHash;
+  std::uint32_t lIndex;
+  bool bNew;
+};
+
+struct Pair {
+  std::size_t lNew;
+  std::size_t lOld;
+};
+
+class Aligner {
+ public:
+  Aligner(const std::vector<std::string_view>& asOld, const std::vector<std::string_view>& asNew)
+      : masOld(asOld), masNew(asNew), malOld(asNew.size(), -1) {}
+
+  std::vector<std::int32_t> Run() {
+    Pair oFrom{0, 0};
+    Pair oTo{masNew.size(), masOld.size()};
+    Shrink(oFrom, oTo);
+    if (oFrom.lNew < oTo.lNew && oFrom.lOld < oTo.lOld) AlignMiddle(oFrom, oTo);
+    return std::move(malOld);
+  }
+
+ private:
+  bool Equal(std::size_t lNew, std::size_t lOld) const { return masNew[lNew] == masOld[lOld]; }
+  void Set(std::size_t lNew, std::size_t lOld) { malOld[lNew] = static_cast<std::int32_t>(lOld); }
+
+  // Takes equal lines at both ends.
+  void Shrink(Pair& oFrom, Pair& oTo) {
+    while (oFrom.lNew < oTo.lNew && oFrom.lOld < oTo.lOld && Equal(oFrom.lNew, oFrom.lOld)) {
+      Set(oFrom.lNew++, oFrom.lOld++);
+    }
+    while (oFrom.lNew < oTo.lNew && oFrom.lOld < oTo.lOld && Equal(oTo.lNew - 1, oTo.lOld - 1)) {
+      Set(--oTo.lNew, --oTo.lOld);
+    }
+  }
+
+  void AlignMiddle(Pair oFrom, const Pair& oTo) {
+    for (const Pair& oAnchor : Anchors(oFrom, oTo)) {
+      AlignGap(oFrom, oAnchor);
+      Set(oAnchor.lNew, oAnchor.lOld);
+      oFrom = {oAnchor.lNew + 1, oAnchor.lOld + 1};
+    }
+    AlignGap(oFrom, oTo);
+  }
+
+  void AlignGap(Pair oFrom, Pair oTo) {
+    Shrink(oFrom, oTo);
+    for (; oFrom.lNew < oTo.lNew; ++oFrom.lNew) {
+      const std::size_t lLast = std::min(oTo.lOld, oFrom.lOld + Window);
+      std::size_t lOld = oFrom.lOld;
+      while (lOld < lLast && !Equal(oFrom.lNew, lOld)) ++lOld;
+      if (lOld == lLast) continue;
+      Set(oFrom.lNew, lOld);
+      oFrom.lOld = lOld + 1;
+    }
+  }
+
+  // Lines that are unique on both sides, as many of them as keep their order.
+  std::vector<Pair> Anchors(const Pair& oFrom, const Pair& oTo) {
+    std::vector<HashedLine> oLines;
+    oLines.reserve(oTo.lNew - oFrom.lNew + oTo.lOld - oFrom.lOld);
+    const std::hash<std::string_view> oHash;
+    for (std::size_t l = oFrom.lNew; l < oTo.lNew; ++l) {
+      oLines.push_back({oHash(masNew[l]), static_cast<std::uint32_t>(l), true});
+    }
+    for (std::size_t l = oFrom.lOld; l < oTo.lOld; ++l) {
+      oLines.push_back({oHash(masOld[l]), static_cast<std::uint32_t>(l), false});
+    }
+    std::sort(oLines.begin(), oLines.end(),
+              [](const auto& a, const auto& b) { return a.lHash < b.lHash; });
+    return Rising(UniquePairs(oLines));
+  }
+
+  std::vector<Pair> UniquePairs(const std::vector<HashedLine>& oLines) const {
+    std::vector<Pair> oPairs;
+    for (std::size_t l = 0; l < oLines.size();) {
+      std::size_t lEnd = l + 1;
+      while (lEnd < oLines.size() && oLines[lEnd].lHash == oLines[l].lHash) ++lEnd;
+      if (lEnd == l + 2 && oLines[l].bNew != oLines[l + 1].bNew) {
+        const HashedLine& oNew = oLines[oLines[l].bNew ? l : l + 1];
+        const HashedLine& oOld = oLines[oLines[l].bNew ? l + 1 : l];
+        if (Equal(oNew.lIndex, oOld.lIndex)) oPairs.push_back({oNew.lIndex, oOld.lIndex});
+      }
+      l = lEnd;
+    }
+    std::sort(oPairs.begin(), oPairs.end(),
+              [](const Pair& a, const Pair& b) { return a.lNew < b.lNew; });
+    return oPairs;
+  }
+
+  // The longest run of pairs whose old lines rise as well.
+  static std::vector<Pair> Rising(const std::vector<Pair>& oPairs) {
+    std::vector<std::size_t> oBest;  // of each length the pair that ends it lowest
+    std::vector<std::size_t> oBefore(oPairs.size());
+    for (std::size_t l = 0; l < oPairs.size(); ++l) {
+      const auto p = std::lower_bound(
+          oBest.begin(), oBest.end(), oPairs[l].lOld,
+          [&](std::size_t lPair, std::size_t lOld) { return oPairs[lPair].lOld < lOld; });
+      oBefore[l] = p == oBest.begin() ? oPairs.size() : *(p - 1);
+      if (p == oBest.end())
+        oBest.push_back(l);
+      else
+        *p = l;
+    }
+    std::vector<Pair> oRun;
+    for (std::size_t l = oBest.empty() ? oPairs.size() : oBest.back(); l < oPairs.size();) {
+      oRun.push_back(oPairs[l]);
+      l = oBefore[l];
+    }
+    std::reverse(oRun.begin(), oRun.end());
+    return oRun;
+  }
+
+  const std::vector<std::string_view>& masOld;
+  const std::vector<std::string_view>& masNew;
+  std::vector<std::int32_t> malOld;
+};
+
+}  // namespace
+
+std::vector<std::int32_t> AlignLines(const std::vector<std::string_view>& asOld,
+                                     const std::vector<std::string_view>& asNew) {
+  return Aligner(asOld, asNew).Run();
+}

@@ -1,0 +1,228 @@
+#include "LineTable.h"
+
+#include <algorithm>
+
+#include "ByteText.h"
+#include "Failure.h"
+#include "LineSplit.h"
+
+namespace {
+
+constexpr std::size_t MaxBytes = 0x7FFFFFFF;
+constexpr std::uint32_t AddedBit = 0x80000000;
+
+LineTable::Line MakeLine(std::size_t lOffset, std::size_t lLength, bool bTail) {
+  LineTable::Line oLine;
+  oLine.lOffset = static_cast<std::uint32_t>(lOffset);
+  oLine.lLength = static_cast<std::uint32_t>(lLength) & 0x7FFFFFFFU;
+  oLine.bTail = bTail ? 1 : 0;
+  return oLine;
+}
+
+bool IsEnd(char c) {
+  return c == '\r' || c == '\n';
+}
+
+std::string_view WithoutEnd(std::string_view sLine) {
+  if (!sLine.empty() && sLine.back() == '\n')
+    sLine.remove_suffix(1);
+  else if (!sLine.empty() && sLine.back() == '\r') {
+    sLine.remove_suffix(1);
+    return sLine;
+  } else
+    return sLine;
+  if (!sLine.empty() && sLine.back() == '\r') sLine.remove_suffix(1);
+  return sLine;
+}
+
+// Counts the line ends of a file.
+class EndCount {
+ public:
+  void Add(std::string_view sEnd) {
+    if (!sEnd.empty()) ++malCount[sEnd.size() == 2 ? 0 : sEnd[0] == '\n' ? 1 : 2];
+  }
+  std::string_view Majority() const {
+    static constexpr std::string_view asEnd[] = {"\r\n", "\n", "\r"};
+    return asEnd[std::max_element(malCount, malCount + 3) - malCount];
+  }
+
+ private:
+  std::size_t malCount[3] = {};
+};
+
+}  // namespace
+
+bool IsMemberAttribute(std::string_view sLine) {
+  constexpr std::string_view sWord = "attribute";
+  if (!StartsNoCase(sLine, sWord) || sLine.size() == sWord.size()) return false;
+  if (!IsBlank(sLine[sWord.size()])) return false;
+  const std::string_view sRest = SkipBlanks(sLine.substr(sWord.size()));
+  const std::size_t lStop = sRest.find_first_of(".= \t\"");
+  return lStop != std::string_view::npos && lStop > 0 && sRest[lStop] == '.' &&
+         StartsNoCase(sRest.substr(lStop + 1), "vb_");
+}
+
+LineTable::LineTable(std::string sBytes, std::size_t lHeaderLength) : msFile(std::move(sBytes)) {
+  if (msFile.size() > MaxBytes) {
+    throw Failure(7, u"The file is larger than 2 GB; such a file can't be a source file", u"host");
+  }
+  mbFinalEnd = msFile.empty() || IsEnd(msFile.back());
+  Split(lHeaderLength);
+}
+
+void LineTable::Split(std::size_t lHeaderLength) {
+  std::vector<Line> oLines;
+  oLines.reserve(msFile.size() / 40 + 2);
+  oLines.push_back(MakeLine(0, lHeaderLength, false));
+  EndCount oEnds;
+  LineSplit oSplit(msFile, lHeaderLength);
+  while (oSplit.Next()) {
+    const std::size_t lLength = oSplit.Behind() - oSplit.Begin();
+    oEnds.Add(oSplit.End());
+    if (IsMemberAttribute(oSplit.Text())) {
+      oLines.back() = MakeLine(oLines.back().lOffset, oLines.back().lLength + lLength, true);
+    } else {
+      oLines.push_back(MakeLine(oSplit.Begin(), lLength, false));
+    }
+  }
+  if (oLines.size() == 1) {
+    LineSplit oHeader(msFile);
+    while (oHeader.Next()) oEnds.Add(oHeader.End());
+  }
+  msOwnEnd = oEnds.Majority();
+  oLines.shrink_to_fit();
+  moLines.Assign(std::move(oLines));
+}
+
+std::string_view LineTable::BytesOf(const Line& oLine) const {
+  const bool bAdded = (oLine.lOffset & AddedBit) != 0;
+  const std::string_view sBuffer = bAdded ? msAdded : msFile;
+  return sBuffer.substr(oLine.lOffset & ~AddedBit, oLine.lLength);
+}
+
+std::string_view LineTable::TextOf(const Line& oLine) const {
+  const std::string_view sBytes = BytesOf(oLine);
+  return oLine.bTail ? sBytes.substr(0, sBytes.find_first_of("\r\n")) : WithoutEnd(sBytes);
+}
+
+std::string_view LineTable::EndOf(const Line& oLine) const {
+  const std::string_view sRest = BytesOf(oLine).substr(TextOf(oLine).size());
+  if (sRest.empty()) return {};
+  return sRest.starts_with("\r\n") ? "\r\n" : sRest[0] == '\n' ? "\n" : "\r";
+}
+
+std::string_view LineTable::TailOf(const Line& oLine) const {
+  if (!oLine.bTail) return {};
+  return BytesOf(oLine).substr(TextOf(oLine).size() + EndOf(oLine).size());
+}
+
+void LineTable::MakeRoom(std::size_t lBytes) {
+  if (lBytes > MaxBytes - msAdded.size()) {
+    throw Failure(7, u"The new text of this file grew over 2 GB; save and open it again", u"host");
+  }
+}
+
+LineTable::Line LineTable::Add(std::string_view sText, std::string_view sEnd,
+                               std::string_view sTail) {
+  MakeRoom(sText.size() + sEnd.size() + sTail.size() + 4);
+  const std::size_t lOffset = msAdded.size();
+  msAdded += sText;
+  msAdded += sEnd;
+  if (!sTail.empty() && lOffset < msAdded.size() && !IsEnd(msAdded.back())) msAdded += msOwnEnd;
+  msAdded += sTail;
+  if (!sTail.empty() && !IsEnd(sTail.back())) msAdded += msOwnEnd;
+  return MakeLine(lOffset | AddedBit, msAdded.size() - lOffset, !sTail.empty());
+}
+
+LineTable::Line LineTable::WithTail(const Line& oLine, std::string_view sTail) {
+  std::string sBytes(BytesOf(oLine));
+  if (!sBytes.empty() && !IsEnd(sBytes.back())) sBytes += msOwnEnd;
+  return Add(sBytes, {}, sTail);
+}
+
+void LineTable::Set(std::int32_t lLine, const Line& oLine) {
+  mbTouched = true;
+  moLines[static_cast<std::size_t>(lLine)] = oLine;
+}
+
+std::vector<LineTable::Line> LineTable::Remove(std::int32_t lStart, std::int32_t lCount) {
+  std::vector<Line> oGone;
+  oGone.reserve(static_cast<std::size_t>(lCount));
+  for (std::int32_t l = 0; l < lCount; ++l) oGone.push_back(At(lStart + l));
+  moLines.Erase(static_cast<std::size_t>(lStart), oGone.size());
+  mbTouched = true;
+  return oGone;
+}
+
+void LineTable::Insert(std::int32_t lLine, const std::vector<Line>& oLines) {
+  moLines.Insert(static_cast<std::size_t>(lLine), oLines);
+  mbTouched = true;
+}
+
+// The bytes of a line as they are written: sMore is a line end that has to follow them.
+std::string_view LineTable::PieceOf(std::int32_t lLine, std::string_view& sMore) const {
+  std::string_view sPiece = BytesOf(At(lLine));
+  sMore = {};
+  if (lLine == Count()) {
+    const bool bEnd = sPiece.empty() || IsEnd(sPiece.back());
+    if (mbFinalEnd && !bEnd) sMore = msOwnEnd;
+    // An empty last line is nothing but its line end.
+    if (!mbFinalEnd && !WithoutEnd(sPiece).empty()) sPiece = WithoutEnd(sPiece);
+    return sPiece;
+  }
+  if (sPiece.empty()) return sPiece;  // a file without a header block
+  const std::string_view sNext = BytesOf(At(lLine + 1));
+  if (!IsEnd(sPiece.back())) sMore = msOwnEnd;
+  // A lone CR and the LF of an empty line behind it would become one line end.
+  else if (sPiece.back() == '\r' && !sNext.empty() && sNext[0] == '\n')
+    sMore = "\n";
+  return sPiece;
+}
+
+std::string LineTable::Bytes() const {
+  if (!mbTouched) return msFile;
+  std::string sBytes;
+  sBytes.reserve(msFile.size() + msAdded.size());
+  std::string_view sMore;
+  for (std::int32_t l = 0; l <= Count(); ++l) {
+    sBytes += PieceOf(l, sMore);
+    sBytes += sMore;
+  }
+  return sBytes;
+}
+
+bool LineTable::IsChanged() const {
+  if (!mbTouched) return false;
+  std::string_view sRest = msFile;
+  std::string_view sMore;
+  for (std::int32_t l = 0; l <= Count(); ++l) {
+    const std::string_view sPiece = PieceOf(l, sMore);
+    // Lines that were never touched lie where they are looked for.
+    if (sPiece.data() != sRest.data() && !sRest.starts_with(sPiece)) return true;
+    if (sPiece.size() > sRest.size()) return true;
+    sRest.remove_prefix(sPiece.size());
+    if (!sRest.starts_with(sMore)) return true;
+    sRest.remove_prefix(sMore.size());
+  }
+  return !sRest.empty();
+}
+
+void LineTable::Rebase() {
+  if (!mbTouched) return;
+  std::string sBytes;
+  sBytes.reserve(msFile.size() + msAdded.size());
+  std::vector<Line> oLines;
+  oLines.reserve(moLines.Size());
+  std::string_view sMore;
+  for (std::int32_t l = 0; l <= Count(); ++l) {
+    const std::size_t lOffset = sBytes.size();
+    sBytes += PieceOf(l, sMore);
+    sBytes += sMore;
+    oLines.push_back(MakeLine(lOffset, sBytes.size() - lOffset, At(l).bTail != 0));
+  }
+  if (sBytes.size() > MaxBytes) return;  // keeps both buffers: offsets would no longer fit
+  msFile = std::move(sBytes);
+  std::string().swap(msAdded);
+  moLines.Assign(std::move(oLines));
+  mbTouched = false;
+}

@@ -1,0 +1,75 @@
+// The lines of a source file over its bytes, eight bytes a line. Line 0 is the header block with
+// the module attributes; lines 1 to Count() are those that the editor shows. Lines that it hides
+// (Attribute Name.VB_...) are no lines here: they are the tail of the line ahead of them, so they
+// go wherever that line goes.
+//
+// Bytes that were read stay where they are; new text is collected behind them in a second buffer.
+// Views that are handed out are good until the next Add or Rebase.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "GapBuffer.h"
+
+/// True for a line that the editor hides: in column 1, Attribute Name.VB_...
+bool IsMemberAttribute(std::string_view sLine);
+
+class LineTable {
+ public:
+  /// A place in one of the two buffers: text, line end, tail.
+  struct Line {
+    std::uint32_t lOffset = 0;
+    std::uint32_t lLength : 31 = 0;
+    std::uint32_t bTail : 1 = 0;
+  };
+
+  /// lHeaderLength: bytes of the header block. Failure 7 for a file of over 2 GB.
+  LineTable(std::string sBytes, std::size_t lHeaderLength);
+
+  std::int32_t Count() const { return static_cast<std::int32_t>(moLines.Size()) - 1; }
+  /// The text of a visible line, without its line end.
+  std::string_view TextOf(std::int32_t lLine) const { return TextOf(At(lLine)); }
+  std::string_view TextOf(const Line& oLine) const;
+  /// Its own line end: CR LF, LF, CR, or nothing. Always good.
+  std::string_view EndOf(const Line& oLine) const;
+  /// The hidden lines behind it, with their line ends.
+  std::string_view TailOf(const Line& oLine) const;
+  const Line& At(std::int32_t lLine) const { return moLines[static_cast<std::size_t>(lLine)]; }
+
+  /// The line end that most lines of the file have; CR LF for a file without one.
+  std::string_view OwnEnd() const { return msOwnEnd; }
+
+  /// Failure 7 when lBytes more bytes of new text don't fit; to be asked before a change.
+  void MakeRoom(std::size_t lBytes);
+  /// The views must not point into the line table.
+  Line Add(std::string_view sText, std::string_view sEnd, std::string_view sTail = {});
+  /// The line with more hidden lines behind those that it has.
+  Line WithTail(const Line& oLine, std::string_view sTail);
+  void Set(std::int32_t lLine, const Line& oLine);
+  /// The lines that go, in order.
+  std::vector<Line> Remove(std::int32_t lStart, std::int32_t lCount);
+  void Insert(std::int32_t lLine, const std::vector<Line>& oLines);
+
+  /// The file as it is to be written. Every line but the last has a line end; the last has one
+  /// if it had one in the file that was read.
+  std::string Bytes() const;
+  const std::string& SavedBytes() const { return msFile; }
+  bool IsChanged() const;
+  /// Makes the present bytes the saved ones.
+  void Rebase();
+
+ private:
+  std::string_view BytesOf(const Line& oLine) const;
+  void Split(std::size_t lHeaderLength);
+  std::string_view PieceOf(std::int32_t lLine, std::string_view& sMore) const;
+
+  std::string msFile;
+  std::string msAdded;
+  GapBuffer<Line> moLines;
+  std::string_view msOwnEnd;
+  bool mbFinalEnd = true;
+  bool mbTouched = false;
+};

@@ -1,0 +1,195 @@
+#include "MemberAttributes.h"
+
+#include <cstdlib>
+
+#include "ByteText.h"
+#include "Failure.h"
+#include "LineSplit.h"
+#include "PageBytes.h"
+#include "QuotedText.h"
+
+namespace {
+
+constexpr std::int32_t FirstFreeId = 0x60030000;  // as the IDE numbers what has no id of its own
+constexpr std::uint32_t NonBrowsable = 0x400;
+
+// The bit that an attribute stands for; 0: none.
+std::uint32_t FlagOf(MemberAttribute eAttribute) {
+  switch (eAttribute) {
+    case MemberAttribute::Hidden:
+      return 0x40;
+    case MemberAttribute::Bindable:
+      return 0x4;
+    case MemberAttribute::Browsable:
+      return NonBrowsable;
+    case MemberAttribute::DefaultBind:
+      return 0x20;
+    case MemberAttribute::DisplayBind:
+      return 0x10;
+    case MemberAttribute::RequestEdit:
+      return 0x8;
+    case MemberAttribute::UIDefault:
+      return 0x200;
+    default:
+      return 0;
+  }
+}
+
+std::int32_t Number(const Text& sValue) {
+  return static_cast<std::int32_t>(std::strtol(ToUtf8(sValue).c_str(), nullptr, 10));
+}
+
+std::uint32_t Flags(const Text& sValue) {
+  return static_cast<std::uint32_t>(std::strtoul(ToUtf8(Unquoted(sValue)).c_str(), nullptr, 16));
+}
+
+Text HexText(std::uint32_t lFlags) {
+  Text sDigits;
+  for (; lFlags > 0; lFlags >>= 4U) sDigits.insert(0, 1, u"0123456789abcdef"[lFlags & 15U]);
+  return sDigits;
+}
+
+}  // namespace
+
+AttributeLine ReadAttributeLine(std::string_view sLine) {
+  if (!IsMemberAttribute(sLine)) return {};
+  const std::string_view sRest = SkipBlanks(sLine.substr(std::string_view("attribute").size()));
+  const std::size_t lDot = sRest.find('.');
+  const std::size_t lSign = sRest.find('=', lDot);
+  if (lSign == std::string_view::npos) return {};
+  std::string_view sName = sRest.substr(0, lDot);
+  if (sName.size() > 2 && sName.front() == '[' && sName.back() == ']') {
+    sName = sName.substr(1, sName.size() - 2);
+  }
+  return {sName, TrimBlanks(sRest.substr(lDot + 1, lSign - lDot - 1)),
+          TrimBlanks(sRest.substr(lSign + 1))};
+}
+
+MemberAttributes::Slot MemberAttributes::SlotOf(MemberAttribute eAttribute) {
+  switch (eAttribute) {
+    case MemberAttribute::Description:
+      return Slot::Description;
+    case MemberAttribute::HelpContextID:
+      return Slot::HelpId;
+    case MemberAttribute::Category:
+    case MemberAttribute::PropertyPage:
+      return Slot::Invoke;
+    case MemberAttribute::StandardMethod:
+      return Slot::UserMemId;
+    default:
+      return Slot::Flags;
+  }
+}
+
+// The keys of variables are taken for those of procedures and the other way round.
+std::optional<MemberAttributes::Slot> MemberAttributes::SlotOf(std::string_view sKey) {
+  if (!StartsNoCase(sKey, "vb_")) return {};
+  sKey.remove_prefix(3);
+  if (StartsNoCase(sKey, "var")) sKey.remove_prefix(3);
+  if (IsWord(sKey, "description")) return Slot::Description;
+  if (IsWord(sKey, "helpid")) return Slot::HelpId;
+  if (StartsNoCase(sKey, "procdata.vb_invoke_property")) return Slot::Invoke;
+  if (IsWord(sKey, "usermemid")) return Slot::UserMemId;
+  if (IsWord(sKey, "memberflags")) return Slot::Flags;
+  return {};
+}
+
+std::vector<MemberAttributes::Carrier> MemberAttributes::Carriers(std::int32_t lMember,
+                                                                  std::size_t& lPreferred) {
+  std::vector<Carrier> oCarriers;
+  LexicalScan& oScan = moIndex.Scan();
+  for (const std::int32_t lLine : moIndex.DeclarationLines(lMember, lPreferred)) {
+    oScan.Start(lLine);
+    const ProcKind nKind = oScan.NextStatement() ? ReadStatement(oScan).nProcKind : 0;
+    oCarriers.push_back({oScan.LastLine(), nKind});
+  }
+  return oCarriers;
+}
+
+bool MemberAttributes::Belongs(const AttributeLine& oLine, TextView sName) const {
+  return !oLine.sName.empty() && EqualNoCase(moPage.Decode(oLine.sName), sName);
+}
+
+std::optional<Text> MemberAttributes::Find(std::int32_t lMember, Slot eSlot) {
+  std::size_t lPreferred = 0;
+  const std::vector<Carrier> oCarriers = Carriers(lMember, lPreferred);
+  for (const Carrier& oCarrier : oCarriers) {
+    LineSplit oTail(moLines.TailOf(moLines.At(oCarrier.lLine)));
+    while (oTail.Next()) {
+      const AttributeLine oLine = ReadAttributeLine(oTail.Text());
+      if (SlotOf(oLine.sKey) == eSlot && Belongs(oLine, moIndex.MemberAt(lMember).sName)) {
+        return moPage.Decode(oLine.sValue);
+      }
+    }
+  }
+  return {};
+}
+
+AttributeValue MemberAttributes::Get(std::int32_t lMember, MemberAttribute eAttribute) {
+  const std::optional<Text> sFound = Find(lMember, SlotOf(eAttribute));
+  const Text sValue = sFound.value_or(Text());
+  const Text sText = Unquoted(sValue);
+  const std::size_t lSemicolon = std::min(sText.find(u';'), sText.size());
+  const bool bSet = (Flags(sValue) & FlagOf(eAttribute)) != 0;
+  switch (eAttribute) {
+    case MemberAttribute::Description:
+      return {sText, 0};
+    case MemberAttribute::HelpContextID:
+      return {{}, std::max(Number(sValue), 0)};
+    case MemberAttribute::PropertyPage:
+      return {sText.substr(0, lSemicolon), 0};
+    case MemberAttribute::Category:
+      return {sText.substr(std::min(lSemicolon + 1, sText.size())), 0};
+    case MemberAttribute::StandardMethod:
+      return {{}, sFound ? Number(sValue) : FirstFreeId + lMember - 1};
+    case MemberAttribute::Browsable:
+      return {{}, bSet ? 0 : -1};
+    default:
+      return {{}, bSet ? -1 : 0};
+  }
+}
+
+// What stands behind the sign; nothing for a value that needs no line.
+std::optional<Text> MemberAttributes::FileForm(std::int32_t lMember, MemberAttribute eAttribute,
+                                               const AttributeValue& oValue) {
+  const Text sPage = eAttribute == MemberAttribute::PropertyPage
+                         ? oValue.sText
+                         : Get(lMember, MemberAttribute::PropertyPage).sText;
+  switch (SlotOf(eAttribute)) {
+    case Slot::Description:
+      return oValue.sText.empty() ? std::nullopt : std::optional(Quoted(oValue.sText));
+    case Slot::HelpId:
+      return oValue.lNumber <= 0 ? std::nullopt : std::optional(ToText(oValue.lNumber));
+    case Slot::Invoke: {
+      const Text sCategory = eAttribute == MemberAttribute::Category
+                                 ? oValue.sText
+                                 : Get(lMember, MemberAttribute::Category).sText;
+      if (sPage.empty() && sCategory.empty()) return {};
+      return Quoted(sCategory.empty() ? sPage : sPage + u';' + sCategory);
+    }
+    case Slot::UserMemId:
+      return oValue.lNumber > 0 ? std::nullopt : std::optional(ToText(oValue.lNumber));
+    default:
+      break;
+  }
+  const bool bSet = (oValue.lNumber != 0) != (eAttribute == MemberAttribute::Browsable);
+  const std::uint32_t lOld = Flags(Find(lMember, Slot::Flags).value_or(Text()));
+  const std::uint32_t lFlag = FlagOf(eAttribute);
+  const std::uint32_t lNew = bSet ? lOld | lFlag : lOld & ~lFlag;
+  return lNew == 0 ? std::nullopt : std::optional(Quoted(HexText(lNew)));
+}
+
+void MemberAttributes::Set(std::int32_t lMember, MemberAttribute eAttribute,
+                           const AttributeValue& oValue) {
+  if (oValue.sText.find_first_of(u"\r\n") != Text::npos) {
+    throw Failure(5, u"The text of a member's attribute can't hold a line break", u"host");
+  }
+  const AttributeValue oOld = Get(lMember, eAttribute);
+  const bool bText = SlotOf(eAttribute) == Slot::Description || SlotOf(eAttribute) == Slot::Invoke;
+  if (bText ? oValue.sText == oOld.sText : oValue.lNumber == oOld.lNumber) return;
+  const std::optional<Text> sNew = FileForm(lMember, eAttribute, oValue);
+  if (!sNew && !Find(lMember, SlotOf(eAttribute))) return;
+  // "None" is written in several ways.
+  if (eAttribute == MemberAttribute::HelpContextID && !sNew && oOld.lNumber == 0) return;
+  Write(lMember, SlotOf(eAttribute), sNew);
+}

@@ -1,0 +1,154 @@
+#include "ModuleScan.h"
+
+#include "ByteText.h"
+
+const ScanResult& ModuleScan::Run(std::int32_t lFrom, std::int32_t lTo, bool bDeclarations,
+                                  std::int32_t lBorder) {
+  moResult.oProcedures.clear();
+  moResult.oMembers.clear();
+  moResult = {std::move(moResult.oProcedures),
+              std::move(moResult.oMembers),
+              0,
+              lBorder,
+              false,
+              false,
+              false};
+  mePlace = bDeclarations ? Place::Declarations : Place::Between;
+  mlBorderState = moConditions.State();
+  mlUsedLine = lFrom - 1;
+  std::int32_t l = lFrom;
+  while (l <= lTo) l = Line(l) + 1;
+  moResult.bOverrun = l > lTo + 1;
+  moResult.bInside = !IsOutside();
+  if (mePlace == Place::Procedure) ++moResult.lFaults;
+  return moResult;
+}
+
+void ModuleScan::SetBorder(std::int32_t lLine) {
+  if (moResult.lBorder != 0) return;
+  moResult.lBorder = lLine;
+  mlBorderState = moConditions.State();
+}
+
+// Takes the logical line that begins at lLine and gives its last physical line.
+std::int32_t ModuleScan::Line(std::int32_t lLine) {
+  const std::string_view sLine = moLines.TextOf(lLine);
+  const std::string_view sCode = SkipBlanks(sLine);
+  if (!sCode.empty() && sCode[0] == '#') {
+    if (IsOutside()) SetBorder(lLine);
+    return moConditions.Directive(moScan, lLine, sLine.size() - sCode.size());
+  }
+  if (!moConditions.IsActive()) {
+    moScan.Start(lLine);
+    return moScan.LastLine();
+  }
+  if (IsOutside()) return OutsideLine(lLine, sCode);
+  return MayEndBody(sLine) ? Statements(lLine) : lLine;
+}
+
+std::int32_t ModuleScan::OutsideLine(std::int32_t lLine, std::string_view sCode) {
+  if (sCode.empty()) {
+    SetBorder(lLine);
+    return lLine;
+  }
+  return Statements(lLine);
+}
+
+std::int32_t ModuleScan::Statements(std::int32_t lLine) {
+  moScan.Start(lLine);
+  while (moScan.NextStatement()) Take(ReadStatement(moScan), lLine);
+  return moScan.LastLine();
+}
+
+void ModuleScan::Take(const Statement& oStatement, std::int32_t lLine) {
+  if (oStatement.eKind == StatementKind::Procedure) return Head(oStatement, lLine);
+  if (mePlace == Place::Procedure) {
+    if (oStatement.eKind != StatementKind::EndProcedure) return;
+    if (oStatement.cWord != mcWord) ++moResult.lFaults;
+    return End(lLine);
+  }
+  if (IsOutside()) return TakeOutside(oStatement, lLine);
+  const bool bType = meBlock == StatementKind::Type;
+  if (oStatement.eKind == (bType ? StatementKind::EndType : StatementKind::EndEnum)) {
+    mePlace = meAround;
+  }
+}
+
+void ModuleScan::TakeOutside(const Statement& oStatement, std::int32_t lLine) {
+  moResult.bStatements = true;
+  if (mePlace == Place::Declarations)
+    moResult.lBorder = 0;
+  else
+    SetBorder(lLine);
+  switch (oStatement.eKind) {
+    case StatementKind::Type:
+    case StatementKind::Enum:
+      meBlock = oStatement.eKind;
+      meAround = mePlace;
+      mePlace = Place::Block;
+      break;
+    case StatementKind::Declare:
+      AddMember(oStatement, 1, lLine);
+      break;
+    case StatementKind::Variables:
+      AddNames(oStatement, 3, lLine);
+      break;
+    case StatementKind::Event:
+      AddMember(oStatement, 4, lLine);
+      break;
+    case StatementKind::Constants:
+      AddNames(oStatement, 5, lLine);
+      break;
+    case StatementKind::EndProcedure:
+      ++moResult.lFaults;
+      break;
+    default:
+      break;
+  }
+}
+
+// Of two procedures that share a line the second is passed over: it has no lines of its own.
+void ModuleScan::Head(const Statement& oStatement, std::int32_t lLine) {
+  if (!IsOutside()) {
+    ++moResult.lFaults;
+    moResult.lBorder = 0;
+  }
+  mePlace = Place::Procedure;
+  mcWord = oStatement.cWord;
+  mbListed = lLine > mlUsedLine;
+  if (!mbListed) {
+    ++moResult.lFaults;
+    moResult.lBorder = 0;
+    SetBorder(lLine + 1);
+    return;
+  }
+  SetBorder(lLine);
+  mlUsedLine = lLine;
+  AddMember(oStatement, oStatement.nProcKind == 0 ? 1 : 2, lLine);
+  moResult.oMembers.back().lProcedure = static_cast<std::int32_t>(moResult.oProcedures.size());
+  moResult.oProcedures.push_back({oStatement.oName.sText, moResult.lBorder, lLine, mlBorderState,
+                                  oStatement.nProcKind, moResult.oMembers.back().eAccess});
+}
+
+void ModuleScan::End(std::int32_t lLine) {
+  mePlace = Place::Between;
+  if (!mbListed) return;
+  mlUsedLine = lLine;
+  moResult.lBorder = 0;
+}
+
+void ModuleScan::AddMember(const Statement& oStatement, std::uint8_t nType, std::int32_t lLine) {
+  const bool bPrivate =
+      oStatement.eKind == StatementKind::Constants || oStatement.eKind == StatementKind::Variables;
+  Access eAccess = oStatement.eAccess;
+  if (eAccess == Access::None) eAccess = bPrivate ? Access::Private : Access::Public;
+  moResult.oMembers.push_back({oStatement.oName.sText, lLine, -1, nType, eAccess,
+                               oStatement.eKind == StatementKind::Declare});
+}
+
+void ModuleScan::AddNames(const Statement& oStatement, std::uint8_t nType, std::int32_t lLine) {
+  Statement oNext = oStatement;
+  do {
+    AddMember(oNext, nType, lLine);
+  } while (NextName(moScan, oNext.oName));
+}

@@ -1,0 +1,78 @@
+// One pass over visible lines that finds procedures, members and the borders between the lines of
+// one procedure and the next. A procedure's lines begin at the first blank, directive or
+// declaration line behind the end of the one before it; comments glued to that end stay above.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "ConditionalCode.h"
+#include "MemberScan.h"
+
+/// Names are views into the bytes: good until the line table adds text.
+struct ScannedProcedure {
+  std::string_view sName;
+  std::int32_t lStart = 0;
+  std::int32_t lBody = 0;
+  std::int32_t lState = 0;  ///< of conditional compilation, ahead of lStart
+  ProcKind nKind = 0;
+  Access eAccess = Access::Public;
+};
+
+struct ScannedMember {
+  std::string_view sName;
+  std::int32_t lLine = 0;
+  std::int32_t lProcedure = -1;  ///< index of its procedure in the same result
+  std::uint8_t nType = 0;        ///< as in the object model
+  Access eAccess = Access::Public;
+  bool bDeclare = false;
+};
+
+struct ScanResult {
+  std::vector<ScannedProcedure> oProcedures;
+  std::vector<ScannedMember> oMembers;
+  std::int32_t lFaults = 0;  ///< heads and ends that don't pair
+  std::int32_t lBorder = 0;  ///< where the next procedure's lines would begin; 0: not yet met
+  bool bInside = false;      ///< the range ends in a procedure or a block
+  bool bStatements = false;  ///< code outside of procedures was met
+  bool bOverrun = false;     ///< the last statement goes on behind the range
+};
+
+class ModuleScan {
+ public:
+  ModuleScan(const LineTable& oLines, LexicalScan& oScan, ConditionalCode& oConditions)
+      : moLines(oLines), moScan(oScan), moConditions(oConditions) {}
+
+  /// bDeclarations: the range begins in the declarations section, else behind a procedure.
+  /// lBorder: as in ScanResult, at the start. The state of oConditions is taken as it is.
+  const ScanResult& Run(std::int32_t lFrom, std::int32_t lTo, bool bDeclarations,
+                        std::int32_t lBorder);
+  const ScanResult& Result() const { return moResult; }
+
+ private:
+  enum class Place { Declarations, Between, Procedure, Block };
+
+  bool IsOutside() const { return mePlace == Place::Declarations || mePlace == Place::Between; }
+  std::int32_t Line(std::int32_t lLine);
+  std::int32_t Statements(std::int32_t lLine);
+  std::int32_t OutsideLine(std::int32_t lLine, std::string_view sCode);
+  void Take(const Statement& oStatement, std::int32_t lLine);
+  void TakeOutside(const Statement& oStatement, std::int32_t lLine);
+  void Head(const Statement& oStatement, std::int32_t lLine);
+  void End(std::int32_t lLine);
+  void SetBorder(std::int32_t lLine);
+  void AddNames(const Statement& oStatement, std::uint8_t nType, std::int32_t lLine);
+  void AddMember(const Statement& oStatement, std::uint8_t nType, std::int32_t lLine);
+
+  const LineTable& moLines;
+  LexicalScan& moScan;
+  ConditionalCode& moConditions;
+  ScanResult moResult;
+  Place mePlace = Place::Declarations;
+  Place meAround = Place::Declarations;  // of the block that the scan is in
+  StatementKind meBlock = StatementKind::Type;
+  std::int32_t mlBorderState = 0;
+  std::int32_t mlUsedLine = 0;  // where a procedure already begins or ends
+  char mcWord = '\0';
+  bool mbListed = true;
+};

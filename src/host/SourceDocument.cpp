@@ -1,0 +1,149 @@
+#include "SourceDocument.h"
+
+#include <algorithm>
+
+#include "EditMemory.h"
+#include "Failure.h"
+#include "HeaderBlock.h"
+#include "LineSplit.h"
+#include "LineTable.h"
+#include "MemberAttributes.h"
+#include "PageBytes.h"
+#include "ProcIndex.h"
+
+struct SourceDocument::Impl {
+  Impl(std::string sBytes, const CodePage& oAnsi, bool bForcePage,
+       const std::vector<CondConstant>& oConstants)
+      : oPage(bForcePage ? oAnsi : CodePage::Detect(sBytes, oAnsi)),
+        oHeader(sBytes, oPage),
+        oLines(std::move(sBytes), oHeader.Length()),
+        oIndex(oLines, oPage, oConstants),
+        oMemory(oLines),
+        oAttributes(oLines, oIndex, oPage) {}
+
+  void CheckLines(std::int32_t lStart, std::int32_t lCount) const {
+    if (lStart < 1 || lCount < 0 || lStart - 1 > oLines.Count() - lCount) throw Failure(9);
+  }
+  std::int32_t ScopeOf(TextView sName, ProcKind nKind) {
+    const std::int32_t lScope = oIndex.Find(sName, nKind);
+    if (lScope == 0) throw Failure(35);
+    return lScope;
+  }
+  void CheckMember(std::int32_t lMember) {
+    if (lMember < 1 || lMember > oIndex.MemberCount()) throw Failure(9);
+  }
+
+  const CodePage& oPage;
+  HeaderBlock oHeader;
+  LineTable oLines;
+  ProcIndex oIndex;
+  EditMemory oMemory;
+  MemberAttributes oAttributes;
+};
+
+SourceDocument::SourceDocument(std::string sBytes, const CodePage& oAnsi, bool bForcePage,
+                               std::vector<CondConstant> oConstants)
+    : mpImpl(std::make_unique<Impl>(std::move(sBytes), oAnsi, bForcePage, oConstants)) {}
+
+SourceDocument::~SourceDocument() = default;
+
+const std::vector<DesignerBlock>& SourceDocument::Blocks() const {
+  return mpImpl->oHeader.Blocks();
+}
+Text SourceDocument::RootProperty(TextView sName) const {
+  return mpImpl->oHeader.RootProperty(sName);
+}
+Text SourceDocument::ModuleAttribute(TextView sName) const {
+  return mpImpl->oHeader.ModuleAttribute(sName);
+}
+
+Text SourceDocument::Lines(std::int32_t lStart, std::int32_t lCount) const {
+  mpImpl->CheckLines(lStart, lCount);
+  Text sText;
+  for (std::int32_t l = lStart; l < lStart + lCount; ++l) {
+    if (l > lStart) sText += CrLf;
+    mpImpl->oPage.Decode(mpImpl->oLines.TextOf(l), sText);
+  }
+  return sText;
+}
+
+std::int32_t SourceDocument::CountOfLines() const {
+  return mpImpl->oLines.Count();
+}
+
+std::int32_t SourceDocument::CountOfDeclarationLines() const {
+  return mpImpl->oIndex.LineCount(0);
+}
+
+std::int32_t SourceDocument::ProcStartLine(TextView sName, ProcKind nKind) const {
+  return mpImpl->oIndex.StartLine(mpImpl->ScopeOf(sName, nKind));
+}
+
+// The IDE gives line 1 for a Declare: callers tell by that line that there is no body.
+std::int32_t SourceDocument::ProcBodyLine(TextView sName, ProcKind nKind) const {
+  if (nKind == 0 && mpImpl->oIndex.IsDeclare(sName)) return 1;
+  return mpImpl->oIndex.BodyLine(mpImpl->ScopeOf(sName, nKind));
+}
+
+std::int32_t SourceDocument::ProcCountLines(TextView sName, ProcKind nKind) const {
+  return mpImpl->oIndex.LineCount(mpImpl->ScopeOf(sName, nKind));
+}
+
+void SourceDocument::DeleteLines(std::int32_t lStart, std::int32_t lCount) {
+  mpImpl->CheckLines(lStart, lCount);
+  if (lCount == 0) return;
+  mpImpl->oMemory.Delete(lStart, lCount);
+  mpImpl->oIndex.NoteEdit(lStart, lCount, 0);
+}
+
+void SourceDocument::InsertLines(std::int32_t lLine, TextView sText) {
+  if (lLine < 1) throw Failure(9);
+  const std::string sBytes = PageBytes(sText, mpImpl->oPage);
+  std::vector<std::string_view> asLine;
+  LineSplit oSplit(sBytes);
+  while (oSplit.Next()) asLine.push_back(oSplit.Text());
+  // A line end at the end leaves an empty line behind itself.
+  if (sBytes.empty() || !oSplit.End().empty()) asLine.emplace_back();
+  const std::int32_t lPlace = std::min(lLine, CountOfLines() + 1);
+  mpImpl->oMemory.Insert(lPlace, asLine, mpImpl->oIndex.Scan());
+  mpImpl->oIndex.NoteEdit(lPlace, 0, static_cast<std::int32_t>(asLine.size()));
+}
+
+std::int32_t SourceDocument::MemberCount() const {
+  return mpImpl->oIndex.MemberCount();
+}
+
+SourceDocument::MemberInfo SourceDocument::MemberAt(std::int32_t lIndex) const {
+  mpImpl->CheckMember(lIndex);
+  return mpImpl->oIndex.MemberAt(lIndex);
+}
+
+AttributeValue SourceDocument::Attribute(std::int32_t lMember, MemberAttribute eAttribute) const {
+  mpImpl->CheckMember(lMember);
+  return mpImpl->oAttributes.Get(lMember, eAttribute);
+}
+
+void SourceDocument::SetAttribute(std::int32_t lMember, MemberAttribute eAttribute,
+                                  const AttributeValue& oValue) {
+  mpImpl->CheckMember(lMember);
+  mpImpl->oAttributes.Set(lMember, eAttribute, oValue);
+}
+
+bool SourceDocument::IsChanged() const {
+  return mpImpl->oLines.IsChanged();
+}
+std::string SourceDocument::Bytes() const {
+  return mpImpl->oLines.Bytes();
+}
+std::string SourceDocument::SavedBytes() const {
+  return mpImpl->oLines.SavedBytes();
+}
+
+void SourceDocument::MarkSaved() {
+  mpImpl->oLines.Rebase();
+  mpImpl->oMemory.Clear();
+}
+
+const CodePage& SourceDocument::Page() const {
+  return mpImpl->oPage;
+}
