@@ -1,0 +1,190 @@
+#include "AtomicFile.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+
+#include <cerrno>
+
+#include "CodePage.h"
+#include "Failure.h"
+#include "FaultyFileOps.h"
+#include "MXFile.h"
+#include "TempFolder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The number of the failure of oCall, 0 without one. Its text must name sPath.
+template <class Call>
+int FailureOf(const std::string& sPath, Call&& oCall) {
+  try {
+    oCall();
+  } catch (const Failure& oFailure) {
+    EXPECT_NE(std::string(oFailure.what()).find(sPath), std::string::npos) << oFailure.what();
+    return oFailure.Number();
+  }
+  return 0;
+}
+
+const std::string sOld = "old", sNew = "new\r\nlines\r\n";
+
+TEST(AtomicFile, FailureAtEachOperationLeavesOldOrNewAndNoOtherFile) {
+  for (const bool bThere : {true, false}) {
+    for (std::size_t lAt = 1; lAt < 20; ++lAt) {
+      SCOPED_TRACE(lAt);
+      const TempFolder oFolder;
+      const std::string sPath = oFolder / "a.bas";
+      if (bThere) TempFolder::Write(sPath, sOld);
+      FaultyFileOps oFiles;
+      oFiles.FailAt(lAt, EIO);
+      const int lNumber = FailureOf(sPath, [&] { AtomicFile::Replace(sPath, sNew, oFiles); });
+      const std::string sOperation =
+          lAt <= oFiles.Operations().size() ? oFiles.Operations()[lAt - 1] : "";
+      SCOPED_TRACE(sOperation);
+      const bool bHarmless = sOperation.empty() || sOperation.starts_with("SetOwner");
+      EXPECT_EQ(lNumber, bHarmless ? 0 : 57);
+      const bool bReplaced = bHarmless || sOperation.starts_with("FlushFolder");
+      EXPECT_EQ(TempFolder::Read(sPath), bReplaced ? sNew : bThere ? sOld : "");
+      EXPECT_EQ(oFolder.Entries(), bReplaced || bThere ? 1u : 0u);
+    }
+  }
+}
+
+TEST(AtomicFile, EndOfTheProgramAtEachOperationLeavesOldOrNew) {
+  const TempFolder oFolder;
+  const std::string sPath = oFolder / "a.bas";
+  bool bFinished = false;
+  for (std::size_t lAt = 1; !bFinished && lAt < 30; ++lAt) {
+    TempFolder::Write(sPath, sOld);
+    const pid_t lChild = fork();
+    if (lChild == 0) {
+      FaultyFileOps oFiles;
+      oFiles.ExitAt(lAt);
+      AtomicFile::Replace(sPath, sNew, oFiles);
+      _exit(0);
+    }
+    int lStatus = 0;
+    waitpid(lChild, &lStatus, 0);
+    bFinished = WEXITSTATUS(lStatus) == 0;
+    const std::string sNow = TempFolder::Read(sPath);
+    EXPECT_TRUE(sNow == sOld || sNow == sNew) << lAt;
+    if (bFinished) {
+      EXPECT_EQ(sNow, sNew);
+    }
+  }
+  EXPECT_TRUE(bFinished);
+}
+
+TEST(AtomicFile, ErrorsOfTheSystemBecomeFailuresThatSayWhatToDo) {
+  struct Row {
+    const char* pcOperation;
+    int lError;
+    int lNumber;
+  } const aoRow[] = {
+      {"Write", ENOSPC, 61},     {"Flush", EDQUOT, 61},      {"Close", ENOSPC, 61},
+      {"CreateNew", EACCES, 70}, {"SetOwner", EPERM, 0},     {"CreateNew", EROFS, 75},
+      {"CreateNew", ENOENT, 76}, {"Rename", EISDIR, 75},     {"Rename", EXDEV, 57},
+      {"GetStat", ENOTDIR, 76},  {"FlushFolder", EINVAL, 0}, {"Resolve", ELOOP, 76},
+  };
+  for (const Row& oRow : aoRow) {
+    SCOPED_TRACE(oRow.pcOperation);
+    const TempFolder oFolder;
+    const std::string sPath = oFolder / "a.bas";
+    TempFolder::Write(sPath, sOld);
+    FaultyFileOps oFiles;
+    oFiles.FailAtNamed(oRow.pcOperation, oRow.lError);
+    EXPECT_EQ(FailureOf(sPath, [&] { AtomicFile::Replace(sPath, sNew, oFiles); }), oRow.lNumber);
+    EXPECT_EQ(TempFolder::Read(sPath), oRow.lNumber == 0 ? sNew : sOld);
+  }
+}
+
+TEST(AtomicFile, ModeAndLinksStay) {
+  const TempFolder oFolder;
+  fs::create_directory(oFolder / "sub");
+  const std::string sPath = oFolder / "sub/real.bas", sLink = oFolder / "link.bas";
+  TempFolder::Write(sPath, sOld);
+  chmod(sPath.c_str(), 0640);
+  fs::create_symlink("second.bas", sLink);
+  fs::create_symlink("sub/real.bas", oFolder / "second.bas");
+  fs::create_symlink("sub/missing.bas", oFolder / "dangling.bas");
+  fs::create_symlink("loop.bas", oFolder / "loop.bas");
+  AtomicFile::Replace(sLink, sNew);
+  AtomicFile::Replace(oFolder / "dangling.bas", "made");
+  EXPECT_TRUE(fs::is_symlink(sLink));
+  EXPECT_EQ(TempFolder::Read(sPath), sNew);
+  EXPECT_EQ(fs::status(sPath).permissions(), fs::perms(0640));
+  EXPECT_EQ(TempFolder::Read(oFolder / "sub/missing.bas"), "made");
+  EXPECT_TRUE(fs::is_symlink(oFolder / "dangling.bas"));
+  EXPECT_EQ(FailureOf("loop.bas", [&] { AtomicFile::Replace(oFolder / "loop.bas", ""); }), 76);
+}
+
+TEST(AtomicFile, RefusesWhatAnEditorWouldRefuse) {
+  const TempFolder oFolder;
+  const std::string sReadOnly = oFolder / "r.bas", sLong = oFolder / std::string(255, 'l');
+  TempFolder::Write(sReadOnly, sOld);
+  chmod(sReadOnly.c_str(), 0444);
+  const auto replace = [](const std::string& sPath) {
+    return FailureOf(sPath.substr(0, sPath.find('\0')), [&] { AtomicFile::Replace(sPath, sNew); });
+  };
+  EXPECT_EQ(replace(sReadOnly), 75);
+  EXPECT_EQ(TempFolder::Read(sReadOnly), sOld);
+  EXPECT_EQ(replace(oFolder.Path()), 75);
+  EXPECT_EQ(replace(oFolder / "gone/a.bas"), 76);
+  EXPECT_EQ(replace(sReadOnly + "/a.bas"), 76);
+  EXPECT_EQ(replace(oFolder / std::string("a\0b", 3)), 76);
+  EXPECT_EQ(replace(sLong), 0);
+  EXPECT_EQ(TempFolder::Read(sLong), sNew);
+  EXPECT_EQ(oFolder.Entries(), 2u);
+}
+
+TEST(AtomicFile, NewFileLeftByAKilledProgramIsNoHindrance) {
+  const TempFolder oFolder;
+  const std::string sPath = oFolder / "a.bas";
+  TempFolder::Write(oFolder / (".a.bas." + std::to_string(getpid()) + ".quillon-new"), "torn");
+  AtomicFile::Replace(sPath, sNew);
+  EXPECT_EQ(TempFolder::Read(sPath), sNew);
+  EXPECT_EQ(oFolder.Entries(), 1u);
+}
+
+TEST(AtomicFile, ReadGivesAllBytesOrNamesThePath) {
+  const TempFolder oFolder;
+  const std::string sPath = oFolder / "a.bas", sBytes("a\0\r\n\xFF", 5);
+  TempFolder::Write(sPath, sBytes);
+  FaultyFileOps oFiles;
+  const auto read = [&](const std::string& sFile) {
+    return FailureOf(sFile, [&] { AtomicFile::Read(sFile, oFiles); });
+  };
+  EXPECT_EQ(AtomicFile::Read(sPath), sBytes);
+  EXPECT_NE(AtomicFile::Read("/proc/self/status"), "") << "a file whose size reads as 0";
+  EXPECT_EQ(read(oFolder / "b.bas"), 53);
+  EXPECT_EQ(read(oFolder / "gone/b.bas"), 76);
+  EXPECT_EQ(read(sPath + "/b.bas"), 76);
+  EXPECT_EQ(read(oFolder.Path()), 75);
+  oFiles.FailAtNamed("ReadAll", EACCES);
+  EXPECT_EQ(read(sPath), 70);
+  oFiles.FailAtNamed("ReadAll", EIO);
+  EXPECT_EQ(read(sPath), 57);
+}
+
+TEST(MXFile, TestsOfFilesNeverFail) {
+  const TempFolder oFolder;
+  const std::string sPath = oFolder / "caf\xE9.bas";
+  TempFolder::Write(sPath, sOld);
+  chmod(sPath.c_str(), 0555);
+  const Text sFile = TextOfPath(sPath), sFolder = TextOfPath(oFolder.Path());
+  EXPECT_TRUE(MXFile::FileExists(sFile) && MXFile::FileReadOnly(sFile));
+  EXPECT_FALSE(MXFile::PathExists(sFile));
+  EXPECT_TRUE(MXFile::PathExists(sFolder));
+  EXPECT_FALSE(MXFile::FileExists(sFolder) || MXFile::FileReadOnly(sFolder));
+  for (const Text& sNone : {Text(), sFolder + u"/none", sFile + u'\0' + u"b", sFile + u"/x"}) {
+    EXPECT_FALSE(MXFile::FileExists(sNone) || MXFile::PathExists(sNone) ||
+                 MXFile::FileReadOnly(sNone));
+  }
+  std::string sContents = "x";
+  MXFile::FileBinaryRead(sFile, sContents);
+  EXPECT_EQ(sContents, sOld);
+}
+
+}  // namespace
