@@ -26,10 +26,12 @@ constexpr TextView Templates =
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t lSize) {
   if (lSize < 1) return 0;
   const unsigned nBits = pData[0];
-  MRules::Values oRules;
+  static MRules::Values oRules;
+  static CTemplate oEngine(oRules);
+  if (oEngine.Templates().size() == 1) {
+    oEngine.LoadTemplateText(u"", MXString::StringReplace(Templates, u"|", CrLf));
+  }
   oRules.eLineNumAction = static_cast<std::int32_t>(nBits >> 6) % 3;
-  CTemplate oEngine(oRules);
-  oEngine.LoadTemplateText(u"", MXString::StringReplace(Templates, u"|", CrLf));
   const bool bDeclarations = nBits & 1;
   const Text sBody = CodePage::Get("1252").Decode(
       std::string_view(reinterpret_cast<const char*>(pData) + 1, lSize - 1));

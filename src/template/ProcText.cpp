@@ -118,7 +118,9 @@ Text LowerType(TextView sBaseType) {
 
 bool Continues(TextView sLine) {
   while (!sLine.empty() && IsWhite(sLine.back())) sLine.remove_suffix(1);
-  if (sLine.size() < 2 || sLine.back() != u'_' || !IsWhite(sLine[sLine.size() - 2])) return false;
+  // An underscore alone counts too: any indentation makes it a continuation.
+  if (sLine.empty() || sLine.back() != u'_') return false;
+  if (sLine.size() > 1 && !IsWhite(sLine[sLine.size() - 2])) return false;
   const std::size_t lComment = CommentStart(sLine);
   if (lComment < sLine.size()) return true;
   return std::count(sLine.begin(), sLine.end(), u'"') % 2 == 0;

@@ -71,8 +71,8 @@ bool Breaks(const TemplateRow& oRow, const Rule& oRule) {
     case Fault::Present:
       return bFound;
     case Fault::Above:
-      return bFound && Found(oRow, oRule.eOther) &&
-             oRow.lStart[oRule.eSection] < oRow.lStart[oRule.eOther];
+      // A section that isn't there has a row below every other one.
+      return bFound && oRow.lStart[oRule.eSection] < oRow.lStart[oRule.eOther];
     case Fault::WithoutPair:
       return bFound && !Found(oRow, oRule.eOther);
   }

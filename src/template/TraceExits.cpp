@@ -19,10 +19,10 @@ bool IsNameUnit(char16_t cUnit) {
 /// Position from 0 in sLine of the first `Exit <type>` in code; npos when there is none.
 std::size_t FindExit(TextView sLine, TextView sBaseType) {
   constexpr TextView sExit = u"Exit ";
-  std::size_t lFirst = sLine.find(sExit);
-  if (lFirst == TextView::npos) return lFirst;
+  if (sLine.find(sExit) == TextView::npos) return TextView::npos;
   const Text sWork = MXStringVB::MaskVBLiterals(sLine.substr(0, CommentStart(sLine)), u"x");
-  for (; lFirst != Text::npos; lFirst = sWork.find(sExit, lFirst + 1)) {
+  for (std::size_t lFirst = sWork.find(sExit); lFirst != Text::npos;
+       lFirst = sWork.find(sExit, lFirst + 1)) {
     if (lFirst > 0 && sWork[lFirst - 1] != u' ') continue;
     const std::size_t lType = lFirst + sExit.size();
     if (TextView(sWork).substr(lType, sBaseType.size()) != sBaseType) continue;
