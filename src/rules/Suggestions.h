@@ -18,14 +18,14 @@ enum class Kind { Method, Property, Declarations };
 
 struct Facts {
   Kind eKind = Kind::Method;
-  TextView sName;           ///< the member's name; unused for declarations
+  TextView sName = {};      ///< the member's name; unused for declarations
   std::int32_t nScope = 0;  ///< 1 Private, 2 Public, 3 Friend; 0 for declarations
   bool bEventHandler = false;
   bool bPublicClass = false;     ///< class of an ActiveX project with instancing 2 or more
   bool bHasEventSource = false;  ///< the component has an entry in the event source list
   bool bHasDesigner = false;     ///< the component has a designer object name
   /// Lower-case names of the component's implemented interfaces from outside the group.
-  std::span<const Text> asForeignInterface;
+  std::span<const Text> asForeignInterface = {};
 };
 
 /// The Boundary that the analysis gives, whatever the rules say: 1, 2 or 4.

@@ -1,8 +1,9 @@
 #include "CProcSettings.h"
 
-#include <gtest/gtest.h>
+#include <map>
 
 #include "MQuillon.h"
+#include "TextRows.h"
 
 namespace {
 
@@ -20,88 +21,67 @@ CProcSettings Made(TextView sTemplate, std::int32_t eBoundary, std::int32_t eSev
 }
 
 /// Selection name, the four ids and Locked, F for foreign, I and t for the two flags of Made.
-std::string Shown(const CProcSettings& o) {
-  std::string sResult = ToUtf8(o.sTemplateSelectionName());
+Text Shown(const CProcSettings& o) {
+  Text sResult = o.sTemplateSelectionName() + u' ';
   for (const auto e : {o.eBoundary(), o.eSeverity(), o.eRetry(), o.eTrace(), o.eLocked()}) {
-    sResult += " " + std::to_string(e);
+    sResult += ToText(e);
   }
-  return sResult + (o.bForeign() ? " F" : "") + (o.BoundaryInherited ? " I" : "") +
-         (o.bTraceLeave ? " t" : "");
+  return sResult.append(o.bForeign(), u'F')
+      .append(o.BoundaryInherited, u'I')
+      .append(o.bTraceLeave, u't');
 }
 
 TEST(CProcSettings, FreezesOnAForeignTemplate) {
-  EXPECT_EQ(Shown(CProcSettings()), "(none) 0 0 0 0 0");
+  EXPECT_EQ(Shown(CProcSettings()), u"(none) 00000");
   for (TextView sForeign : {u"(bespoke)", u"[Gone]", u"("}) {
     CProcSettings oSettings = Made(sForeign, 2, 1);
     oSettings.SetsTemplate(u"Standard");
     oSettings.CopyFrom(Made(u"Standard", 4, 3, 2, true));
-    EXPECT_EQ(Shown(oSettings), ToUtf8(sForeign) + " 2 1 3 2 2 F I t");
+    EXPECT_EQ(Shown(oSettings), Text(sForeign) + u" 21322FIt");
   }
   CProcSettings oCopy = Made(u"Standard", 4, 2);
   oCopy.CopyFrom(Made(u"(bespoke)", 1, 1));
-  EXPECT_EQ(Shown(oCopy), "(bespoke) 4 2 3 2 1 F");
+  EXPECT_EQ(Shown(oCopy), u"(bespoke) 42321F");
 }
 
 TEST(CProcSettings, AggregatesWhatASelectionHasInCommon) {
-  const CProcSettings oA1 = Made(u"A", 2, 1, 1, true), oA2 = Made(u"A", 2, 2, 2, true),
-                      oLower = Made(u"a", 2, 1), oBespoke = Made(u"(bespoke)", 2, 2, 2, true),
-                      oGone = Made(u"[Gone]", 2, 2);
-  CProcSettings oAllForeign;
-  oAllForeign.Aggregate(oBespoke);
-  const struct {
-    const char* sName;
-    std::vector<CProcSettings> oSelected;
-    const char* sCommon;
-  } Rows[] = {
-      {"one", {oA1}, "A 2 1 3 2 1 I t"},
-      {"some alike", {oA1, oA2}, "A 2 0 3 2 0 I t"},
-      {"mixed stays mixed", {oA1, oA2, oA1}, "A 2 0 3 2 0 I t"},
-      {"case of names counts", {oA1, oLower}, " 2 1 3 2 1"},
-      {"none has a template", {CProcSettings(), CProcSettings()}, " 0 0 0 0 0"},
-      {"one foreign", {oBespoke}, "(bespoke) 0 0 0 0 0 F"},
-      {"foreign alike", {oBespoke, oBespoke}, "(bespoke) 0 0 0 0 0 F"},
-      {"foreign differ", {oBespoke, oGone, oBespoke}, " 0 0 0 0 0 F"},
-      {"a foreign aggregate is foreign", {oAllForeign}, "(bespoke) 0 0 0 0 0 F"},
-      {"foreign have no say", {oA1, oBespoke, oGone}, "A 2 1 3 2 1 I t"},
-      {"foreign first", {oBespoke, oA1}, "A 2 1 3 2 1 I"},
-      {"foreign first, two others", {oBespoke, oA1, oA2, oGone}, "A 2 0 3 2 0 I"},
-      {"more than a 16-bit count", std::vector<CProcSettings>(70'000, oA1), "A 2 1 3 2 1 I t"},
-  };
-  for (const auto& o : Rows) {
-    SCOPED_TRACE(o.sName);
+  CProcSettings oForeign;
+  oForeign.Aggregate(Made(u"(bespoke)", 2, 2, 2, true));
+  const std::map<char16_t, CProcSettings> oOf = {{'A', Made(u"A", 2, 1, 1, true)},
+                                                 {'B', Made(u"A", 2, 2, 2, true)},
+                                                 {'a', Made(u"a", 2, 1)},
+                                                 {'(', Made(u"(bespoke)", 2, 2, 2, true)},
+                                                 {'[', Made(u"[Gone]", 2, 2)},
+                                                 {'0', CProcSettings()},
+                                                 {'F', oForeign}};
+  const auto Aggregated = [&](TextView sSelected) {
     CProcSettings oAggregate;
-    for (const CProcSettings& oSettings : o.oSelected) oAggregate.Aggregate(oSettings);
-    EXPECT_EQ(Shown(oAggregate), o.sCommon);
-  }
+    for (const char16_t c : sSelected) oAggregate.Aggregate(oOf.at(c));
+    return Shown(oAggregate);
+  };
+  ExpectRows(
+      u"A~A 21321It; AB~A 20320It; ABA~A 20320It; Aa~ 21321; 00~ 00000; ~(none) 00000; "
+      u"((~(bespoke) 00000F; ([(~ 00000F; F~(bespoke) 00000F; A([~A 21321It; (A~A 21321I; "
+      u"(AB[~A 20320I; A0A~ 00000",
+      Aggregated);
+  EXPECT_EQ(Aggregated(Text(70'000, u'A')), u"A 21321It") << "more than a 16-bit count";
 }
 
 TEST(CProcSettings, ComparesNamesWithoutCase) {
-  const struct {
-    const char* sName;
-    CProcSettings oLeft, oRight;
-    bool bEqual;
-  } Rows[] = {
-      {"no template in two forms", Made(u"(None)", 0, 0), Made(u"", 0, 0), true},
-      {"case", Made(u"Standard", 2, 1), Made(u"STANDARD", 2, 1), true},
-      {"flags don't count", Made(u"A", 2, 1), Made(u"A", 2, 1, 1, true), true},
-      {"locked counts", Made(u"A", 2, 1, 1), Made(u"A", 2, 1, 2), false},
-      {"boundary counts", Made(u"A", 2, 1), Made(u"A", 3, 1), false},
-      {"template counts", Made(u"A", 2, 1), Made(u"", 2, 1), false},
-  };
-  for (const auto& o : Rows) {
-    SCOPED_TRACE(o.sName);
-    EXPECT_EQ(o.oLeft.Equals(o.oRight), o.bEqual);
-    EXPECT_EQ(o.oRight.Equals(o.oLeft), o.bEqual);
+  const CProcSettings oA = Made(u"Standard", 2, 1);
+  EXPECT_TRUE(oA.Equals(Made(u"STANDARD", 2, 1, 1, true)));
+  EXPECT_TRUE(Made(u"(None)", 2, 1).Equals(Made(u"", 2, 1)));
+  EXPECT_TRUE(Made(u"", 2, 1).Equals(Made(u"(none)", 2, 1)));
+  for (const auto& o : {Made(u"", 2, 1), Made(u"Standard", 2, 1, 2), Made(u"Standard", 3, 1),
+                        Made(u"Standard", 2, 2), CProcSettings()}) {
+    EXPECT_FALSE(oA.Equals(o) || o.Equals(oA)) << ToUtf8(Shown(o));
   }
 }
 
 TEST(CProcSettings, TakesItsHandleFromTheLookups) {
   MQuillon::LoadLookups({u"", u"Sig", u"", u"Both"}, {u"", u"", u"Proc", u"both", u"Late"});
-  const struct {
-    TextView sName;
-    std::int32_t hTemplate;
-  } Rows[] = {{u"sig", 1}, {u"BOTH", 2}, {u"proc", 1}, {u"Late", 3}, {u"", 0}, {u"other", 0}};
-  for (const auto& o : Rows) EXPECT_EQ(Made(o.sName, 0, 0).hTemplate(), o.hTemplate);
+  ExpectRows(u"sig~1; BOTH~2; proc~1; Late~3; ~0; other~0",
+             [](TextView s) { return ToText(Made(s, 0, 0).hTemplate()); });
   MQuillon::ReleaseLookups();
   EXPECT_EQ(Made(u"Sig", 0, 0).hTemplate(), 0);
 }
