@@ -38,7 +38,7 @@ const Row atRow[] = {
     {"joined lines", u"<#S a=1\r\nb=2>", 0, "#S a=[1] b=[2]"},
     {"quote that isn't closed", u"<#S a=1 like='open>", 3, "#S a=[1]"},
     {"lone quote", u"<#S like='>", 3, "#S"},
-    {"blank in a key stops", u"<#S a=1 b c=2>", 0, "#S a=[1]"},
+    {"blank in a key stops", u"<#S a=1 b c=2 c=3>", 0, "#S a=[1]"},
     {"blank behind the equals sign", u"<#S a = 1 b=2>", 0, "#S"},
     {"blank ahead of the equals sign", u"<#S a =1 b=2>", 0, "#S a=[1] b=[2]"},
     {"word without a value ends the reading", u"<#S a=1 foo>", 0, "#S a=[1]"},

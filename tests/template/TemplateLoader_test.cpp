@@ -79,7 +79,7 @@ const Report atReport[] = {
     {"unknown directive without a template", u"<#Foo a=1>",
      At(1, "Unknown Directive <#foo") + At(1, NoTemplate)},
     {"nothing is wrong behind an end", u"{module}|<#End>|x||<## c", A},
-    {"broken directive behind an end opens the file to lines", u"{module}|<#End>|<#Stop >|x",
+    {"unknown directive behind an end", u"{module}|<#End>|<#Stop >",
      A + At(4, "Unknown Directive <#stop")},
     {"chevron missing", u"{module}|  <#END|<#End>",
      A + At(3, "Close Chevron missing from Directive <#end")},
@@ -156,6 +156,7 @@ const Table atTable[] = {
     {"first row of a value, last row of a trace exit",
      u"|<%Retry> <%SEVERITY>|<%Retry>|e.TraceExit(1)|<#if trace>x|<#if trace>e.TRACEEXIT a|",
      "roles=0,3,3,6,7,"},
+    {"a broken directive opens a closed template to lines", u"<#End>|<#Stop>|x", "text=[x]"},
     {"a row for each place, one more behind the end; the first of two stays",
      u"<#Start>|<#Start>|x|<#BodyStart>|<#End>|y", "rows=1,2,5,-1,-1,-1,6,8"},
 };
@@ -220,7 +221,7 @@ TEST(TemplateLoader, ReadsFilesInTheirCodePage) {
       {sHead + std::string("a\0", 2) + sRest, std::string("a\0"
                                                           "1",
                                                           3)},
-      {"\xFF\xFE<\0#\0", "1"},
+      {"\xFF\xFE<\r\nx", "1"},
   };
   for (const auto& [sBytes, sExpected] : asRow) EXPECT_EQ(NameLoadedFrom(sBytes), sExpected);
 }
