@@ -277,9 +277,9 @@ Text CIDEHandler::EventHandlerType(Loading& oLoading, TextView sName) {
     // in the list counts: one look-up for each underscore instead of one test for each source.
     TextView sEvent;
     std::int32_t lFirst = 0;
-    for (std::size_t i = sName.find(u'_'); i + 1 < sName.size(); i = sName.find(u'_', i + 1)) {
+    for (auto i = sName.find(u'_'); i != TextView::npos; i = sName.find(u'_', i + 1)) {
       const auto oFound = oLoading.oSources.find(sName.substr(0, i));
-      if (oFound == oLoading.oSources.end()) continue;
+      if (oFound == oLoading.oSources.end() || i + 1 == sName.size()) continue;
       if (lFirst != 0 && lFirst < oFound->second) continue;
       lFirst = oFound->second;
       sEvent = sName.substr(i + 1);

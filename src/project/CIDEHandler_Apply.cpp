@@ -3,7 +3,6 @@
 #include "HandlerGuard.h"
 #include "MQuillon.h"
 #include "MRules.h"
-#include "MXString.h"
 #include "ReadOnlyRule.h"
 #include "Run.h"
 
@@ -79,9 +78,9 @@ void CIDEHandler::ApplyPendingSettings(Handle ihProcedure, Handle Component, Han
              .eLineNumAction = LineNumAction == MQuillon::NumberAsRule
                                    ? MRules::oRules.eLineNumAction
                                    : LineNumAction};
-    // The engine tells its reasons only here; the first one is the procedure's.
+    // The engine tells its reasons only here, under the line of the procedure; the first counts.
     const Connection oLink = Template().ReportError.Connect([&](TextView sMessage) {
-      if (oRun.sReason.empty()) oRun.sReason = Trim(sMessage);
+      if (oRun.sReason.empty() && sMessage.starts_with(u"    ")) oRun.sReason = Trim(sMessage);
     });
     WalkScope({ihProcedure, Component, Project, Group}, Refresh,
               [&](Handle h) { ApplyPendingTo(h, oRun); });

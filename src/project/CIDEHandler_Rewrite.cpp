@@ -67,6 +67,7 @@ void CIDEHandler::RewriteProcedure(GuardScope& oScope, Handle hProcedure, Run& o
   oDraft.sNew = oDraft.sOld;
   oRun.bErrors = !RemoveOld(oRecord, oDraft) || !PutNew(oRecord, oRun, oDraft);
   if (oRun.bErrors) return;
+  oDraft.lBlankLines += ModuleEdit::CutBlankTail(oDraft.sNew);
   if (bProve && oDraft.IsChanged()) {
     const Text sDoubt = WhatIsNotProved(oRecord, oRun, oDraft);
     oRun.bErrors = !sDoubt.empty();
@@ -128,18 +129,13 @@ bool CIDEHandler::PutNew(const ProcedureRecord& oRecord, const Run& oRun, Draft&
       ProcedureAt(ComponentAt(oRecord.hComponent).lFirstProcedure).oPending;
   const bool bProcedure = oRecord.nKind != MQuillon::KindDeclarations;
   bool bErrors = false;
-  if (IsNoTemplate(oRecord.oCurrent.sTemplate()) &&
-      oRecord.oCurrent.eLocked() == MQuillon::StateTrue) {
-    // A lock without a template has a signature of its own, and two never stand in one text.
-    Template().RemoveSignatureOnly(oDraft.sNew, bErrors);
-    if (bErrors) return false;
-  }
   oDraft.bInherit = Template().Inherit(oNew.sTemplate());
   // Under an inheriting template a procedure states only what differs from its module.
   const auto Stated = [&](Text sName, std::int32_t eOwn, std::int32_t eModule) {
     return oDraft.bInherit && bProcedure && eOwn == eModule ? Text() : sName;
   };
-  if (bProve) oDraft.sBare = oDraft.sNew;
+  // The engine takes a lock's own signature out first: two never stand in one text.
+  if (bProve) oDraft.sBare = Template().WithoutLockSignature(oDraft.sNew);
   Template().InsertTemplate(
       oDraft.sModuleName, oDraft.sProcName, oRecord.sDeclType, oDraft.sNew, oDraft.lBodyStart,
       oNew.sTemplate(), oNew.eLocked() == MQuillon::StateTrue,

@@ -1,0 +1,216 @@
+// How a group comes into the model, and what its walks tell.
+#include <gtest/gtest.h>
+
+#include "Model.h"
+
+namespace {
+
+/// Declared type, event or shown type, boundary suggested; one procedure after the other.
+std::string Procedures(const CIDEHandler& oHandler) {
+  std::string s;
+  for (std::int32_t h = 1; h <= oHandler.ProcedureCount(); ++h) {
+    const ProcedureRecord& o = oHandler.Procedure(h);
+    s += ToUtf8(oHandler.ProcName(h)) + ":" + ToUtf8(o.sDeclType) + ":" + ToUtf8(o.sProcType) +
+         ":" + std::to_string(o.oSuggest.eBoundary()) + "|";
+  }
+  return s;
+}
+
+const struct LoadRow {
+  const char* sName;
+  std::int32_t nType;
+  const char16_t* sDesigner;
+  std::vector<Text> asControl;
+  TextView sCode;
+  const char* sExpected;
+} Loads[] = {
+    {"an empty module has its declarations",
+     ComponentStdModule,
+     u"",
+     {},
+     u"",
+     "(declarations):::1|"},
+    {"events of a form and its controls",
+     ComponentVBForm,
+     u"VB.Form",
+     {u"cmd", u"cmd_A"},
+     u"Sub Form_Load()\nEnd Sub\nSub Form_()\nEnd Sub\nSub cmd_A_Click()\nEnd Sub\n"
+     u"Function cmd_Click()\nEnd Function\nSub other_Click()\nEnd Sub",
+     "(declarations):::2|Form_Load:Sub:Load:2|Form_:Sub:Sub:1|cmd_A_Click:Sub:A_Click:2|"
+     "cmd_Click:Function:Function:1|other_Click:Sub:Sub:1|"},
+    {"an event variable of a public class",
+     ComponentClass,
+     u"",
+     {},
+     u"Public WithEvents oTimer As Timer\nDim oOther As Timer\nSub oTimer_Timer()\nEnd Sub\n"
+     u"Public Sub Go()\nEnd Sub\nSub Class_Terminate()\nEnd Sub\nSub oOther_Tick()\nEnd Sub",
+     "(declarations):::4|oTimer_Timer:Sub:Timer:2|Go:Sub:Sub:1|Class_Terminate:Sub:Terminate:2|"
+     "oOther_Tick:Sub:Sub:1|"},
+    {"an interface from outside, one of the group, one commented out",
+     ComponentClass,
+     u"",
+     {},
+     u"  IMPLEMENTS IFoo ' from a reference\nImplements IOwn\n'Implements IGone\n"
+     u"Private Sub IFoo_Do()\nEnd Sub\nPrivate Sub IOwn_Do()\nEnd Sub\nPrivate Sub IGone_Do()\n"
+     u"End Sub\nPrivate Property Get IFoo_It()\nEnd Property",
+     "(declarations):::4|IFoo_Do:Sub:Sub:4|IOwn_Do:Sub:Sub:1|IGone_Do:Sub:Sub:1|"
+     "IFoo_It:Property Get:Property Get:4|"},
+    {"kinds of a property, each once, and no external functions",
+     ComponentStdModule,
+     u"",
+     {},
+     u"Declare Sub Sleep Lib \"kernel32\" ()\nProperty Get P()\nEnd Property\nSub S()\nEnd Sub\n"
+     u"Property Let P(v)\nEnd Property",
+     "(declarations):::1|P:Property Let:Property Let:1|P:Property Get:Property Get:1|S:Sub:Sub:1|"},
+};
+
+TEST(LoadComponent, FindsProceduresEventsAndInterfaces) {
+  for (const LoadRow& oRow : Loads) {
+    SCOPED_TRACE(oRow.sName);
+    Model m;
+    MRules::oRules.sDefaultModTemplate = u"Mod";
+    MRules::oRules.sDefaultProcTemplate = u"Std";
+    m.oIDE.AddProject(u"Group", 2);
+    FakeComponent& oComponent = m.oIDE.Add(u"CMain", oRow.nType, oRow.sCode);
+    oComponent.sDesignerID = oRow.sDesigner;
+    oComponent.oModule.asControl = oRow.asControl;
+    oComponent.nInstancing = 5;
+    m.oIDE.Add(u"iown", ComponentClass, u"");
+    m.Open(false);
+    m.oHandler.LoadComponent(1);
+    m.oHandler.LoadComponent(1);
+    EXPECT_EQ(Procedures(m.oHandler), oRow.sExpected);
+  }
+}
+
+TEST(LoadComponent, InheritsWhatOnlyTheModuleStates) {
+  Model m;
+  m.oIDE.Add(u"M", ComponentStdModule,
+             u"'@ Mod\nConst Sev = tvnSeverityFatal\nSub A()\n'@ Std\nFail tvnSeverityCosmetic\n"
+             u"End Sub\nSub B()\nEnd Sub");
+  m.Open();
+  EXPECT_EQ(m.Current(2) + "," + m.Current(3), "Std 1 0 1 0 1, 1 0 3 0 0");
+  EXPECT_FALSE(m.oHandler.Procedure(2).oPending.SeverityInherited);
+  EXPECT_TRUE(m.oHandler.Procedure(3).oPending.SeverityInherited);
+}
+
+TEST(LoadComponent, ReportsProgressFromThirtyMembers) {
+  for (const int n : {29, 30}) {
+    Model m;
+    Text sCode = u"Const K0 = 0";
+    for (int i = 1; i < n; ++i) sCode += u"\nConst K" + ToText(i) + u" = 0";
+    m.oIDE.Add(u"M", ComponentStdModule, sCode);
+    m.Open(false);
+    std::string s;
+    const auto o1 = m.oHandler.ProgressStart.Connect([&] { s += "<"; });
+    const auto o2 = m.oHandler.ProgressEnd.Connect([&] { s += ">"; });
+    const auto o3 = m.oHandler.Progress.Connect([&](std::int16_t nPercent, TextView sCaption) {
+      if (nPercent == 50) s += ToUtf8(sCaption);
+    });
+    m.oHandler.LoadComponent(1);
+    EXPECT_EQ(s, n == 30 ? "<M.K14>" : ">");
+  }
+}
+
+const struct FailRow {
+  const char* sOperation;
+  int nCall;
+  const char* sContext;
+  std::int32_t lError;
+  std::int32_t lProcedures;
+} LoadFaults[] = {
+    {"CodeModule of FBad", 1, "CodeModule Property of VBComponent Object", 70, 0},
+    {"CodeModule of FBad", 3, "CodeModule Property of VBComponent Object", 70, 0},
+    {"DesignerControls", 1, "VBControls Property of VBComponent Object", 0, 2},
+    {"ProcBodyLine", 1, "Procedures of CodeModule Object", 70, 1},
+};
+
+TEST(LoadComponent, OneThatFailsDoesNotStopTheOthers) {
+  for (const FailRow& oRow : LoadFaults) {
+    SCOPED_TRACE(std::string(oRow.sOperation) + " " + std::to_string(oRow.nCall));
+    Model m;
+    m.oIDE.Add(u"FBad", ComponentVBForm, u"Sub A()\nEnd Sub");
+    m.oIDE.Add(u"MGood", ComponentStdModule, u"Sub B()\nEnd Sub");
+    m.oIDE.oLog.Fail(oRow.sOperation, oRow.nCall);
+    m.Open();
+    std::string s;
+    const auto oError =
+        m.oHandler.EnumProceduresError.Connect([&](std::int32_t h, const LoadError& o) {
+          s += std::to_string(h) + ToUtf8(o.sErrorContext) + std::to_string(o.lError);
+        });
+    const auto oEnd = m.oHandler.EnumProceduresEOF.Connect([&] { s += ";"; });
+    m.oHandler.EnumProcedures(1);
+    EXPECT_EQ(s, "1" + std::string(oRow.sContext) + std::to_string(oRow.lError));
+    m.oHandler.LoadComponent(1);
+    EXPECT_EQ(m.oHandler.ProcedureCount(), oRow.lProcedures + 2);
+    m.oHandler.EnumProcedures(2);
+    EXPECT_TRUE(s.ends_with(";"));
+  }
+}
+
+TEST(Walks, TellProjectsAndComponents) {
+  Model m;
+  m.oIDE.AddProject(u"Empty", 0);
+  m.oIDE.Add(u"Res", ComponentResFile, u"");
+  m.oIDE.Add(u"Doc", ComponentRelatedDocument, u"");
+  m.oIDE.AddProject(u"Full", 3);
+  m.oIDE.Add(u"FMain", ComponentVBForm, u"");
+  m.oIDE.Add(u"CMain", ComponentClass, u"").asFile = {u"/vanished/C.cls"};
+  m.Open(false);
+  std::string s;
+  auto& o = m.oHandler;
+  const auto o1 = o.EnumProjectsProc.Connect([&](std::int32_t h, TextView sTitle, std::int32_t n) {
+    s += std::to_string(h) + ToUtf8(sTitle) + std::to_string(n) + "(";
+  });
+  const auto o2 = o.EnumComponentsProc.Connect(
+      [&](std::int32_t, std::int32_t h, TextView sName, std::int32_t n) {
+        s += std::to_string(h) + ToUtf8(sName) + std::to_string(n) + " ";
+      });
+  const auto o3 =
+      o.EnumComponentsEOF.Connect([&](std::int32_t h) { s += ")" + std::to_string(h); });
+  const auto o4 = o.EnumComponentsExProc.Connect([&](const ComponentRow& oRow) {
+    s += ToUtf8(oRow.sName + oRow.sFileName) + std::to_string(oRow.dModified) + " ";
+  });
+  o.EnumProjects();
+  EXPECT_EQ(s, "1Empty0()12Full3(1FMain5 2CMain2 )2");
+  s.clear();
+  o.EnumComponentsEx(2, 0);
+  o.EnumComponentsEx(2, 3);
+  EXPECT_EQ(s, "FMain0 CMain/vanished/C.cls0 CMain/vanished/C.cls0 ");
+  EXPECT_EQ(o.ComponentFolderName(2) + o.ComponentType(1), u"Class5");
+  EXPECT_THROW(o.EnumComponentsEx(3, 0), Failure);
+  EXPECT_THROW(o.SetLocked(1, 2), Failure);
+}
+
+TEST(ReadOnlyRule, PassesOverEveryWalk) {
+  Model m;
+  m.oIDE.Add(u"M", ComponentStdModule, u"Sub A()\nEnd Sub").asFile = {u"/proc/version"};
+  m.Open(false);
+  m.oHandler.LoadComponent(1);
+  m.oHandler.SetProcTemplate(2, u"Std");
+  for (const bool bSkip : {true, false}) {
+    MRules::oRules.bSkipReadOnly = bSkip;
+    m.oHandler.ApplyPendingSettings(2, 0, 0, false, false, -1);
+    m.oHandler.ApplySuggestedSettings(0, 1, 0, false);
+    EXPECT_EQ(m.oTemplate.BatchItems(), bSkip ? 0 : 1);
+    EXPECT_EQ(m.oHandler.ProcTemplate(2), bSkip ? u"Std" : u"");
+  }
+}
+
+TEST(GetProcCode, CountsTheCommentsAheadOfTheHead) {
+  Model m;
+  m.oIDE.Add(u"M", ComponentStdModule, u"\n' a\n' b\nSub A()\nEnd Sub\nSub B()\nEnd Sub");
+  m.Open();
+  const std::pair<std::int32_t, TextView> Expected[] = {
+      {1, u""}, {3, u"' a\r\n' b\r\nSub A()\r\nEnd Sub"}, {1, u"Sub B()\r\nEnd Sub"}};
+  std::int32_t h = 0, lBody = 0;
+  for (const auto& [lBodyStart, sCode] : Expected) {
+    EXPECT_EQ(m.oHandler.GetProcCode(++h, lBody), sCode);
+    EXPECT_EQ(lBody, lBodyStart);
+  }
+  Text sModule, sName, sType;
+  m.oHandler.GetProcDetails(3, sModule, sName, sType);
+  EXPECT_EQ(sModule + sName + sType, u"MBSub");
+}
+
+}  // namespace
