@@ -8,22 +8,27 @@ HostProject::HostProject(ProjectFile oFile, std::string sPath, PathFinder& oFind
                          DocumentStore& oStore)
     : moFile(std::move(oFile)), msPath(std::move(sPath)) {
   std::string sFolder = PathFinder::FolderOf(msPath);
-  std::unordered_map<std::string, std::size_t> oLines;
+  std::unordered_map<std::string, std::size_t> oCodeLines, oOtherLines;
   for (const ProjectFile::Entry& oEntry : moFile.oComponents) {
+    bool bCode = oEntry.nType != ComponentRelatedDocument && oEntry.nType != ComponentResFile;
     std::string sFile = oFinder.Find(sFolder, oEntry.sPath).sPath;
     std::string sIdentity = oFinder.Identity(sFile);
-    auto [it, bNew] = oLines.try_emplace(sIdentity, oEntry.lLine);
+    // A source may be listed as a document, too; that must not hide its code.
+    auto [it, bNew] = (bCode ? oCodeLines : oOtherLines).try_emplace(sIdentity, oEntry.lLine);
     if (!bNew) {
-      moFile.oNotes.push_back({oEntry.lLine, oEntry.sPath + u" stands in line " +
-                                                 ToText(static_cast<long long>(it->second)) +
-                                                 u" already; this entry is left out."});
+      NoteSecond(oEntry, it->second);
       continue;
     }
-    bool bCode = oEntry.nType != ComponentRelatedDocument && oEntry.nType != ComponentResFile;
     StoredDocument* poDocument = bCode ? &oStore.Add(sIdentity, sFile, moFile.oConstants) : nullptr;
     moComponents.push_back(
         std::make_unique<HostComponent>(*this, oEntry, std::move(sFile), poDocument, oFinder));
   }
+}
+
+void HostProject::NoteSecond(const ProjectFile::Entry& oEntry, std::size_t lFirstLine) {
+  moFile.oNotes.push_back({oEntry.lLine, oEntry.sPath + u" stands in line " +
+                                             ToText(static_cast<long long>(lFirstLine)) +
+                                             u" already; this entry is left out."});
 }
 
 Text HostProject::FileName() const {

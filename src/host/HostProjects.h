@@ -28,6 +28,8 @@ class HostProject : public VBProject, public ::VBComponents {
   const std::string& Path() const { return msPath; }
 
  private:
+  void NoteSecond(const ProjectFile::Entry& oEntry, std::size_t lFirstLine);
+
   ProjectFile moFile;  // documents and components refer to its constants and entries
   std::string msPath;
   std::vector<std::unique_ptr<HostComponent>> moComponents;

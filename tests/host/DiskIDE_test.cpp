@@ -36,64 +36,58 @@ std::int32_t NumberOf(const char* sFile, Call&& oCall) {
   }
 }
 
-std::string Designer(const std::string& sRoot, const std::string& sInside = {}) {
-  return "VERSION 5.00\r\nBegin " + sRoot + " \r\n" + sInside +
-         "End\r\nAttribute VB_Name = \"N\"\r\n";
+std::string Root(const std::string& sRoot, const std::string& sInside = {}) {
+  return "VERSION 5.00\nBegin " + sRoot + " \n" + sInside + "End\nAttribute VB_Name = \"N\"\n";
 }
 
 TEST(DiskIDE, ShowsComponentsOfEveryKind) {
+  const std::string sMenus = " Begin VB.Menu m \n  Begin VB.Menu n \n  End\n End\n";
+  const std::string sChild = "  MDIChild = -1  'True\n", sNoChild = "  MDIChild = 0   'False\n";
+  const std::string sMaker = "-5775-11D0-B388-00A0C9055D8E} D";
   struct Row {
-    const char* sName;
-    std::string sEntry, sFile, sBytes;
+    const char *sEntry, *sFile;
+    std::string sBytes;
     const char* sExpected;
   };
   const Row Rows[] = {
-      {"module: the file's name wins", "Module=Old; m.bas", "m.bas", Code, "1 Helpers [] m.bas"},
-      {"module without a name", "Module=Old; m.bas", "m.bas", "Sub A()\r\nEnd Sub\r\n",
-       "1 Old [] m.bas"},
-      {"form with controls and an array", "Form=f.frm", "F.FRM",
-       Designer("VB.Form Root",
-                "  Caption = \"x\"\r\n  Begin VB.Menu m \r\n    Begin VB.Menu n \r\n"
-                "    End\r\n  End\r\n  Begin VB.Label n \r\n  End\r\n"),
-       "5 N [VB.Form] F.FRM +m +n +n"},
-      {"MDI child", "Form=f.frm", "f.frm", Designer("VB.Form F", "  MDIChild = -1  'True\r\n"),
-       "15 N [VB.Form] f.frm"},
-      {"no MDI child", "Form=f.frm", "f.frm", Designer("VB.Form F", "  MDIChild = 0   'False\r\n"),
-       "5 N [VB.Form] f.frm"},
-      {"MDI form", "Form=f.frm", "f.frm", Designer("VB.MDIForm F"), "6 N [VB.MDIForm] f.frm"},
-      {"user control", "UserControl=u.ctl", "u.ctl", Designer("VB.UserControl U"), "8 N [] u.ctl"},
-      {"property page", "PropertyPage=p.pag", "p.pag", Designer("VB.PropertyPage P"),
-       "7 N [] p.pag"},
-      {"user document", "UserDocument=d.dob", "d.dob", Designer("VB.UserDocument D"),
-       "9 N [] d.dob"},
-      {"data environment", "Designer=d.Dsr", "d.dsr",
-       Designer("{C0E45035-5775-11D0-B388-00A0C9055D8E} D"), "11 N [DataEnvironment] d.dsr"},
-      {"designer of another maker", "Designer=d.dsr", "d.dsr",
-       Designer("{00000000-5775-11D0-B388-00A0C9055D8E} D"), "11 N [] d.dsr"},
-      {"MS Forms form", "Designer=d.dsr", "d.dsr",
-       Designer("{c62a69f0-16dc-11ce-9e98-00aa00574a4f} D"), "3 N [UserForm] d.dsr"},
-      {"form in a designer file", "Designer=d.dsr", "d.dsr", Designer("VB.Form D"),
-       "5 N [VB.Form] d.dsr"},
-      {"no form at all", "Form=f.frm", "f.frm", "ORDER SHEET\n", "5 f [VB.Form] f.frm failure 321"},
-      {"missing form", "Form=sub\\f.frm", "x", "", "5 f [VB.Form] f.frm failure 76"},
-      {"missing class", "Class=Gone; f.cls", "x", "", "2 Gone [] f.cls failure 53"},
-      {"folder in the place of a file", "Class=Gone; sub", "sub/x", "", "2 Gone [] sub failure 75"},
-      {"related document", "RelatedDoc=Read.Me.txt", "x", "",
-       "10 Read.Me.txt [] Read.Me.txt no code"},
-      {"resource file", "ResFile32=\"r.res\"", "x", "", "4 r.res [] r.res no code"},
+      // The file's name wins over the entry's.
+      {"Module=Old; m.bas", "m.bas", Code, "1 Helpers [] m.bas"},
+      {"Module=Old; m.bas", "m.bas", "Sub A()\r\nEnd Sub", "1 Old [] m.bas"},
+      // Forms and designers, by their root.
+      {"Form=f.frm", "F.FRM", Root("VB.Form R", sMenus), "5 N [VB.Form] F.FRM +m +n"},
+      {"Form=f.frm", "f.frm", Root("VB.Form F", sChild), "15 N [VB.Form] f.frm"},
+      {"Form=f.frm", "f.frm", Root("VB.Form F", sNoChild), "5 N [VB.Form] f.frm"},
+      {"Form=f.frm", "f.frm", Root("VB.MDIForm F"), "6 N [VB.MDIForm] f.frm"},
+      {"UserControl=u.ctl", "u.ctl", Root("VB.UserControl U"), "8 N [] u.ctl"},
+      {"PropertyPage=p.pag", "p.pag", Root("VB.PropertyPage P"), "7 N [] p.pag"},
+      {"UserDocument=d.dob", "d.dob", Root("VB.UserDocument D"), "9 N [] d.dob"},
+      {"Designer=d.Dsr", "d.dsr", Root("{C0E45035" + sMaker), "11 N [DataEnvironment] d.dsr"},
+      {"Designer=d.dsr", "d.dsr", Root("{00000000" + sMaker), "11 N [] d.dsr"},
+      {"Designer=d.dsr", "d.dsr", Root("{c62a69f0-16dc-11ce-9e98-00aa00574a4f} D"),
+       "3 N [UserForm] d.dsr"},
+      {"Designer=d.dsr", "d.dsr", Root("VB.Form D"), "5 N [VB.Form] d.dsr"},
+      // What can't be read stays in the model.
+      {"Form=f.frm", "f.frm", "ORDER SHEET\n", "5 f [VB.Form] f.frm failure 321"},
+      {"Form=sub\\f.frm", "x", "", "5 f [VB.Form] f.frm failure 76"},
+      {"Class=Gone; f.cls", "x", "", "2 Gone [] f.cls failure 53"},
+      {"Class=Gone; sub", "sub/x", "", "2 Gone [] sub failure 75"},
+      {"Module=D; /dev/zero", "x", "", "1 D [] zero failure 75"},
+      // Entries without code.
+      {"RelatedDoc=Read.Me.txt", "x", "", "10 Read.Me.txt [] Read.Me.txt no code"},
+      {"ResFile32=\"r.res\"", "x", "", "4 r.res [] r.res no code"},
   };
   for (const Row& oRow : Rows) {
-    SCOPED_TRACE(oRow.sName);
+    SCOPED_TRACE(oRow.sExpected);
     ProjectTree oTree;
     oTree.Write(oRow.sFile, oRow.sBytes);
-    auto pIDE = DiskIDE::Open(oTree.Write("P.vbp", "Type=Exe\r\n" + oRow.sEntry + "\r\n"), {});
+    auto pIDE = DiskIDE::Open(oTree.Write("P.vbp", std::string("Type=Exe\n") + oRow.sEntry), {});
     EXPECT_EQ(Shown(pIDE->Root().VBProjects().Item(1).VBComponents().Item(1)), oRow.sExpected);
   }
 }
 
 TEST(DiskIDE, FindsBinaryCompanionsInAnyCase) {
   ProjectTree oTree;
-  oTree.Write("Sub/Main.frm", Designer("VB.Form Main"));
+  oTree.Write("Sub/Main.frm", Root("VB.Form Main"));
   oTree.Write("Sub/MAIN.FRX", "\1");
   auto pIDE = DiskIDE::Open(oTree.Write("P.vbp", "Type=Exe\r\nForm=sub\\main.frm\r\n"), {});
   VBComponent& oForm = pIDE->Root().VBProjects().Item(1).VBComponents().Item(1);
@@ -118,13 +112,12 @@ TEST(DiskIDE, InstancingComesFromTheClassAttributes) {
   for (const Row& oRow : Rows) {
     SCOPED_TRACE(oRow.lExpected);
     ProjectTree oTree;
-    oTree.Write("c.cls",
-                std::string("VERSION 1.0 CLASS\r\nBEGIN\r\n  MultiUse = ") + oRow.sMultiUse +
-                    "\r\nEND\r\nAttribute VB_Name = \"C\"\r\nAttribute VB_GlobalNameSpace = " +
-                    oRow.sGlobal + "\r\nAttribute VB_Creatable = " + oRow.sCreatable +
-                    "\r\nAttribute VB_Exposed = " + oRow.sExposed + "\r\n");
-    auto pIDE = DiskIDE::Open(
-        oTree.Write("P.vbp", std::string("Type=") + oRow.sType + "\r\nClass=C; c.cls\r\n"), {});
+    std::string sFile = std::string("VERSION 1.0 CLASS\nBEGIN\n  MultiUse = ") + oRow.sMultiUse;
+    sFile += std::string("\nEND\nAttribute VB_GlobalNameSpace = ") + oRow.sGlobal;
+    sFile += std::string("\nAttribute VB_Creatable = ") + oRow.sCreatable;
+    oTree.Write("c.cls", sFile + "\nAttribute VB_Exposed = " + oRow.sExposed + "\n");
+    std::string sProject = std::string("Type=") + oRow.sType + "\nClass=C; c.cls\n";
+    auto pIDE = DiskIDE::Open(oTree.Write("P.vbp", sProject), {});
     VBComponent& oClass = pIDE->Root().VBProjects().Item(1).VBComponents().Item(1);
     EXPECT_EQ(oClass.Property(u"Instancing"), oRow.lExpected);
     EXPECT_EQ(NumberOf("", [&] { oClass.Property(u"Caption"); }), 380);
@@ -147,8 +140,10 @@ std::string Group(const DiskIDE& oIDE, VBE& oRoot) {
 class OpenTest : public testing::Test {
  protected:
   OpenTest() {
-    moTree.Write("A/a.vbp", "Type=Exe\nName=\"A\"\nModule=M; m.bas\nForm=m.frm\nForm=.\\M.FRM\n");
-    moTree.Write("A/m.frm", Designer("VB.Form M"));
+    moTree.Write(
+        "A/a.vbp",
+        "Type=Exe\nName=\"A\"\nModule=M; m.bas\nForm=m.frm\nRelatedDoc=m.frm\nForm=.\\M.FRM\n");
+    moTree.Write("A/m.frm", Root("VB.Form M"));
     moTree.Write("B/b.vbp", "Type=OleDll\nName=\"B\"\n");
     moTree.Write("B/B2.vbp", "Type=OleDll\nName=\"B2\"\n");
     moTree.Write("G/g.vbg", "VBGROUP 5.0\nProject=..\\b\\B.VBP\nStartupProject=..\\A\\a.vbp\n");
@@ -170,14 +165,14 @@ TEST_F(OpenTest, TakesGroupsProjectsAndFolders) {
     const char* sExpected;
   };
   const Row Rows[] = {
-      {{"G/g.vbg"}, "B:0 A:2 a.vbp!5 "},
-      {{"A/a.vbp"}, "A:2 a.vbp!5 "},
+      {{"G/g.vbg"}, "B:0 A:3 a.vbp!6 "},
+      {{"A/a.vbp"}, "A:3 a.vbp!6 "},
       {{"B"}, "B:0 B2:0 "},
       {{"B/"}, "B:0 B2:0 "},
-      {{"B", "G/g.vbg", "Link/a.vbp", "A"}, "B:0 B2:0 A:2 g.vbg!2 a.vbp!5 "},
-      {{"G/odd.vbg"}, "A:2 odd.vbg!7 odd.vbg!1 odd.vbg!2 odd.vbg!3 odd.vbg!5 odd.vbg!6 a.vbp!5 "},
+      {{"B", "G/g.vbg", "Link/a.vbp", "A"}, "B:0 B2:0 A:3 g.vbg!2 a.vbp!6 "},
+      {{"G/odd.vbg"}, "A:3 odd.vbg!7 odd.vbg!1 odd.vbg!2 odd.vbg!3 odd.vbg!5 odd.vbg!6 a.vbp!6 "},
       {{"G"},
-       "B:0 A:2 odd.vbg!7 odd.vbg!1 odd.vbg!2 odd.vbg!3 odd.vbg!4 odd.vbg!5 odd.vbg!6 a.vbp!5 "},
+       "B:0 A:3 odd.vbg!7 odd.vbg!1 odd.vbg!2 odd.vbg!3 odd.vbg!4 odd.vbg!5 odd.vbg!6 a.vbp!6 "},
   };
   for (const Row& oRow : Rows) {
     SCOPED_TRACE(oRow.sExpected);
@@ -212,7 +207,9 @@ TEST(DiskIDE, OneFileInTwoProjectsIsOneDocument) {
   CodeModule& oFirst = *oProjects.Item(1).VBComponents().Item(1).CodeModule();
   CodeModule& oSecond = *oProjects.Item(2).VBComponents().Item(1).CodeModule();
   Member& oMember = oSecond.Members().Item(1);
-  EXPECT_TRUE(pIDE->Changes().empty());
+  EXPECT_EQ(pIDE->Root().ActiveCodePane(), nullptr);
+  pIDE->ShowCode(&oSecond.Parent());
+  EXPECT_EQ(&pIDE->Root().ActiveCodePane()->CodeModule(), &oSecond);
   EXPECT_TRUE(pIDE->Save().asSaved.empty());
   oFirst.InsertLines(1, u"' one");
   EXPECT_EQ(oSecond.Lines(1, 2), u"' one\r\nSub A()");

@@ -11,8 +11,9 @@
 
 class ProjectTree {
  public:
-  ProjectTree() {
-    std::string sName = (std::filesystem::temp_directory_path() / "projects-XXXXXX").string();
+  explicit ProjectTree(
+      const std::filesystem::path& oParent = std::filesystem::temp_directory_path()) {
+    std::string sName = (oParent / "projects-XXXXXX").string();
     msRoot = std::filesystem::canonical(mkdtemp(sName.data())).string();
   }
   ~ProjectTree() { std::filesystem::remove_all(msRoot); }
