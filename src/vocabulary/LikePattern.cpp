@@ -58,6 +58,7 @@ std::vector<LikeRange> Others(const std::vector<LikeRange>& oRanges) {
 LikePattern::LikePattern(TextView sPattern) : msPattern(sPattern), mbValid(Parse()) {
   if (!mbStar) mlHead = mlBehindStar = moElements.Count();
   while (mlLiteral < mlHead && moElements.IsLiteral(mlLiteral)) ++mlLiteral;
+  if (mlLiteral > 0) mcFirst = msUnits[0];
 }
 
 bool LikePattern::Parse() {
@@ -117,7 +118,7 @@ void LikePattern::AddStar() {
 
 // The first fit of each inner run is as good as any later one, since it leaves the most text for
 // the runs behind it: no step is ever taken back.
-bool LikePattern::Matches(TextView sText) const noexcept {
+bool LikePattern::MatchesWhole(TextView sText) const noexcept {
   const std::size_t lCount = moElements.Count();
   if (!mbValid || sText.size() < lCount || (!mbStar && sText.size() > lCount)) return false;
   if (!sText.starts_with(TextView(msUnits).substr(0, mlLiteral))) return false;

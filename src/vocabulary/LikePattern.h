@@ -27,7 +27,10 @@ class LikePattern {
   explicit LikePattern(TextView sPattern);
 
   /// Anchored at both ends, exact codes. Never fails.
-  bool Matches(TextView sText) const noexcept;
+  bool Matches(TextView sText) const noexcept {
+    // Most patterns begin with a literal that most lines don't begin with: no call for those.
+    return (mlLiteral == 0 || (!sText.empty() && sText[0] == mcFirst)) && MatchesWhole(sText);
+  }
   /// False for a pattern that the language rejects; Matches is then always false.
   bool IsValid() const { return mbValid; }
   bool IsEmpty() const { return msPattern.empty(); }
@@ -41,6 +44,7 @@ class LikePattern {
     LikeBits oBits;  ///< of a long run only
   };
 
+  bool MatchesWhole(TextView sText) const noexcept;
   bool Parse();
   bool ParseList(std::size_t& lPos);
   void AddStar();
@@ -55,6 +59,7 @@ class LikePattern {
   std::size_t mlLiteral = 0;     ///< literal elements at the very start
   std::size_t mlHead = 0;        ///< elements ahead of the first star
   std::size_t mlBehindStar = 0;  ///< index of the first element behind the last star
+  char16_t mcFirst = 0;          ///< the first of the literal elements
   bool mbStar = false;
   bool mbValid = true;
 };

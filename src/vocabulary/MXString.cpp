@@ -27,21 +27,59 @@ void AddToken(TextArray& asToken, TextView sToken) {
   asToken.emplace_back(sToken);
 }
 
-// Copies with each run of blanks made one; the buffer is only ever grown, so that folding a file
-// line by line allocates for its longest line alone.
+// Four units in one word, the first one lowest; all arithmetic below stays within its 16 bits
+// because each unit is ASCII.
+constexpr std::uint64_t Each = 0x0001'0001'0001'0001;
+constexpr std::uint64_t TopBits = 0x80 * Each;
+
+std::uint64_t Load4(const char16_t* p) {
+  return p[0] | std::uint64_t{p[1]} << 16 | std::uint64_t{p[2]} << 32 | std::uint64_t{p[3]} << 48;
+}
+
+void Store4(std::uint64_t lUnits, char16_t* p) {
+  for (int i = 0; i < 4; ++i) p[i] = static_cast<char16_t>(lUnits >> (16 * i));
+}
+
+std::uint64_t LowerCase4(std::uint64_t lUnits) {
+  const std::uint64_t lFromA = lUnits + (0x80 - u'A') * Each,
+                      lBehindZ = lUnits + (0x7F - u'Z') * Each;
+  return lUnits | ((lFromA & ~lBehindZ & TopBits) >> 2);
+}
+
+// The top bit of each unit that is a blank.
+std::uint64_t Blanks4(std::uint64_t lUnits) {
+  return (((lUnits ^ (u' ' * Each)) + 0x7F * Each) & TopBits) ^ TopBits;
+}
+
+// Copies with each run of blanks made one. Nearly all source is ASCII without doubled blanks
+// behind its indentation, so four such units at once are the common case. The buffer is only ever
+// grown: folding a file line by line allocates for its longest line alone.
 template <bool bLower>
 void Collapse(TextView sText, Text& sResult) {
-  sResult.resize(sText.size());
-  char16_t* pEnd = sResult.data();
-  bool bAfterBlank = true;
-  for (const char16_t cUnit : sText) {
-    const bool bBlank = cUnit == u' ';
-    *pEnd = bLower ? LowerCase(cUnit) : cUnit;
-    pEnd += !(bBlank && bAfterBlank);
-    bAfterBlank = bBlank;
+  sText = Trim(sText);
+  sResult.assign(sText);
+  const char16_t* pFrom = sText.data();
+  const char16_t* const pFromEnd = pFrom + sText.size();
+  char16_t* pTo = sResult.data();
+  std::uint64_t lAfterBlank = 0;
+  while (pFrom != pFromEnd) {
+    if (pFromEnd - pFrom >= 4) {
+      const std::uint64_t lUnits = Load4(pFrom), lBlanks = Blanks4(lUnits);
+      if (!(lUnits & ~(0x7F * Each)) && !(lBlanks & (lBlanks << 16 | lAfterBlank))) {
+        Store4(bLower ? LowerCase4(lUnits) : lUnits, pTo);
+        lAfterBlank = lBlanks >> 48;
+        pFrom += 4;
+        pTo += 4;
+        continue;
+      }
+    }
+    const bool bBlank = *pFrom == u' ';
+    *pTo = bLower ? LowerCase(*pFrom) : *pFrom;
+    pTo += !(bBlank && lAfterBlank);
+    lAfterBlank = bBlank ? 0x80 : 0;
+    ++pFrom;
   }
-  const auto lLength = static_cast<std::size_t>(pEnd - sResult.data());
-  sResult.resize(lLength > 0 && bAfterBlank ? lLength - 1 : lLength);
+  sResult.resize(static_cast<std::size_t>(pTo - sResult.data()));
 }
 
 // sSet is the inside of a character list.

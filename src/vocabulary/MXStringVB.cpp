@@ -25,7 +25,10 @@ class LiteralFlag {
 
 template <std::size_t n>
 bool IsOneOf(TextView sText, const TextView (&asText)[n]) {
-  return std::find(std::begin(asText), std::end(asText), sText) != std::end(asText);
+  return std::any_of(std::begin(asText), std::end(asText), [=](TextView sOne) {
+    // Length and first unit refuse nearly all without a call.
+    return sOne.size() == sText.size() && sOne[0] == sText[0] && sOne == sText;
+  });
 }
 
 template <std::size_t n>
@@ -57,12 +60,9 @@ bool FindWords(TextView sText, TextView sWords, std::size_t lStart, std::size_t&
 
 bool IsLogicWord(TextView sWord, TextView sBefore) {
   static constexpr TextView asAlone[] = {
-      u"else",  u"else:", u"for",  u"next",  u"next:", u"do",    u"do:",    u"loop",
-      u"loop:", u"while", u"wend", u"wend:", u"case",  u"gosub", u"return", u"return:"};
+      u"case",  u"do",   u"do:",   u"else",   u"else:",   u"for",  u"gosub", u"loop",
+      u"loop:", u"next", u"next:", u"return", u"return:", u"wend", u"wend:", u"while"};
   static constexpr TextView asBehindEnd[] = {u"if", u"if:", u"select", u"select:"};
-  // Most words of source begin with other letters, so one look refuses them.
-  static constexpr TextView sInitials = u"cdefglinrsw";
-  if (sWord.empty() || sInitials.find(sWord[0]) == npos) return false;
   return IsOneOf(sWord, asAlone) || (sBefore == u"end" && IsOneOf(sWord, asBehindEnd));
 }
 
@@ -72,7 +72,9 @@ namespace MXStringVB {
 
 TextArray SplitStatements(TextView sLine) {
   const TextView sCode = TrimVBComments(sLine);
-  TextArray asStatement(1);
+  TextArray asStatement;
+  asStatement.reserve(3);  // a statement and a comment: what a line holds as a rule
+  asStatement.emplace_back();
   LiteralFlag oLiteral;
   std::size_t lStart = 0;
   for (std::size_t i = 0; i + 1 < sCode.size(); ++i) {
