@@ -86,8 +86,9 @@ Text RegistryDocument::TextOf(std::string_view sRaw) const {
   } else {
     sLine = CodePage::Get(meEncoding == Encoding::Ansi ? "1252" : "utf-8").Decode(sRaw);
   }
-  if (sLine.ends_with(u'\n')) sLine.pop_back();
-  if (sLine.ends_with(u'\r')) sLine.pop_back();
+  // A lone CR at the end of the file ends no line: with a line behind it, it would be another.
+  const bool bPair = sLine.ends_with(CrLf);
+  if (bPair || sLine.ends_with(u'\n')) sLine.resize(sLine.size() - (bPair ? 2 : 1));
   return sLine;
 }
 
@@ -262,6 +263,8 @@ std::size_t RegistryDocument::EndOfKey(TextView sKey) {
 }
 
 void RegistryDocument::EndLastLine() {
+  // A byte-order mark and nothing behind it.
+  if (moEntries.empty()) moEntries.push_back({{}, {}, 0, RawOf(sHeader)});
   std::string& sLast = moEntries.back().sRaw;
   const bool bWide = meEncoding == Encoding::Wide;
   if (sLast.ends_with(bWide ? std::string_view("\n\0", 2) : std::string_view("\n"))) {
