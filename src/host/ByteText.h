@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <string_view>
 
+inline constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+
 /// Blank, tab, and the code 19h that the language counts as white space.
 inline bool IsBlank(char c) {
   return c == ' ' || c == '\t' || c == '\x19';

@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
-
 // The first word of sLine; sLine becomes what follows.
 std::string_view TakeWord(std::string_view& sLine) {
   const std::size_t lEnd = std::min(sLine.find_first_of(" \t"), sLine.size());

@@ -128,20 +128,23 @@ LineTable::Line LineTable::Add(std::string_view sText, std::string_view sEnd,
   const std::size_t lOffset = msAdded.size();
   msAdded += sText;
   msAdded += sEnd;
-  if (!sTail.empty() && lOffset < msAdded.size() && !IsEnd(msAdded.back())) msAdded += msOwnEnd;
+  if (!sTail.empty() && sEnd.empty() && IsOpen(sText)) msAdded += msOwnEnd;
   msAdded += sTail;
   if (!sTail.empty() && !IsEnd(sTail.back())) msAdded += msOwnEnd;
   return MakeLine(lOffset | AddedBit, msAdded.size() - lOffset, !sTail.empty());
 }
 
 LineTable::Line LineTable::WithTail(const Line& oLine, std::string_view sTail) {
-  std::string sBytes(BytesOf(oLine));
-  if (!sBytes.empty() && !IsEnd(sBytes.back())) sBytes += msOwnEnd;
-  return Add(sBytes, {}, sTail);
+  return Add(std::string(BytesOf(oLine)), {}, sTail);
+}
+
+void LineTable::Touch() {
+  mbTouched = true;
+  ++mlVersion;
 }
 
 void LineTable::Set(std::int32_t lLine, const Line& oLine) {
-  mbTouched = true;
+  Touch();
   moLines[static_cast<std::size_t>(lLine)] = oLine;
 }
 
@@ -150,13 +153,13 @@ std::vector<LineTable::Line> LineTable::Remove(std::int32_t lStart, std::int32_t
   oGone.reserve(static_cast<std::size_t>(lCount));
   for (std::int32_t l = 0; l < lCount; ++l) oGone.push_back(At(lStart + l));
   moLines.Erase(static_cast<std::size_t>(lStart), oGone.size());
-  mbTouched = true;
+  Touch();
   return oGone;
 }
 
 void LineTable::Insert(std::int32_t lLine, const std::vector<Line>& oLines) {
   moLines.Insert(static_cast<std::size_t>(lLine), oLines);
-  mbTouched = true;
+  Touch();
 }
 
 // The bytes of a line as they are written: sMore is a line end that has to follow them.
@@ -170,7 +173,6 @@ std::string_view LineTable::PieceOf(std::int32_t lLine, std::string_view& sMore)
     if (!mbFinalEnd && !WithoutEnd(sPiece).empty()) sPiece = WithoutEnd(sPiece);
     return sPiece;
   }
-  if (sPiece.empty()) return sPiece;  // a file without a header block
   const std::string_view sNext = BytesOf(At(lLine + 1));
   if (!IsEnd(sPiece.back())) sMore = msOwnEnd;
   // A lone CR and the LF of an empty line behind it would become one line end.

@@ -39,6 +39,9 @@ class LineTable {
   std::string_view TailOf(const Line& oLine) const;
   const Line& At(std::int32_t lLine) const { return moLines[static_cast<std::size_t>(lLine)]; }
 
+  /// Another number after every change of lines.
+  std::uint64_t Version() const { return mlVersion; }
+
   /// The line end that most lines of the file have; CR LF for a file without one.
   std::string_view OwnEnd() const { return msOwnEnd; }
 
@@ -62,6 +65,7 @@ class LineTable {
   void Rebase();
 
  private:
+  void Touch();
   std::string_view BytesOf(const Line& oLine) const;
   void Split(std::size_t lHeaderLength);
   std::string_view PieceOf(std::int32_t lLine, std::string_view& sMore) const;
@@ -72,4 +76,5 @@ class LineTable {
   std::string_view msOwnEnd;
   bool mbFinalEnd = true;
   bool mbTouched = false;
+  std::uint64_t mlVersion = 1;
 };

@@ -1,5 +1,6 @@
 #include "MemberAttributes.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "ByteText.h"
@@ -94,43 +95,51 @@ std::optional<MemberAttributes::Slot> MemberAttributes::SlotOf(std::string_view 
   return {};
 }
 
-std::vector<MemberAttributes::Carrier> MemberAttributes::Carriers(std::int32_t lMember,
-                                                                  std::size_t& lPreferred) {
-  std::vector<Carrier> oCarriers;
+const MemberAttributes::Found& MemberAttributes::Look(std::int32_t lMember) {
+  if (moFound.lMember == lMember && moFound.lVersion == moLines.Version()) return moFound;
+  moFound.lMember = lMember;
+  moFound.lVersion = moLines.Version();
+  moFound.oMember = moIndex.MemberAt(lMember);
+  moFound.asValue = {};
+  LookAtCarriers();
+  for (const Carrier& oCarrier : moFound.oCarriers) LookAtTail(oCarrier);
+  return moFound;
+}
+
+void MemberAttributes::LookAtCarriers() {
+  moFound.oCarriers.clear();
   LexicalScan& oScan = moIndex.Scan();
-  for (const std::int32_t lLine : moIndex.DeclarationLines(lMember, lPreferred)) {
+  for (const std::int32_t lLine : moIndex.DeclarationLines(moFound.lMember, moFound.lPreferred)) {
     oScan.Start(lLine);
     const ProcKind nKind = oScan.NextStatement() ? ReadStatement(oScan).nProcKind : 0;
-    oCarriers.push_back({oScan.LastLine(), nKind});
+    moFound.oCarriers.push_back({oScan.LastLine(), nKind});
   }
-  return oCarriers;
 }
 
-bool MemberAttributes::Belongs(const AttributeLine& oLine, TextView sName) const {
-  return !oLine.sName.empty() && EqualNoCase(moPage.Decode(oLine.sName), sName);
+void MemberAttributes::LookAtTail(const Carrier& oCarrier) {
+  LineSplit oTail(moLines.TailOf(moLines.At(oCarrier.lLine)));
+  while (oTail.Next()) {
+    const AttributeLine oLine = ReadAttributeLine(oTail.Text());
+    const std::optional<Slot> eSlot = SlotOf(oLine.sKey);
+    if (!eSlot || !Belongs(oLine)) continue;
+    std::optional<Text>& sValue = moFound.asValue[static_cast<std::size_t>(*eSlot)];
+    if (!sValue) sValue = moPage.Decode(oLine.sValue);
+  }
 }
 
-std::optional<Text> MemberAttributes::Find(std::int32_t lMember, Slot eSlot) {
-  std::size_t lPreferred = 0;
-  const std::vector<Carrier> oCarriers = Carriers(lMember, lPreferred);
-  for (const Carrier& oCarrier : oCarriers) {
-    LineSplit oTail(moLines.TailOf(moLines.At(oCarrier.lLine)));
-    while (oTail.Next()) {
-      const AttributeLine oLine = ReadAttributeLine(oTail.Text());
-      if (SlotOf(oLine.sKey) == eSlot && Belongs(oLine, moIndex.MemberAt(lMember).sName)) {
-        return moPage.Decode(oLine.sValue);
-      }
-    }
-  }
-  return {};
+bool MemberAttributes::Belongs(const AttributeLine& oLine) const {
+  return !oLine.sName.empty() && EqualNoCase(moPage.Decode(oLine.sName), moFound.oMember.sName);
+}
+
+const std::optional<Text>& MemberAttributes::ValueOf(std::int32_t lMember, Slot eSlot) {
+  return Look(lMember).asValue[static_cast<std::size_t>(eSlot)];
 }
 
 AttributeValue MemberAttributes::Get(std::int32_t lMember, MemberAttribute eAttribute) {
-  const std::optional<Text> sFound = Find(lMember, SlotOf(eAttribute));
+  const std::optional<Text>& sFound = ValueOf(lMember, SlotOf(eAttribute));
   const Text sValue = sFound.value_or(Text());
   const Text sText = Unquoted(sValue);
   const std::size_t lSemicolon = std::min(sText.find(u';'), sText.size());
-  const bool bSet = (Flags(sValue) & FlagOf(eAttribute)) != 0;
   switch (eAttribute) {
     case MemberAttribute::Description:
       return {sText, 0};
@@ -142,40 +151,42 @@ AttributeValue MemberAttributes::Get(std::int32_t lMember, MemberAttribute eAttr
       return {sText.substr(std::min(lSemicolon + 1, sText.size())), 0};
     case MemberAttribute::StandardMethod:
       return {{}, sFound ? Number(sValue) : FirstFreeId + lMember - 1};
-    case MemberAttribute::Browsable:
-      return {{}, bSet ? 0 : -1};
     default:
-      return {{}, bSet ? -1 : 0};
+      break;
   }
+  const bool bSet = (Flags(sValue) & FlagOf(eAttribute)) != 0;
+  return {{}, bSet == (eAttribute == MemberAttribute::Browsable) ? 0 : -1};
+}
+
+// Page and category share one line.
+std::optional<Text> MemberAttributes::InvokeForm(std::int32_t lMember, MemberAttribute eAttribute,
+                                                 TextView sText) {
+  const bool bPage = eAttribute == MemberAttribute::PropertyPage;
+  const Text sPage = bPage ? Text(sText) : Get(lMember, MemberAttribute::PropertyPage).sText;
+  const Text sCategory = bPage ? Get(lMember, MemberAttribute::Category).sText : Text(sText);
+  if (sPage.empty() && sCategory.empty()) return {};
+  return Quoted(sCategory.empty() ? sPage : sPage + u';' + sCategory);
 }
 
 // What stands behind the sign; nothing for a value that needs no line.
 std::optional<Text> MemberAttributes::FileForm(std::int32_t lMember, MemberAttribute eAttribute,
                                                const AttributeValue& oValue) {
-  const Text sPage = eAttribute == MemberAttribute::PropertyPage
-                         ? oValue.sText
-                         : Get(lMember, MemberAttribute::PropertyPage).sText;
+  const std::int32_t lNumber = oValue.lNumber;
   switch (SlotOf(eAttribute)) {
     case Slot::Description:
       return oValue.sText.empty() ? std::nullopt : std::optional(Quoted(oValue.sText));
     case Slot::HelpId:
-      return oValue.lNumber <= 0 ? std::nullopt : std::optional(ToText(oValue.lNumber));
-    case Slot::Invoke: {
-      const Text sCategory = eAttribute == MemberAttribute::Category
-                                 ? oValue.sText
-                                 : Get(lMember, MemberAttribute::Category).sText;
-      if (sPage.empty() && sCategory.empty()) return {};
-      return Quoted(sCategory.empty() ? sPage : sPage + u';' + sCategory);
-    }
+      return lNumber <= 0 ? std::nullopt : std::optional(ToText(lNumber));
+    case Slot::Invoke:
+      return InvokeForm(lMember, eAttribute, oValue.sText);
     case Slot::UserMemId:
-      return oValue.lNumber > 0 ? std::nullopt : std::optional(ToText(oValue.lNumber));
+      return lNumber > 0 ? std::nullopt : std::optional(ToText(lNumber));
     default:
       break;
   }
-  const bool bSet = (oValue.lNumber != 0) != (eAttribute == MemberAttribute::Browsable);
-  const std::uint32_t lOld = Flags(Find(lMember, Slot::Flags).value_or(Text()));
-  const std::uint32_t lFlag = FlagOf(eAttribute);
-  const std::uint32_t lNew = bSet ? lOld | lFlag : lOld & ~lFlag;
+  const bool bSet = (lNumber != 0) != (eAttribute == MemberAttribute::Browsable);
+  const std::uint32_t lOld = Flags(ValueOf(lMember, Slot::Flags).value_or(Text()));
+  const std::uint32_t lNew = bSet ? lOld | FlagOf(eAttribute) : lOld & ~FlagOf(eAttribute);
   return lNew == 0 ? std::nullopt : std::optional(Quoted(HexText(lNew)));
 }
 
@@ -184,12 +195,12 @@ void MemberAttributes::Set(std::int32_t lMember, MemberAttribute eAttribute,
   if (oValue.sText.find_first_of(u"\r\n") != Text::npos) {
     throw Failure(5, u"The text of a member's attribute can't hold a line break", u"host");
   }
-  const AttributeValue oOld = Get(lMember, eAttribute);
-  const bool bText = SlotOf(eAttribute) == Slot::Description || SlotOf(eAttribute) == Slot::Invoke;
-  if (bText ? oValue.sText == oOld.sText : oValue.lNumber == oOld.lNumber) return;
-  const std::optional<Text> sNew = FileForm(lMember, eAttribute, oValue);
-  if (!sNew && !Find(lMember, SlotOf(eAttribute))) return;
-  // "None" is written in several ways.
-  if (eAttribute == MemberAttribute::HelpContextID && !sNew && oOld.lNumber == 0) return;
-  Write(lMember, SlotOf(eAttribute), sNew);
+  const Slot eSlot = SlotOf(eAttribute);
+  AttributeValue oNew{{}, oValue.lNumber};
+  if (eSlot == Slot::Description || eSlot == Slot::Invoke) oNew = {oValue.sText, 0};
+  if (eSlot == Slot::Flags) oNew.lNumber = oValue.lNumber != 0 ? -1 : 0;
+  if (eSlot == Slot::HelpId) oNew.lNumber = std::max(oValue.lNumber, 0);  // -1 is "none", too
+  if (oNew == Get(lMember, eAttribute)) return;
+  const std::optional<Text> sNew = FileForm(lMember, eAttribute, oNew);
+  if (sNew != ValueOf(lMember, eSlot)) Write(eSlot, sNew);
 }

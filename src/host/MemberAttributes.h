@@ -8,6 +8,7 @@
 // A variable's lines have VB_Var... names. Flags that no attribute stands for stay set.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string_view>
 
@@ -41,17 +42,30 @@ class MemberAttributes {
     ProcKind nKind = 0;
   };
 
+  /// What the lines of one member say. Kept until lines change, since the twelve attributes of a
+  /// member are asked for one behind the other.
+  struct Found {
+    std::int32_t lMember = 0;
+    std::uint64_t lVersion = 0;
+    SourceDocument::MemberInfo oMember;
+    std::vector<Carrier> oCarriers;
+    std::size_t lPreferred = 0;                  // the carrier of new lines
+    std::array<std::optional<Text>, 5> asValue;  // by Slot
+  };
+
   static Slot SlotOf(MemberAttribute eAttribute);
   static std::optional<Slot> SlotOf(std::string_view sKey);
-  std::vector<Carrier> Carriers(std::int32_t lMember, std::size_t& lPreferred);
-  bool Belongs(const AttributeLine& oLine, TextView sName) const;
-  std::optional<Text> Find(std::int32_t lMember, Slot eSlot);
+  const Found& Look(std::int32_t lMember);
+  void LookAtCarriers();
+  void LookAtTail(const Carrier& oCarrier);
+  const std::optional<Text>& ValueOf(std::int32_t lMember, Slot eSlot);
+  bool Belongs(const AttributeLine& oLine) const;
   std::optional<Text> FileForm(std::int32_t lMember, MemberAttribute eAttribute,
                                const AttributeValue& oValue);
-  void Write(std::int32_t lMember, Slot eSlot, const std::optional<Text>& sValue);
-  bool Replace(const Carrier& oCarrier, TextView sName, Slot eSlot, std::string_view sValue);
-  void Insert(const Carrier& oCarrier, const SourceDocument::MemberInfo& oMember, Slot eSlot,
-              std::string_view sValue);
+  std::optional<Text> InvokeForm(std::int32_t lMember, MemberAttribute eAttribute, TextView sText);
+  void Write(Slot eSlot, const std::optional<Text>& sValue);
+  bool Replace(const Carrier& oCarrier, Slot eSlot, std::string_view sValue);
+  void Insert(const Carrier& oCarrier, Slot eSlot, std::string_view sValue);
   static std::string KeyOf(Slot eSlot, bool bVariable, ProcKind nKind);
   static int Rank(Slot eSlot, bool bVariable);
   void SetTail(std::int32_t lLine, const std::string& sTail);
@@ -59,4 +73,5 @@ class MemberAttributes {
   LineTable& moLines;
   ProcIndex& moIndex;
   const CodePage& moPage;
+  Found moFound;
 };

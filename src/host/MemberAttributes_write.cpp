@@ -46,30 +46,27 @@ void MemberAttributes::SetTail(std::int32_t lLine, const std::string& sTail) {
 }
 
 // Where they were, else on the Get, else on the first declaration.
-void MemberAttributes::Write(std::int32_t lMember, Slot eSlot, const std::optional<Text>& sValue) {
-  const SourceDocument::MemberInfo oMember = moIndex.MemberAt(lMember);
+void MemberAttributes::Write(Slot eSlot, const std::optional<Text>& sValue) {
   const std::string sBytes = sValue ? PageBytes(*sValue, moPage) : std::string();
-  std::size_t lPreferred = 0;
-  const std::vector<Carrier> oCarriers = Carriers(lMember, lPreferred);
+  const std::vector<Carrier>& oCarriers = moFound.oCarriers;
   for (const Carrier& oCarrier : oCarriers) {
-    if (Replace(oCarrier, oMember.sName, eSlot, sBytes)) return;
+    if (Replace(oCarrier, eSlot, sBytes)) return;
   }
   const auto pUsed = std::find_if(oCarriers.begin(), oCarriers.end(), [&](const Carrier& o) {
     LineSplit oTail(moLines.TailOf(moLines.At(o.lLine)));
-    return oTail.Next() && Belongs(ReadAttributeLine(oTail.Text()), oMember.sName);
+    return oTail.Next() && Belongs(ReadAttributeLine(oTail.Text()));
   });
-  Insert(pUsed == oCarriers.end() ? oCarriers[lPreferred] : *pUsed, oMember, eSlot, sBytes);
+  Insert(pUsed == oCarriers.end() ? oCarriers[moFound.lPreferred] : *pUsed, eSlot, sBytes);
 }
 
 // Puts a value in the place of the one that is there, and takes the line away for an empty one.
-bool MemberAttributes::Replace(const Carrier& oCarrier, TextView sName, Slot eSlot,
-                               std::string_view sValue) {
+bool MemberAttributes::Replace(const Carrier& oCarrier, Slot eSlot, std::string_view sValue) {
   std::string sTail;
   bool bFound = false;
   LineSplit oSplit(moLines.TailOf(moLines.At(oCarrier.lLine)));
   while (oSplit.Next()) {
     const AttributeLine oLine = ReadAttributeLine(oSplit.Text());
-    const bool bThis = !bFound && SlotOf(oLine.sKey) == eSlot && Belongs(oLine, sName);
+    const bool bThis = !bFound && SlotOf(oLine.sKey) == eSlot && Belongs(oLine);
     bFound = bFound || bThis;
     if (bThis && sValue.empty()) continue;
     const std::size_t lKeep =
@@ -82,8 +79,8 @@ bool MemberAttributes::Replace(const Carrier& oCarrier, TextView sName, Slot eSl
   return bFound;
 }
 
-void MemberAttributes::Insert(const Carrier& oCarrier, const SourceDocument::MemberInfo& oMember,
-                              Slot eSlot, std::string_view sValue) {
+void MemberAttributes::Insert(const Carrier& oCarrier, Slot eSlot, std::string_view sValue) {
+  const SourceDocument::MemberInfo& oMember = moFound.oMember;
   const bool bVariable = oMember.nType == 3;
   const std::string sEnd(moLines.OwnEnd());
   const std::string sLine = "Attribute " + PageBytes(oMember.sName, moPage) + "." +
@@ -96,7 +93,7 @@ void MemberAttributes::Insert(const Carrier& oCarrier, const SourceDocument::Mem
     const AttributeLine oLine = ReadAttributeLine(oSplit.Text());
     const std::optional<Slot> eThis = SlotOf(oLine.sKey);
     const bool bHigher =
-        eThis && Belongs(oLine, oMember.sName) && Rank(*eThis, bVariable) > Rank(eSlot, bVariable);
+        eThis && Belongs(oLine) && Rank(*eThis, bVariable) > Rank(eSlot, bVariable);
     if (bHigher) lPlace = std::min(lPlace, sTail.size());
     sTail += Terminated(oSplit.Text(), oSplit.End().empty() ? sEnd : oSplit.End());
   }

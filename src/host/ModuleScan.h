@@ -48,6 +48,8 @@ class ModuleScan {
   const ScanResult& Run(std::int32_t lFrom, std::int32_t lTo, bool bDeclarations,
                         std::int32_t lBorder);
   const ScanResult& Result() const { return moResult; }
+  /// Gives back the memory of a big result.
+  void Release() { moResult = {}; }
 
  private:
   enum class Place { Declarations, Between, Procedure, Block };

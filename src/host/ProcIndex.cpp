@@ -89,9 +89,10 @@ void ProcIndex::Update() {
   mlDirty = -1;
 }
 
-// Only the reading by values is sure to stay the right one.
+// Only the reading by values is sure to stay the right one, and only behind an end that was found
+// the lines of the next procedure can be told without a look at those before.
 bool ProcIndex::ScanScope(std::int32_t lScope) {
-  if (moConditions.Mode() != ConditionalCode::Reading::Values) return false;
+  if (mbFaulty || moConditions.Mode() != ConditionalCode::Reading::Values) return false;
   moConditions.SetState(moScopes[Index(lScope)].lState);
   const bool bFits = lScope == 0 ? ScanDeclarations() : ScanProcedure(lScope);
   return !moConditions.TakeConstSeen() && bFits;
@@ -150,7 +151,9 @@ void ProcIndex::ScanAll() {
     ScanBy(Reading::Values);
   }
   moConditions.TakeConstSeen();
+  mbFaulty = moModule.Result().lFaults > 0;
   Store(moModule.Result());
+  moModule.Release();
 }
 
 ProcIndex::Member ProcIndex::MadeOf(const ScannedMember& oScanned) {
@@ -293,11 +296,6 @@ std::int32_t ProcIndex::BodyLine(std::int32_t lScope) {
 std::int32_t ProcIndex::LineCount(std::int32_t lScope) {
   Update();
   return Behind(lScope) - Start(lScope);
-}
-
-std::int32_t ProcIndex::ScopeCount() {
-  Update();
-  return static_cast<std::int32_t>(moScopes.size());
 }
 
 std::int32_t ProcIndex::MemberCount() {

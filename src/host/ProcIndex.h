@@ -27,7 +27,6 @@ class ProcIndex {
   std::int32_t StartLine(std::int32_t lScope);
   std::int32_t BodyLine(std::int32_t lScope);
   std::int32_t LineCount(std::int32_t lScope);
-  std::int32_t ScopeCount();
 
   std::int32_t MemberCount();
   /// lMember from 1.
@@ -99,4 +98,5 @@ class ProcIndex {
   std::int32_t mlShift = 0;
   std::int32_t mlDirty = -1;
   bool mbAllDirty = true;
+  bool mbFaulty = false;  // heads and ends don't pair
 };
