@@ -116,6 +116,14 @@ std::string_view LineTable::TailOf(const Line& oLine) const {
   return BytesOf(oLine).substr(TextOf(oLine).size() + EndOf(oLine).size());
 }
 
+// True when a line end is missing. A file without a header block begins with its first line of
+// code, or with a byte-order mark: neither is a line that ends.
+bool LineTable::IsOpen(const Line& oLine) const {
+  const std::string_view sBytes = BytesOf(oLine);
+  if (sBytes.empty() || IsEnd(sBytes.back())) return false;
+  return oLine.lOffset != 0 || sBytes != ByteOrderMark;
+}
+
 void LineTable::MakeRoom(std::size_t lBytes) {
   if (lBytes > MaxBytes - msAdded.size()) {
     throw Failure(7, u"The new text of this file grew over 2 GB; save and open it again", u"host");
@@ -128,14 +136,13 @@ LineTable::Line LineTable::Add(std::string_view sText, std::string_view sEnd,
   const std::size_t lOffset = msAdded.size();
   msAdded += sText;
   msAdded += sEnd;
-  if (!sTail.empty() && sEnd.empty() && IsOpen(sText)) msAdded += msOwnEnd;
   msAdded += sTail;
   if (!sTail.empty() && !IsEnd(sTail.back())) msAdded += msOwnEnd;
   return MakeLine(lOffset | AddedBit, msAdded.size() - lOffset, !sTail.empty());
 }
 
 LineTable::Line LineTable::WithTail(const Line& oLine, std::string_view sTail) {
-  return Add(std::string(BytesOf(oLine)), {}, sTail);
+  return Add(std::string(BytesOf(oLine)), IsOpen(oLine) ? msOwnEnd : std::string_view(), sTail);
 }
 
 void LineTable::Touch() {
@@ -167,17 +174,14 @@ std::string_view LineTable::PieceOf(std::int32_t lLine, std::string_view& sMore)
   std::string_view sPiece = BytesOf(At(lLine));
   sMore = {};
   if (lLine == Count()) {
-    const bool bEnd = sPiece.empty() || IsEnd(sPiece.back());
-    if (mbFinalEnd && !bEnd) sMore = msOwnEnd;
+    if (mbFinalEnd && IsOpen(At(lLine))) sMore = msOwnEnd;
     // An empty last line is nothing but its line end.
     if (!mbFinalEnd && !WithoutEnd(sPiece).empty()) sPiece = WithoutEnd(sPiece);
     return sPiece;
   }
-  const std::string_view sNext = BytesOf(At(lLine + 1));
-  if (!IsEnd(sPiece.back())) sMore = msOwnEnd;
+  if (IsOpen(At(lLine))) sMore = msOwnEnd;
   // A lone CR and the LF of an empty line behind it would become one line end.
-  else if (sPiece.back() == '\r' && !sNext.empty() && sNext[0] == '\n')
-    sMore = "\n";
+  if (sPiece.ends_with('\r') && BytesOf(At(lLine + 1)).starts_with('\n')) sMore = "\n";
   return sPiece;
 }
 

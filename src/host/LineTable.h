@@ -66,6 +66,7 @@ class LineTable {
 
  private:
   void Touch();
+  bool IsOpen(const Line& oLine) const;
   std::string_view BytesOf(const Line& oLine) const;
   void Split(std::size_t lHeaderLength);
   std::string_view PieceOf(std::int32_t lLine, std::string_view& sMore) const;

@@ -42,7 +42,8 @@ int MemberAttributes::Rank(Slot eSlot, bool bVariable) {
 void MemberAttributes::SetTail(std::int32_t lLine, const std::string& sTail) {
   const LineTable::Line oLine = moLines.At(lLine);
   const std::string sText(moLines.TextOf(oLine));
-  moLines.Set(lLine, moLines.Add(sText, moLines.EndOf(oLine), sTail));
+  const std::string_view sEnd = moLines.EndOf(oLine);
+  moLines.Set(lLine, moLines.Add(sText, sEnd.empty() ? moLines.OwnEnd() : sEnd, sTail));
 }
 
 // Where they were, else on the Get, else on the first declaration.
