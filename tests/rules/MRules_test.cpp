@@ -1,7 +1,6 @@
 #include "MRules.h"
 
-#include <gtest/gtest.h>
-
+#include "../vocabulary/TextRows.h"
 #include "CXRecent.h"
 #include "MQuillon.h"
 #include "RegistryStore.h"
@@ -10,10 +9,9 @@ namespace {
 
 constexpr TextView Key = u"HKEY_CURRENT_USER\\Software\\Morvelle\\Tarvane\\Quillon\\Rules";
 
-class Rules : public testing::Test {
- protected:
+struct Rules : testing::Test {
   Rules() {
-    goRegistry = &moStore;
+    goRegistry = &oStore;
     ResetRecentFiles();
   }
   ~Rules() override {
@@ -27,13 +25,7 @@ class Rules : public testing::Test {
     for (const auto& oRule : MRules::Table()) lAll.push_back(oRule.Get(oValues));
     return lAll;
   }
-  /// The two names after opening a file that holds the module template M and the given ones.
-  static Text Opened(const TextArray& asProcTemplate) {
-    MQuillon::LoadLookups({u"", u"M"}, asProcTemplate);
-    MRules::GetDefaultTemplates();
-    return MRules::oRules.sDefaultModTemplate + u'/' + MRules::oRules.sDefaultProcTemplate;
-  }
-  RegistryStore moStore;
+  RegistryStore oStore;
 };
 
 TEST_F(Rules, AreTheDefaultsWithoutAKeyAndComeBackAsTheyWereWritten) {
@@ -48,7 +40,7 @@ TEST_F(Rules, AreTheDefaultsWithoutAKeyAndComeBackAsTheyWereWritten) {
     ASSERT_NE(All(oChanged), All({}));
     MRules::oRules = oChanged;
     MRules::SetRules();
-    EXPECT_EQ(moStore.GetLong(Key, oRule.sName), oRule.Get(oChanged));
+    EXPECT_EQ(oStore.GetLong(Key, oRule.sName), oRule.Get(oChanged));
     MRules::oRules = {};
     MRules::GetRules();
     EXPECT_EQ(All(MRules::oRules), All(oChanged));
@@ -56,30 +48,31 @@ TEST_F(Rules, AreTheDefaultsWithoutAKeyAndComeBackAsTheyWereWritten) {
 }
 
 TEST_F(Rules, TakeDamagedValuesAsMissing) {
-  moStore.SetLong(Key, u"Boundary Expert", 1);
-  moStore.SetString(Key, u"Template Precedence", u"-1");
-  moStore.SetString(Key, u"Line Number Interval", u"9");
+  oStore.SetLong(Key, u"Boundary Expert", 1);
+  oStore.SetString(Key, u"Template Precedence", u"-1");
+  oStore.SetString(Key, u"Line Number Interval", u"9");
   MRules::Initialize();
   EXPECT_EQ(All(MRules::oRules), All({}));
   MRules::SetRules();
-  EXPECT_EQ(moStore.GetLong(Key, u"Boundary Expert"), -1);
-  EXPECT_EQ(moStore.GetLong(Key, u"Line Number Interval"), 2);
+  EXPECT_EQ(oStore.GetLong(Key, u"Boundary Expert"), -1);
+  EXPECT_EQ(oStore.GetLong(Key, u"Line Number Interval"), 2);
 }
 
 TEST_F(Rules, KeepTheTemplateNamesBesideTheFile) {
-  EXPECT_EQ(Opened({u"", u"", u"Alpha", u"Beta"}), u"M/Alpha") << "no file was opened before";
+  // The procedure templates of a file that is opened: the two names that come into force.
+  const auto Opened = [](TextView sProcTemplates) {
+    TextArray asProcTemplate;
+    MXString::StringTokenize(sProcTemplates, asProcTemplate, u",", false);
+    MQuillon::LoadLookups({u"", u"M"}, asProcTemplate);
+    MRules::GetDefaultTemplates();
+    return MRules::oRules.sDefaultModTemplate + u'/' + MRules::oRules.sDefaultProcTemplate;
+  };
+  EXPECT_EQ(Opened(u",Alpha,Beta"), u"M/Alpha") << "no file was opened before";
   RecentFiles().Add(u"C:\\a.dat");
   MRules::oRules.sDefaultModTemplate = u"";
   MRules::oRules.sDefaultProcTemplate = u"beta";
   MRules::SetRules();
-  const std::tuple<const char*, TextArray, const char*> Rows[] = {
-      {"the file itself; an empty name is no item", {u"", u"Alpha", u"Beta"}, "M/beta"},
-      {"another file with that name", {u"", u"Other", u"BETA"}, "M/beta"},
-      {"another file without it", {u"", u"Other"}, "M/Other"},
-      {"a file without procedure templates", {u""}, "M/beta"}};
-  for (const auto& [sName, asProcTemplate, sNames] : Rows) {
-    EXPECT_EQ(ToUtf8(Opened(asProcTemplate)), sNames) << sName;
-  }
+  ExpectRows(u",Alpha,Beta~M/beta; Other,BETA~M/beta; Other~M/Other; ~M/beta", Opened);
 }
 
 }  // namespace

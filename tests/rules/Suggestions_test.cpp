@@ -42,14 +42,9 @@ TEST(Suggestions, WorksOutTheBoundaryFromThePlaceOfTheProcedure) {
       [&](TextView s) {
         const Text sFacts = MXString::StringBefore(s, u" "), sName = MXString::StringAfter(s, u" ");
         const auto Has = [&](char16_t c) { return sFacts.find(c) != Text::npos; };
-        Facts oFacts;
-        oFacts.eKind = Has('m') ? Kind::Method : Has('p') ? Kind::Property : Kind::Declarations;
-        oFacts.sName = sName;
-        oFacts.nScope = Has('1') ? 1 : Has('2') ? 2 : Has('3') ? 3 : 0;
-        oFacts.bEventHandler = Has('E');
-        oFacts.bPublicClass = Has('P');
-        oFacts.bHasEventSource = Has('S');
-        oFacts.bHasDesigner = Has('D');
+        const Kind eKind = Has('m') ? Kind::Method : Has('p') ? Kind::Property : Kind::Declarations;
+        const std::int32_t nScope = Has('1') ? 1 : Has('2') ? 2 : Has('3') ? 3 : 0;
+        Facts oFacts = {eKind, sName, nScope, Has('E'), Has('P'), Has('S'), Has('D'), {}};
         if (Has('I')) oFacts.asForeignInterface = asForeign;
         return ToText(Suggestions::BoundaryCandidate(oFacts));
       });

@@ -7,20 +7,14 @@ using namespace MQuillon;
 namespace {
 
 TEST(MQuillon, TranslatesNamesBothWays) {
-  const struct {
-    Text (*Name)(std::int32_t);
-    std::int32_t (*Id)(TextView);
-    std::int32_t lLast;
-  } Rows[] = {
-      {BoundaryName, BoundaryId, 4}, {SeverityName, SeverityId, 3}, {RetryName, RetryId, 3}};
-  for (const auto& o : Rows) {
-    for (std::int32_t lId = 1; lId <= o.lLast; ++lId) {
-      EXPECT_EQ(o.Id(LowerCase(o.Name(lId))), lId);
-      EXPECT_EQ(o.Id(o.Name(lId)), 0) << "only folded names count";
-    }
-    for (const std::int32_t lId : {INT32_MIN, -1, 0, o.lLast + 1}) EXPECT_EQ(o.Name(lId), u"");
+  for (std::int32_t lId = -1; lId <= 5; ++lId) {
+    const auto Known = [&](std::int32_t lLast) { return lId >= 1 && lId <= lLast ? lId : 0; };
+    EXPECT_EQ(BoundaryId(LowerCase(BoundaryName(lId))), Known(4));
+    EXPECT_EQ(SeverityId(LowerCase(SeverityName(lId))), Known(3));
+    EXPECT_EQ(RetryId(LowerCase(RetryName(lId))), Known(3));
+    EXPECT_EQ(BoundaryId(BoundaryName(lId)), 0) << "only folded names count";
   }
-  EXPECT_EQ(BoundaryId(u"tvnboundaryvb") + RetryId(u"tvnretryprocedure"), 4);
+  EXPECT_EQ(ToText(BoundaryId(u"tvnboundaryvb")) + RetryName(2), u"2tvnRetryProcedure");
 }
 
 TEST(MQuillon, FindsTheKindOfADeclarationLine) {
@@ -52,27 +46,25 @@ TEST(MQuillon, SortsComponentsIntoFolders) {
 
 /// Remembers what a list was filled with, "text=number" per line, and what was selected.
 struct ListBox : ILookupList {
-  std::string sShown;
-  std::int32_t lLines = 10, lSelected = -7;
-  void Clear() override { lLines = 0; }
-  void AddItem(TextView sItem) override { ++lLines, sShown += ToUtf8(sItem); }
+  Text sShown = u"old";
+  std::int32_t lLines = 0;
+  void Clear() override { sShown.clear(); }
+  void AddItem(TextView sItem) override { ++lLines, sShown += sItem; }
   std::int32_t NewIndex() const override { return lLines - 1; }
-  void SetItemData(std::int32_t, std::int32_t l) override { sShown += ToUtf8(u"=" + ToText(l)); }
-  void SetListIndex(std::int32_t lIndex) override { lSelected = lIndex; }
+  void SetItemData(std::int32_t, std::int32_t lData) override { sShown += u"=" + ToText(lData); }
+  void SetListIndex(std::int32_t lIndex) override { sShown += u" at " + ToText(lIndex); }
 };
 
 TEST(CXLookup, FillsListsAndSelectsTheLastMatch) {
   LoadLookups({u""}, {u"", u"", u"Alpha", u"Beta"});
-  const struct {
-    TextView sDefault;
-    std::int32_t lDefault, lSelected;
-  } Rows[] = {{u"", -1, -7}, {u"ALPHA", -1, 1}, {u"", 0, 0}, {u"Beta", 1, 2}, {u"(none)", 9, 0}};
-  for (const auto& o : Rows) {
+  const auto Filled = [](TextView sDefault, std::int32_t lDefault) {
     ListBox oList;
-    oLookupProcTemplate->LoadListBox(oList, o.sDefault, o.lDefault);
-    EXPECT_EQ(oList.sShown, "(none)=0Alpha=1Beta=2");
-    EXPECT_EQ(oList.lSelected, o.lSelected);
-  }
+    oLookupProcTemplate->LoadListBox(oList, sDefault, lDefault);
+    return ToUtf8(oList.sShown);
+  };
+  EXPECT_EQ(Filled(u"", -1), "(none)=0Alpha=1Beta=2");
+  EXPECT_EQ(Filled(u"ALPHA", -1), "(none)=0Alpha=1Beta=2 at 1");
+  EXPECT_EQ(Filled(u"Beta", 0), "(none)=0Alpha=1Beta=2 at 2");
   ReleaseLookups();
 }
 
