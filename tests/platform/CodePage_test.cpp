@@ -117,22 +117,14 @@ TEST(CodePage, DetectsUtf8ByItsMarkOrBySoundSequences) {
   EXPECT_EQ(name("\xC3"), "932");
 }
 
-TEST(CodePage, OnlyDoubleBytePagesHaveLeadBytes) {
-  EXPECT_TRUE(CodePage::Get("932").IsLeadByte(0x95));
-  EXPECT_FALSE(CodePage::Get("932").IsLeadByte(0xB1));
-  EXPECT_FALSE(CodePage::Get("1252").IsLeadByte(0x95));
-  EXPECT_FALSE(CodePage::Get("utf-8").IsLeadByte(0xC3));
-}
-
 TEST(CodePage, UnknownNamesAreRefusedByName) {
   for (const char* pcName : {"", "latin-9", "1259", "cp", "12520000000000", "windows-"}) {
     try {
       CodePage::Get(pcName);
       ADD_FAILURE() << pcName;
     } catch (const Failure& oFailure) {
-      EXPECT_EQ(oFailure.Number(), 5);
-      EXPECT_NE(std::string(oFailure.what()).find('"' + std::string(pcName) + '"'),
-                std::string::npos);
+      EXPECT_EQ(std::string(oFailure.what()).find("The code page \"" + std::string(pcName) + '"'),
+                0u);
     }
   }
   EXPECT_EQ(&CodePage::Get("CP1252"), &CodePage::Get("1252"));

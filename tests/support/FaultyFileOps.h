@@ -4,89 +4,77 @@
 
 #include <unistd.h>
 
-#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "IFileOps.h"
 
 class FaultyFileOps : public IFileOps {
  public:
-  static constexpr int lExitCode = 77;
-
-  /// lOperation counts from 1 over all operations from now on; 0: no fault.
-  void FailAt(std::size_t lOperation, int lError) { SetFault(lOperation, lError, false); }
-  /// As FailAt, for the n-th operation whose name begins with sName, such as "Rename".
-  void FailAtNamed(const std::string& sName, int lError) {
-    SetFault(1, lError, false);
+  /// lOperation counts from 1 over all operations from now on whose record begins with sName.
+  void FailAt(std::size_t lOperation, int lError, const std::string& sName = {}) {
+    masOperation.clear();
     msFaultName = sName;
+    mlLeft = lOperation;
+    mlError = lError;
   }
-  void ExitAt(std::size_t lOperation) { SetFault(lOperation, 0, true); }
+  /// The process ends with status 77.
+  void ExitAt(std::size_t lOperation) { FailAt(lOperation, -1); }
   /// "Rename /a/b" and so on, in their order; operations on an open file have their name alone.
   const std::vector<std::string>& Operations() const { return masOperation; }
 
   int GetStat(const std::string& sPath, Stat& oStat) override {
-    return Run("GetStat " + sPath, [&] { return moReal.GetStat(sPath, oStat); });
+    return Run("GetStat " + sPath, &IFileOps::GetStat, sPath, oStat);
   }
   int ReadAll(const std::string& sPath, std::string& sBytes) override {
-    return Run("ReadAll " + sPath, [&] { return moReal.ReadAll(sPath, sBytes); });
+    return Run("ReadAll " + sPath, &IFileOps::ReadAll, sPath, sBytes);
   }
   int ListFolder(const std::string& sPath, std::vector<std::string>& asName) override {
-    return Run("ListFolder " + sPath, [&] { return moReal.ListFolder(sPath, asName); });
+    return Run("ListFolder " + sPath, &IFileOps::ListFolder, sPath, asName);
   }
   int Resolve(const std::string& sPath, std::string& sTarget) override {
-    return Run("Resolve " + sPath, [&] { return moReal.Resolve(sPath, sTarget); });
+    return Run("Resolve " + sPath, &IFileOps::Resolve, sPath, sTarget);
   }
   int CreateNew(const std::string& sPath, std::uint32_t lMode, int& hFile) override {
-    return Run("CreateNew " + sPath, [&] { return moReal.CreateNew(sPath, lMode, hFile); });
+    return Run("CreateNew " + sPath, &IFileOps::CreateNew, sPath, lMode, hFile);
   }
   int Write(int hFile, std::string_view sBytes) override {
-    const auto torn = [&] { moReal.Write(hFile, sBytes.substr(0, sBytes.size() / 2)); };
-    return Run(
-        "Write", [&] { return moReal.Write(hFile, sBytes); }, torn);
+    if (Faulty("Write")) return moReal.Write(hFile, sBytes.substr(0, sBytes.size() / 2)), Fault();
+    return moReal.Write(hFile, sBytes);
   }
   int SetOwner(int hFile, std::uint32_t lOwner, std::uint32_t lGroup) override {
-    return Run("SetOwner", [&] { return moReal.SetOwner(hFile, lOwner, lGroup); });
+    return Run("SetOwner", &IFileOps::SetOwner, hFile, lOwner, lGroup);
   }
   int SetMode(int hFile, std::uint32_t lMode) override {
-    return Run("SetMode", [&] { return moReal.SetMode(hFile, lMode); });
+    return Run("SetMode", &IFileOps::SetMode, hFile, lMode);
   }
-  int Flush(int hFile) override {
-    return Run("Flush", [&] { return moReal.Flush(hFile); });
-  }
+  int Flush(int hFile) override { return Run("Flush", &IFileOps::Flush, hFile); }
   int Close(int hFile) override {
     // A close that fails has closed the file all the same.
-    return Run(
-        "Close", [&] { return moReal.Close(hFile); }, [&] { moReal.Close(hFile); });
+    const int lError = moReal.Close(hFile);
+    return Faulty("Close") ? Fault() : lError;
   }
   int Rename(const std::string& sFrom, const std::string& sTo) override {
-    return Run("Rename " + sTo, [&] { return moReal.Rename(sFrom, sTo); });
+    return Run("Rename " + sTo, &IFileOps::Rename, sFrom, sTo);
   }
   int Remove(const std::string& sPath) override {
-    return Run("Remove " + sPath, [&] { return moReal.Remove(sPath); });
+    return Run("Remove " + sPath, &IFileOps::Remove, sPath);
   }
   int FlushFolder(const std::string& sPath) override {
-    return Run("FlushFolder " + sPath, [&] { return moReal.FlushFolder(sPath); });
+    return Run("FlushFolder " + sPath, &IFileOps::FlushFolder, sPath);
   }
 
  private:
-  void SetFault(std::size_t lOperation, int lError, bool bExit) {
-    masOperation.clear();
-    msFaultName.clear();
-    mlLeft = lOperation;
-    mlError = lError;
-    mbExit = bExit;
+  bool Faulty(const std::string& sOperation) {
+    masOperation.push_back(sOperation);
+    return mlLeft > 0 && sOperation.starts_with(msFaultName) && --mlLeft == 0;
   }
+  int Fault() const { return mlError < 0 ? _exit(77), 0 : mlError; }
 
-  int Run(
-      std::string sOperation, const std::function<int()>& oCall,
-      const std::function<void()>& oTorn = [] {}) {
-    const bool bCounts = mlLeft > 0 && sOperation.rfind(msFaultName, 0) == 0;
-    masOperation.push_back(std::move(sOperation));
-    if (!bCounts || --mlLeft > 0) return oCall();
-    oTorn();
-    if (mbExit) _exit(lExitCode);
-    return mlError;
+  template <class Method, class... Args>
+  int Run(const std::string& sOperation, Method pMethod, Args&&... oArgs) {
+    return Faulty(sOperation) ? Fault() : (moReal.*pMethod)(std::forward<Args>(oArgs)...);
   }
 
   IFileOps& moReal = SystemFileOps();
@@ -94,5 +82,4 @@ class FaultyFileOps : public IFileOps {
   std::string msFaultName;
   std::size_t mlLeft = 0;
   int mlError = 0;
-  bool mbExit = false;
 };
