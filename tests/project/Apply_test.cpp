@@ -82,12 +82,13 @@ const Row Rows[] = {
        m.Apply();
      },
      u"Option Explicit\nSub Run()\nEnd Sub", "Processing MMain.(declarations)|", " 1 0 2 0 0"},
-    {"nor in a section that held nothing else", u"'@ Mod\n\n\nSub Run()\nEnd Sub",
+    {"nor in a section that held nothing else",
+     u"'@ Mod\nConst Sev = tvnSeverityNormal\n\n\nSub Run()\nEnd Sub",
      [](Model& m) {
        Set(m, 1, u"");
        m.Apply();
      },
-     u"\n\nSub Run()\nEnd Sub", "Processing MMain.(declarations)|", " 1 0 0 0 0"},
+     u"\n\nSub Run()\nEnd Sub", "Processing MMain.(declarations)|", " 1 0 2 0 0"},
     {"foreign code stays, its lock dirty", u"Sub Run()\nOn Error GoTo X\nX: End Sub\nEnd Sub",
      [](Model& m) {
        m.oHandler.SetLocked(2, 2);
@@ -127,7 +128,7 @@ const Row Rows[] = {
      [](Model& m) {
        Set(m, 2, u"Std");
        Set(m, 3, u"Std");
-       m.oIDE.oLog.Fail("ProcStartLine", 1, 35);
+       m.oIDE.oLog.Fail("ProcStartLine");
        m.Apply();
        EXPECT_EQ(m.oTemplate.BatchErrors(), 1);
      },

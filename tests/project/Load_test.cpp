@@ -73,7 +73,7 @@ TEST(LoadComponent, FindsProceduresEventsAndInterfaces) {
     m.oIDE.AddProject(u"Group", 2);
     FakeComponent& oComponent = m.oIDE.Add(u"CMain", oRow.nType, oRow.sCode);
     oComponent.sDesignerID = oRow.sDesigner;
-    oComponent.oModule.asControl = oRow.asControl;
+    oComponent.asControl = oRow.asControl;
     oComponent.nInstancing = 5;
     m.oIDE.Add(u"iown", ComponentClass, u"");
     m.Open(false);
@@ -199,7 +199,7 @@ TEST(ReadOnlyRule, PassesOverEveryWalk) {
 
 TEST(GetProcCode, CountsTheCommentsAheadOfTheHead) {
   Model m;
-  m.oIDE.Add(u"M", ComponentStdModule, u"\n' a\n' b\nSub A()\nEnd Sub\nSub B()\nEnd Sub");
+  m.oIDE.Add(u"M", ComponentStdModule, u"' a\n' b\nSub A()\nEnd Sub\nSub B()\nEnd Sub");
   m.Open();
   const std::pair<std::int32_t, TextView> Expected[] = {
       {1, u""}, {3, u"' a\r\n' b\r\nSub A()\r\nEnd Sub"}, {1, u"Sub B()\r\nEnd Sub"}};

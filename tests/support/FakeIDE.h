@@ -1,12 +1,11 @@
 // An IDE in memory over plain module texts. It records what it was asked, and each operation can
-// be made to fail. Its scan knows one declaration to a line and no more: a procedure's lines begin
-// behind the End line of the one before.
+// be made to fail. Two components may share one text.
 //
 //   FakeIDE oIDE;
-//   auto& oModule = oIDE.Add(u"MMain", ComponentStdModule, u"Sub Run()\nEnd Sub");
+//   auto& oMain = oIDE.Add(u"MMain", ComponentStdModule, u"Sub Run()\nEnd Sub");
 //   oIDE.oLog.Fail("InsertLines");  // the next call
 //   oHandler.LoadProjects(oIDE);
-//   EXPECT_EQ(oModule.Code(), u"Sub Run()\nEnd Sub");
+//   EXPECT_EQ(oMain.Code(), u"Sub Run()\nEnd Sub");
 #pragma once
 
 #include <deque>
@@ -16,139 +15,110 @@
 #include <vector>
 
 #include "Failure.h"
-#include "VBE.h"
+#include "HostCodeModule.h"
 
-/// Faults to come and the account of all calls, as "InsertLines 3".
+/// Faults to come, and the account of all calls by name.
 class FakeLog {
  public:
   enum class Half { None, Done };
-  /// The nCall-th call from now (0: every call) fails; with Half::Done a writing call has done a
-  /// part of its work by then.
-  void Fail(const std::string& sOperation, int nCall = 1, std::int32_t lNumber = 70,
-            Half eHalf = Half::None);
-  void Heal() { moFaults.clear(); }
-  /// Records and fails, if it is the turn. True: fail half done, by the caller.
-  bool Ask(const std::string& sOperation, const std::string& sDetail = {});
-  /// Number of calls whose record begins with sStart.
-  int Count(const std::string& sStart) const;
-
-  std::vector<std::string> asAsked;
+  /// The nCall-th call from now (0: every call) fails with 70; with Half::Done a writing call has
+  /// done a part of its work by then.
+  void Fail(const std::string& sOperation, int nCall = 1, Half eHalf = Half::None);
+  /// Counts the call and fails it when it is its turn. True: the caller does half and fails.
+  bool Ask(const std::string& sOperation);
+  int Count(const std::string& sOperation) { return moCounts[sOperation]; }
 
  private:
-  struct Fault {
-    int nCall;
-    std::int32_t lNumber;
-    Half eHalf;
-  };
-  std::map<std::string, Fault> moFaults;
+  std::map<std::string, int> moCounts;
+  std::map<std::string, std::pair<int, Half>> moFaults;
 };
 
-/// The lines of one file; two components may share it.
-struct FakeSource {
-  struct Proc {
-    Text sName;
-    std::int32_t nKind, lStart, lBody, lEnd;  ///< lEnd: last line that counts to it
-  };
-  std::vector<Text> asLine;
-  std::vector<Proc> Procs() const;
-  Proc Find(TextView sName, std::int32_t nKind) const;
-};
-
-class FakeModule;
-
-class FakeMember : public Member {
+class FakeMember : public HostMember {
  public:
-  FakeMember(FakeModule& oModule, Text sName, std::int32_t nType, std::int32_t nScope)
-      : moModule(oModule), msName(std::move(sName)), mnType(nType), mnScope(nScope) {}
-  Text Name() const override { return msName; }
-  std::int32_t Type() const override { return mnType; }
-  std::int32_t Scope() const override { return mnScope; }
-  std::int32_t CodeLocation() const override;
-  Members& Parent() const override;
-  AttributeValue Attribute(MemberAttribute eAttribute) const override;
-  void SetAttribute(MemberAttribute eAttribute, const AttributeValue& oValue) override;
-
-  std::map<MemberAttribute, AttributeValue> oAttributes;  ///< a missing one can't be read
+  FakeMember(HostMembers& oParent, SourceDocument& oDocument, std::int32_t lIndex, FakeLog& oLog)
+      : HostMember(oParent, oDocument, lIndex), moLog(oLog) {}
+  AttributeValue Attribute(MemberAttribute e) const override {
+    return moLog.Ask("Attribute"), HostMember::Attribute(e);
+  }
+  void SetAttribute(MemberAttribute e, const AttributeValue& oValue) override {
+    moLog.Ask("SetAttribute"), HostMember::SetAttribute(e, oValue);
+  }
 
  private:
-  FakeModule& moModule;
-  Text msName;
-  std::int32_t mnType, mnScope;
+  FakeLog& moLog;
 };
 
-class FakeMembers : public Members {
+class FakeMembers : public HostMembers {
  public:
-  explicit FakeMembers(FakeModule& oModule) : moModule(oModule) {}
-  std::int32_t Count() const override { return static_cast<std::int32_t>(oItems.size()); }
+  FakeMembers(CodeModule& oParent, SourceDocument& oDocument, FakeLog& oLog);
   Member& Item(std::int32_t lIndex) override;
-  CodeModule& Parent() const override;
-
-  std::deque<FakeMember> oItems;
 
  private:
-  FakeModule& moModule;
+  std::deque<FakeMember> moItems;
 };
 
-/// One component with its module, controls and files.
-class FakeModule : public CodeModule, public VBControls {
+class FakeModule : public HostCodeModule {
  public:
-  FakeModule(VBComponent& oOwner, FakeLog& oLog, std::shared_ptr<FakeSource> pSource);
-  Text Lines(std::int32_t lStart, std::int32_t lCount) const override;
-  std::int32_t CountOfLines() const override;
-  std::int32_t CountOfDeclarationLines() const override;
-  std::int32_t ProcStartLine(TextView sName, ProcKind nKind) const override;
-  std::int32_t ProcBodyLine(TextView sName, ProcKind nKind) const override;
-  std::int32_t ProcCountLines(TextView sName, ProcKind nKind) const override;
+  FakeModule(VBComponent& oParent, SourceDocument& oDocument, FakeLog& oLog)
+      : HostCodeModule(oParent, oDocument), moMembers(*this, oDocument, oLog), moLog(oLog) {}
+  Text Lines(std::int32_t lStart, std::int32_t lCount) const override {
+    return moLog.Ask("Lines"), HostCodeModule::Lines(lStart, lCount);
+  }
+  std::int32_t CountOfLines() const override {
+    return moLog.Ask("CountOfLines"), HostCodeModule::CountOfLines();
+  }
+  std::int32_t ProcStartLine(TextView sName, ProcKind nKind) const override {
+    return moLog.Ask("ProcStartLine"), HostCodeModule::ProcStartLine(sName, nKind);
+  }
+  std::int32_t ProcBodyLine(TextView sName, ProcKind nKind) const override {
+    return moLog.Ask("ProcBodyLine"), HostCodeModule::ProcBodyLine(sName, nKind);
+  }
+  std::int32_t ProcCountLines(TextView sName, ProcKind nKind) const override {
+    return moLog.Ask("ProcCountLines"), HostCodeModule::ProcCountLines(sName, nKind);
+  }
   void DeleteLines(std::int32_t lStart, std::int32_t lCount) override;
   void InsertLines(std::int32_t lLine, TextView sText) override;
-  ::Members& Members() override;
-  VBComponent& Parent() const override { return moOwner; }
-  std::int32_t Count() const override { return static_cast<std::int32_t>(asControl.size()); }
-  Text ItemName(std::int32_t lIndex) const override;
-
-  FakeMember& MemberOf(TextView sName);
-
-  FakeLog& oLog;
-  std::shared_ptr<FakeSource> pSource;
-  std::vector<Text> asControl;
+  ::Members& Members() override { return moMembers; }
 
  private:
-  void AddMember(Text sName, std::int32_t nType, std::int32_t nScope);
-  VBComponent& moOwner;
   FakeMembers moMembers;
+  FakeLog& moLog;
 };
 
-class FakeComponent : public VBComponent {
+class FakeComponent : public VBComponent, public VBControls {
  public:
   FakeComponent(VBProject& oProject, FakeLog& oLog, Text sTheName, std::int32_t nTheType,
-                std::shared_ptr<FakeSource> pSource)
-      : sName(std::move(sTheName)),
-        nType(nTheType),
-        oModule(*this, oLog, std::move(pSource)),
-        moProject(oProject) {}
+                std::shared_ptr<SourceDocument> pTheDocument);
   Text Name() const override { return sName; }
   std::int32_t Type() const override { return nType; }
   std::int32_t FileCount() const override { return static_cast<std::int32_t>(asFile.size()); }
-  Text FileNames(std::int32_t nIndex) const override;
-  ::CodeModule* CodeModule() override;
-  VBControls* DesignerControls() override;
+  Text FileNames(std::int32_t) const override { return asFile.at(0); }
+  ::CodeModule* CodeModule() override {
+    return moLog.Ask("CodeModule of " + ToUtf8(sName)), &moModule;
+  }
+  VBControls* DesignerControls() override { return moLog.Ask("DesignerControls"), this; }
   std::int32_t Property(TextView) override { return nInstancing; }
   Text DesignerID() const override { return sDesignerID; }
   VBProject& Parent() const override { return moProject; }
+  std::int32_t Count() const override { return static_cast<std::int32_t>(asControl.size()); }
+  Text ItemName(std::int32_t lIndex) const override {
+    return asControl.at(static_cast<std::size_t>(lIndex) - 1);
+  }
 
   /// The whole code, lines joined by a line feed; SetCode changes it behind everybody's back.
   Text Code() const;
   void SetCode(TextView sCode);
 
   Text sName;
-  std::int32_t nType;
-  std::int32_t nInstancing = 1;
+  std::int32_t nType, nInstancing = 1;
   Text sDesignerID;
-  std::vector<Text> asFile;
-  FakeModule oModule;
+  std::vector<Text> asFile, asControl;
+  std::shared_ptr<SourceDocument> pDocument;
 
  private:
   VBProject& moProject;
+  FakeLog& moLog;
+  FakeModule moModule;
 };
 
 class FakeProject : public VBProject, public ::VBComponents {
@@ -159,7 +129,9 @@ class FakeProject : public VBProject, public ::VBComponents {
   std::int32_t Type() const override { return nType; }
   ::VBComponents& VBComponents() override { return *this; }
   std::int32_t Count() const override { return static_cast<std::int32_t>(oComponents.size()); }
-  VBComponent& Item(std::int32_t lIndex) override;
+  VBComponent& Item(std::int32_t i) override {
+    return oComponents.at(static_cast<std::size_t>(i) - 1);
+  }
 
   Text sName;
   std::int32_t nType;
@@ -171,16 +143,17 @@ class FakeIDE : public VBE, public ::VBProjects {
   FakeProject& AddProject(Text sName, std::int32_t nType);
   /// Adds to the last project, which is made when there is none. sCode: lines joined by "\n".
   FakeComponent& Add(Text sName, std::int32_t nType, TextView sCode);
-  /// A second component over the file of the first.
-  FakeComponent& AddShared(Text sName, FakeComponent& oFirst);
-
+  /// A second component over the text of the first.
+  FakeComponent& AddShared(Text sName, const FakeComponent& oFirst);
   /// Component i, from 1, of the first project.
   FakeComponent& Component(std::size_t i) { return moProjects[0].oComponents[i - 1]; }
 
   ::VBProjects& VBProjects() override { return *this; }
   std::int32_t Count() const override { return static_cast<std::int32_t>(moProjects.size()); }
-  VBProject& Item(std::int32_t lIndex) override;
-  // The model never asks for these: Failure 445.
+  VBProject& Item(std::int32_t i) override {
+    return moProjects.at(static_cast<std::size_t>(i) - 1);
+  }
+  // The model never asks for these.
   ::CommandBars& CommandBars() override { throw Failure(445); }
   ::Events& Events() override { throw Failure(445); }
   ::Addins& Addins() override { throw Failure(445); }
