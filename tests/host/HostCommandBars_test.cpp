@@ -1,20 +1,8 @@
 #include "HostCommandBars.h"
 
-#include <gtest/gtest.h>
-
-#include "Failure.h"
+#include "ProjectTree.h"
 
 namespace {
-
-template <class Call>
-std::int32_t NumberOf(Call&& oCall) {
-  try {
-    oCall();
-    return 0;
-  } catch (const Failure& oFailure) {
-    return oFailure.Number();
-  }
-}
 
 TEST(HostCommandBars, ServeAnAddIn) {
   HostCommandBars oBars;
@@ -37,14 +25,14 @@ TEST(HostCommandBars, ServeAnAddIn) {
   oButton.PasteFace();
   EXPECT_EQ(oBars.Item(2).Controls().Item(1).Face().sBytes, "picture");
   oClip = {};
-  EXPECT_EQ(NumberOf([&] { oButton.PasteFace(); }), 5);
-  EXPECT_EQ(NumberOf([&] { oBars.Add(u"tools", 1); }), 5);
-  EXPECT_EQ(NumberOf([&] { oMenu.Add(10); }), 5);
-  EXPECT_EQ(NumberOf([&] { oMenu.Item(1); }), 9);
-  EXPECT_EQ(NumberOf([&] { oEntry.Delete(); }), 5);
-  EXPECT_EQ(NumberOf([&] { oBars.Item(u"Add-Ins").Delete(); }), 5);
+  EXPECT_EQ(FailureNumber([&] { oButton.PasteFace(); }), 5);
+  EXPECT_EQ(FailureNumber([&] { oBars.Add(u"tools", 1); }), 5);
+  EXPECT_EQ(FailureNumber([&] { oMenu.Add(10); }), 5);
+  EXPECT_EQ(FailureNumber([&] { oMenu.Item(1); }), 9);
+  EXPECT_EQ(FailureNumber([&] { oEntry.Delete(); }), 5);
+  EXPECT_EQ(FailureNumber([&] { oBars.Item(u"Add-Ins").Delete(); }), 5);
   oBar.Delete();
-  EXPECT_EQ(NumberOf([&] { oBars.Item(u"Tools"); }), 5);
+  EXPECT_EQ(FailureNumber([&] { oBars.Item(u"Tools"); }), 5);
 }
 
 }  // namespace

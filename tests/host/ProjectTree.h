@@ -9,6 +9,20 @@
 #include <sstream>
 #include <string>
 
+#include "Failure.h"
+
+/// The number that a call fails with, or 0. sInText has to stand in the failure's text.
+template <class Call>
+std::int32_t FailureNumber(Call&& oCall, const char* sInText = "") {
+  try {
+    oCall();
+    return 0;
+  } catch (const Failure& oFailure) {
+    EXPECT_NE(std::string(oFailure.what()).find(sInText), std::string::npos) << oFailure.what();
+    return oFailure.Number();
+  }
+}
+
 class ProjectTree {
  public:
   explicit ProjectTree(
