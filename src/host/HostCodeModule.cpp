@@ -1,18 +1,67 @@
 #include "HostCodeModule.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "Failure.h"
+
+HostMember::HostMember(HostMembers& oParent, SourceDocument& oDocument, std::int32_t lIndex)
+    : moParent(oParent), moDocument(oDocument), mlIndex(lIndex) {
+  SourceDocument::MemberInfo oInfo = oDocument.MemberAt(lIndex);
+  msName = std::move(oInfo.sName);
+  mnType = oInfo.nType;
+}
 
 ::Members& HostMember::Parent() const {
   return moParent;
 }
 
+bool HostMember::IsAt(std::int32_t lIndex) const {
+  if (lIndex < 1 || lIndex > moDocument.MemberCount()) return false;
+  const SourceDocument::MemberInfo oInfo = moDocument.MemberAt(lIndex);
+  return oInfo.nType == mnType && oInfo.sName == msName;
+}
+
+std::int32_t HostMember::FindPlace() const {
+  const std::int32_t lLast = std::max(mlIndex, moDocument.MemberCount());
+  // Members move by the few declarations that a rewrite adds or drops, so the search goes outward.
+  for (std::int32_t lStep = 0; lStep < lLast; ++lStep) {
+    for (const std::int32_t lIndex : {mlIndex + lStep, mlIndex - lStep}) {
+      if (IsAt(lIndex)) return mlIndex = lIndex;
+    }
+  }
+  return 0;
+}
+
+std::int32_t HostMember::Place() const {
+  const std::int32_t lIndex = FindPlace();
+  if (lIndex == 0) throw Failure(35);
+  return lIndex;
+}
+
 Member& HostMembers::Item(std::int32_t lIndex) {
   if (lIndex < 1 || lIndex > Count()) throw Failure(9);
-  auto lPlace = static_cast<std::size_t>(lIndex) - 1;
+  const auto lPlace = static_cast<std::size_t>(lIndex) - 1;
   if (moItems.size() <= lPlace) moItems.resize(static_cast<std::size_t>(Count()));
+  if (moItems[lPlace] && !moItems[lPlace]->IsAt(lIndex)) Rearrange();
   auto& pMember = moItems[lPlace];
   if (!pMember) pMember = std::make_unique<HostMember>(*this, moDocument, lIndex);
   return *pMember;
+}
+
+// Puts the members that were handed out where they stand now.
+void HostMembers::Rearrange() {
+  auto oOld = std::move(moItems);
+  moItems.clear();
+  moItems.resize(static_cast<std::size_t>(Count()));
+  for (auto& pMember : oOld) {
+    const std::int32_t lIndex = pMember ? pMember->FindPlace() : 0;
+    if (lIndex == 0 || moItems[static_cast<std::size_t>(lIndex) - 1]) {
+      if (pMember) moGone.push_back(std::move(pMember));
+    } else {
+      moItems[static_cast<std::size_t>(lIndex) - 1] = std::move(pMember);
+    }
+  }
 }
 
 std::int32_t HostVBControls::Count() const {

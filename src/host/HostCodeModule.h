@@ -12,27 +12,36 @@
 
 class HostMembers;
 
-/// A member is its index in the document, which stays when its procedure is rewritten.
+/// A member is its name and type. Where it stands among the others is kept as well, but only as
+/// the place to look first: declarations that come and go above move everything behind them.
 class HostMember : public Member {
  public:
-  HostMember(HostMembers& oParent, SourceDocument& oDocument, std::int32_t lIndex)
-      : moParent(oParent), moDocument(oDocument), mlIndex(lIndex) {}
-  Text Name() const override { return moDocument.MemberAt(mlIndex).sName; }
-  std::int32_t Type() const override { return moDocument.MemberAt(mlIndex).nType; }
-  std::int32_t Scope() const override { return moDocument.MemberAt(mlIndex).nScope; }
-  std::int32_t CodeLocation() const override { return moDocument.MemberAt(mlIndex).lLine; }
+  HostMember(HostMembers& oParent, SourceDocument& oDocument, std::int32_t lIndex);
+  Text Name() const override { return msName; }
+  std::int32_t Type() const override { return mnType; }
+  std::int32_t Scope() const override { return moDocument.MemberAt(Place()).nScope; }
+  std::int32_t CodeLocation() const override { return moDocument.MemberAt(Place()).lLine; }
   ::Members& Parent() const override;
   AttributeValue Attribute(MemberAttribute eAttribute) const override {
-    return moDocument.Attribute(mlIndex, eAttribute);
+    return moDocument.Attribute(Place(), eAttribute);
   }
   void SetAttribute(MemberAttribute eAttribute, const AttributeValue& oValue) override {
-    moDocument.SetAttribute(mlIndex, eAttribute, oValue);
+    moDocument.SetAttribute(Place(), eAttribute, oValue);
   }
 
+  bool IsAt(std::int32_t lIndex) const;
+  /// The present index in the document; 0 when the member is gone.
+  std::int32_t FindPlace() const;
+
  private:
+  /// Failure 35 when the member is gone.
+  std::int32_t Place() const;
+
   HostMembers& moParent;
   SourceDocument& moDocument;
-  std::int32_t mlIndex;
+  Text msName;
+  std::int32_t mnType;
+  mutable std::int32_t mlIndex;
 };
 
 class HostMembers : public ::Members {
@@ -44,9 +53,12 @@ class HostMembers : public ::Members {
   CodeModule& Parent() const override { return moParent; }
 
  private:
+  void Rearrange();
+
   CodeModule& moParent;
   SourceDocument& moDocument;
   std::vector<std::unique_ptr<HostMember>> moItems;  // made when first asked for
+  std::vector<std::unique_ptr<HostMember>> moGone;   // someone may still hold them
 };
 
 class HostCodeModule : public CodeModule {
