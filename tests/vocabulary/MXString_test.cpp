@@ -48,7 +48,7 @@ TEST(MXString, RefusesMoreTokensThanACountHolds) {
   StringTokenize(sMost, as, CrLf, false);
   EXPECT_EQ(as.size() + SplitLines(sMost).size(), 32'768u + 32'767u);
   EXPECT_THROW(StringTokenize2(sMost, as, u"\n"), Failure);  // one more: the empty tail
-  EXPECT_THROW(SplitLines(sMost + CrLf), Failure);
+  EXPECT_THROW(SplitLines(Text(sMost).append(CrLf)), Failure);
   try {
     StringTokenize(sMore, as, CrLf, false);
     ADD_FAILURE() << "65,534 tokens were taken";
