@@ -1,0 +1,170 @@
+// Edits, bytes to bytes: what they don't change comes back as it was.
+#include "SourceText.h"
+
+namespace {
+
+struct Row {
+  const char* szName;
+  const char* szBefore;
+  std::int32_t lStart, lDelete;
+  const char* szInsert;  // null: no insert
+  const char* szAfter;
+  const char* szPage = "1252";
+};
+
+TEST(SourceEdit, KeepsTheBytesOfLinesThatComeBack) {
+  const Row aoRow[] = {
+      {"same lines", "Sub A()|x\ny\rEnd Sub|", 1, 4, "Sub A()|x|y|End Sub",
+       "Sub A()|x\ny\rEnd Sub|"},
+      {"no end at the end", "a\nb\nc", 3, 1, "c", "a\nb\nc"},
+      {"lines around a body", "a\nb|c\nd\n", 1, 4, "n|a|b|m|c|d|z", "n\na\nb|m\nc\nd\nz\n"},
+      {"changed lines keep their ends", "a\nb|c\n", 1, 3, "a|10 b|c", "a\n10 b|c\n"},
+      {"lines taken out of a body", "a\nb|c\nd|e\n", 1, 5, "a|c|e", "a\nc\ne\n"},
+      {"repeated lines between anchors", "s\n|x\n|y|\nz\n", 1, 7, "s|||x||n|y||z",
+       "s\n|\nx\n|n\ny|\nz\n"},
+      {"order changed", "a\nb|c\n", 1, 3, "c|a|b", "c\na\nb|"},
+      {"deletes side by side", "a\nb|c\nd\n", 2, 2, "b|c", "a\nb|c\nd\n"},
+      {"new last line, no end", "a|b", 3, 0, "c", "a|b|c"},
+      {"empty last line is kept", "a|b", 2, 1, "", "a||"},
+      {"last line goes, no end", "a|b|c", 2, 2, nullptr, "a"},
+      {"all lines go", "Attribute VB_Name = \"A\"|a|b", 1, 2, nullptr, "Attribute VB_Name = \"A\""},
+      {"line end at the end adds a line", "a|", 1, 0, "b|", "b||a|"},
+      {"into an empty file", "", 1, 0, "a|b", "a|b|"},
+      {"into a file of LF", "a\nb\n", 9, 0, "c|d", "a\nb\nc\nd\n"},
+      {"behind the header", "Attribute VB_Name = \"A\"\n", 1, 0, "a",
+       "Attribute VB_Name = \"A\"\na\n"},
+      {"lone CR and LF don't join", "a\rb|\n", 2, 1, nullptr, "a\r\n\n"},
+      {"byte-order mark", "\xEF\xBB\xBF\xC3\xA4|b", 1, 1, "\u00e4|c", "\xEF\xBB\xBF\xC3\xA4|c|b",
+       "utf-8"},
+      {"undefined and high bytes", "\x81\xE4\n\x9D|", 1, 2, "\u0081\u00e4|n|\u009d",
+       "\x81\xE4\nn|\x9D|"},
+      {"other page", "\x83\x5c|", 1, 1, "\u30bd|\u30bd\u30bd", "\x83\x5c|\x83\x5c\x83\x5c|", "932"},
+      {"hidden line behind its head", "Sub A()|Attribute A.VB_X = 1|x|End Sub|", 1, 3,
+       "' s|Sub A()|t|x|End Sub", "' s|Sub A()|Attribute A.VB_X = 1|t|x|End Sub|"},
+      {"head of several lines", "Sub A( _| b)|Attribute A.VB_X = 1|End Sub|", 1, 3,
+       "Sub A( _| b)|x|End Sub", "Sub A( _| b)|Attribute A.VB_X = 1|x|End Sub|"},
+      {"head changed", "Sub A()|Attribute A.VB_X = 1|End Sub|", 1, 2, "Public Sub a( _|b)|End Sub",
+       "Public Sub a( _|b)|Attribute A.VB_X = 1|End Sub|"},
+      {"variable changed", "Dim a, b|Attribute b.VB_VarX = 1\nDim c|", 1, 2,
+       "Dim z|Dim a, b As C|Dim c", "Dim z|Dim a, b As C|Attribute b.VB_VarX = 1\nDim c|"},
+      {"its name is gone", "x|y|Attribute A.VB_X = 1|z|", 1, 3, "x|z", "x|Attribute A.VB_X = 1|z|"},
+      {"nothing ahead of it", "y|Attribute A.VB_X = 1|z", 1, 2, "n", "Attribute A.VB_X = 1|n"},
+      {"hidden last line without end", "Sub A()|Attribute A.VB_X = 1", 1, 1, "Sub A()|End Sub",
+       "Sub A()|Attribute A.VB_X = 1|End Sub"},
+      {"hidden lines go with their line", "a|Attribute A.VB_X = 1|b|", 1, 1, nullptr, "b|"},
+  };
+  for (const Row& oRow : aoRow) {
+    SCOPED_TRACE(oRow.szName);
+    const auto pDocument = Opened(oRow.szBefore, oRow.szPage);
+    const std::string sBefore = pDocument->Bytes();
+    const Text sOld = oRow.lDelete > 0 ? pDocument->Lines(oRow.lStart, oRow.lDelete) : Text();
+    if (oRow.lDelete > 0) pDocument->DeleteLines(oRow.lStart, oRow.lDelete);
+    const std::int32_t lLeft = pDocument->CountOfLines();
+    if (oRow.szInsert) pDocument->InsertLines(oRow.lStart, FromUtf8(Joined(oRow.szInsert)));
+    const std::string sAfter = Joined(oRow.szAfter);
+    EXPECT_EQ(pDocument->Bytes(), sAfter);
+    EXPECT_EQ(pDocument->IsChanged(), sBefore != sAfter);
+    EXPECT_EQ(pDocument->SavedBytes(), sBefore);
+    EXPECT_EQ(pDocument->CountOfLines(), Opened(oRow.szAfter, oRow.szPage)->CountOfLines());
+    pDocument->MarkSaved();
+    EXPECT_EQ(pDocument->SavedBytes(), sAfter);
+    EXPECT_FALSE(pDocument->IsChanged());
+    // Back again: only the ends of lines that are new once more may differ.
+    const std::int32_t lNew = pDocument->CountOfLines() - lLeft;
+    if (oRow.lStart > pDocument->CountOfLines()) continue;
+    pDocument->DeleteLines(oRow.lStart, lNew);
+    if (oRow.lDelete > 0) pDocument->InsertLines(oRow.lStart, sOld);
+    EXPECT_EQ(pDocument->Lines(1, pDocument->CountOfLines()),
+              Opened(oRow.szBefore, oRow.szPage)->Lines(1, pDocument->CountOfLines()));
+  }
+}
+
+TEST(SourceEdit, ACharacterThatThePageLacksChangesNothing) {
+  const auto pDocument = Opened("Sub A()|Attribute A.VB_X = 1|x\nEnd Sub");
+  const std::string sBytes = pDocument->Bytes();
+  const Text sCode = pDocument->Lines(1, 3);
+  pDocument->DeleteLines(1, 3);
+  try {
+    pDocument->InsertLines(1, sCode + u" ' \U0001F600");
+    ADD_FAILURE() << "accepted";
+  } catch (const Failure& oFailure) {
+    EXPECT_EQ(oFailure.Number(), 5);
+    EXPECT_EQ(ToUtf8(oFailure.Description()),
+              "The character U+1F600 (\U0001F600) can't be written in code page 1252; use another "
+              "character, or open the project with another code page");
+  }
+  EXPECT_EQ(pDocument->CountOfLines(), 0);
+  pDocument->InsertLines(1, sCode);
+  EXPECT_EQ(pDocument->Bytes(), sBytes);
+  EXPECT_FALSE(pDocument->IsChanged());
+}
+
+TEST(SourceEdit, LinesThatArentThereAreRefused) {
+  const auto pDocument = Opened("a|b|");
+  EXPECT_THROW(pDocument->Lines(2, 2), Failure);
+  EXPECT_THROW(pDocument->Lines(0, 1), Failure);
+  EXPECT_THROW(pDocument->Lines(1, -1), Failure);
+  EXPECT_THROW(pDocument->DeleteLines(3, 1), Failure);
+  EXPECT_THROW(pDocument->DeleteLines(2, 0x7FFFFFFF), Failure);
+  EXPECT_THROW(pDocument->InsertLines(0, u"x"), Failure);
+  EXPECT_THROW(pDocument->MemberAt(1), Failure);
+  EXPECT_EQ(pDocument->Bytes(), "a\r\nb\r\n");
+}
+
+struct IndexRow {
+  const char* szName;
+  const char* szBefore;
+  std::int32_t lStart, lDelete;
+  const char* szInsert;
+};
+
+// Whatever an edit does, the index is the one that a new reading of the bytes gives.
+TEST(SourceEdit, TheIndexFollows) {
+  const char* const szModule =
+      "Option Explicit|Dim a||Sub A()|x|End Sub|' glued||Property Get B()|End Property|"
+      "Property Let B(v)|End Property|#If DEMO Then|Sub C()|x|End Sub|#End If|Sub D()|End Sub||";
+  const IndexRow aoRow[] = {
+      {"longer body", szModule, 3, 5, "|Sub A()|x|y|z|End Sub|' glued"},
+      {"comment at the top", szModule, 9, 2, "' new _| one|Property Get B()|End Property"},
+      {"blank at the bottom", szModule, 9, 2, "Property Get B()|End Property|"},
+      {"comment at the bottom", szModule, 9, 2, "Property Get B()|End Property|' x"},
+      {"comment that goes on", szModule, 9, 2, "Property Get B()|End Property|' x _"},
+      {"other scope", szModule, 9, 2, "Friend Property Get B()|End Property"},
+      {"other name", szModule, 4, 3, "Sub Other()|End Sub"},
+      {"other kind", szModule, 4, 3, "Property Set A(x)|End Property"},
+      {"no end", szModule, 4, 3, "Sub A()|x"},
+      {"second procedure", szModule, 4, 3, "Sub A()|End Sub|Sub A2()|End Sub"},
+      {"declaration ahead", szModule, 3, 5, "Dim q||Sub A()|End Sub"},
+      {"open directive", szModule, 11, 2, "Property Let B(v)|#If 0 Then|End Property"},
+      {"stray end of a directive", szModule, 11, 2, "Property Let B(v)|#End If|End Property"},
+      {"directive gone", szModule, 13, 1, nullptr},
+      {"balanced directive", szModule, 18, 3, "Sub D()|#If 0 Then|End Sub|#End If|End Sub||"},
+      {"open directive at the end", szModule, 18, 3, "Sub D()|End Sub|#If 0 Then|"},
+      {"module constant", szModule, 18, 3, "Sub D()|End Sub|#Const k = 1"},
+      {"declarations", szModule, 1, 2, "' m|Option Explicit|Dim a"},
+      {"more declarations", szModule, 1, 2, "Option Explicit|Dim a, b|Declare Sub Q Lib \"q\" ()"},
+      {"blank behind declarations", szModule, 1, 2, "Option Explicit|Dim a|"},
+      {"procedure in declarations", szModule, 1, 2, "Option Explicit|Sub N()|End Sub"},
+      {"open type", szModule, 1, 2, "Type T|x As Long"},
+      {"declarations gone", szModule, 1, 2, nullptr},
+      {"over a border", szModule, 6, 3, "End Sub|"},
+      {"at the end", szModule, 21, 0, "Sub Z()|End Sub"},
+      {"all", szModule, 1, 20, "Sub Z()|End Sub"},
+      {"stray variable", "Sub A()|End Sub||Dim v|Sub B()|End Sub|", 3, 4, "|Sub B()|End Sub"},
+      {"behind an open head", "Sub A()|x|Sub B()|End Sub|", 3, 2, "|Sub B()|End Sub"},
+      {"nothing ahead", "Sub A()|End Sub|", 1, 0, "' m|Dim a|"},
+  };
+  for (const IndexRow& oRow : aoRow) {
+    SCOPED_TRACE(oRow.szName);
+    for (const bool bLook : {false, true}) {
+      const auto pDocument = Opened(oRow.szBefore);
+      IndexText(*pDocument);
+      if (oRow.lDelete > 0) pDocument->DeleteLines(oRow.lStart, oRow.lDelete);
+      if (bLook) IndexText(*pDocument);
+      if (oRow.szInsert) pDocument->InsertLines(oRow.lStart, FromUtf8(Joined(oRow.szInsert)));
+      EXPECT_EQ(IndexText(*pDocument), IndexText(*Opened(pDocument->Bytes())));
+    }
+  }
+}
+
+}  // namespace

@@ -1,0 +1,43 @@
+// Source documents from short texts: "|" stands for a line end.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "Failure.h"
+#include "SourceDocument.h"
+
+inline std::string Joined(std::string_view sRow, std::string_view sEnd = "\r\n") {
+  std::string sBytes;
+  for (const char c : sRow) c == '|' ? sBytes.append(sEnd) : sBytes.append(1, c);
+  return sBytes;
+}
+
+inline std::unique_ptr<SourceDocument> Opened(std::string_view sRow, const char* szPage = "1252",
+                                              std::string_view sEnd = "\r\n") {
+  return std::make_unique<SourceDocument>(Joined(sRow, sEnd), CodePage::Get(szPage), true,
+                                          std::vector<CondConstant>{{u"demo", -1}, {u"level", 3}});
+}
+
+/// "D" and the lines of declarations; then each member with type letter, scope, name, line, and
+/// "kind:start/body/count" for its procedures.
+inline std::string IndexText(const SourceDocument& oDocument) {
+  std::string sIndex = "D" + std::to_string(oDocument.CountOfDeclarationLines());
+  for (std::int32_t l = 1; l <= oDocument.MemberCount(); ++l) {
+    const auto o = oDocument.MemberAt(l);
+    sIndex += std::string(" ") + " mpvec"[o.nType] + std::to_string(o.nScope) + ToUtf8(o.sName) +
+              "@" + std::to_string(o.lLine);
+    for (ProcKind k = 0; k < 4; ++k) try {
+        sIndex += "," + std::to_string(k) + ":" +
+                  std::to_string(oDocument.ProcStartLine(o.sName, k)) + "/" +
+                  std::to_string(oDocument.ProcBodyLine(o.sName, k)) + "/" +
+                  std::to_string(oDocument.ProcCountLines(o.sName, k));
+      } catch (const Failure& oFailure) {
+        EXPECT_EQ(oFailure.Number(), 35);
+        while (sIndex.back() == ',') sIndex.pop_back();
+      }
+  }
+  return sIndex;
+}
