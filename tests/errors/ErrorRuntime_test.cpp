@@ -109,9 +109,9 @@ TEST_F(ErrorRuntimeTest, FloodOfDifferentEventsIsBoundedByRotation) {
 }
 
 TEST_F(ErrorRuntimeTest, TwoProgramsShareALogThroughRotationsWithoutMixingLines) {
-  constexpr int lEach = 400;
+  constexpr int lEach = 5000;
   const auto write = [&](const char* pcName) {
-    ErrorLog oLog(LogPath(), 4000, 100);
+    ErrorLog oLog(LogPath(), 9000, 100);
     for (int i = 0; i < lEach; ++i) oLog.Write(pcName + std::to_string(i) + std::string(20, '.'));
   };
   const pid_t lChild = fork();
