@@ -100,8 +100,6 @@ Text CutMiddle(TextView sPath, const MXString::TextWidth& oOutput, double dWidth
     }
     sResult = (sRoot + u"\\...").append(sPath.substr(lSlash));
   }
-  // Folders with the shortest names can make the mark longer than what it stands for.
-  if (oOutput(sResult) > oOutput(sPath)) sResult = sPath;
   return oOutput(sResult) > dWidth ? sFile : sResult;
 }
 

@@ -80,7 +80,7 @@ TextArray SplitStatements(TextView sLine) {
   for (std::size_t i = 0; i + 1 < sCode.size(); ++i) {
     if (oLiteral.Inside(sCode[i]) || sCode[i] != u':' || sCode[i + 1] != u' ') continue;
     asStatement.emplace_back(sCode.substr(lStart, i - lStart));
-    lStart = ++i + 1;
+    lStart = i + 2;
   }
   asStatement.emplace_back(sCode.substr(lStart));
   if (sCode.size() < sLine.size()) asStatement.emplace_back(sLine.substr(sCode.size()));
