@@ -62,7 +62,7 @@ TEST(MXString, FoldsALineForComparison) {
   ExpectRows(
       u"  A   b  ~|A b|a b;    ~||; ~||; \tX \t Y~|\tX \t Y|\tx \t y; "
       u"\x00A0\x00C4 \x0416\x0130~|\x00A0\x00C4 \x0416\x0130|\x00A0\x00E4 \x0436i; "
-      u"ABCD EFGH  IJKL   @[{MXYZ~|ABCD EFGH IJKL @[{MXYZ|abcd efgh ijkl @[{mxyz; "
+      u"ABCD  ZAZAZ @[{@[{Z  M~|ABCD ZAZAZ @[{@[{Z M|abcd zazaz @[{@[{z m; "
       u"A\x00C4Z  AZ\x00C4  A Z  ~|A\x00C4Z AZ\x00C4 A Z|a\x00E4z az\x00E4 a z; "
       u"\xD801\xDC00~|\xD801\xDC00|\xD801\xDC00",
       [&](TextView s) {
