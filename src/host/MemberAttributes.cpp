@@ -135,26 +135,31 @@ const std::optional<Text>& MemberAttributes::ValueOf(std::int32_t lMember, Slot 
   return Look(lMember).asValue[static_cast<std::size_t>(eSlot)];
 }
 
+AttributeValue MemberAttributes::Missing(std::int32_t lMember, MemberAttribute eAttribute) {
+  if (eAttribute == MemberAttribute::StandardMethod) return {{}, FirstFreeId + lMember - 1};
+  return {{}, eAttribute == MemberAttribute::Browsable ? -1 : 0};
+}
+
 AttributeValue MemberAttributes::Get(std::int32_t lMember, MemberAttribute eAttribute) {
-  const std::optional<Text>& sFound = ValueOf(lMember, SlotOf(eAttribute));
-  const Text sValue = sFound.value_or(Text());
-  const Text sText = Unquoted(sValue);
+  const std::optional<Text>& sValue = ValueOf(lMember, SlotOf(eAttribute));
+  if (!sValue) return Missing(lMember, eAttribute);
+  const Text sText = Unquoted(*sValue);
   const std::size_t lSemicolon = std::min(sText.find(u';'), sText.size());
   switch (eAttribute) {
     case MemberAttribute::Description:
       return {sText, 0};
     case MemberAttribute::HelpContextID:
-      return {{}, std::max(Number(sValue), 0)};
+      return {{}, std::max(Number(*sValue), 0)};
     case MemberAttribute::PropertyPage:
       return {sText.substr(0, lSemicolon), 0};
     case MemberAttribute::Category:
       return {sText.substr(std::min(lSemicolon + 1, sText.size())), 0};
     case MemberAttribute::StandardMethod:
-      return {{}, sFound ? Number(sValue) : FirstFreeId + lMember - 1};
+      return {{}, Number(*sValue)};
     default:
       break;
   }
-  const bool bSet = (Flags(sValue) & FlagOf(eAttribute)) != 0;
+  const bool bSet = (Flags(*sValue) & FlagOf(eAttribute)) != 0;
   return {{}, bSet == (eAttribute == MemberAttribute::Browsable) ? 0 : -1};
 }
 

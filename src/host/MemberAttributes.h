@@ -58,6 +58,7 @@ class MemberAttributes {
   const Found& Look(std::int32_t lMember);
   void LookAtCarriers();
   void LookAtTail(const Carrier& oCarrier);
+  static AttributeValue Missing(std::int32_t lMember, MemberAttribute eAttribute);
   const std::optional<Text>& ValueOf(std::int32_t lMember, Slot eSlot);
   bool Belongs(const AttributeLine& oLine) const;
   std::optional<Text> FileForm(std::int32_t lMember, MemberAttribute eAttribute,
