@@ -8,6 +8,8 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <regex>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -21,6 +23,22 @@ std::string ReadBytes(const fs::path& oFile) {
   return {std::istreambuf_iterator<char>(oStream), {}};
 }
 
+/// The code blocks of a page that are marked as of one kind.
+std::vector<std::string> FencedBlocks(const std::string& sPage, const std::string& sKind) {
+  const std::string sText = ReadBytes(fs::path(QUILLON_SOURCE_DIR) / sPage);
+  const std::string sFence = "```" + sKind + "\n";
+  std::vector<std::string> asBlock;
+  for (std::size_t i = 0; (i = sText.find(sFence, i)) != std::string::npos;) {
+    i += sFence.size();
+    asBlock.push_back(sText.substr(i, sText.find("```", i) - i));
+  }
+  return asBlock;
+}
+
+std::string TrimmedLines(const std::string& sText) {
+  return std::regex_replace(sText, std::regex("[ \r]+\n"), "\n");
+}
+
 class Samples : public testing::Test {
  protected:
   fs::path oFolder = fs::temp_directory_path() / ("quillon-samples-" + std::to_string(getpid()));
@@ -29,6 +47,7 @@ class Samples : public testing::Test {
   void SetUp() override {
     fs::create_directories(oFolder);
     fs::copy(QUILLON_SOURCE_DIR "/samples", oFolder / "work", fs::copy_options::recursive);
+    ASSERT_EQ(Quillon("rules reset"), 0) << sOutput;  // makes the settings file
   }
   void TearDown() override { fs::remove_all(oFolder); }
 
@@ -51,19 +70,21 @@ class Samples : public testing::Test {
 };
 
 TEST_F(Samples, EveryTemplateComesOutAgainToTheByte) {
-  for (const char* sTemplate : {"Standard", "Light", "Accessor"}) {
-    for (const char* sNumbers : {"0", "1", "2"}) {
-      SCOPED_TRACE(std::string(sTemplate) + ", line number action " + sNumbers);
-      const Bytes oBefore = Files();
-      ASSERT_EQ(Quillon(std::string("rules set 'Line Number Action=") + sNumbers + "'"), 0);
-      ASSERT_EQ(Quillon(std::string("apply --set Template=Module --set Template=") + sTemplate +
-                        " --set Boundary=ActiveX --set Retry=None --set Trace=True Atelier.vbg"),
-                0)
-          << sOutput;
-      EXPECT_NE(Files(), oBefore);
-      ASSERT_EQ(Quillon("apply --set 'Template=(none)' Atelier.vbg"), 0) << sOutput;
-      EXPECT_EQ(Files(), oBefore);
-    }
+  struct Row {
+    const char *sTemplate, *sNumbers;
+  };
+  for (const auto& [sTemplate, sNumbers] :
+       {Row{"Standard", "0"}, Row{"Standard", "1"}, Row{"Light", "0"}, Row{"Accessor", "2"}}) {
+    SCOPED_TRACE(std::string(sTemplate) + ", line number action " + sNumbers);
+    const Bytes oBefore = Files();
+    ASSERT_EQ(Quillon(std::string("rules set 'Line Number Action=") + sNumbers + "'"), 0);
+    ASSERT_EQ(Quillon(std::string("apply --set Template=Module --set Template=") + sTemplate +
+                      " --set Boundary=ActiveX --set Retry=None --set Trace=True Atelier.vbg"),
+              0)
+        << sOutput;
+    EXPECT_NE(Files(), oBefore);
+    ASSERT_EQ(Quillon("apply --set 'Template=(none)' Atelier.vbg"), 0) << sOutput;
+    EXPECT_EQ(Files(), oBefore);
   }
 }
 
@@ -95,19 +116,37 @@ TEST_F(Samples, LocksAndHandlersOfTheTeamsOwnStay) {
 
 TEST_F(Samples, TheTemplatesOfTheSampleFileAndOfTheDocumentationAreSound) {
   EXPECT_EQ(Quillon("template check Template.dat"), 0) << sOutput;
-  const std::string sPage = ReadBytes(QUILLON_SOURCE_DIR "/docs/template-format.md");
-  const std::string sFence = "```template\n";
-  std::size_t lPlace = 0, lFound = 0;
-  while ((lPlace = sPage.find(sFence, lPlace)) != std::string::npos) {
-    lPlace += sFence.size();
-    std::ofstream oFile(oFolder / "work/Page.dat", std::ios::binary);
-    for (char c : sPage.substr(lPlace, sPage.find("```", lPlace) - lPlace))
-      oFile << (c == '\n' ? "\r\n" : std::string(1, c));
-    oFile.close();
-    EXPECT_EQ(Quillon("template check Page.dat"), 0) << sOutput;
-    ++lFound;
+  for (const char* sPage : {"README.md", "docs/template-format.md"}) {
+    SCOPED_TRACE(sPage);
+    const auto asTemplate = FencedBlocks(sPage, "template");
+    EXPECT_FALSE(asTemplate.empty());
+    for (std::string sText : asTemplate) {
+      for (std::size_t i = 0; (i = sText.find('\n', i)) != std::string::npos; i += 2)
+        sText.insert(i, "\r");
+      std::ofstream(oFolder / "work/Page.dat", std::ios::binary) << sText;
+      EXPECT_EQ(Quillon("template check Page.dat"), 0) << sOutput;
+    }
   }
-  EXPECT_GT(lFound, 0U);
+}
+
+TEST_F(Samples, TheExampleOfTheReadmeIsTrue) {
+  const Bytes oBefore = Files();
+  std::string sWanted;
+  sOutput.clear();
+  for (const std::string& sBlock : FencedBlocks("README.md", "console")) {
+    std::istringstream oLines(sBlock);
+    for (std::string sLine; std::getline(oLines, sLine);) {
+      if (sLine.starts_with("$ quillon ")) {
+        EXPECT_EQ(TrimmedLines(sOutput), sWanted) << "ahead of: " << sLine;
+        Quillon(sLine.substr(10));
+        sWanted.clear();
+      } else {
+        sWanted += sLine + "\n";
+      }
+    }
+  }
+  EXPECT_EQ(TrimmedLines(sOutput), sWanted);
+  EXPECT_EQ(Files(), oBefore);
 }
 
 }  // namespace
