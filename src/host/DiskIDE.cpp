@@ -56,6 +56,10 @@ class FileIDE : public DiskIDE, public VBE {
     throw Failure(5, u"The file has no changes: " + TextOfPath(sPath), u"host");
   }
 
+  std::int32_t FileLine(const ::CodeModule& oModule, std::int32_t lLine) const override {
+    return static_cast<const HostCodeModule&>(oModule).Document().FileLine(lLine);
+  }
+
   SaveResult Save() override {
     SaveResult oResult;
     for (StoredDocument* poDocument : moStore.Changed()) try {

@@ -58,6 +58,9 @@ class DiskIDE {
   virtual std::vector<std::string> ChangedPaths() const = 0;
   virtual Change ChangeOf(const std::string& sPath) const = 0;
 
+  /// Line in its file, from 1, of a line that a module of this host shows.
+  virtual std::int32_t FileLine(const ::CodeModule& oModule, std::int32_t lLine) const = 0;
+
   struct SaveResult {
     std::vector<std::string> asSaved;
     std::vector<Note> oFailed;  ///< these files are as they were; their changes stay in memory

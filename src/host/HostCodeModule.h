@@ -88,6 +88,7 @@ class HostCodeModule : public CodeModule {
     moDocument.InsertLines(lLine, sText);
   }
   ::Members& Members() override { return moMembers; }
+  const SourceDocument& Document() const { return moDocument; }
   VBComponent& Parent() const override { return moParent; }
 
  private:

@@ -67,6 +67,20 @@ Text SourceDocument::Lines(std::int32_t lStart, std::int32_t lCount) const {
   return sText;
 }
 
+std::int32_t SourceDocument::FileLine(std::int32_t lLine) const {
+  const LineTable& oLines = mpImpl->oLines;
+  auto fnHidden = [](std::string_view sBytes) {
+    return static_cast<std::int32_t>(std::count(sBytes.begin(), sBytes.end(), '\n'));
+  };
+  const LineTable::Line& oHeader = oLines.At(0);
+  std::int32_t lFileLine = lLine;
+  for (auto sPart : {oLines.TextOf(oHeader), oLines.EndOf(oHeader)}) lFileLine += fnHidden(sPart);
+  for (std::int32_t l = 0; l < lLine && l <= oLines.Count(); ++l) {
+    if (oLines.At(l).bTail) lFileLine += fnHidden(oLines.TailOf(oLines.At(l)));
+  }
+  return lFileLine;
+}
+
 std::int32_t SourceDocument::CountOfLines() const {
   return mpImpl->oLines.Count();
 }

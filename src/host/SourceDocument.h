@@ -49,6 +49,8 @@ class SourceDocument {
   // The code; the operations of CodeModule.
   Text Lines(std::int32_t lStart, std::int32_t lCount) const;
   std::int32_t CountOfLines() const;
+  /// Line in the file, from 1, of a visible line: header block and hidden lines counted.
+  std::int32_t FileLine(std::int32_t lLine) const;
   std::int32_t CountOfDeclarationLines() const;
   std::int32_t ProcStartLine(TextView sName, ProcKind nKind) const;
   std::int32_t ProcBodyLine(TextView sName, ProcKind nKind) const;

@@ -1,6 +1,6 @@
 // check: what apply --suggested would change and what the engine would refuse, found by doing it
 // in memory with proof, and never saving.
-#include <map>
+#include <algorithm>
 
 #include "Commands.h"
 #include "Display.h"
@@ -26,6 +26,8 @@ struct ProcedureFinding {
 std::vector<Difference> Differences(const ProcedureRecord& oProcedure) {
   std::vector<Difference> oChanges;
   for (Property eProperty : AllProperties) {
+    // A declarations section can't be traced.
+    if (eProperty == Property::Trace && !oProcedure.oMember) continue;
     std::string sFrom = Shown(oProcedure.oCurrent, eProperty);
     std::string sTo = Shown(oProcedure.oPending, eProperty);
     if (sFrom != sTo) oChanges.push_back({eProperty, sFrom, sTo});
@@ -48,25 +50,25 @@ std::vector<ProcedureFinding> Changes(Session& oSession) {
 }
 
 void FindRefusals(Session& oSession, std::vector<ProcedureFinding>& oFindings) {
-  std::vector<std::string>* pRefusal = nullptr;
   std::vector<std::string> asMessage;
-  auto oRefused = oSession.oHandler.ProcedureRefused.Connect(
-      [&](Handle, TextView sReason) { pRefusal->push_back(ToUtf8(Trim(sReason))); });
   auto oReported = oSession.oTemplate.ReportError.Connect([&](TextView sMessage) {
-    if (sMessage.starts_with(u"    ")) asMessage.push_back(ToUtf8(Trim(sMessage)));
+    if (sMessage.starts_with(u"    ")) {
+      asMessage.push_back(ToUtf8(Trim(sMessage)));
+    } else {
+      asMessage.clear();
+      oSession.oConsole.Progress(static_cast<std::size_t>(oSession.oTemplate.BatchItems()),
+                                 oFindings.size(), sMessage);
+    }
+  });
+  auto oRefused = oSession.oHandler.ProcedureRefused.Connect([&](Handle h, TextView sReason) {
+    if (asMessage.empty()) asMessage.push_back(ToUtf8(Trim(sReason)));
+    auto oFinding = std::lower_bound(
+        oFindings.begin(), oFindings.end(), h,
+        [](const ProcedureFinding& oLeft, Handle hRight) { return oLeft.hProcedure < hRight; });
+    if (oFinding != oFindings.end() && oFinding->hProcedure == h) oFinding->asRefusal = asMessage;
   });
   oSession.oTemplate.BatchStart();
-  std::size_t lDone = 0;
-  for (ProcedureFinding& oFinding : oFindings) {
-    oSession.oConsole.Progress(++lDone, oFindings.size(), u"Trying");
-    pRefusal = &oFinding.asRefusal;
-    asMessage.clear();
-    const std::int32_t lErrors = oSession.oTemplate.BatchErrors();
-    oSession.oHandler.ApplyPendingSettings(oFinding.hProcedure, 0, 0, false, false,
-                                           MQuillon::NumberAsRule);
-    if (oSession.oTemplate.BatchErrors() != lErrors && !asMessage.empty())
-      oFinding.asRefusal = asMessage;
-  }
+  oSession.oHandler.ApplyPendingSettings(0, 0, 0, true, false, MQuillon::NumberAsRule);
   oSession.oConsole.ProgressEnd();
 }
 

@@ -188,5 +188,5 @@ std::int32_t Session::FileLine(Handle hProcedure, bool bHead) {
     lLine = bHead ? oModule.ProcBodyLine(sName, oProcedure.nKind)
                   : oModule.ProcStartLine(sName, oProcedure.nKind);
   }
-  return lLine;
+  return pIDE->FileLine(oModule, lLine);
 }

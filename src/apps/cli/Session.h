@@ -31,7 +31,9 @@ class Session {
   /// which the rules keep out of rewriting.
   void LoadScope(bool bReadOnlyToo);
 
+  /// Ascending.
   const std::vector<Handle>& Procedures() const { return moProcedures; }
+  bool IsWholeGroup() const { return moScope.IsWholeGroup(); }
   /// Components of the scope whose code can't be read.
   const std::vector<Handle>& Unreadable() const { return moUnreadable; }
   const std::vector<Text>& ModuleTemplates() const { return moModuleTemplates; }

@@ -23,7 +23,9 @@ Json Parse(std::string_view sLine) {
       return nDepth <= MaxDepth;
     });
   } catch (const Json::exception& oError) {
-    throw Stop{oError.what()};
+    // The library's own code for the error stands in brackets ahead of its words.
+    std::string_view sWords = oError.what();
+    throw Stop{std::string(sWords.substr(std::min(sWords.find("] ") + 2, sWords.size())))};
   }
   if (bTooDeep) throw Stop{"The line is nested too deeply"};
   if (!oObject.is_object()) throw Stop{"The line is no JSON object"};
@@ -74,7 +76,8 @@ using NameOfId = Text (*)(std::int32_t);
 Text IdField(const Json& oObject, const char* sName, Property eProperty, NameOfId fnName) {
   const Json* pField = Field(oObject, sName);
   if (!pField) return {};
-  if (pField->is_number_integer() && (*pField == 0 || !fnName(pField->get<std::int32_t>()).empty()))
+  if (pField->is_number_integer() && *pField >= 0 && *pField <= 4 &&
+      (*pField == 0 || !fnName(pField->get<std::int32_t>()).empty()))
     return fnName(pField->get<std::int32_t>());
   if (pField->is_string()) {
     Text sText = FromUtf8(pField->get_ref<const std::string&>());

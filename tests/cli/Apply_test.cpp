@@ -1,0 +1,166 @@
+// apply, refresh, number, unnumber and check on files.
+#include <sys/stat.h>
+
+#include <nlohmann/json.hpp>
+
+#include "Workplace.h"
+
+namespace {
+
+const std::string sSuggest = "apply -q --suggested --procedure Main Demo.vbg";
+
+TEST(Apply, WritesTheCodeThatWasAskedForAndTellsTheAccount) {
+  Workplace oPlace;
+  Workplace::Result oResult = oPlace.Run(
+      "apply --set template=main --set BOUNDARY=vb --set Trace=True --component modMain Demo.vbg");
+  EXPECT_EQ(oResult.nExit, 0);
+  EXPECT_EQ(oResult.sOut, "");
+  EXPECT_EQ(oResult.sErr,
+            "Processing modMain.Main\nProcessing modMain.Jumps\n"
+            "2 Procedures Processed - No Failures\n1 file written\n");
+  EXPECT_HOLDS(oPlace.Read("src/App/modMain.bas"),
+               Workplace::Dos("Public Sub Main()\n'Sign: Main\n    On Error GoTo Caught\n"
+                              "    Debug.Print \"Gr\xf6\xdf"
+                              "e\"\n    Exit Sub\nCaught:\n"
+                              "    Trap.Edge = tvnBoundaryVB\n    Trap.Traced\n"
+                              "    Trap.Caught \"modMain\", \"Main\"\nEnd Sub\n\n"));
+}
+
+TEST(Apply, SettingsComeAndGoWithoutATrace) {
+  Workplace oPlace;
+  const auto oBefore = oPlace.Files();
+  struct Row {
+    const char *sName, *sLine;
+    int nExit;
+    bool bChanges;
+  };
+  for (const Row& oRow : {
+           Row{"dry run", "apply -n --suggested Demo.vbg", 0, false},
+           Row{"findings", "check Demo.vbg", 1, false},
+           Row{"apply", "apply --suggested Demo.vbg", 0, true},
+           Row{"apply twice", "apply --suggested Demo.vbg", 0, false},
+           Row{"no findings", "check Demo.vbg", 0, false},
+           Row{"refresh", "refresh Demo.vbg", 0, false},
+           Row{"number", "number --component clsStock Demo.vbg", 0, true},
+           Row{"number twice", "number --component clsStock Demo.vbg", 0, false},
+           Row{"unnumber", "unnumber --component clsStock Demo.vbg", 0, true},
+           Row{"lock", "apply --set Locked=true --procedure Count Demo.vbg", 0, true},
+           Row{"passes the locked", "apply --set Retry=None --procedure Count Demo.vbg", 0, false},
+           Row{"unlocks first", "apply --set Retry=None --set Locked=False Demo.vbg", 0, true},
+           Row{"locks last", "apply --set Locked=True --set Retry=Line Demo.vbg", 0, true},
+           Row{"taken out", "apply --set Locked=False --set 'Template=(none)' Demo.vbg", 0, true},
+       }) {
+    SCOPED_TRACE(oRow.sName);
+    const auto oEarlier = oPlace.Files();
+    Workplace::Result oResult = oPlace.Run(oRow.sLine);
+    EXPECT_EQ(oResult.nExit, oRow.nExit) << oResult.sErr;
+    EXPECT_EQ(oPlace.Files() != oEarlier, oRow.bChanges) << oResult.sErr;
+  }
+  EXPECT_EQ(oPlace.Files(), oBefore);
+}
+
+TEST(Apply, SaysAsMuchAsWasAskedFor) {
+  Workplace oPlace;
+  ASSERT_EQ(oPlace.Run("apply -q --set Locked=True --procedure Count Demo.vbg").sErr, "");
+  EXPECT_EQ(oPlace.Run("apply -n -q --suggested Demo.vbg").sErr, "");
+  std::string sErr = oPlace.Run("apply -n -v --suggested Demo.vbg").sErr;
+  for (const char* sPart :
+       {"Processing Template \"Main\"", "Passed over, locked: 1", "Passed over, foreign: 0",
+        "Processing modMain.Main", "Nothing was written: 2 files would change"})
+    EXPECT_HOLDS(sErr, std::string(sPart));
+}
+
+TEST(Apply, DifferencesRebuildTheFilesByOtherPrograms) {
+  for (const char* sTool : {"git apply --whitespace=nowarn", "patch -s --binary -p1"}) {
+    SCOPED_TRACE(sTool);
+    Workplace oPlace;
+    oPlace.Write("src/My App/mod \"x\".bas", "Public Sub Run()\nEnd Sub");
+    oPlace.Write("src/My App/x.vbp", "Type=Exe\nModule=modX; mod \"x\".bas\n");
+    const std::string sRun = "apply --suggested Demo.vbg 'My App' ";
+    const auto oBefore = oPlace.Files();
+    Workplace::Result oResult =
+        oPlace.Run(sRun + "-n --diff > ../io/all.diff && " + sTool + " < ../io/all.diff");
+    ASSERT_EQ(oResult.nExit, 0) << oResult.sErr;
+    const auto oPatched = oPlace.Files();
+    EXPECT_NE(oPatched, oBefore);
+    for (const auto& [sPath, sBytes] : oBefore) oPlace.Write(sPath, sBytes);
+    ASSERT_EQ(oPlace.Run(sRun).nExit, 0);
+    EXPECT_EQ(oPlace.Files(), oPatched);
+  }
+}
+
+TEST(Apply, DifferencesShowHunksAndTheMissingLineEnd) {
+  Workplace oPlace;
+  Workplace::Result oResult =
+      oPlace.Run("apply -n --diff --color always --set Template=Odd, --procedure Jumps Demo.vbg");
+  EXPECT_EQ(oResult.sOut,
+            "\x1b[1m--- a/App/modMain.bas\x1b[m\n\x1b[1m+++ b/App/modMain.bas\x1b[m\n"
+            "\x1b[36m@@ -7,6 +7,11 @@\x1b[m\n End Sub\r\n \r\n"
+            " Private Function Jumps(ByVal n As Long) As Long\r\n"
+            "\x1b[32m+'Sign: Odd,\r\x1b[m\n\x1b[32m+    On Error GoTo Odd\r\x1b[m\n"
+            " 10  n = n - 1\r\n     If n > 0 Then GoTo 10\r\n"
+            "\x1b[32m+    Exit Function\r\x1b[m\n\x1b[32m+Odd:\r\x1b[m\n End Function\n"
+            "\\ No newline at end of file\n");
+}
+
+// A module in which nearly every line changes takes no longer than its size asks for.
+TEST(Apply, DifferencesOfALongModuleAreWhole) {
+  Workplace oPlace;
+  std::string sCode = "Attribute VB_Name = \"modLong\"\r\n";
+  for (int i = 0; i < 40; ++i) {
+    sCode += "Sub P" + std::to_string(i) + "()\r\n";
+    for (int j = 0; j < 990; ++j) sCode += j % 3 ? "    x = x + 1\r\n" : "    Beep\r\n";
+    sCode += "End Sub\r\n";
+  }
+  oPlace.Write("src/App/long.bas", sCode);
+  oPlace.Write("src/App/Demo.vbp", "Type=Exe\nModule=modLong; long.bas\n");
+  ASSERT_EQ(oPlace.Run(sSuggest + " --procedure 'P*'").nExit, 0);
+  const std::string sBefore = oPlace.Read("src/App/long.bas");
+  Workplace::Result oResult = oPlace.Run("number -q --diff Demo.vbg");
+  ASSERT_EQ(oResult.nExit, 0) << oResult.sErr;
+  const std::string sAfter = oPlace.Read("src/App/long.bas");
+  EXPECT_NE(sAfter, sBefore);
+  oPlace.Write("src/App/long.bas", sBefore);
+  oPlace.Write("io/long.diff", oResult.sOut);
+  ASSERT_EQ(oPlace.Run("--version && git apply --whitespace=nowarn ../io/long.diff").nExit, 0);
+  EXPECT_EQ(oPlace.Read("src/App/long.bas"), sAfter);
+}
+
+TEST(Apply, FilesThatCannotBeWrittenAreFailures) {
+  Workplace oPlace;
+  const auto oBefore = oPlace.Files();
+  chmod((oPlace.Folder() / "src/App/modMain.bas").c_str(), 0444);
+  EXPECT_EQ(oPlace.Run("apply -v --suggested --component modMain Demo.vbg").nExit, 0);
+  EXPECT_EQ(oPlace.Files(), oBefore) << "read-only files are passed over by the rule";
+  ASSERT_EQ(oPlace.Run("rules set 'Skip ReadOnly=false'").nExit, 0);
+  Workplace::Result oResult = oPlace.Run(sSuggest);
+  EXPECT_EQ(oResult.nExit, 1);
+  EXPECT_HOLDS(oResult.sErr, std::string("App/modMain.bas: not written: "));
+  EXPECT_EQ(oPlace.Files(), oBefore);
+}
+
+TEST(Check, TellsWhatWouldChangeAndWhatIsRefused) {
+  Workplace oPlace;
+  ASSERT_EQ(oPlace.Run("rules set 'Line Number Action=0'").nExit, 0);
+  Workplace::Result oText = oPlace.Run("check --component modMain --type '[FS]*' Demo.vbg");
+  EXPECT_EQ(oText.nExit, 1);
+  const std::string sChange =
+      ": Template (none) -> Main, Boundary unset -> None, Severity unset -> Normal, "
+      "Retry unset -> Line, Trace unset -> True\n";
+  EXPECT_EQ(oText.sOut, "App/modMain.bas:5: modMain.Main" + sChange +
+                            "App/modMain.bas:9: modMain.Jumps" + sChange +
+                            "App/modMain.bas:9: modMain.Jumps: refused: "
+                            "Line number 10 is the target of a jump\n");
+  auto oFindings = nlohmann::json::parse(
+      oPlace.Run("check --format json --procedure Jumps Demo.vbg").sOut)["findings"];
+  ASSERT_EQ(oFindings.size(), 2u);
+  EXPECT_EQ(oFindings[0]["changes"][0].dump(),
+            "{\"from\":\"(none)\",\"property\":\"Template\",\"to\":\"Main\"}");
+  EXPECT_EQ(oFindings[1]["kind"], "refused");
+  EXPECT_EQ(oFindings[1]["line"], 9);
+  Workplace::Result oApply = oPlace.Run("apply -q --suggested --component modMain Demo.vbg");
+  EXPECT_EQ(oApply.nExit, 1);
+  EXPECT_HOLDS(oApply.sErr, std::string("Processing modMain.Jumps\n    Line number 10"));
+}
+
+}  // namespace

@@ -1,0 +1,91 @@
+// list: its three forms and its scope.
+#include <nlohmann/json.hpp>
+
+#include "Workplace.h"
+
+namespace {
+
+using Json = nlohmann::json;
+
+TEST(List, ShowsARowPerProcedureInColumns) {
+  Workplace oPlace;
+  Workplace::Result oResult = oPlace.Run("list Demo.vbg");
+  EXPECT_EQ(oResult.nExit, 0);
+  EXPECT_EQ(oResult.sErr, "");
+  EXPECT_EQ(
+      oResult.sOut,
+      "Project  Component  Procedure       Type          Scope    Template  Locked  Boundary  "
+      "Severity  Retry  Trace\n"
+      "Demo     modMain    (declarations)                         (none)    False\n"
+      "Demo     modMain    Main            Sub           Public   (none)    False\n"
+      "Demo     modMain    Jumps           Function      Private  (none)    False\n"
+      "Demo     clsStock   (declarations)                         (none)    False\n"
+      "Demo     clsStock   Count           Property Get  Public   (none)    False\n");
+}
+
+TEST(List, TakesTheScopeThatWasAskedFor) {
+  Workplace oPlace;
+  const std::string sStart =
+      "project,component,procedure,type,scope,template,locked,boundary,"
+      "severity,retry,trace\n";
+  struct Row {
+    const char *sName, *sOptions, *sRows;
+  };
+  for (const Row& oRow : {
+           Row{"component in other case", "--component CLS*", "(declarations) Count "},
+           Row{"procedure and type", "--procedure '*a*' --type sub", "Main "},
+           Row{"several patterns", "--procedure Main --procedure Jumps", "Main Jumps "},
+           Row{"range in a list", "--procedure '[A-L]*'", "Jumps Count "},
+           Row{"declarations", "--type declarations", "(declarations) (declarations) "},
+           Row{"property kinds", "--type 'Property *'", "Count "},
+           Row{"ahead of the command and behind it", "--project d* --procedure Main", "Main "},
+           Row{"nothing", "--project Other", ""},
+       }) {
+    SCOPED_TRACE(oRow.sName);
+    Workplace::Result oResult =
+        oPlace.Run("-t TEMPLATE.DAT list --format csv " + std::string(oRow.sOptions) + " .");
+    ASSERT_EQ(oResult.sOut.substr(0, sStart.size()), sStart) << oResult.sErr;
+    std::string sNames;
+    std::istringstream oLines(oResult.sOut.substr(sStart.size()));
+    for (std::string sLine; std::getline(oLines, sLine);) {
+      std::istringstream oCells(sLine);
+      for (int i = 0; i < 3; ++i) std::getline(oCells, sLine, ',');
+      sNames += sLine + ' ';
+    }
+    EXPECT_EQ(sNames, oRow.sRows);
+  }
+}
+
+TEST(List, QuotesWhatCsvWouldBreak) {
+  Workplace oPlace;
+  ASSERT_EQ(oPlace.Run("apply -q --set Template=Odd, --procedure Main Demo.vbg").nExit, 0);
+  EXPECT_HOLDS(oPlace.Run("list --format csv --procedure Main Demo.vbg").sOut,
+               std::string("\nDemo,modMain,Main,Sub,Public,\"Odd,\",False,,,,False\n"));
+}
+
+TEST(List, JsonTellsPlacesSuggestionsAndLoadFailures) {
+  Workplace oPlace;
+  oPlace.Write("src/App/Demo.vbp",
+               oPlace.Read("src/App/Demo.vbp") + "Module=modGone; gone.bas\r\n");
+  Workplace::Result oResult = oPlace.Run("list --suggested --format json Demo.vbg");
+  EXPECT_EQ(oResult.nExit, 0);
+  EXPECT_HOLDS(oResult.sErr, std::string("gone.bas"));
+  Json oList = Json::parse(oResult.sOut);
+  EXPECT_EQ(oList["template"], "./TEMPLATE.DAT");
+  EXPECT_EQ(oList["projects"].dump(),
+            R"([{"file":"App/Demo.vbp","name":"Demo","type":"Standard EXE"}])");
+  ASSERT_EQ(oList["procedures"].size(), 5u);
+  const Json& oMain = oList["procedures"][1];
+  for (const auto& [sKey, oValue] : Json::parse(R"({"procedure": "Main", "template": "Main",
+        "locked": false, "boundary": "None", "severity": "Normal", "retry": "Line", "trace": true,
+        "file": "App/modMain.bas", "line": 5, "firstLine": 3, "foreign": false, "readOnly": false,
+        "boundaryInherited": false, "notes": {"boundary": "[Property Expert]"}})")
+                                        .items())
+    EXPECT_EQ(oMain[sKey], oValue) << sKey;
+  EXPECT_EQ(oList["procedures"][4]["line"], 9) << "behind the header of the class";
+  ASSERT_EQ(oList["loadFailures"].size(), 1u);
+  EXPECT_EQ(oList["loadFailures"][0]["component"], "modGone");
+  EXPECT_HOLDS(oList["loadFailures"][0]["reason"].get<std::string>(), std::string("gone.bas"));
+}
+
+}  // namespace

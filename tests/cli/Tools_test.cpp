@@ -1,0 +1,131 @@
+// template, text and rules: the commands that need no project.
+#include <nlohmann/json.hpp>
+
+#include "Workplace.h"
+
+namespace {
+
+using Json = nlohmann::json;
+
+TEST(Template, CheckAndListTellAboutAFile) {
+  Workplace oPlace;
+  oPlace.Write("src/lost.dat",
+               oPlace.Read("src/TEMPLATE.DAT") +
+                   "<#Template name=Lost type=procedure>\r\n<#Start>\r\n"
+                   "    Trap.Call #1\r\n<#BodyStart>\r\n<#BodyEnd>\r\nQ:\r\n<#End>\r\n");
+  oPlace.Write("src/bad.dat", "<#Template name=X>\r\n");
+  struct Row {
+    const char *sName, *sLine;
+    int nExit;
+    std::string sOut;
+  };
+  for (const Row& oRow : {
+           Row{"sound", "template check TEMPLATE.DAT", 0, "No Errors - Template File Loaded"},
+           Row{"can't be found again", "template check lost.dat", 1, "lost.dat:31: "},
+           Row{"errors", "template check bad.dat", 2, "    Line 1 "},
+           Row{"list", "template list TEMPLATE.DAT", 0,
+               "Signature\tsignature\nModule\tmodule\nMain\tprocedure\nOdd,\tprocedure\n"},
+           Row{"dump", "template dump TEMPLATE.DAT", 0, "   .sName=[Main]\n   .eType=3\n"},
+           Row{"missing", "template list none.dat", 2, ""},
+       }) {
+    SCOPED_TRACE(oRow.sName);
+    Workplace::Result oResult = oPlace.Run(oRow.sLine);
+    EXPECT_EQ(oResult.nExit, oRow.nExit) << oResult.sErr;
+    EXPECT_HOLDS(oResult.sOut, oRow.sOut);
+  }
+}
+
+TEST(Text, AnswersEachRequestInItsOrder) {
+  Workplace oPlace;
+  struct Row {
+    const char *sName, *sOp, *sRequest, *sExpected;
+    int nExit = 0;
+  };
+  for (
+      const Row& oRow : {
+          Row{"insert", "insert",
+              R"({"id": [1], "name": "R", "module": "m", "type": "Sub", "template": "main",
+                   "severity": "Fatal", "before": "Sub R()\r\nEnd Sub"})",
+              R"({"id": [1], "messages": [], "after": "Sub R()\r\n'Sign: main\r\n    On Error GoTo Caught\r\n    Exit Sub\r\nCaught:\r\n    Trap.Level = tvnSeverityFatal\r\n    Trap.Caught \"m\", \"R\"\r\nEnd Sub"})"},
+          Row{"remove", "remove",
+              R"({"name": "R", "type": "Sub", "template": "Odd,", "before": "Sub R()\r\n'Sign: Odd,\r\n    On Error GoTo Odd\r\n    \u00e9\r\n    Exit Sub\r\nOdd:\r\nEnd Sub"})",
+              R"({"after": "Sub R()\r\n    \u00e9\r\nEnd Sub"})"},
+          Row{"refused", "remove", R"({"template": "Gone", "before": "Sub R()\r\nEnd Sub"})",
+              R"({"after": null})", 1},
+          Row{"number", "number", R"({"line_action": 0, "before": "    a\r\n    b"})",
+              R"({"after": "1   a\r\n2   b\r\n"})"},
+          Row{"extract", "extract",
+              R"({"before": "Sub R()\r\n'Sign: MAIN&Locked\r\n    Trap.Edge = tvnBoundaryVB\r\nEnd Sub"})",
+              R"({"settings": {"template": "Main", "locked": true, "boundary": "tvnBoundaryVB", "severity": "", "retry": "", "trace": false}})"},
+          Row{"signature", "signature", R"({"locked": 2, "before": "Sub R()\r\nEnd Sub"})",
+              R"({"after": "Sub R()\r\n'Sign: Locked\r\nEnd Sub"})"},
+          Row{"unsignature", "unsignature", R"({"before": "Sub R()\r\n'Sign: Locked\r\nEnd Sub"})",
+              R"({"after": "Sub R()\r\nEnd Sub"})"},
+          Row{"no JSON", "number", "{", R"({"line": 1})", 2},
+          Row{"no object", "number", "[]", R"({"line": 1, "error": "The line is no JSON object"})",
+              2},
+          Row{"no text", "number", "{}", R"({"error": "before is missing: the text to work on"})",
+              2},
+          Row{"wrong kind", "number", R"({"before": "", "line_action": 7})",
+              R"({"error": "line_action has to be a number from -1 to 2"})", 2},
+          Row{"unknown value", "insert", R"({"before": "", "retry": "Often"})", R"({"line": 1})",
+              2},
+          Row{"broken UTF-8", "number", "{\"before\": \"\xff\"}", R"({"line": 1})", 2},
+          Row{"broken surrogate", "number", R"({"before": "\ud800"})", R"({"line": 1})", 2},
+      }) {
+    SCOPED_TRACE(oRow.sName);
+    std::string sRequest = oRow.sRequest;
+    std::erase(sRequest, '\n');
+    Workplace::Result oResult =
+        oPlace.Run(std::string("text -t TEMPLATE.DAT ") + oRow.sOp, sRequest + "\n\n" + sRequest);
+    EXPECT_EQ(oResult.nExit, oRow.nExit) << oResult.sErr;
+    std::istringstream oLines(oResult.sOut);
+    for (std::size_t lLine : {1u, 3u}) {
+      std::string sLine;
+      ASSERT_TRUE(std::getline(oLines, sLine)) << oResult.sErr;
+      Json oAnswer = Json::parse(sLine);
+      for (auto& [sKey, oValue] : Json::parse(oRow.sExpected).items())
+        EXPECT_EQ(oAnswer[sKey], sKey == "line" ? Json(lLine) : oValue) << sKey;
+    }
+  }
+}
+
+TEST(Text, SurvivesALineThatIsNestedAMillionTimes) {
+  Workplace oPlace;
+  Workplace::Result oResult =
+      oPlace.Run("text number", R"({"before": "", "x": )" + std::string(1'000'000, '[') +
+                                    std::string(1'000'000, ']') + "}\n{\"before\": \"a\"}\n");
+  EXPECT_EQ(oResult.nExit, 2);
+  EXPECT_HOLDS(oResult.sOut, std::string("\"after\":\"a\\r\\n\""));
+}
+
+TEST(Rules, AreKeptInTheFileThatWasNamed) {
+  Workplace oPlace;
+  const std::string sFile = " --settings ../io/team.reg";
+  oPlace.Write("io/team.reg",
+               "Windows Registry Editor Version 5.00\r\n\r\n"
+               "[HKEY_CURRENT_USER\\Software\\Morvelle\\Tarvane\\Quillon\\FMain\\Recent Files]\r\n"
+               "\"1\"=\"C:\\\\T.dat\"\r\n\"1_PropString\"=\"DefaultProcTemplate=Main\"\r\n"
+               "\"Mine\"=hex(b):01\r\n");
+  struct Row {
+    const char *sName, *sLine, *sShown;
+  };
+  for (const Row& oRow : {
+           Row{"set", "rules set 'severity default=3' 'Skip ReadOnly=FALSE'",
+               "Severity Default=3\n"},
+           Row{"the other one", "rules show", "Skip ReadOnly=0\n"},
+           Row{"all or nothing", "rules set 'Retry Default=2' 'Trace Default=5'",
+               "Retry Default=1\n"},
+           Row{"dry run", "-n rules set 'Retry Default=2'", "Retry Default=1\n"},
+           Row{"reset", "rules reset", "Severity Default=2\n"},
+       }) {
+    SCOPED_TRACE(oRow.sName);
+    oPlace.Run(oRow.sLine + sFile);
+    EXPECT_HOLDS(oPlace.Run("rules show" + sFile).sOut, std::string(oRow.sShown));
+  }
+  std::string sKept = oPlace.Read("io/team.reg");
+  EXPECT_HOLDS(sKept, std::string("DefaultProcTemplate=Main"));
+  EXPECT_HOLDS(sKept, std::string("\"Mine\"=hex(b):01"));
+}
+
+}  // namespace
