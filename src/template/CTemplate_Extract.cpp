@@ -8,9 +8,40 @@
 
 namespace {
 
+/// True when the text holds the word in any case. Looks at every fifth unit or so: most texts are
+/// long and don't hold it.
+bool HoldsError(TextView sText) {
+  constexpr TextView sWord = u"error";
+  const auto Lower = [](char16_t c) {
+    return static_cast<char16_t>(c >= u'A' && c <= u'Z' ? c + 32 : c);
+  };
+  for (std::size_t i = sWord.size() - 1; i < sText.size();) {
+    switch (Lower(sText[i])) {
+      case u'r': {
+        std::size_t k = 1;
+        while (k < sWord.size() && Lower(sText[i - k]) == sWord[sWord.size() - 1 - k]) ++k;
+        if (k == sWord.size()) return true;
+        ++i;
+        break;
+      }
+      case u'o':
+        ++i;
+        break;
+      case u'e':
+        i += 4;
+        break;
+      default:
+        i += 5;
+    }
+  }
+  return false;
+}
+
 /// True when the code handles errors on its own: anything but balanced pairs of Resume Next and
 /// GoTo 0.
-bool IsBespoke(const ProcText& oProc) {
+bool IsBespoke(TextView sProcCode) {
+  if (!HoldsError(sProcCode)) return false;
+  const ProcText oProc(sProcCode);
   bool bInside = false;
   for (std::size_t i = 0; i < oProc.Count(); ++i) {
     const TextView sFolded = oProc.Folded(i);
@@ -42,12 +73,11 @@ std::int32_t IdFromLine(const LineRow& oRow, TextView sFolded, TextView sToken,
 }  // namespace
 
 void CTemplate::ExtractProcSettings(TextView sProcCode, CProcSettings& oProcSettings) const {
-  const ProcText oProc(sProcCode);
-  const auto oSignature = Signatures().Find(oProc);
+  const auto oSignature = Signatures().Find(sProcCode);
   oProcSettings.SeteLocked(oSignature && oSignature->bLocked ? MQuillon::StateTrue
                                                              : MQuillon::StateFalse);
   if (!oSignature || oSignature->sTemplate.empty()) {
-    oProcSettings.SetsTemplate(IsBespoke(oProc) ? MQuillon::BespokeName : TextView());
+    oProcSettings.SetsTemplate(IsBespoke(sProcCode) ? MQuillon::BespokeName : TextView());
     return;
   }
   const std::int32_t lTemplate = LookupTemplate(oSignature->sTemplate);
@@ -57,7 +87,7 @@ void CTemplate::ExtractProcSettings(TextView sProcCode, CProcSettings& oProcSett
   }
   const TemplateRow& oTemplate = matTemplate[static_cast<std::size_t>(lTemplate)];
   oProcSettings.SetsTemplate(oTemplate.sName);
-  ExtractValues(oTemplate, oProc, oProcSettings);
+  ExtractValues(oTemplate, ProcText(sProcCode), oProcSettings);
 }
 
 void CTemplate::ExtractValues(const TemplateRow& oTemplate, const ProcText& oProc,

@@ -73,10 +73,13 @@ void CTemplate::InsertTemplate(TextView sModuleName, TextView sProcName, TextVie
     oRequest.bLocked = bLocked;
     oRequest.lBodyLine = lBodyLine;
     oRequest.eLineNumAction = eLineNumAction;
-    const Text sClean = WithoutLockSignature(sProcCode, oRequest.lBodyLine);
+    oRequest.bSigned = Signatures().Find(sProcCode).has_value();
+    Text sClean;
+    if (oRequest.bSigned) sClean = WithoutLockSignature(sProcCode, oRequest.lBodyLine);
+    const ProcText oProc(oRequest.bSigned ? TextView(sClean) : TextView(sProcCode));
     Text sResult;
-    const Text sRefusal = bDeclarations ? InsertIntoDeclarations(oRequest, sClean, sResult)
-                                        : InsertIntoProcedure(oRequest, sClean, sResult);
+    const Text sRefusal = bDeclarations ? InsertIntoDeclarations(oRequest, oProc, sResult)
+                                        : InsertIntoProcedure(oRequest, oProc, sResult);
     if (!sRefusal.empty()) return Refuse(sRefusal, bErrors);
     sProcCode = std::move(sResult);
   });
@@ -90,8 +93,9 @@ void CTemplate::RemoveTemplate(TextView sModuleName, TextView sProcName, TextVie
     bErrors = false;
     const std::int32_t lRow = FindForRewrite(sTemplate, bErrors);
     if (lRow == 0) return;
+    const ProcText oProc(sProcCode);
     CProcSettings oCode;
-    ExtractProcSettings(sProcCode, oCode);
+    ExtractValues(matTemplate[static_cast<std::size_t>(lRow)], oProc, oCode);
     const Text sBoundary = MQuillon::BoundaryName(oCode.eBoundary());
     const Text sSeverity = MQuillon::SeverityName(oCode.eSeverity());
     const Text sRetry = MQuillon::RetryName(oCode.eRetry());
@@ -113,8 +117,8 @@ void CTemplate::RemoveTemplate(TextView sModuleName, TextView sProcName, TextVie
     oRequest.lBodyLine = lBodyLine;
     Text sResult;
     const std::vector<Text> asRefusal = bDeclarations
-                                            ? RemoveFromDeclarations(oRequest, sProcCode, sResult)
-                                            : RemoveFromProcedure(oRequest, sProcCode, sResult);
+                                            ? RemoveFromDeclarations(oRequest, oProc, sResult)
+                                            : RemoveFromProcedure(oRequest, oProc, sResult);
     for (const Text& sRefusal : asRefusal) Refuse(sRefusal, bErrors);
     if (asRefusal.empty()) sProcCode = std::move(sResult);
   });
@@ -126,6 +130,7 @@ Text CTemplate::WithoutLockSignature(TextView sProcCode) const {
 }
 
 Text CTemplate::WithoutLockSignature(TextView sProcCode, std::int32_t& lBodyLine) const {
+  if (!Signatures().Find(sProcCode)) return Text(sProcCode);
   const ProcText oProc(sProcCode);
   const std::int32_t lHead = lBodyLine;
   LineWriter oWriter;

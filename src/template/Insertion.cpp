@@ -49,6 +49,7 @@ Text CheckType(const InsertionRequest& oRequest, TemplateType eType, TextView sW
 }
 
 Text CheckNoTemplate(const InsertionRequest& oRequest, const ProcText& oProc) {
+  if (!oRequest.bSigned) return Text();
   for (std::size_t i = 0; i < oProc.Count(); ++i) {
     const TextView sFolded = oProc.Folded(i);
     if (sFolded.empty()) continue;
@@ -131,18 +132,17 @@ void WriteSections(const InsertionRequest& oRequest, const ProcText& oProc,
 
 }  // namespace
 
-Text InsertIntoProcedure(const InsertionRequest& oRequest, TextView sProcCode, Text& sResult) {
+Text InsertIntoProcedure(const InsertionRequest& oRequest, const ProcText& oProc, Text& sResult) {
   Text sRefusal = CheckType(oRequest, TemplateProcedure, u"procedure");
   if (sRefusal.empty()) sRefusal = CheckSignature(oRequest);
   if (!sRefusal.empty()) return sRefusal;
-  const ProcText oProc(sProcCode);
   const ProcPlaces oPlaces = FindPlaces(oProc, oRequest.lBodyLine, oRequest.oValues.sBaseType);
   if (oPlaces.Refused()) return oPlaces.sRefusal;
   sRefusal = CheckNoTemplate(oRequest, oProc);
   if (!sRefusal.empty()) return sRefusal;
 
   LineWriter oWriter;
-  oWriter.Reserve(sProcCode.size() * 2 + 1024);
+  oWriter.Reserve(oProc.Units() + 2048);
   oWriter.Add(oProc, 0, oPlaces.lFirstBody);
   oWriter.Add(oRequest.pSignature->Line(oRequest.oValues.sTemplate, oRequest.bLocked));
   try {
@@ -155,17 +155,17 @@ Text InsertIntoProcedure(const InsertionRequest& oRequest, TextView sProcCode, T
   return Text();
 }
 
-Text InsertIntoDeclarations(const InsertionRequest& oRequest, TextView sProcCode, Text& sResult) {
+Text InsertIntoDeclarations(const InsertionRequest& oRequest, const ProcText& oProc,
+                            Text& sResult) {
   Text sRefusal = CheckType(oRequest, TemplateModule, u"module");
   if (sRefusal.empty()) sRefusal = CheckSignature(oRequest);
   if (!sRefusal.empty()) return sRefusal;
-  const ProcText oProc(sProcCode);
   sRefusal = CheckNoTemplate(oRequest, oProc);
   if (!sRefusal.empty()) return sRefusal;
 
   const TemplateRow& oTemplate = *oRequest.pTemplate;
-  const std::size_t lLines = sProcCode.empty() ? 0 : oProc.Count();
-  const std::size_t lPlace = sProcCode.empty() ? 0 : BehindOptions(oProc);
+  const std::size_t lLines = oProc.Units() == 0 ? 0 : oProc.Count();
+  const std::size_t lPlace = oProc.Units() == 0 ? 0 : BehindOptions(oProc);
   LineWriter oWriter;
   oWriter.Add(oProc, 0, lPlace);
   oWriter.Add(oRequest.pSignature->Line(oRequest.oValues.sTemplate, oRequest.bLocked));

@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "MRules.h"
+#include "ProcText.h"
 #include "Sections.h"
 #include "Signature.h"
 #include "TemplateRows.h"
@@ -18,14 +19,15 @@ struct InsertionRequest {
   const MRules::Values* pRules = nullptr;
   SectionValues oValues;
   bool bLocked = false;
+  bool bSigned = true;         ///< false: the text is known to hold no signature
   std::int32_t lBodyLine = 1;  ///< from 1
   std::int32_t eLineNumAction = 1;
 };
 
 /// sResult is the new text. The result is the message that refuses it, or empty.
-[[nodiscard]] Text InsertIntoProcedure(const InsertionRequest& oRequest, TextView sProcCode,
+[[nodiscard]] Text InsertIntoProcedure(const InsertionRequest& oRequest, const ProcText& oProc,
                                        Text& sResult);
-[[nodiscard]] Text InsertIntoDeclarations(const InsertionRequest& oRequest, TextView sProcCode,
+[[nodiscard]] Text InsertIntoDeclarations(const InsertionRequest& oRequest, const ProcText& oProc,
                                           Text& sResult);
 
 /// The mark of clean-up code that waits as comment lines, in lower case.

@@ -17,25 +17,8 @@ TextView TrimWhite(TextView sText) {
 }
 
 char16_t Lower(char16_t cUnit) {
-  if (cUnit < 0x80)
-    return cUnit >= u'A' && cUnit <= u'Z' ? static_cast<char16_t>(cUnit + 32) : cUnit;
+  if (cUnit < 0x80) return static_cast<char16_t>(cUnit + (cUnit >= u'A' && cUnit <= u'Z' ? 32 : 0));
   return LowerCase(cUnit);
-}
-
-/// Appends FullTrim and lower case of the line. sFolded has room for it already.
-void AppendFolded(TextView sLine, Text& sFolded) {
-  const std::size_t lStart = sFolded.size();
-  bool bBlank = true;  // leading blanks go
-  for (char16_t cUnit : sLine) {
-    if (cUnit == u' ') {
-      if (!bBlank) sFolded.push_back(u' ');
-      bBlank = true;
-    } else {
-      sFolded.push_back(Lower(cUnit));
-      bBlank = false;
-    }
-  }
-  if (bBlank && sFolded.size() > lStart) sFolded.pop_back();
 }
 
 bool IsWordUnit(char16_t cUnit) {
@@ -146,20 +129,35 @@ bool IsBlank(TextView sLine) {
   return sLine.find_first_not_of(u' ') == TextView::npos;
 }
 
-ProcText::ProcText(TextView sProcCode) {
-  std::size_t lStart = 0;
-  for (;;) {
-    const std::size_t lEnd = sProcCode.find(CrLf, lStart);
-    moLines.push_back(sProcCode.substr(lStart, lEnd == TextView::npos ? lEnd : lEnd - lStart));
-    if (lEnd == TextView::npos) break;
-    lStart = lEnd + CrLf.size();
-  }
-  msFolded.reserve(sProcCode.size());
-  moFolds.reserve(moLines.size() + 1);
+// One pass splits and folds: every operation begins with it, so it makes up much of a run.
+ProcText::ProcText(TextView sProcCode) : mlUnits(sProcCode.size()) {
+  msFolded.resize(sProcCode.size());
+  moLines.reserve(sProcCode.size() / 24 + 2);
+  moFolds.reserve(moLines.capacity() + 1);
   moFolds.push_back(0);
-  for (TextView sLine : moLines) {
-    AppendFolded(sLine, msFolded);
-    moFolds.push_back(static_cast<std::uint32_t>(msFolded.size()));
+  const char16_t* pUnit = sProcCode.data();
+  const char16_t* const pEnd = pUnit + sProcCode.size();
+  char16_t* pFolded = msFolded.data();
+  for (;;) {
+    const char16_t* const pLine = pUnit;
+    char16_t* const pLineFolded = pFolded;
+    bool bBlank = true;  // leading blanks go
+    for (; pUnit != pEnd; ++pUnit) {
+      const char16_t cUnit = *pUnit;
+      if (cUnit == u'\r' && pUnit + 1 != pEnd && pUnit[1] == u'\n') break;
+      if (cUnit == u' ') {
+        if (!bBlank) *pFolded++ = u' ';
+        bBlank = true;
+      } else {
+        *pFolded++ = Lower(cUnit);
+        bBlank = false;
+      }
+    }
+    if (bBlank && pFolded != pLineFolded) --pFolded;
+    moLines.emplace_back(pLine, static_cast<std::size_t>(pUnit - pLine));
+    moFolds.push_back(static_cast<std::uint32_t>(pFolded - msFolded.data()));
+    if (pUnit == pEnd) break;
+    pUnit += CrLf.size();
   }
 }
 

@@ -25,6 +25,8 @@ class ProcText {
  public:
   explicit ProcText(TextView sProcCode);
 
+  /// Length of the text that was given.
+  std::size_t Units() const { return mlUnits; }
   std::size_t Count() const { return moLines.size(); }
   TextView Line(std::size_t i) const { return moLines[i]; }
   const std::vector<TextView>& Lines() const { return moLines; }
@@ -37,6 +39,7 @@ class ProcText {
 
  private:
   std::vector<TextView> moLines;
+  std::size_t mlUnits = 0;
   Text msFolded;
   std::vector<std::uint32_t> moFolds;
 };

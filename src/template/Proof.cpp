@@ -125,6 +125,16 @@ std::map<Text, Text> NumberedStatements(const ProcText& oProc) {
   return oStatements;
 }
 
+/// True when a line of the text begins with a digit, behind its blanks.
+bool HoldsNumberedLine(TextView sText) {
+  for (std::size_t i = 0; i < sText.size(); i = sText.find(u'\n', i)) {
+    if (i > 0) ++i;
+    while (i < sText.size() && sText[i] == u' ') ++i;
+    if (i < sText.size() && IsDigit(sText[i])) return true;
+  }
+  return false;
+}
+
 /// True when sAfter is sBefore with at most one piece put into it.
 bool IsSameStatement(TextView sBefore, TextView sAfter) {
   if (sAfter.size() < sBefore.size()) return false;
@@ -140,6 +150,7 @@ Text Named(TextView sText) {
 }  // namespace
 
 Text Proof::FirstDifference(TextView sBefore, TextView sBack, bool bNumbered) {
+  if (sBefore == sBack) return Text();
   const ProcText oBefore(sBefore), oBack(sBack);
   const Parts oLeft = Divide(oBefore), oRight = Divide(oBack);
   const std::size_t lCommon = std::min(oLeft.alLine.size(), oRight.alLine.size());
@@ -164,6 +175,7 @@ Text Proof::FirstDifference(TextView sBefore, TextView sBack, bool bNumbered) {
 }
 
 Text Proof::LostJumpTarget(TextView sBefore, TextView sAfter) {
+  if (!HoldsNumberedLine(sBefore)) return Text();
   const ProcText oBefore(sBefore);
   const auto oOld = NumberedStatements(oBefore);
   if (oOld.empty()) return Text();

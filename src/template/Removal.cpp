@@ -22,8 +22,8 @@ Text LineMessage(TextView sMessage, std::size_t lLine, TextView sLine) {
 /// Removal from one procedure: the places first, then whether they can be trusted, then the text.
 class ProcedureRemoval {
  public:
-  ProcedureRemoval(const RemovalRequest& oRequest, TextView sProcCode)
-      : moRequest(oRequest), moTemplate(*oRequest.pTemplate), moProc(sProcCode) {}
+  ProcedureRemoval(const RemovalRequest& oRequest, const ProcText& oProc)
+      : moRequest(oRequest), moTemplate(*oRequest.pTemplate), moProc(oProc) {}
 
   std::vector<Text> Run(Text& sResult) {
     const ProcPlaces oPlaces = FindPlaces(moProc, moRequest.lBodyLine, moRequest.oValues.sBaseType);
@@ -213,7 +213,7 @@ class ProcedureRemoval {
 
   Text Compose() {
     LineWriter oWriter;
-    oWriter.Reserve(moProc.Count() * 40);
+    oWriter.Reserve(moProc.Units());
     oWriter.Add(moProc, 0, mlFirstBody);
     std::size_t lFirst = mlBodyStart + 1;
     std::size_t lEnd = mlBodyEnd;
@@ -273,7 +273,7 @@ class ProcedureRemoval {
 
   const RemovalRequest& moRequest;
   const TemplateRow& moTemplate;
-  const ProcText moProc;
+  const ProcText& moProc;
   std::vector<Text> masMessage;
   std::size_t mlFirstBody = 0, mlProcEnd = None;
   std::size_t mlBodyStart = None, mlBodyEnd = None, mlFireStart = None, mlFireEnd = None;
@@ -298,14 +298,13 @@ std::size_t BlankRowsBehind(const RemovalRequest& oRequest, const LineRow* pRow)
 
 }  // namespace
 
-std::vector<Text> RemoveFromProcedure(const RemovalRequest& oRequest, TextView sProcCode,
+std::vector<Text> RemoveFromProcedure(const RemovalRequest& oRequest, const ProcText& oProc,
                                       Text& sResult) {
-  return ProcedureRemoval(oRequest, sProcCode).Run(sResult);
+  return ProcedureRemoval(oRequest, oProc).Run(sResult);
 }
 
-std::vector<Text> RemoveFromDeclarations(const RemovalRequest& oRequest, TextView sProcCode,
+std::vector<Text> RemoveFromDeclarations(const RemovalRequest& oRequest, const ProcText& oProc,
                                          Text& sResult) {
-  const ProcText oProc(sProcCode);
   const TemplateRow& oTemplate = *oRequest.pTemplate;
   std::vector<Text> asMessage;
   for (std::int32_t l = oTemplate.lStart[SectionStart]; l <= oTemplate.lStart[SectionEnd]; ++l) {
@@ -327,7 +326,10 @@ std::vector<Text> RemoveFromDeclarations(const RemovalRequest& oRequest, TextVie
                  *oRequest.pSignature);
   LineWriter oWriter;
   std::size_t lBlankRows = 0;  // blank lines that the template wrote behind the row just dropped
-  for (std::size_t i = 0; i < oProc.Count(); ++i) {
+  // A line end at the end of the text makes no line of its own here: one is always put back.
+  const bool bEnded = oProc.Line(oProc.Count() - 1).empty();
+  const std::size_t lLines = oProc.Count() - (bEnded ? 1 : 0);
+  for (std::size_t i = 0; i < lLines; ++i) {
     const TextView sFolded = oProc.Folded(i);
     if (i >= lSignature && sFolded.empty() && lBlankRows > 0) {
       --lBlankRows;
@@ -338,7 +340,8 @@ std::vector<Text> RemoveFromDeclarations(const RemovalRequest& oRequest, TextVie
       oWriter.Add(oProc.Line(i));
     }
   }
+  const bool bAny = oWriter.Any();
   sResult = oWriter.Take();
-  if (!sResult.empty() && !TextView(sResult).ends_with(CrLf)) sResult.append(CrLf);
+  if (bAny) sResult.append(CrLf);
   return asMessage;
 }

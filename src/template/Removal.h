@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "MRules.h"
+#include "ProcText.h"
 #include "Sections.h"
 #include "Signature.h"
 #include "TemplateRows.h"
@@ -24,7 +25,7 @@ struct RemovalRequest {
 
 /// sResult is the text without the template. The result holds the messages that refuse it.
 [[nodiscard]] std::vector<Text> RemoveFromProcedure(const RemovalRequest& oRequest,
-                                                    TextView sProcCode, Text& sResult);
+                                                    const ProcText& oProc, Text& sResult);
 /// sResult comes back with a line end behind its last line.
 [[nodiscard]] std::vector<Text> RemoveFromDeclarations(const RemovalRequest& oRequest,
-                                                       TextView sProcCode, Text& sResult);
+                                                       const ProcText& oProc, Text& sResult);

@@ -83,6 +83,8 @@ Signature::Signature(const std::vector<TemplateRow>& oTemplates,
     const Text& sPattern = oRow.sLike.Pattern();
     const bool bWide = sPattern.find_first_not_of(u"* '") == Text::npos;
     moRows.push_back({&oRow, Fold(oRow.sLine), bWide});
+    if (!sPattern.empty() && sPattern.find_first_of(u"*?#[") == 0) mbAnyBegin = true;
+    if (!sPattern.empty()) msBegins.push_back(sPattern.front());
     if (l == oTemplate.lStart[SectionStart] + 1) mpFirst = &oRow;
   }
 }
@@ -126,11 +128,25 @@ std::optional<SignatureValue> Signature::Read(TextView sFolded) const {
   return std::nullopt;
 }
 
-std::optional<SignatureValue> Signature::Find(const ProcText& oProc) const {
-  for (std::size_t i = 0; i < oProc.Count(); ++i) {
-    const TextView sFolded = oProc.Folded(i);
-    if (sFolded.empty()) continue;
-    if (auto oValue = Read(sFolded)) return oValue;
+bool Signature::MayBegin(char16_t cUnit) const {
+  return mbAnyBegin || cUnit >= 0x80 || msBegins.find(cUnit) != Text::npos ||
+         msBegins.find(LowerCase(cUnit)) != Text::npos;
+}
+
+std::optional<SignatureValue> Signature::Find(TextView sProcCode) const {
+  // Nearly every line can be told by its first unit; only the others are folded and compared.
+  Text sFolded;
+  for (std::size_t lStart = 0; lStart < sProcCode.size();) {
+    const std::size_t lEnd = std::min(sProcCode.find(u'\r', lStart), sProcCode.size());
+    const std::size_t lFirst = sProcCode.find_first_not_of(u' ', lStart);
+    if (lFirst < lEnd && MayBegin(sProcCode[lFirst])) {
+      const std::size_t lLineEnd = std::min(sProcCode.find(CrLf, lEnd), sProcCode.size());
+      MXString::FoldLine(sProcCode.substr(lStart, lLineEnd - lStart), sFolded);
+      if (auto oValue = Read(sFolded)) return oValue;
+    }
+    // A lone CR doesn't end a line: what follows it is in the same line, not at its start.
+    lStart = std::min(sProcCode.find(CrLf, lEnd), sProcCode.size());
+    lStart += CrLf.size();
   }
   return std::nullopt;
 }

@@ -36,7 +36,7 @@ class Signature {
   /// What a folded line says; nullopt when it is no signature or yields no value.
   std::optional<SignatureValue> Read(TextView sFolded) const;
   /// The first signature of a text; the search covers all of it.
-  std::optional<SignatureValue> Find(const ProcText& oProc) const;
+  std::optional<SignatureValue> Find(TextView sProcCode) const;
 
  private:
   struct Row {
@@ -44,8 +44,12 @@ class Signature {
     Text sFolded;  ///< the row's text, FullTrim, lower case
     bool bWide;    ///< the pattern holds nothing to tell a signature from any comment
   };
+  /// False when no row's pattern can fit a line that begins, behind its blanks, with this unit.
+  bool MayBegin(char16_t cUnit) const;
   std::optional<SignatureValue> ReadRow(const Row& oRow, TextView sFolded) const;
 
   const LineRow* mpFirst = nullptr;
   std::vector<Row> moRows;
+  Text msBegins;            ///< the first units of the patterns that begin with an ordinary one
+  bool mbAnyBegin = false;  ///< a pattern begins with something else
 };

@@ -136,6 +136,8 @@ TEST(Removal, OfDeclarationsKeepsWhatIsTheUsers) {
       {"a row serves one line", u"'Sig: Mod|Private Const M = \"Mod\"|Private Const M = \"b\"",
        "Private Const M = \"b\"|"},
       {"what doesn't fit stays", u"'Sig: Mod|Private Const N = 1", "Private Const N = 1|"},
+      {"a blank line ahead of a template that ends the section stays",
+       u"Dim a||'Sig: Mod||Private Const M = \"Mod\"|", "Dim a||"},
       {"all of it", u"'Sig: Mod||Private Const M = \"Mod\"|", ""},
   };
   for (const auto& oRow : oRows) {
