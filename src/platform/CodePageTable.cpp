@@ -21,27 +21,27 @@ struct Range {
 /// Lead and trail bytes as Windows splits characters, also those that a user defined for himself.
 /// An empty range has its first above its last.
 struct PageRow {
-  int lNumber;
   const char* pcTable;
+  int lNumber;
   Range aoLead[2];
   Range aoTrail[3];
 };
 
 constexpr Range oNone = {1, 0};
 constexpr PageRow aoPage[] = {
-    {874, "WINDOWS-874", {oNone, oNone}, {oNone, oNone, oNone}},
-    {932, "CP932", {{0x81, 0x9F}, {0xE0, 0xFC}}, {{0x40, 0x7E}, {0x80, 0xFC}, oNone}},
-    {936, "CP936", {{0x81, 0xFE}, oNone}, {{0x40, 0x7E}, {0x80, 0xFE}, oNone}},
-    {949, "CP949", {{0x81, 0xFE}, oNone}, {{0x41, 0x5A}, {0x61, 0x7A}, {0x81, 0xFE}}},
-    {950, "CP950", {{0x81, 0xFE}, oNone}, {{0x40, 0x7E}, {0x80, 0xFE}, oNone}},
-    {1250, "CP1250", {oNone, oNone}, {oNone, oNone, oNone}},
-    {1251, "CP1251", {oNone, oNone}, {oNone, oNone, oNone}},
-    {1253, "CP1253", {oNone, oNone}, {oNone, oNone, oNone}},
-    {1254, "CP1254", {oNone, oNone}, {oNone, oNone, oNone}},
-    {1255, "CP1255", {oNone, oNone}, {oNone, oNone, oNone}},
-    {1256, "CP1256", {oNone, oNone}, {oNone, oNone, oNone}},
-    {1257, "CP1257", {oNone, oNone}, {oNone, oNone, oNone}},
-    {1258, "CP1258", {oNone, oNone}, {oNone, oNone, oNone}},
+    {"WINDOWS-874", 874, {oNone, oNone}, {oNone, oNone, oNone}},
+    {"CP932", 932, {{0x81, 0x9F}, {0xE0, 0xFC}}, {{0x40, 0x7E}, {0x80, 0xFC}, oNone}},
+    {"CP936", 936, {{0x81, 0xFE}, oNone}, {{0x40, 0x7E}, {0x80, 0xFE}, oNone}},
+    {"CP949", 949, {{0x81, 0xFE}, oNone}, {{0x41, 0x5A}, {0x61, 0x7A}, {0x81, 0xFE}}},
+    {"CP950", 950, {{0x81, 0xFE}, oNone}, {{0x40, 0x7E}, {0x80, 0xFE}, oNone}},
+    {"CP1250", 1250, {oNone, oNone}, {oNone, oNone, oNone}},
+    {"CP1251", 1251, {oNone, oNone}, {oNone, oNone, oNone}},
+    {"CP1253", 1253, {oNone, oNone}, {oNone, oNone, oNone}},
+    {"CP1254", 1254, {oNone, oNone}, {oNone, oNone, oNone}},
+    {"CP1255", 1255, {oNone, oNone}, {oNone, oNone, oNone}},
+    {"CP1256", 1256, {oNone, oNone}, {oNone, oNone, oNone}},
+    {"CP1257", 1257, {oNone, oNone}, {oNone, oNone, oNone}},
+    {"CP1258", 1258, {oNone, oNone}, {oNone, oNone, oNone}},
 };
 
 template <class Ranges>
@@ -75,7 +75,7 @@ class Converter {
   }
 
  private:
-  bool IsOpen() const { return mhConverter != reinterpret_cast<iconv_t>(-1); }
+  bool IsOpen() const { return reinterpret_cast<std::intptr_t>(mhConverter) != -1; }
   iconv_t mhConverter;
 };
 
@@ -86,7 +86,7 @@ char16_t Carried(unsigned char cByte) {
   return static_cast<char16_t>(0xDC00 + cByte);
 }
 
-class CodePageTable : public CodePage {
+class CodePageTable final : public CodePage {
  public:
   explicit CodePageTable(const PageRow& oPage)
       : moPage(oPage), msName(std::to_string(oPage.lNumber)), malBytes(0x10000) {

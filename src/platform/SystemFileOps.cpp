@@ -112,7 +112,8 @@ class SystemOps : public IFileOps {
       // EINVAL: no link. A missing file is for the caller to find.
       if (lLength < 0) return errno == EINVAL || errno == ENOENT ? 0 : errno;
       const std::string sLink(acLink, static_cast<std::size_t>(lLength));
-      sTarget = sLink.front() == '/' ? sLink : FolderPart(sTarget) + sLink;
+      sTarget.resize(sLink.front() == '/' ? 0 : sTarget.rfind('/') + 1);
+      sTarget += sLink;
     }
     return ELOOP;
   }
