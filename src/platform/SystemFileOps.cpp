@@ -55,11 +55,6 @@ int ReadToEnd(int hFile, std::string& sBytes) {
   }
 }
 
-/// The folder part with its slash; empty for a name alone.
-std::string FolderPart(const std::string& sPath) {
-  return sPath.substr(0, sPath.rfind('/') + 1);
-}
-
 class SystemOps : public IFileOps {
  public:
   int GetStat(const std::string& sPath, Stat& oStat) override {
