@@ -92,12 +92,12 @@ TEST(Apply, DifferencesRebuildTheFilesByOtherPrograms) {
 TEST(Apply, DifferencesShowHunksAndTheMissingLineEnd) {
   Workplace oPlace;
   Workplace::Result oResult =
-      oPlace.Run("apply -n --diff --color always --set Template=Odd, --procedure Jumps Demo.vbg");
+      oPlace.Run("apply -n --diff --color always --set Template=Odd --procedure Jumps Demo.vbg");
   EXPECT_EQ(oResult.sOut,
             "\x1b[1m--- a/App/modMain.bas\x1b[m\n\x1b[1m+++ b/App/modMain.bas\x1b[m\n"
-            "\x1b[36m@@ -7,6 +7,11 @@\x1b[m\n End Sub\r\n \r\n"
+            "\x1b[36m@@ -7,6 +7,10 @@\x1b[m\n End Sub\r\n \r\n"
             " Private Function Jumps(ByVal n As Long) As Long\r\n"
-            "\x1b[32m+'Sign: Odd,\r\x1b[m\n\x1b[32m+    On Error GoTo Odd\r\x1b[m\n"
+            "\x1b[32m+'Sign: Odd\r\x1b[m\n\x1b[32m+    On Error GoTo Odd\r\x1b[m\n"
             " 10  n = n - 1\r\n     If n > 0 Then GoTo 10\r\n"
             "\x1b[32m+    Exit Function\r\x1b[m\n\x1b[32m+Odd:\r\x1b[m\n End Function\n"
             "\\ No newline at end of file\n");

@@ -20,11 +20,12 @@ TEST(Template, CheckAndListTellAboutAFile) {
     std::string sOut;
   };
   for (const Row& oRow : {
-           Row{"sound", "template check TEMPLATE.DAT", 0, "No Errors - Template File Loaded"},
-           Row{"can't be found again", "template check lost.dat", 1, "lost.dat:31: "},
+           Row{"sound", "template check " QUILLON_SOURCE_DIR "/samples/Template.dat", 0,
+               "No Errors - Template File Loaded"},
+           Row{"can't be found again", "template check lost.dat", 1, "lost.dat:34: "},
            Row{"errors", "template check bad.dat", 2, "    Line 1 "},
            Row{"list", "template list TEMPLATE.DAT", 0,
-               "Signature\tsignature\nModule\tmodule\nMain\tprocedure\nOdd,\tprocedure\n"},
+               "Signature\tsignature\nModule\tmodule\nMain\tprocedure\nOdd\tprocedure\n"},
            Row{"dump", "template dump TEMPLATE.DAT", 0, "   .sName=[Main]\n   .eType=3\n"},
            Row{"missing", "template list none.dat", 2, ""},
        }) {
@@ -48,7 +49,7 @@ TEST(Text, AnswersEachRequestInItsOrder) {
                    "severity": "Fatal", "before": "Sub R()\r\nEnd Sub"})",
               R"({"id": [1], "messages": [], "after": "Sub R()\r\n'Sign: main\r\n    On Error GoTo Caught\r\n    Exit Sub\r\nCaught:\r\n    Trap.Level = tvnSeverityFatal\r\n    Trap.Caught \"m\", \"R\"\r\nEnd Sub"})"},
           Row{"remove", "remove",
-              R"({"name": "R", "type": "Sub", "template": "Odd,", "before": "Sub R()\r\n'Sign: Odd,\r\n    On Error GoTo Odd\r\n    \u00e9\r\n    Exit Sub\r\nOdd:\r\nEnd Sub"})",
+              R"({"name": "R", "type": "Sub", "template": "Odd", "before": "Sub R()\r\n'Sign: Odd\r\n    On Error GoTo Odd\r\n    \u00e9\r\n    Exit Sub\r\nOdd:\r\nEnd Sub"})",
               R"({"after": "Sub R()\r\n    \u00e9\r\nEnd Sub"})"},
           Row{"refused", "remove", R"({"template": "Gone", "before": "Sub R()\r\nEnd Sub"})",
               R"({"after": null})", 1},
@@ -84,7 +85,8 @@ TEST(Text, AnswersEachRequestInItsOrder) {
       std::string sLine;
       ASSERT_TRUE(std::getline(oLines, sLine)) << oResult.sErr;
       Json oAnswer = Json::parse(sLine);
-      for (auto& [sKey, oValue] : Json::parse(oRow.sExpected).items())
+      const Json oExpected = Json::parse(oRow.sExpected);
+      for (const auto& [sKey, oValue] : oExpected.items())
         EXPECT_EQ(oAnswer[sKey], sKey == "line" ? Json(lLine) : oValue) << sKey;
     }
   }

@@ -96,23 +96,25 @@ class Workplace {
                                        "Private mlCount As Long\n"
                                        "\n"
                                        "Public Property Get Count() As Long\n"
-                                       "    Count = mlCount\n"
+                                       "    mlCount = mlCount + 1\n    Count = mlCount\n"
                                        "End Property\n"));
-    Write("src/TEMPLATE.DAT", Dos("<#Template name=Signature type=signature>\n<#Start>\n"
-                                  "'Sign: <%Signature>\n<#End>\n"
-                                  "<#Template name=Module type=module>\n<#Start>\n"
-                                  "<#if severity>Private Const Level = <%Severity>\n<#End>\n"
-                                  "<#Template name=Main type=procedure>\n<#Start>\n"
-                                  "    On Error GoTo Caught\n<#BodyStart>\n<#BodyEnd>\n"
-                                  "    Exit <%ProcType>\nCaught:\n"
-                                  "<#if boundary>    Trap.Edge = <%Boundary>\n"
-                                  "<#if severity>    Trap.Level = <%Severity>\n"
-                                  "<#if retry>    Trap.Again = <%Retry>\n"
-                                  "<#if trace>    Trap.Traced\n"
-                                  "    Trap.Caught \"<%ModuleName>\", \"<%ProcName>\"\n<#End>\n"
-                                  "<#Template name=Odd, type=procedure>\n<#Start>\n"
-                                  "    On Error GoTo Odd\n<#BodyStart>\n<#BodyEnd>\n"
-                                  "    Exit <%ProcType>\nOdd:\n<#End>\n"));
+    Write("src/TEMPLATE.DAT",
+          Dos("<#Template name=Signature type=signature>\n<#Start>\n"
+              "'Sign: <%Signature>\n<#End>\n"
+              "<#Template name=Module type=module>\n<#Start>\n"
+              "<#if boundary>Private Const Edge = <%Boundary>\n<#if severity>Private Const Level = "
+              "<%Severity>\n<#if retry>Private Const Again = <%Retry>\n<#End>\n"
+              "<#Template name=Main type=procedure>\n<#Start>\n"
+              "    On Error GoTo Caught\n<#BodyStart>\n<#BodyEnd>\n"
+              "    Exit <%ProcType>\nCaught:\n"
+              "<#if boundary>    Trap.Edge = <%Boundary>\n"
+              "<#if severity>    Trap.Level = <%Severity>\n"
+              "<#if retry>    Trap.Again = <%Retry>\n"
+              "<#if trace>    Trap.Traced\n"
+              "    Trap.Caught \"<%ModuleName>\", \"<%ProcName>\"\n<#End>\n"
+              "<#Template name=Odd type=procedure>\n<#Start>\n"
+              "    On Error GoTo Odd\n<#BodyStart>\n<#BodyEnd>\n"
+              "    Exit <%ProcType>\nOdd:\n<#End>\n"));
   }
 
   std::filesystem::path moFolder;

@@ -7,9 +7,11 @@
 
 namespace {
 
-bool Holds(const std::vector<Text>& asName, TextView sName) {
-  return std::any_of(asName.begin(), asName.end(),
-                     [&](const Text& sOther) { return EqualNoCase(sOther, sName); });
+/// The name as the file writes it; null when there is none.
+const Text* Find(const std::vector<Text>& asName, TextView sName) {
+  auto oFound = std::find_if(asName.begin(), asName.end(),
+                             [&](const Text& sOther) { return EqualNoCase(sOther, sName); });
+  return oFound == asName.end() ? nullptr : &*oFound;
 }
 
 std::string TemplateNames(const Session& oSession) {
@@ -44,10 +46,13 @@ void Assignments::CheckTemplate(const Session& oSession) {
   const std::optional<Value>& oValue = Of(Property::Template);
   if (!oValue) return;
   Text sName = FromUtf8(oValue->sText);
-  bool bNone = EqualNoCase(sName, MQuillon::NoneName);
-  mbForModules = bNone || Holds(oSession.ModuleTemplates(), sName);
-  mbForProcedures = bNone || Holds(oSession.ProcedureTemplates(), sName);
-  if (!mbForModules && !mbForProcedures)
+  if (EqualNoCase(sName, MQuillon::NoneName)) {
+    moForModules = moForProcedures = Text();
+    return;
+  }
+  if (const Text* pName = Find(oSession.ModuleTemplates(), sName)) moForModules = *pName;
+  if (const Text* pName = Find(oSession.ProcedureTemplates(), sName)) moForProcedures = *pName;
+  if (!moForModules && !moForProcedures)
     throw Stop{"There is no template " + oValue->sText + " in " + oSession.TemplateFile() +
                ": Template is " + TemplateNames(oSession)};
 }
@@ -71,14 +76,10 @@ void Assignments::Apply(Session& oSession, CIDEHandler::Handle hProcedure, Passe
   if (oLock) oHandler.SetLocked(hProcedure, oLock->lId);
 }
 
-bool Assignments::SetTemplate(Session& oSession, CIDEHandler::Handle hProcedure) const {
-  const std::optional<Value>& oValue = Of(Property::Template);
-  bool bWanted = oSession.IsDeclarations(hProcedure) ? mbForModules : mbForProcedures;
-  if (!oValue || !bWanted) return false;
-  Text sName = FromUtf8(oValue->sText);
-  if (EqualNoCase(sName, MQuillon::NoneName)) sName.clear();
-  oSession.oHandler.SetProcTemplate(hProcedure, sName);
-  return true;
+void Assignments::SetTemplate(Session& oSession, CIDEHandler::Handle hProcedure) const {
+  const std::optional<Text>& oName =
+      oSession.IsDeclarations(hProcedure) ? moForModules : moForProcedures;
+  if (oName) oSession.oHandler.SetProcTemplate(hProcedure, *oName);
 }
 
 // Without a template the code holds none of these four, so there is nothing to ask for.

@@ -36,10 +36,10 @@ class Assignments {
     return moValues[static_cast<std::size_t>(eProperty)];
   }
   void Add(const std::string& sSet);
-  bool SetTemplate(Session& oSession, CIDEHandler::Handle hProcedure) const;
+  void SetTemplate(Session& oSession, CIDEHandler::Handle hProcedure) const;
   void SetOthers(Session& oSession, CIDEHandler::Handle hProcedure, Passed& oPassed) const;
 
   std::array<std::optional<Value>, AllProperties.size()> moValues;
-  // Which records take the template name; "(none)" goes to both.
-  bool mbForModules = false, mbForProcedures = false;
+  // The template's name as the file writes it, for the records that it is for; empty for none.
+  std::optional<Text> moForModules, moForProcedures;
 };
