@@ -79,6 +79,18 @@ TEST(SourceEdit, KeepsTheBytesOfLinesThatComeBack) {
   }
 }
 
+TEST(SourceEdit, RemembersDeletesSideBySideAndNoOthers) {
+  const auto pDocument = Opened("a\nb|c\nd|e|");
+  pDocument->DeleteLines(3, 1);
+  pDocument->DeleteLines(2, 1);
+  pDocument->DeleteLines(2, 1);
+  pDocument->InsertLines(2, u"b\r\nc\r\nd");
+  EXPECT_FALSE(pDocument->IsChanged());
+  pDocument->DeleteLines(1, 1);
+  pDocument->InsertLines(2, u"a");
+  EXPECT_EQ(pDocument->Bytes(), Joined("b|a|c\nd|e|"));
+}
+
 TEST(SourceEdit, ACharacterThatThePageLacksChangesNothing) {
   const auto pDocument = Opened("Sub A()|Attribute A.VB_X = 1|x\nEnd Sub");
   const std::string sBytes = pDocument->Bytes();
@@ -123,7 +135,13 @@ TEST(SourceEdit, TheIndexFollows) {
   const char* const szModule =
       "Option Explicit|Dim a||Sub A()|x|End Sub|' glued||Property Get B()|End Property|"
       "Property Let B(v)|End Property|#If DEMO Then|Sub C()|x|End Sub|#End If|Sub D()|End Sub||";
+  const char* const szHidden =
+      "Sub A()|End Sub|#If k Then|Sub H()|End Sub|#End If|Sub B()|End Sub|";
   const IndexRow aoRow[] = {
+      {"end of a directive too many", szHidden, 1, 2, "Sub A()|#End If|End Sub"},
+      {"directive left open", szHidden, 6, 3, "#End If|Sub B()|End Sub|#If k Then"},
+      {"constant that others ask for", szHidden, 1, 2, "Sub A()|#Const k = 1|End Sub"},
+      {"comment at the very top", szModule, 11, 2, "' x|Property Let B(v)|End Property"},
       {"longer body", szModule, 3, 5, "|Sub A()|x|y|z|End Sub|' glued"},
       {"comment at the top", szModule, 9, 2, "' new _| one|Property Get B()|End Property"},
       {"blank at the bottom", szModule, 9, 2, "Property Get B()|End Property|"},
