@@ -71,7 +71,8 @@ class DiskIDE {
 
   /// A click on a command bar control, as a person would (tests and the desktop program).
   virtual void Click(CommandBarControl& oControl) = 0;
-  /// The command bars as a window shows them: their list, the faces, the clipboard behind PasteFace.
+  /// The command bars as a window shows them: their list, the faces, the clipboard behind
+  /// PasteFace.
   virtual HostCommandBars& Bars() = 0;
   /// Brings a component's code to the front, as a person would; null: none is on show.
   virtual void ShowCode(VBComponent* poComponent) = 0;

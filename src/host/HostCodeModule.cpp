@@ -17,12 +17,11 @@ HostMember::HostMember(HostMembers& oParent, SourceDocument& oDocument, std::int
 }
 
 bool HostMember::IsAt(std::int32_t lIndex) const {
-  if (lIndex < 1 || lIndex > moDocument.MemberCount()) return false;
-  const SourceDocument::MemberInfo oInfo = moDocument.MemberAt(lIndex);
-  return oInfo.nType == mnType && oInfo.sName == msName;
+  return moDocument.IsMember(lIndex, msName, mnType);
 }
 
 std::int32_t HostMember::FindPlace() const {
+  if (IsAt(mlIndex)) return mlIndex;
   const std::int32_t lLast = std::max(mlIndex, moDocument.MemberCount());
   // Members move by the few declarations that a rewrite adds or drops, so the search goes outward.
   for (std::int32_t lStep = 0; lStep < lLast; ++lStep) {

@@ -28,7 +28,8 @@ class Aligner {
     Pair oFrom{0, 0};
     Pair oTo{masNew.size(), masOld.size()};
     Shrink(oFrom, oTo);
-    if (oFrom.lNew < oTo.lNew && oFrom.lOld < oTo.lOld) AlignMiddle(oFrom, oTo);
+    if (oFrom.lNew == oTo.lNew || oFrom.lOld == oTo.lOld) return std::move(malOld);
+    if (!TakeAllOld(oFrom, oTo) && !TakeAllNew(oFrom, oTo)) AlignMiddle(oFrom, oTo);
     return std::move(malOld);
   }
 
@@ -44,6 +45,28 @@ class Aligner {
     while (oFrom.lNew < oTo.lNew && oFrom.lOld < oTo.lOld && Equal(oTo.lNew - 1, oTo.lOld - 1)) {
       Set(--oTo.lNew, --oTo.lOld);
     }
+  }
+
+  // A template that comes or goes leaves all other lines in their order: one walk tells.
+  bool TakeAllOld(const Pair& oFrom, const Pair& oTo) {
+    std::size_t lOld = oFrom.lOld;
+    for (std::size_t l = oFrom.lNew; l < oTo.lNew && lOld < oTo.lOld; ++l) {
+      if (Equal(l, lOld)) Set(l, lOld++);
+    }
+    return lOld == oTo.lOld || Clear(oFrom, oTo);
+  }
+
+  bool TakeAllNew(const Pair& oFrom, const Pair& oTo) {
+    std::size_t lNew = oFrom.lNew;
+    for (std::size_t l = oFrom.lOld; l < oTo.lOld && lNew < oTo.lNew; ++l) {
+      if (Equal(lNew, l)) Set(lNew++, l);
+    }
+    return lNew == oTo.lNew || Clear(oFrom, oTo);
+  }
+
+  bool Clear(const Pair& oFrom, const Pair& oTo) {
+    for (std::size_t l = oFrom.lNew; l < oTo.lNew; ++l) malOld[l] = -1;
+    return false;
   }
 
   void AlignMiddle(Pair oFrom, const Pair& oTo) {

@@ -105,6 +105,22 @@ std::string_view LineTable::TextOf(const Line& oLine) const {
   return oLine.bTail ? sBytes.substr(0, sBytes.find_first_of("\r\n")) : WithoutEnd(sBytes);
 }
 
+std::string_view LineTable::RunOf(std::int32_t lFirst, std::int32_t lLast,
+                                  std::int32_t& lTaken) const {
+  std::int32_t l = lFirst;
+  std::size_t lLength = 0;
+  for (; l < lLast; ++l) {
+    const Line& oLine = At(l);
+    if (oLine.bTail || At(l + 1).lOffset != oLine.lOffset + oLine.lLength) break;
+    if (!BytesOf(oLine).ends_with("\r\n")) break;
+    lLength += oLine.lLength;
+  }
+  lTaken = l - lFirst + 1;
+  const std::string_view sLast = TextOf(l);
+  const char* const pFirst = BytesOf(At(lFirst)).data();
+  return {pFirst, lLength + sLast.size()};
+}
+
 std::string_view LineTable::EndOf(const Line& oLine) const {
   const std::string_view sRest = BytesOf(oLine).substr(TextOf(oLine).size());
   if (sRest.empty()) return {};

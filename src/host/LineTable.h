@@ -33,6 +33,10 @@ class LineTable {
   /// The text of a visible line, without its line end.
   std::string_view TextOf(std::int32_t lLine) const { return TextOf(At(lLine)); }
   std::string_view TextOf(const Line& oLine) const;
+  /// The bytes of line lFirst and of as many lines behind it, up to lLast, as lie behind one
+  /// another with a CR LF and no tail between them; without the last one's line end. lTaken: how
+  /// many.
+  std::string_view RunOf(std::int32_t lFirst, std::int32_t lLast, std::int32_t& lTaken) const;
   /// Its own line end: CR LF, LF, CR, or nothing. Always good.
   std::string_view EndOf(const Line& oLine) const;
   /// The hidden lines behind it, with their line ends.

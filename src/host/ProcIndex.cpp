@@ -311,6 +311,12 @@ SourceDocument::MemberInfo ProcIndex::MemberAt(std::int32_t lMember) {
           DeclarationLines(lMember, lGet).front()};
 }
 
+bool ProcIndex::IsMember(std::int32_t lMember, TextView sName, std::int32_t nType) {
+  if (lMember < 1 || lMember > MemberCount()) return false;
+  const Member& o = moMembers[Index(lMember) - 1];
+  return o.nType == nType && NameOf(o) == sName;
+}
+
 std::vector<std::int32_t> ProcIndex::DeclarationLines(std::int32_t lMember, std::size_t& lGet) {
   Update();
   lGet = 0;

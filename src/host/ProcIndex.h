@@ -31,6 +31,7 @@ class ProcIndex {
   std::int32_t MemberCount();
   /// lMember from 1.
   SourceDocument::MemberInfo MemberAt(std::int32_t lMember);
+  bool IsMember(std::int32_t lMember, TextView sName, std::int32_t nType);
   /// Lines on which the member is declared, in file order: of a property one for each accessor.
   /// lGet: index in the result of the Property Get, or 0.
   std::vector<std::int32_t> DeclarationLines(std::int32_t lMember, std::size_t& lGet);

@@ -60,9 +60,12 @@ Text SourceDocument::ModuleAttribute(TextView sName) const {
 Text SourceDocument::Lines(std::int32_t lStart, std::int32_t lCount) const {
   mpImpl->CheckLines(lStart, lCount);
   Text sText;
-  for (std::int32_t l = lStart; l < lStart + lCount; ++l) {
+  for (std::int32_t l = lStart; l < lStart + lCount;) {
     if (l > lStart) sText += CrLf;
-    mpImpl->oPage.Decode(mpImpl->oLines.TextOf(l), sText);
+    // Lines that lie behind one another in the file with their CR LF are text as they are.
+    std::int32_t lTaken = 1;
+    mpImpl->oPage.Decode(mpImpl->oLines.RunOf(l, lStart + lCount - 1, lTaken), sText);
+    l += lTaken;
   }
   return sText;
 }
@@ -130,6 +133,10 @@ std::int32_t SourceDocument::MemberCount() const {
 SourceDocument::MemberInfo SourceDocument::MemberAt(std::int32_t lIndex) const {
   mpImpl->CheckMember(lIndex);
   return mpImpl->oIndex.MemberAt(lIndex);
+}
+
+bool SourceDocument::IsMember(std::int32_t lIndex, TextView sName, std::int32_t nType) const {
+  return mpImpl->oIndex.IsMember(lIndex, sName, nType);
 }
 
 AttributeValue SourceDocument::Attribute(std::int32_t lMember, MemberAttribute eAttribute) const {

@@ -1,6 +1,7 @@
 #include "Signature.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "MXString.h"
 
@@ -37,6 +38,21 @@ SignatureValue Parse(TextView sSignature) {
     bFirst = false;
   }
   return oValue;
+}
+
+/// Position of the CR LF behind lStart, or the text's length. The C library's byte search is many
+/// times as fast as a loop over units; a hit in the wrong half of a unit is passed over.
+std::size_t LineEnd(TextView sText, std::size_t lStart) {
+  const char* const pBase = reinterpret_cast<const char*>(sText.data());
+  const std::size_t lBytes = sText.size() * sizeof(char16_t);
+  for (std::size_t lByte = lStart * sizeof(char16_t); lByte < lBytes; ++lByte) {
+    const void* pHit = std::memchr(pBase + lByte, '\n', lBytes - lByte);
+    if (!pHit) break;
+    lByte = static_cast<std::size_t>(static_cast<const char*>(pHit) - pBase);
+    const std::size_t lUnit = lByte / sizeof(char16_t);
+    if (lUnit > lStart && sText[lUnit] == u'\n' && sText[lUnit - 1] == u'\r') return lUnit - 1;
+  }
+  return sText.size();
 }
 
 bool IsTemplateName(TextView sName) {
@@ -97,8 +113,12 @@ Text Signature::Line(TextView sTemplate, bool bLocked) const {
 }
 
 bool Signature::IsReadable(TextView sTemplate, bool bLocked) const {
+  if (!msAsked.empty() && msAsked == sTemplate && mbAskedLocked == bLocked) return mbReadable;
   const auto oValue = Read(Fold(Line(sTemplate, bLocked)));
-  return oValue && oValue->sTemplate == LowerCase(sTemplate) && oValue->bLocked == bLocked;
+  msAsked = sTemplate;
+  mbAskedLocked = bLocked;
+  mbReadable = oValue && oValue->sTemplate == LowerCase(sTemplate) && oValue->bLocked == bLocked;
+  return mbReadable;
 }
 
 std::optional<SignatureValue> Signature::ReadRow(const Row& oRow, TextView sFolded) const {
@@ -137,16 +157,14 @@ std::optional<SignatureValue> Signature::Find(TextView sProcCode) const {
   // Nearly every line can be told by its first unit; only the others are folded and compared.
   Text sFolded;
   for (std::size_t lStart = 0; lStart < sProcCode.size();) {
-    const std::size_t lEnd = std::min(sProcCode.find(u'\r', lStart), sProcCode.size());
-    const std::size_t lFirst = sProcCode.find_first_not_of(u' ', lStart);
+    const std::size_t lEnd = LineEnd(sProcCode, lStart);
+    std::size_t lFirst = lStart;
+    while (lFirst < lEnd && sProcCode[lFirst] == u' ') ++lFirst;
     if (lFirst < lEnd && MayBegin(sProcCode[lFirst])) {
-      const std::size_t lLineEnd = std::min(sProcCode.find(CrLf, lEnd), sProcCode.size());
-      MXString::FoldLine(sProcCode.substr(lStart, lLineEnd - lStart), sFolded);
+      MXString::FoldLine(sProcCode.substr(lStart, lEnd - lStart), sFolded);
       if (auto oValue = Read(sFolded)) return oValue;
     }
-    // A lone CR doesn't end a line: what follows it is in the same line, not at its start.
-    lStart = std::min(sProcCode.find(CrLf, lEnd), sProcCode.size());
-    lStart += CrLf.size();
+    lStart = lEnd + CrLf.size();
   }
   return std::nullopt;
 }

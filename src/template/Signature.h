@@ -48,6 +48,11 @@ class Signature {
   bool MayBegin(char16_t cUnit) const;
   std::optional<SignatureValue> ReadRow(const Row& oRow, TextView sFolded) const;
 
+  // The answer of IsReadable for the name asked last: a run asks for one name over and over.
+  mutable Text msAsked;
+  mutable bool mbAskedLocked = false;
+  mutable bool mbReadable = false;
+
   const LineRow* mpFirst = nullptr;
   std::vector<Row> moRows;
   Text msBegins;            ///< the first units of the patterns that begin with an ordinary one
