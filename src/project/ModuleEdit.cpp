@@ -22,15 +22,6 @@ void GiveBack(CodeModule& oModule, std::int32_t lStart, TextView sOld, std::int3
   if (!sOld.empty()) oModule.InsertLines(lStart, sOld);
 }
 
-/// True when there is nothing to put back: most members have no attributes at all.
-bool Holds(const Member& oMember, MemberAttribute eAttribute, const AttributeValue& oValue) {
-  try {
-    return oMember.Attribute(eAttribute) == oValue;
-  } catch (const Failure&) {
-    return false;
-  }
-}
-
 Failure LostLines(TextView sOld) {
   Failure oFailure(51, u"The old lines could not be given back; they read:\r\n" + Text(sOld));
   return oFailure;
@@ -97,7 +88,6 @@ Text Restore(Member& oMember, const Attributes& oSaved) {
     if (!oSaved[i] || (eAttribute == MemberAttribute::StandardMethod && oSaved[i]->lNumber >= 1)) {
       continue;
     }
-    if (Holds(oMember, eAttribute, *oSaved[i])) continue;
     try {
       Guard(Named(u"ReplaceProcedure"), [&](GuardScope& oScope) {
         NeedDone(oScope, [&] { oMember.SetAttribute(eAttribute, *oSaved[i]); });
