@@ -6,9 +6,18 @@
 
 namespace {
 
-constexpr TextView Keys[] = {u"",     u"Module", u"Class",        u"", u"ResFile32",
-                             u"Form", u"",       u"PropertyPage", u"UserControl",
-                             u"UserDocument", u"RelatedDoc", u"Designer"};
+constexpr TextView Keys[] = {u"",
+                             u"Module",
+                             u"Class",
+                             u"",
+                             u"ResFile32",
+                             u"Form",
+                             u"",
+                             u"PropertyPage",
+                             u"UserControl",
+                             u"UserDocument",
+                             u"RelatedDoc",
+                             u"Designer"};
 constexpr TextView Types[] = {u"Exe", u"OleExe", u"OleDll", u"Control"};
 
 Text PlainForm(const ProjectFile& oFile) {
