@@ -115,9 +115,10 @@ int Run(const Arguments& oArguments, Console& oConsole, Output& oOutput) {
     RegistryStore oStore(oArguments.oSettingsFile.value_or(DefaultSettingsPath()));
     goRegistry = &oStore;
     StartUp(oArguments, oStore, oConsole);
-    // Not freed: a hundred thousand records would be taken apart one by one just before the end.
-    Session& oSession = *std::make_unique<Session>(oArguments, oConsole, oOutput).release();
-    return CommandByName(oArguments.sCommand)(oSession);
+    // Never freed: a hundred thousand records would be taken apart one by one just before the end.
+    static Session* const poSession =
+        std::make_unique<Session>(oArguments, oConsole, oOutput).release();
+    return CommandByName(oArguments.sCommand)(*poSession);
   } catch (const Stop& oStop) {
     oConsole.Error("quillon: " + oStop.sMessage);
     return oStop.nExit;
