@@ -19,18 +19,18 @@ struct Difference {
 struct ProcedureFinding {
   Handle hProcedure = 0;
   std::int32_t lLine = 0;
-  std::vector<Difference> oChanges;
+  // The settings ahead of the trial, which changes Current; words are made when they are printed.
+  CProcSettings oFrom, oTo;
+  bool bTraced = false;
   std::vector<std::string> asRefusal;
 };
 
-std::vector<Difference> Differences(const ProcedureRecord& oProcedure) {
+std::vector<Difference> Differences(const ProcedureFinding& oFinding) {
   std::vector<Difference> oChanges;
   for (Property eProperty : AllProperties) {
-    // A declarations section can't be traced.
-    if (eProperty == Property::Trace && !oProcedure.oMember) continue;
-    std::string sFrom = Shown(oProcedure.oCurrent, eProperty);
-    std::string sTo = Shown(oProcedure.oPending, eProperty);
-    if (sFrom != sTo) oChanges.push_back({eProperty, sFrom, sTo});
+    if (eProperty == Property::Trace && !oFinding.bTraced) continue;
+    std::string sFrom = Shown(oFinding.oFrom, eProperty), sTo = Shown(oFinding.oTo, eProperty);
+    if (sFrom != sTo) oChanges.push_back({eProperty, std::move(sFrom), std::move(sTo)});
   }
   return oChanges;
 }
@@ -44,7 +44,13 @@ std::vector<ProcedureFinding> Changes(Session& oSession) {
     const ProcedureRecord& oProcedure = oSession.oHandler.Procedure(h);
     // Foreign code is never rewritten, so that nothing would change.
     if (oProcedure.oCurrent.bForeign()) continue;
-    oFindings.push_back({h, oSession.HeadLine(h), Differences(oProcedure), {}});
+    // A declarations section can't be traced.
+    oFindings.push_back({h,
+                         oSession.HeadLine(h),
+                         oProcedure.oCurrent,
+                         oProcedure.oPending,
+                         !oSession.IsDeclarations(h),
+                         {}});
   }
   return oFindings;
 }
@@ -104,15 +110,16 @@ class Reporter {
   void Procedure(const ProcedureFinding& oFinding) {
     msFile = moSession.FileOf(moSession.oHandler.Procedure(oFinding.hProcedure).hComponent);
     std::string sName = moSession.NameOf(oFinding.hProcedure);
+    std::vector<Difference> oChanges = Differences(oFinding);
     if (!mbJson) {
-      Line(oFinding.lLine, sName + ":" + ChangeText(oFinding.oChanges));
+      Line(oFinding.lLine, sName + ":" + ChangeText(oChanges));
       for (const std::string& sReason : oFinding.asRefusal)
         Line(oFinding.lLine, sName + ": refused: " + sReason);
       return;
     }
     BeginJson("change", oFinding.hProcedure, oFinding.lLine);
-    ChangesJson(oFinding.oChanges);
-    EndJson(sName + ":" + ChangeText(oFinding.oChanges));
+    ChangesJson(oChanges);
+    EndJson(sName + ":" + ChangeText(oChanges));
     for (const std::string& sReason : oFinding.asRefusal) {
       BeginJson("refused", oFinding.hProcedure, oFinding.lLine);
       EndJson(sReason);
