@@ -1,0 +1,153 @@
+// A window. A form is an object of its own before and after it is loaded:
+//
+//   FRules oRules(oToolkit);
+//   oRules.chkExpert.SetValue(CheckValue::On);  // touching it loads it
+//   oRules.Show(ShowMode::Modal);               // returns when it is hidden or unloaded
+//   if (oRules.bAccepted) ...                   // hidden only: the controls still have their
+//   values oRules.Unload();
+//
+// Loading: all components get their defaults, then the user controls' and the form's own Design
+// run, then each container's Resize, then OnLoad. Any operation that changes the form or a
+// component of it loads it first; reading doesn't. So a form's constructor connects events and sets
+// nothing. Unloading raises QueryUnload, then OnUnload; either can cancel. Then the defaults
+// return.
+#pragma once
+
+#include "ControlContainer.h"
+
+namespace Forms {
+
+class CommandButton;
+class Menu;
+
+enum class ShowMode { Modeless, Modal };
+enum class WindowState : std::int32_t { Normal = 0, Minimized = 1, Maximized = 2 };
+enum class FormBorder { None, Sizable, FixedDialog };
+/// Who unloads: the user by the window's close box, the program, the system's end.
+enum class UnloadMode : std::int32_t { User = 0, Code = 1, System = 2 };
+
+struct FormState {
+  Text sCaption, sIcon;
+  WindowState eWindowState = WindowState::Normal;
+  FormBorder eBorder = FormBorder::Sizable;
+  bool bKeyPreview = false, bMaxButton = true, bMinButton = true, bShowInTaskbar = true;
+};
+
+class Form : public WithState<ControlContainer, FormState> {
+ public:
+  Form(Toolkit& oToolkit, TextView sName);
+  /// A form that is still loaded closes without events.
+  ~Form() override;
+  ComponentKind Kind() const override { return ComponentKind::Form; }
+  Toolkit& App() const { return moToolkit; }
+
+  void Load();
+  /// False when a handler cancelled, or when called while it unloads already.
+  bool Unload(UnloadMode eMode = UnloadMode::Code);
+  bool Loaded() const { return meLife != Life::Unloaded; }
+  /// Modal: returns when the form is hidden or unloaded; Failure 400 when it shows already.
+  /// poOwner: the form that it stands above; null for the one in front.
+  void Show(ShowMode eMode = ShowMode::Modeless, Form* poOwner = nullptr);
+  void Hide() { SetVisible(false); }
+  void SetVisible(bool bVisible) override;
+  bool Modal() const { return mbModal; }
+  Form* Owner() const { return mpoOwner; }
+
+  const Text& Caption() const { return mo.sCaption; }
+  void SetCaption(TextView s) { Set(mo.sCaption, s, Property::Caption); }
+  /// Key of a picture.
+  const Text& Icon() const { return mo.sIcon; }
+  void SetIcon(TextView sKey) { Set(mo.sIcon, sKey, Property::Icon); }
+  Forms::WindowState WindowState() const { return mo.eWindowState; }
+  /// Raises Resize. Left to Height stay those of the normal state when it is minimised.
+  void SetWindowState(Forms::WindowState eState);
+  FormBorder BorderStyle() const { return mo.eBorder; }
+  void SetBorderStyle(FormBorder eBorder);  ///< design time
+  bool MaxButton() const { return mo.bMaxButton; }
+  void SetMaxButton(bool b) { mo.bMaxButton = b; }  ///< design time
+  bool MinButton() const { return mo.bMinButton; }
+  void SetMinButton(bool b) { mo.bMinButton = b; }  ///< design time
+  bool KeyPreview() const { return mo.bKeyPreview; }
+  void SetKeyPreview(bool b) { mo.bKeyPreview = b; }
+  std::int32_t ScaleWidth() const override;
+  std::int32_t ScaleHeight() const override;
+
+  /// The control with the focus; null when none has it.
+  Control* ActiveControl() const { return mpoActive; }
+  const std::vector<Component*>& Components() const { return moComponents; }
+  /// The menu bar, in order.
+  const std::vector<Menu*>& Menus() const { return moMenus; }
+  /// The next (or previous) control that Tab goes to from poFrom, or from the start for null: in
+  /// tab order, cyclic; of each group of option buttons only the one that is on, or the first. Null
+  /// without any.
+  Control* NextInTabOrder(const Control* poFrom, bool bForward = true) const;
+
+  Signal<> OnLoad;
+  /// bCancel, which a handler may set, and who unloads.
+  Signal<bool&, UnloadMode> QueryUnload;
+  Signal<bool&> OnUnload;
+  Signal<> Activate, Deactivate;
+
+  bool UserClose();
+  bool UserMove(std::int32_t lLeft, std::int32_t lTop);
+  /// The outer size.
+  bool UserResize(std::int32_t lWidth, std::int32_t lHeight);
+  bool UserWindowState(Forms::WindowState eState);
+  bool UserActivate();
+  /// A key pressed in this form, before the control with the focus gets it. In this order:
+  /// shortcuts of menus; Alt with an access key of a control; Tab; Return for the default button
+  /// (not from a multi-line text box, and a focused button takes its own); Escape for the cancel
+  /// button; then KeyDown, and arrows inside a group of option buttons. True when the key is used
+  /// up; otherwise the control does its own with it. Access keys of menus are left to the menu bar
+  /// that draws them.
+  bool UserKey(std::int32_t nKeyCode, std::int32_t nShift);
+
+  // For this layer only.
+  void Register(Component& oComponent);
+  void Unregister(Component& oComponent);
+  void RegisterMenu(Menu& oMenu);
+  void UnregisterMenu(Menu& oMenu);
+  void EnsureLoaded();
+  /// True while the values of design time are set: nothing raises events then.
+  bool Designing() const { return meLife == Life::Designing; }
+  void ChangeFocus(Control* poControl);
+  /// The control is going, hides or can't be used any more: the focus passes on from it.
+  void PassFocus(const Control& oControl, bool bGone = false);
+  std::int32_t NextTabIndex() { return mlNextTabIndex++; }
+  void SetDefaultButton(CommandButton* poButton) { mpoDefault = poButton; }
+  CommandButton* DefaultButton() const { return mpoDefault; }
+  void SetCancelButton(CommandButton* poButton) { mpoCancel = poButton; }
+  CommandButton* CancelButton() const { return mpoCancel; }
+  void MenuChanged() { Changed(Property::Menu); }
+  using Control::SetBoundsQuietly;
+
+ protected:
+  /// Sets the values of design time: captions, places, sizes, lists.
+  virtual void Design() {}
+  void Resized() override;
+  ControlState DefaultState() const override;
+
+ private:
+  enum class Life { Unloaded, Designing, Loaded, Unloading };
+
+  void Clear();
+  void RealizeAll();
+  void RunModal();
+  void FocusFirst();
+  bool UseShortcut(std::int32_t nKeyCode, std::int32_t nShift);
+  bool UseAccessKey(char16_t cKey);
+  bool UseDialogKey(std::int32_t nKeyCode, std::int32_t nShift);
+
+  Toolkit& moToolkit;
+  std::vector<Component*> moComponents;
+  std::vector<Menu*> moMenus;
+  Life meLife = Life::Unloaded;
+  bool mbModal = false, mbResizePending = false;
+  Form* mpoOwner = nullptr;
+  Control* mpoActive = nullptr;
+  CommandButton* mpoDefault = nullptr;
+  CommandButton* mpoCancel = nullptr;
+  std::int32_t mlNextTabIndex = 0;
+};
+
+}  // namespace Forms
