@@ -60,7 +60,7 @@ bool StoredDocument::CheckDisk(const std::string& sNewBytes) const {
 void StoredDocument::Save() {
   std::string sBytes = mpDocument->Bytes();
   if (!CheckDisk(sBytes)) AtomicFile::Replace(msPath, sBytes, *moSettings.poFiles);
-  mpDocument->MarkSaved();
+  mpDocument->MarkSaved(std::move(sBytes));
   moSettings.poFiles->GetStat(msPath, moStat);
 }
 

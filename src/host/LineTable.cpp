@@ -81,6 +81,7 @@ void LineTable::Split(std::size_t lHeaderLength) {
     oEnds.Add(oSplit.End());
     if (IsMemberAttribute(oSplit.Text())) {
       oLines.back() = MakeLine(oLines.back().lOffset, oLines.back().lLength + lLength, true);
+      mbTails = true;
     } else {
       oLines.push_back(MakeLine(oSplit.Begin(), lLength, false));
     }
@@ -157,6 +158,7 @@ LineTable::Line LineTable::Add(std::string_view sText, std::string_view sEnd,
   msAdded += sEnd;
   msAdded += sTail;
   if (!sTail.empty() && !IsEnd(sTail.back())) msAdded += msOwnEnd;
+  mbTails = mbTails || !sTail.empty();
   return MakeLine(lOffset | AddedBit, msAdded.size() - lOffset, !sTail.empty());
 }
 
@@ -232,20 +234,18 @@ bool LineTable::IsChanged() const {
   return !sRest.empty();
 }
 
-void LineTable::Rebase() {
-  if (!mbTouched) return;
-  std::string sBytes;
-  sBytes.reserve(msFile.size() + msAdded.size());
+void LineTable::Rebase(std::string sBytes) {
+  // Of too large a file both buffers stay: offsets would no longer fit.
+  if (!mbTouched || sBytes.size() > MaxBytes) return;
+  std::size_t lOffset = 0;
+  std::string_view sMore;
   std::vector<Line> oLines;
   oLines.reserve(moLines.Size());
-  std::string_view sMore;
   for (std::int32_t l = 0; l <= Count(); ++l) {
-    const std::size_t lOffset = sBytes.size();
-    sBytes += PieceOf(l, sMore);
-    sBytes += sMore;
-    oLines.push_back(MakeLine(lOffset, sBytes.size() - lOffset, At(l).bTail != 0));
+    const std::size_t lLength = PieceOf(l, sMore).size() + sMore.size();
+    oLines.push_back(MakeLine(lOffset, lLength, At(l).bTail != 0));
+    lOffset += lLength;
   }
-  if (sBytes.size() > MaxBytes) return;  // keeps both buffers: offsets would no longer fit
   msFile = std::move(sBytes);
   std::string().swap(msAdded);
   moLines.Assign(std::move(oLines));

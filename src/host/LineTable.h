@@ -43,6 +43,9 @@ class LineTable {
   std::string_view TailOf(const Line& oLine) const;
   const Line& At(std::int32_t lLine) const { return moLines[static_cast<std::size_t>(lLine)]; }
 
+  /// False when no line of the file has or ever had hidden lines behind it.
+  bool MayHaveTails() const { return mbTails; }
+
   /// Another number after every change of lines.
   std::uint64_t Version() const { return mlVersion; }
 
@@ -65,8 +68,8 @@ class LineTable {
   std::string Bytes() const;
   const std::string& SavedBytes() const { return msFile; }
   bool IsChanged() const;
-  /// Makes the present bytes the saved ones.
-  void Rebase();
+  /// Makes the present bytes the saved ones. sBytes: what Bytes() gives.
+  void Rebase(std::string sBytes);
 
  private:
   void Touch();
@@ -80,6 +83,7 @@ class LineTable {
   GapBuffer<Line> moLines;
   std::string_view msOwnEnd;
   bool mbFinalEnd = true;
+  bool mbTails = false;
   bool mbTouched = false;
   std::uint64_t mlVersion = 1;
 };

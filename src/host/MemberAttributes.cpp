@@ -141,6 +141,8 @@ AttributeValue MemberAttributes::Missing(std::int32_t lMember, MemberAttribute e
 }
 
 AttributeValue MemberAttributes::Get(std::int32_t lMember, MemberAttribute eAttribute) {
+  // Twelve attributes of each procedure are asked for around a rewrite; most files have none.
+  if (!moLines.MayHaveTails()) return Missing(lMember, eAttribute);
   const std::optional<Text>& sValue = ValueOf(lMember, SlotOf(eAttribute));
   if (!sValue) return Missing(lMember, eAttribute);
   const Text sText = Unquoted(*sValue);

@@ -124,24 +124,32 @@ void ReadVariables(Statement& oStatement, const Token& oFirst, LexicalScan& oSca
   TakeName(oStatement, StatementKind::Variables, bEvents ? oScan.Next() : oFirst);
 }
 
-// A letter that one of the words Sub, Static, Function, Friend, Private, Public, Property, Global
-// or End begins with, and a second one that goes with it.
-bool MayBeginWord(std::string_view sLine) {
-  if (sLine.size() < 3) return false;
-  const char cSecond = AsciiLower(sLine[1]);
-  switch (AsciiLower(sLine[0])) {
-    case 'e':
-      return cSecond == 'n' && AsciiLower(sLine[2]) == 'd';
+// True when the word that the statement begins with is one that a head or an end begins with. Of
+// an end (of a procedure, a Type or an Enum) the second word counts as well: most statements with
+// End close some other block.
+bool MayBeginHeadOrEnd(std::string_view sCode) {
+  while (!sCode.empty() && IsDigit(sCode.front())) sCode.remove_prefix(1);
+  sCode = SkipBlanks(sCode);
+  if (sCode.size() < 4) return false;
+  const auto Is = [&](std::string_view sWord) { return StartsNoCase(sCode, sWord); };
+  switch (AsciiLower(sCode[0])) {
+    case 'e': {
+      if (!Is("end")) return false;
+      const std::string_view sRest = SkipBlanks(sCode.substr(3));
+      const char c = sRest.empty() ? '\0' : AsciiLower(sRest[0]);
+      if (c == 's') return sRest.size() > 1 && AsciiLower(sRest[1]) == 'u';
+      return c == 'f' || c == 'p' || c == 't' || c == 'e';
+    }
     case 's':
-      return cSecond == 'u' || cSecond == 't';
+      return Is("sub") || Is("static");
     case 'f':
-      return cSecond == 'u' || cSecond == 'r';
+      return Is("function") || Is("friend");
     case 'p':
-      return cSecond == 'r' || cSecond == 'u';
+      return Is("private") || Is("public") || Is("property");
     case 'g':
-      return cSecond == 'l';
+      return Is("global");
     default:
-      return IsDigit(sLine[0]);
+      return false;
   }
 }
 
@@ -206,7 +214,10 @@ bool NextName(LexicalScan& oScan, Token& oName) {
 }
 
 bool MayEndBody(std::string_view sLine) {
-  if (sLine.find(':') != std::string_view::npos) return true;
   if (ContinuationMark(sLine) != std::string_view::npos) return true;
-  return MayBeginWord(SkipBlanks(sLine));
+  if (MayBeginHeadOrEnd(SkipBlanks(sLine))) return true;
+  for (std::size_t l = sLine.find(':'); l != std::string_view::npos; l = sLine.find(':', l + 1)) {
+    if (MayBeginHeadOrEnd(SkipBlanks(sLine.substr(l + 1)))) return true;
+  }
+  return false;
 }

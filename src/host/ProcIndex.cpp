@@ -127,7 +127,7 @@ bool ProcIndex::ScanProcedure(std::int32_t lScope) {
   }
   msName.clear();
   moPage.Decode(oNew.sName, msName);
-  if (msName != NameOf(moMembers[Index(oScope.lMember)])) return false;
+  if (!Same(msName, NameOf(moMembers[Index(oScope.lMember)]))) return false;
   // New comments at the top may belong to the scope above.
   oScope.lStart += oNew.lStart - lStart;
   oScope.lBody = oNew.lBody - oNew.lStart;
@@ -239,7 +239,7 @@ bool ProcIndex::SameMembers(const ScanResult& oResult) {
     const Member& oOld = moMembers[l];
     msName.clear();
     moPage.Decode(oNew.sName, msName);
-    if (oOld.lScope != 0 || msName != NameOf(oOld) || oNew.nType != oOld.nType ||
+    if (oOld.lScope != 0 || !Same(msName, NameOf(oOld)) || oNew.nType != oOld.nType ||
         oNew.eAccess != oOld.eAccess || oNew.bDeclare != oOld.bDeclare) {
       return false;
     }
@@ -314,7 +314,7 @@ SourceDocument::MemberInfo ProcIndex::MemberAt(std::int32_t lMember) {
 bool ProcIndex::IsMember(std::int32_t lMember, TextView sName, std::int32_t nType) {
   if (lMember < 1 || lMember > MemberCount()) return false;
   const Member& o = moMembers[Index(lMember) - 1];
-  return o.nType == nType && NameOf(o) == sName;
+  return o.nType == nType && Same(NameOf(o), sName);
 }
 
 std::vector<std::int32_t> ProcIndex::DeclarationLines(std::int32_t lMember, std::size_t& lGet) {

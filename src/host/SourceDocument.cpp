@@ -160,8 +160,8 @@ std::string SourceDocument::SavedBytes() const {
   return mpImpl->oLines.SavedBytes();
 }
 
-void SourceDocument::MarkSaved() {
-  mpImpl->oLines.Rebase();
+void SourceDocument::MarkSaved(std::string sBytes) {
+  mpImpl->oLines.Rebase(std::move(sBytes));
   mpImpl->oMemory.Clear();
 }
 

@@ -78,8 +78,8 @@ class SourceDocument {
   /// The whole file as it has to be written.
   std::string Bytes() const;
   std::string SavedBytes() const;
-  /// The present bytes are on disk now.
-  void MarkSaved();
+  /// The present bytes are on disk now. sBytes: what Bytes() gave.
+  void MarkSaved(std::string sBytes);
   const CodePage& Page() const;
 
  private:

@@ -32,9 +32,7 @@ Failure LostLines(TextView sOld) {
 std::int32_t CountLines(TextView sText) {
   if (sText.empty()) return 0;
   std::int32_t lCount = 1;
-  for (std::size_t i = sText.find(CrLf); i != TextView::npos; i = sText.find(CrLf, i + 2)) {
-    ++lCount;
-  }
+  for (std::size_t l = 0; (l = FindLineEnd(sText, l)) < sText.size(); l += CrLf.size()) ++lCount;
   return lCount;
 }
 

@@ -1,6 +1,8 @@
 // Reading a procedure's settings back out of its text: the code itself is the record.
-#include "CTemplate.h"
+#include <algorithm>
+#include <array>
 
+#include "CTemplate.h"
 #include "MQuillon.h"
 #include "MXString.h"
 #include "MXStringVB.h"
@@ -8,31 +10,27 @@
 
 namespace {
 
+/// How far behind a unit the next one stands that can be the last of "error"; 0: it may be this.
+constexpr std::array<std::uint8_t, 0x80> ErrorSteps = [] {
+  std::array<std::uint8_t, 0x80> anStep{};
+  anStep.fill(5);
+  anStep[u'r'] = anStep[u'R'] = 0;
+  anStep[u'o'] = anStep[u'O'] = 1;
+  anStep[u'e'] = anStep[u'E'] = 4;
+  return anStep;
+}();
+
 /// True when the text holds the word in any case. Looks at every fifth unit or so: most texts are
 /// long and don't hold it.
 bool HoldsError(TextView sText) {
   constexpr TextView sWord = u"error";
-  const auto Lower = [](char16_t c) {
-    return static_cast<char16_t>(c >= u'A' && c <= u'Z' ? c + 32 : c);
-  };
   for (std::size_t i = sWord.size() - 1; i < sText.size();) {
-    switch (Lower(sText[i])) {
-      case u'r': {
-        std::size_t k = 1;
-        while (k < sWord.size() && Lower(sText[i - k]) == sWord[sWord.size() - 1 - k]) ++k;
-        if (k == sWord.size()) return true;
-        ++i;
-        break;
-      }
-      case u'o':
-        ++i;
-        break;
-      case u'e':
-        i += 4;
-        break;
-      default:
-        i += 5;
+    const char16_t c = sText[i];
+    const std::size_t lStep = c < 0x80 ? ErrorSteps[c] : 5;
+    if (lStep == 0 && EqualNoCase(sText.substr(i + 1 - sWord.size(), sWord.size()), sWord)) {
+      return true;
     }
+    i += std::max<std::size_t>(lStep, 1);
   }
   return false;
 }

@@ -62,6 +62,14 @@ Text CheckNoTemplate(const InsertionRequest& oRequest, const ProcText& oProc) {
   return Text();
 }
 
+bool HoldsExit(TextView sLine) {
+  std::size_t l = FindUnit(sLine, u'E');
+  while (l != TextView::npos && !sLine.substr(l).starts_with(u"Exit ")) {
+    l = FindUnit(sLine, u'E', l + 1);
+  }
+  return l != TextView::npos;
+}
+
 /// Writes the lines of a body with its trace exits and line numbers.
 class BodyWriter {
  public:
@@ -93,7 +101,7 @@ class BodyWriter {
     for (TextView& sLine : asLine) {
       const bool bGoesOn = Continues(sLine);
       const bool bComment = bInComment || (bGoesOn && CommentStart(sLine) < sLine.size());
-      if (!bInComment && sLine.find(u"Exit ") != TextView::npos) {
+      if (!bInComment && HoldsExit(sLine)) {
         asTraced.push_back(TraceExits::Insert(sLine, moRequest.oValues.sBaseType, msTraceExit));
         sLine = asTraced.back();
       }

@@ -43,6 +43,11 @@ bool IsEndStatement(TextView sStatement, TextView sLowerType) {
 /// True when a folded line holds the end in a form that isn't a line of its own: behind a label,
 /// a line number or a colon, or with a comment or statement behind it.
 bool HoldsEnd(TextView sFolded, TextView sLowerType) {
+  // The end begins the line, stands behind a number or behind a colon.
+  if (sFolded.empty()) return false;
+  const char16_t cFirst = sFolded.front();
+  const bool bMayBegin = cFirst == u'e' || cFirst == u'\t' || (cFirst >= u'0' && cFirst <= u'9');
+  if (!bMayBegin && FindUnit(sFolded, u':') == TextView::npos) return false;
   if (sFolded.find(u"end") == TextView::npos) return false;
   const Text sMasked = MXStringVB::MaskVBLiterals(sFolded.substr(0, CommentStart(sFolded)), u"x");
   TextView sRest = sMasked;
@@ -93,6 +98,33 @@ bool IsBalanced(const ProcText& oProc, std::size_t lFirst, std::size_t lLast) {
   return nDepth == 0;
 }
 
+/// Lower-cases the letters of a text of plain ASCII without blanks side by side, as nearly every
+/// line is; false for any other. Two loops without a branch: the compiler makes vectors of them.
+bool FoldPlain(TextView sText, char16_t* pFolded) {
+  unsigned nOdd = 0;
+  for (std::size_t i = 0; i < sText.size(); ++i) {
+    const char16_t c = sText[i];
+    nOdd |= c & 0xFF80U;
+    const bool bUpper = c >= u'A' && c <= u'Z';
+    pFolded[i] = static_cast<char16_t>(c + (bUpper ? 32 : 0));
+  }
+  for (std::size_t i = 1; i < sText.size(); ++i) {
+    nOdd |= static_cast<unsigned>(sText[i - 1] == u' ') & static_cast<unsigned>(sText[i] == u' ');
+  }
+  return nOdd == 0;
+}
+
+/// FullTrim and lower case of a trimmed text, into room for as many units; gives their number.
+std::size_t FoldInto(TextView sTrimmed, char16_t* pFolded) {
+  if (FoldPlain(sTrimmed, pFolded)) return sTrimmed.size();
+  std::size_t lCount = 0;
+  for (std::size_t i = 0; i < sTrimmed.size(); ++i) {
+    if (i > 0 && sTrimmed[i] == u' ' && sTrimmed[i - 1] == u' ') continue;
+    pFolded[lCount++] = Lower(sTrimmed[i]);
+  }
+  return lCount;
+}
+
 Text LowerType(TextView sBaseType) {
   return LowerCase(sBaseType);
 }
@@ -129,35 +161,21 @@ bool IsBlank(TextView sLine) {
   return sLine.find_first_not_of(u' ') == TextView::npos;
 }
 
-// One pass splits and folds: every operation begins with it, so it makes up much of a run.
+// Every operation begins with this pass, so it makes up much of a run.
 ProcText::ProcText(TextView sProcCode) : mlUnits(sProcCode.size()) {
   msFolded.resize(sProcCode.size());
   moLines.reserve(sProcCode.size() / 24 + 2);
   moFolds.reserve(moLines.capacity() + 1);
   moFolds.push_back(0);
-  const char16_t* pUnit = sProcCode.data();
-  const char16_t* const pEnd = pUnit + sProcCode.size();
   char16_t* pFolded = msFolded.data();
-  for (;;) {
-    const char16_t* const pLine = pUnit;
-    char16_t* const pLineFolded = pFolded;
-    bool bBlank = true;  // leading blanks go
-    for (; pUnit != pEnd; ++pUnit) {
-      const char16_t cUnit = *pUnit;
-      if (cUnit == u'\r' && pUnit + 1 != pEnd && pUnit[1] == u'\n') break;
-      if (cUnit == u' ') {
-        if (!bBlank) *pFolded++ = u' ';
-        bBlank = true;
-      } else {
-        *pFolded++ = Lower(cUnit);
-        bBlank = false;
-      }
-    }
-    if (bBlank && pFolded != pLineFolded) --pFolded;
-    moLines.emplace_back(pLine, static_cast<std::size_t>(pUnit - pLine));
+  for (std::size_t lStart = 0;;) {
+    const std::size_t lEnd = FindLineEnd(sProcCode, lStart);
+    const TextView sLine = sProcCode.substr(lStart, lEnd - lStart);
+    pFolded += FoldInto(Trim(sLine), pFolded);
+    moLines.push_back(sLine);
     moFolds.push_back(static_cast<std::uint32_t>(pFolded - msFolded.data()));
-    if (pUnit == pEnd) break;
-    pUnit += CrLf.size();
+    if (lEnd == sProcCode.size()) break;
+    lStart = lEnd + CrLf.size();
   }
 }
 

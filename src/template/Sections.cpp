@@ -14,6 +14,15 @@ bool Clamp(const std::vector<LineRow>& oRows, std::int32_t& lFirst, std::int32_t
   return lFirst <= lLast;
 }
 
+/// Position of the first <%, or npos.
+std::size_t FindMark(TextView sText) {
+  std::size_t l = FindUnit(sText, u'<');
+  while (l != TextView::npos && !sText.substr(l + 1).starts_with(u'%')) {
+    l = FindUnit(sText, u'<', l + 1);
+  }
+  return l;
+}
+
 /// The value of the token at the start of sText; false when it isn't one of the seven.
 bool TokenValue(TextView sText, const SectionValues& oValues, TextView& sValue,
                 std::size_t& lLength) {
@@ -47,17 +56,17 @@ bool IsWritten(const LineRow& oRow, const SectionValues& oValues) {
   if (!oRow.bScript) return false;
   const TextView sCondition = oRow.sIfCondition;
   if (sCondition.empty()) return true;
-  if (sCondition == u"boundary") return !oValues.sBoundary.empty();
-  if (sCondition == u"severity") return !oValues.sSeverity.empty();
-  if (sCondition == u"retry") return !oValues.sRetry.empty();
-  if (sCondition == u"trace") return oValues.bTrace;
+  if (Same(sCondition, u"boundary")) return !oValues.sBoundary.empty();
+  if (Same(sCondition, u"severity")) return !oValues.sSeverity.empty();
+  if (Same(sCondition, u"retry")) return !oValues.sRetry.empty();
+  if (Same(sCondition, u"trace")) return oValues.bTrace;
   return false;
 }
 
 void RenderRow(const LineRow& oRow, const SectionValues& oValues, Text& sText) {
   TextView sRest = oRow.sLine;
   for (;;) {
-    const std::size_t lMark = sRest.find(u"<%");
+    const std::size_t lMark = FindMark(sRest);
     sText.append(sRest.substr(0, lMark));
     if (lMark == TextView::npos) return;
     sRest.remove_prefix(lMark);

@@ -1,7 +1,6 @@
 #include "Signature.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "MXString.h"
 
@@ -38,21 +37,6 @@ SignatureValue Parse(TextView sSignature) {
     bFirst = false;
   }
   return oValue;
-}
-
-/// Position of the CR LF behind lStart, or the text's length. The C library's byte search is many
-/// times as fast as a loop over units; a hit in the wrong half of a unit is passed over.
-std::size_t LineEnd(TextView sText, std::size_t lStart) {
-  const char* const pBase = reinterpret_cast<const char*>(sText.data());
-  const std::size_t lBytes = sText.size() * sizeof(char16_t);
-  for (std::size_t lByte = lStart * sizeof(char16_t); lByte < lBytes; ++lByte) {
-    const void* pHit = std::memchr(pBase + lByte, '\n', lBytes - lByte);
-    if (!pHit) break;
-    lByte = static_cast<std::size_t>(static_cast<const char*>(pHit) - pBase);
-    const std::size_t lUnit = lByte / sizeof(char16_t);
-    if (lUnit > lStart && sText[lUnit] == u'\n' && sText[lUnit - 1] == u'\r') return lUnit - 1;
-  }
-  return sText.size();
 }
 
 bool IsTemplateName(TextView sName) {
@@ -100,7 +84,7 @@ Signature::Signature(const std::vector<TemplateRow>& oTemplates,
     const bool bWide = sPattern.find_first_not_of(u"* '") == Text::npos;
     moRows.push_back({&oRow, Fold(oRow.sLine), bWide});
     if (!sPattern.empty() && sPattern.find_first_of(u"*?#[") == 0) mbAnyBegin = true;
-    if (!sPattern.empty()) msBegins.push_back(sPattern.front());
+    if (!sPattern.empty() && sPattern.front() < 0x80) mabBegin[sPattern.front()] = true;
     if (l == oTemplate.lStart[SectionStart] + 1) mpFirst = &oRow;
   }
 }
@@ -149,15 +133,14 @@ std::optional<SignatureValue> Signature::Read(TextView sFolded) const {
 }
 
 bool Signature::MayBegin(char16_t cUnit) const {
-  return mbAnyBegin || cUnit >= 0x80 || msBegins.find(cUnit) != Text::npos ||
-         msBegins.find(LowerCase(cUnit)) != Text::npos;
+  return mbAnyBegin || cUnit >= 0x80 || mabBegin[cUnit] || mabBegin[LowerCase(cUnit)];
 }
 
 std::optional<SignatureValue> Signature::Find(TextView sProcCode) const {
   // Nearly every line can be told by its first unit; only the others are folded and compared.
   Text sFolded;
   for (std::size_t lStart = 0; lStart < sProcCode.size();) {
-    const std::size_t lEnd = LineEnd(sProcCode, lStart);
+    const std::size_t lEnd = FindLineEnd(sProcCode, lStart);
     std::size_t lFirst = lStart;
     while (lFirst < lEnd && sProcCode[lFirst] == u' ') ++lFirst;
     if (lFirst < lEnd && MayBegin(sProcCode[lFirst])) {

@@ -4,6 +4,7 @@
 // Signature text: the name, "Name&Locked", or "Locked" alone.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -55,6 +56,6 @@ class Signature {
 
   const LineRow* mpFirst = nullptr;
   std::vector<Row> moRows;
-  Text msBegins;            ///< the first units of the patterns that begin with an ordinary one
+  std::array<bool, 0x80> mabBegin{};  ///< by the first units of patterns that begin plainly
   bool mbAnyBegin = false;  ///< a pattern begins with something else
 };

@@ -25,6 +25,8 @@ enum LineNumAction : std::int32_t { NumberAsRule = -1, NumberInsert, NumberLeave
 inline constexpr TextView DeclarationsName = u"(declarations)";
 inline constexpr TextView NoneName = u"(none)";
 inline constexpr TextView BespokeName = u"(bespoke)";
+/// Where the vendor is on the web: printed on reports, opened by the Help menu.
+inline constexpr TextView VendorAddress = u"https://tarvane.example/quillon";
 
 Text VBComponentTypeName(std::int32_t nType);
 Text VBProjectTypeName(std::int32_t nType);

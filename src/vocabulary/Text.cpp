@@ -3,6 +3,7 @@
 #include <locale.h>
 #include <wctype.h>
 
+#include <algorithm>
 #include <cstdint>
 
 #include "Failure.h"
@@ -150,13 +151,34 @@ TextView RightTrim(TextView sText) {
   return sText;
 }
 
+// The C library's byte search looks at a vector at a time; a hit in the wrong half of a unit or in
+// another unit with that byte is passed over.
+std::size_t FindUnit(TextView sText, char16_t cUnit, std::size_t lFrom) {
+  const char* const pBase = reinterpret_cast<const char*>(sText.data());
+  const std::size_t lBytes = sText.size() * sizeof(char16_t);
+  for (std::size_t lByte = lFrom * sizeof(char16_t); lByte < lBytes; ++lByte) {
+    const void* pHit = std::memchr(pBase + lByte, static_cast<int>(cUnit & 0xFFU), lBytes - lByte);
+    if (!pHit) break;
+    lByte = static_cast<std::size_t>(static_cast<const char*>(pHit) - pBase);
+    if (sText[lByte / sizeof(char16_t)] == cUnit) return lByte / sizeof(char16_t);
+  }
+  return TextView::npos;
+}
+
+std::size_t FindLineEnd(TextView sText, std::size_t lFrom) {
+  for (std::size_t l = lFrom; (l = FindUnit(sText, u'\n', l)) != TextView::npos; ++l) {
+    if (l > lFrom && sText[l - 1] == u'\r') return l - 1;
+  }
+  return sText.size();
+}
+
 std::vector<TextView> SplitLines(TextView sText) {
   std::vector<TextView> asLine;
   while (!sText.empty()) {
     if (asLine.size() == MaxTokens) throw Failure(6);
-    const std::size_t lEnd = sText.find(CrLf);
+    const std::size_t lEnd = FindLineEnd(sText);
     asLine.push_back(sText.substr(0, lEnd));
-    sText.remove_prefix(lEnd == TextView::npos ? sText.size() : lEnd + CrLf.size());
+    sText.remove_prefix(std::min(sText.size(), lEnd + CrLf.size()));
   }
   return asLine;
 }

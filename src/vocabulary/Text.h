@@ -2,6 +2,7 @@
 // Text is 16-bit units (UTF-16); bytes become text in platform/ and host/ only.
 #pragma once
 
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +18,17 @@ inline constexpr TextView CrLf = u"\r\n";
 std::string ToUtf8(TextView sText);
 /// Invalid bytes become U+FFFD. (File contents go through CodePage instead, which loses nothing.)
 Text FromUtf8(std::string_view sBytes);
+/// Position of a unit at lFrom or behind it, or npos: many times as fast as the standard search,
+/// which looks at every unit of a 16-bit text.
+std::size_t FindUnit(TextView sText, char16_t cUnit, std::size_t lFrom = 0);
+/// Position of the first CR LF at lFrom or behind it, or the text's length.
+std::size_t FindLineEnd(TextView sText, std::size_t lFrom = 0);
+/// True when both texts hold the same units; faster than == for the same reason.
+inline bool Same(TextView sLeft, TextView sRight) {
+  return sLeft.size() == sRight.size() &&
+         (sLeft.empty() ||
+          std::memcmp(sLeft.data(), sRight.data(), sLeft.size() * sizeof(char16_t)) == 0);
+}
 /// Decimal form of a number.
 Text ToText(long long lNumber);
 

@@ -66,7 +66,7 @@ TEST(SourceEdit, KeepsTheBytesOfLinesThatComeBack) {
     EXPECT_EQ(pDocument->IsChanged(), sBefore != sAfter);
     EXPECT_EQ(pDocument->SavedBytes(), sBefore);
     EXPECT_EQ(pDocument->CountOfLines(), Opened(oRow.szAfter, oRow.szPage)->CountOfLines());
-    pDocument->MarkSaved();
+    pDocument->MarkSaved(pDocument->Bytes());
     EXPECT_EQ(pDocument->SavedBytes(), sAfter);
     EXPECT_FALSE(pDocument->IsChanged());
     // Back again: only the ends of lines that are new once more may differ.
