@@ -21,6 +21,8 @@ class IPrintDevice {
 
   /// The name under which a person chooses it.
   virtual Text DeviceName() const = 0;
+  /// What it prints on unless told otherwise.
+  virtual std::int32_t LoadedPaper() { return UsualPaperSize(); }
   virtual Strips Unprintable(const Sheet& oSheet) = 0;
 
   /// sLine holds no line end.

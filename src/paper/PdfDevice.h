@@ -10,6 +10,8 @@
 
 namespace Paper {
 
+class PdfFonts;
+
 class PdfDevice : public IPrintDevice {
  public:
   /// Where the document goes at its end; it may throw, and then the document is lost.
@@ -29,17 +31,11 @@ class PdfDevice : public IPrintDevice {
   void KillDocument() noexcept override;
 
  private:
-  class Fonts;
   class Document;
 
   Deliver mfnDeliver;
-  std::unique_ptr<Fonts> moFonts;
+  std::unique_ptr<PdfFonts> moFonts;
   std::unique_ptr<Document> moDocument;
 };
-
-/// Writes a finished document to sPath so that an old file there is whole until the new one is
-/// complete; what isn't an ordinary file, such as a pipe, is written straight. Failures as those of
-/// AtomicFile::Replace.
-void WriteDocument(const std::string& sPath, const std::string& sBytes);
 
 }  // namespace Paper

@@ -19,8 +19,7 @@ inline constexpr std::int32_t ScaleTwips = 1;
 
 class Printer {
  public:
-  /// The device isn't owned and outlives the printer. Paper is the usual one of the country,
-  /// upright.
+  /// The device isn't owned and outlives the printer. Paper is what the device has loaded, upright.
   explicit Printer(IPrintDevice& oDevice);
 
   Text DeviceName() const { return moDevice.DeviceName(); }

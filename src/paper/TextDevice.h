@@ -5,6 +5,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -35,6 +36,8 @@ class TextDevice : public IPrintDevice {
     Text sText;
   };
   void EndPage();
+  /// The pieces in their order, the leftmost ones at dLeft.
+  void AppendRows(double dLeft, std::string& sPage) const;
 
   Write mfnWrite;
   std::vector<Piece> moPieces;

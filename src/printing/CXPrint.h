@@ -74,7 +74,7 @@ class CXPrint {
     Text sLeft, sCenter, sRight;
   };
   struct Column {
-    std::int32_t lLeft = 0, lWidth = 0;
+    std::int64_t lLeft = 0, lWidth = 0;
     bool bIsPath = false;
   };
 
@@ -88,9 +88,8 @@ class CXPrint {
   double RowHeight(TextView sText, int nLines = 1) const;
   bool Fits(double dHeight) const;
   void BreakPage();
-  double BreakUnlessFits(double dHeight);
   Text Fitted(const Column& oColumn, TextView sValue) const;
-  Column& ColumnAt(std::int32_t lColumn);
+  std::size_t IndexOf(std::int32_t lColumn) const;
 
   Paper::Printer& moPrinter;
   ThreeTexts moHeader, moFooter;

@@ -1,0 +1,114 @@
+#include "DocumentFiles.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+
+#include "AtomicFile.h"
+#include "CodePage.h"
+#include "Failure.h"
+
+namespace Paper {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A pipe or a device can't be replaced by a file, and must not be.
+bool IsSpecial(const std::string& sPath) {
+  std::error_code oError;
+  const fs::file_status oStatus = fs::status(sPath, oError);
+  return fs::exists(oStatus) && !fs::is_regular_file(oStatus) && !fs::is_directory(oStatus);
+}
+
+void WriteStraight(const std::string& sPath, const std::string& sBytes) {
+  std::ofstream oFile(sPath, std::ios::binary | std::ios::app);
+  oFile.write(sBytes.data(), std::ssize(sBytes));
+  oFile.flush();
+  if (!oFile) throw Failure(57, FailureText(57) + u": " + TextOfPath(sPath) + u" can't be written");
+}
+
+/// A file for the eyes of this user alone, gone with the object.
+class PassingFile {
+ public:
+  PassingFile() {
+    std::error_code oError;
+    fs::path oFolder = fs::temp_directory_path(oError);
+    if (oError) oFolder = "/tmp";
+    msPath = (oFolder / "print-XXXXXX").string();
+    const int hFile = mkstemp(msPath.data());
+    if (hFile < 0) {
+      throw Failure(75, FailureText(75) + u": " + FromUtf8(msPath) +
+                            u" can't be made to hold the document (" +
+                            FromUtf8(std::strerror(errno)) + u")");
+    }
+    close(hFile);
+  }
+  ~PassingFile() { unlink(msPath.c_str()); }
+  PassingFile(const PassingFile&) = delete;
+  PassingFile& operator=(const PassingFile&) = delete;
+  const std::string& Path() const { return msPath; }
+
+ private:
+  std::string msPath;
+};
+
+}  // namespace
+
+void WriteDocument(const std::string& sPath, const std::string& sBytes) {
+  if (IsSpecial(sPath)) return WriteStraight(sPath, sBytes);
+  AtomicFile::Replace(sPath, sBytes);
+}
+
+FileDevice::FileDevice(AskFileName fnAsk)
+    : PdfDevice([this](const std::string& sBytes) {
+        if (moPath) WriteDocument(PathOfText(*moPath), sBytes);
+      }),
+      mfnAsk(std::move(fnAsk)) {}
+
+void FileDevice::StartDocument(TextView sTitle) {
+  moPath = mfnAsk ? mfnAsk(sTitle) : std::nullopt;
+  PdfDevice::StartDocument(sTitle);
+}
+
+QueueDevice::QueueDevice(IPrintQueues& oQueues, std::string sQueue)
+    : PdfDevice([this](const std::string& sBytes) { Submit(sBytes); }),
+      moQueues(oQueues),
+      msQueue(std::move(sQueue)) {}
+
+std::int32_t QueueDevice::LoadedPaper() {
+  const std::int32_t eSize = moQueues.PaperSizeOf(msQueue);
+  return eSize != 0 ? eSize : UsualPaperSize();
+}
+
+Strips QueueDevice::Unprintable(const Sheet& oSheet) {
+  const Strips oUpright = moQueues.StripsOf(msQueue, oSheet.ePaperSize);
+  if (oSheet.eOrientation == Portrait) return oUpright;
+  // Which way the sheet gets turned is the device's business: the widest strip is safe all round.
+  const std::int32_t lWidest =
+      std::max({oUpright.lLeft, oUpright.lTop, oUpright.lRight, oUpright.lBottom});
+  return {lWidest, lWidest, lWidest, lWidest};
+}
+
+void QueueDevice::StartDocument(TextView sTitle) {
+  msTitle = sTitle;
+  PdfDevice::StartDocument(sTitle);
+}
+
+void QueueDevice::StartPage(const Sheet& oSheet) {
+  mePaperSize = oSheet.ePaperSize;
+  PdfDevice::StartPage(oSheet);
+}
+
+void QueueDevice::Submit(const std::string& sBytes) {
+  const PassingFile oFile;
+  WriteStraight(oFile.Path(), sBytes);
+  moQueues.Submit(msQueue, oFile.Path(), msTitle, mePaperSize);
+}
+
+}  // namespace Paper

@@ -1,0 +1,21 @@
+#include "SeveralDocuments.h"
+
+#include <utility>
+
+namespace Paper {
+
+void SeveralDocuments::StartDocument(TextView sTitle) {
+  if (mbOpen) return;
+  moBelow.StartDocument(sTitle);
+  mbOpen = true;
+}
+
+void SeveralDocuments::KillDocument() noexcept {
+  if (std::exchange(mbOpen, false)) moBelow.KillDocument();
+}
+
+void SeveralDocuments::Close() {
+  if (std::exchange(mbOpen, false)) moBelow.EndDocument();
+}
+
+}  // namespace Paper

@@ -1,0 +1,51 @@
+#include "MXDate.h"
+
+#include <array>
+#include <ctime>
+#include <string>
+
+namespace MXDate {
+
+namespace {
+
+std::tm LocalTime(std::int64_t lTime) {
+  const std::time_t lSystemTime = lTime;
+  std::tm oTime = {};
+  localtime_r(&lSystemTime, &oTime);
+  return oTime;
+}
+
+/// Decimal, filled up with zeros.
+Text Digits(int nNumber, std::size_t lLength) {
+  const Text sNumber = ToText(nNumber);
+  return Text(lLength > sNumber.size() ? lLength - sNumber.size() : 0, u'0') + sNumber;
+}
+
+Text Clock(const std::tm& oTime) {
+  return Digits(oTime.tm_hour, 2) + u":" + Digits(oTime.tm_min, 2);
+}
+
+}  // namespace
+
+std::function<std::int64_t()> fnNow = [] { return std::int64_t{std::time(nullptr)}; };
+
+Text MediumDate(std::int64_t lTime) {
+  // English, as all texts of the system are; the C library would take the language of the user.
+  static constexpr std::array Months = {u"Jan", u"Feb", u"Mar", u"Apr", u"May", u"Jun",
+                                        u"Jul", u"Aug", u"Sep", u"Oct", u"Nov", u"Dec"};
+  const std::tm o = LocalTime(lTime);
+  return Digits(o.tm_mday, 2) + u"-" + Months[static_cast<std::size_t>(o.tm_mon)] + u"-" +
+         Digits((o.tm_year + 1900) % 100, 2);
+}
+
+Text ShortTime(std::int64_t lTime) {
+  return Clock(LocalTime(lTime));
+}
+
+Text FileTime(std::int64_t lTime) {
+  const std::tm o = LocalTime(lTime);
+  return Digits(o.tm_year + 1900, 4) + u"/" + Digits(o.tm_mon + 1, 2) + u"/" +
+         Digits(o.tm_mday, 2) + u" " + Clock(o) + u":" + Digits(o.tm_sec, 2);
+}
+
+}  // namespace MXDate

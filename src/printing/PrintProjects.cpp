@@ -1,0 +1,113 @@
+#include "CXPrint.h"
+#include "CodePage.h"
+#include "Failure.h"
+#include "HandlerGuard.h"
+#include "IFileOps.h"
+#include "MQuillon.h"
+#include "MXDate.h"
+#include "MXFile.h"
+#include "ReportSetup.h"
+
+using namespace HandlerGuard;
+
+namespace Reports {
+
+namespace {
+
+constexpr TextView NotAvailable = u"n/a";
+constexpr float HalfLine = 0.5f;
+constexpr std::size_t ColumnCount = 6;
+constexpr std::int32_t FileNameColumn = 5;
+
+/// A file that is gone is reported, but one of them must not take the whole report away.
+Text ModifiedText(TextView sFile) {
+  constexpr std::int64_t NanosecondsPerSecond = 1'000'000'000;
+  try {
+    return Result(u"FileModified", [&](GuardScope&) {
+      IFileOps::Stat oStat;
+      if (SystemFileOps().GetStat(PathOfText(sFile), oStat) != 0) {
+        throw Failure(53, FailureText(53) + u": " + Text(sFile));
+      }
+      return MXDate::FileTime(oStat.lModified / NanosecondsPerSecond);
+    });
+  } catch (const Failure&) {
+    return Text(NotAvailable);
+  }
+}
+
+struct FileState {
+  Text sReadOnly, sModified, sFileName;
+};
+
+FileState StateOf(const Text& sFile) {
+  if (sFile.empty()) return {Text(NotAvailable), Text(NotAvailable), Text(NotAvailable)};
+  return {MXFile::FileReadOnly(sFile) ? u"ReadOnly" : u"", ModifiedText(sFile), sFile};
+}
+
+class Summary {
+ public:
+  Summary(GuardScope& oScope, CIDEHandler& oHandler, Paper::Printer& oPrinter)
+      : moScope(oScope), moHandler(oHandler), moPrinter(oPrinter), moPrint(oPrinter) {}
+
+  void Print(const Widths& alModWidth, CIDEHandler::Handle hProject) {
+    VBProject& oProject = *moHandler.Project(hProject).oProject;
+    const Text sName = Need(moScope, [&] { return oProject.Name(); });
+    SetUp(moPrint, moPrinter, u"Tarvane Quillon 3.1", u"Project Summary", sName);
+    moPrint.SetColumns(Positions(alModWidth, ColumnCount));
+    Heading({u"Project", u"Type", u"", u"ReadOnly", u"Modified", u"FileName"});
+    moPrint.SetColumnIsPath(FileNameColumn, true);
+    const auto nType = Need(moScope, [&] { return oProject.Type(); });
+    Row({sName, MQuillon::VBProjectTypeName(nType), u""},
+        StateOf(Need(moScope, [&] { return oProject.FileName(); })));
+    Heading({u"Module", u"Type", u"Instancing", u"ReadOnly", u"Modified", u"FileName"});
+    EachComponent(moHandler, hProject, [&](CIDEHandler::Handle h) { Component(h); });
+    moPrint.Finish();
+  }
+
+ private:
+  void Heading(const std::vector<Text>& asTitle) {
+    moPrint.SpaceAfter = HalfLine;
+    moPrint.FontBold = true;
+    moPrint.PrintColumns(asTitle);
+    moPrint.FontBold = false;
+  }
+
+  void Row(std::vector<Text> asValue, const FileState& oState) {
+    asValue.insert(asValue.end(), {oState.sReadOnly, oState.sModified, oState.sFileName});
+    moPrint.PrintColumns(asValue);
+  }
+
+  void Component(CIDEHandler::Handle hComponent) {
+    const ComponentRecord& oRecord = moHandler.Component(hComponent);
+    const VBComponent& oComponent = *oRecord.oComponent;
+    const auto nType = Need(moScope, [&] { return oComponent.Type(); });
+    const auto nFiles = Need(moScope, [&] { return oComponent.FileCount(); });
+    const std::vector<Text> asName{oRecord.sName, MQuillon::VBComponentTypeName(nType),
+                                   MQuillon::InstancingTypeName(oRecord.lInstancing)};
+    moPrint.SpaceAfter = HalfLine;
+    if (nFiles <= 0) return Row(asName, {});
+    for (std::int32_t i = 1; i <= nFiles; ++i) {
+      moPrint.SpaceAfter = i == nFiles ? HalfLine : 0;
+      Row(i == 1 ? asName : std::vector<Text>(asName.size()),
+          StateOf(Need(moScope, [&] { return oComponent.FileNames(i); })));
+    }
+  }
+
+  GuardScope& moScope;
+  CIDEHandler& moHandler;
+  Paper::Printer& moPrinter;
+  CXPrint moPrint;
+};
+
+}  // namespace
+
+void PrintProjects(CIDEHandler& oHandler, Paper::Printer& oPrinter, const Widths& alModWidth,
+                   CIDEHandler::Handle hProject) {
+  // No call of the printer is a step: a page that failed halfway can't be printed again.
+  Guard(Named(u"PrintProjects"), [&](GuardScope& oScope) {
+    oPrinter.SetScaleMode(Paper::ScaleTwips);
+    Summary(oScope, oHandler, oPrinter).Print(alModWidth, hProject);
+  });
+}
+
+}  // namespace Reports

@@ -1,0 +1,110 @@
+#include "CXPrint.h"
+#include "Failure.h"
+#include "HandlerGuard.h"
+#include "MQuillon.h"
+#include "ReportSetup.h"
+#include "SortedList.h"
+
+using namespace HandlerGuard;
+
+namespace Reports {
+
+namespace {
+
+constexpr float HalfLine = 0.5f;
+constexpr std::size_t ColumnCount = 9;
+/// A component begins on a new page unless this many lines still fit.
+constexpr std::int16_t LinesOfComponent = 10;
+
+const CXLookup& Words(const std::unique_ptr<CXLookup>& oLookup) {
+  if (!oLookup) throw Failure(91);
+  return *oLookup;
+}
+
+class Settings {
+ public:
+  Settings(GuardScope& oScope, CIDEHandler& oHandler, Paper::Printer& oPrinter)
+      : moScope(oScope), moHandler(oHandler), moPrinter(oPrinter), moPrint(oPrinter) {}
+
+  void Print(const Widths& alProcWidth, CIDEHandler::Handle hProject,
+             CIDEHandler::Handle hComponent) {
+    const VBProject& oProject = *moHandler.Project(hProject).oProject;
+    const Text sName = Need(moScope, [&] { return oProject.Name(); });
+    const auto nType = Need(moScope, [&] { return oProject.Type(); });
+    SetUp(moPrint, moPrinter, u"Tarvane Quillon 3.0", u"Procedure Properties", sName);
+    Title(sName + u" - " + MQuillon::VBProjectTypeName(nType));
+    moPrint.SetColumns(Positions(alProcWidth, ColumnCount));
+    if (hComponent > 0) {
+      moHandler.LoadComponent(hComponent);
+      Component(hComponent);
+    } else {
+      AllComponents(hProject);
+    }
+    moPrint.Finish();
+  }
+
+ private:
+  void Title(TextView sTitle) {
+    moPrint.SpaceAfter = HalfLine;
+    moPrint.FontBold = true;
+    moPrint.PrintLine(sTitle);
+  }
+
+  void AllComponents(CIDEHandler::Handle hProject) {
+    if (moHandler.Project(hProject).lFirstComponent < 1) return;
+    moHandler.ForceLoadProjectComponents(hProject);
+    EachComponent(moHandler, hProject, [&](CIDEHandler::Handle h) {
+      moPrint.CheckPage(LinesOfComponent);
+      Component(h);
+    });
+  }
+
+  void Component(CIDEHandler::Handle hComponent) {
+    const ComponentRecord& oRecord = moHandler.Component(hComponent);
+    const auto nType = Need(moScope, [&] { return oRecord.oComponent->Type(); });
+    Title(oRecord.sName + u" - " + MQuillon::InstancingTypeName(oRecord.lInstancing) + u" " +
+          MQuillon::VBComponentTypeName(nType));
+    moPrint.PrintColumns({u"Procedure", u"Type", u"Scope", u"Template", u"Locked", u"Boundary",
+                          u"Severity", u"Retry", u"Trace"});
+    moPrint.FontBold = false;
+    moPrint.SpaceAfter = 0;
+    SortedList oList;
+    for (const auto h : HandleRange(oRecord.lFirstProcedure, oRecord.lLastProcedure)) {
+      oList.AddItem(moHandler.ProcName(h), h);
+    }
+    for (const auto h : oList.ItemData()) Procedure(moHandler.Procedure(h), moHandler.ProcName(h));
+    moPrint.PrintBlank();
+  }
+
+  void Procedure(const ProcedureRecord& oRecord, const Text& sName) {
+    const CProcSettings& o = oRecord.oCurrent;
+    Text sScope;
+    if (oRecord.oMember) {
+      sScope = MQuillon::ScopeTypeName(Need(moScope, [&] { return oRecord.oMember->Scope(); }));
+    }
+    moPrint.PrintColumns({sName, Text(oRecord.sProcType), sScope, Text(o.sTemplate()),
+                          Words(MQuillon::oLookupLocked).LookupDisplayName(o.eLocked()),
+                          Words(MQuillon::oLookupBoundary).LookupItem(o.eBoundary()),
+                          Words(MQuillon::oLookupSeverity).LookupItem(o.eSeverity()),
+                          Words(MQuillon::oLookupRetry).LookupItem(o.eRetry()),
+                          Words(MQuillon::oLookupTrace).LookupDisplayName(o.eTrace())});
+  }
+
+  GuardScope& moScope;
+  CIDEHandler& moHandler;
+  Paper::Printer& moPrinter;
+  CXPrint moPrint;
+};
+
+}  // namespace
+
+void PrintSettings(CIDEHandler& oHandler, Paper::Printer& oPrinter, const Widths& alProcWidth,
+                   CIDEHandler::Handle hProject, CIDEHandler::Handle hComponent) {
+  // No call of the printer is a step: a page that failed halfway can't be printed again.
+  Guard(Named(u"PrintSettings"), [&](GuardScope& oScope) {
+    oPrinter.SetScaleMode(Paper::ScaleTwips);
+    Settings(oScope, oHandler, oPrinter).Print(alProcWidth, hProject, hComponent);
+  });
+}
+
+}  // namespace Reports

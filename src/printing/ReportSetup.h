@@ -1,0 +1,25 @@
+// What both reports begin with, and the walk over a project that they share. For the sources of the
+// reports alone.
+#pragma once
+
+#include <functional>
+
+#include "CXPrint.h"
+#include "Reports.h"
+
+namespace Reports {
+
+/// Scale, margins from the page options, the title of the document, header and footer.
+/// sProduct: the left text of the header; sReport: the left text of the footer.
+void SetUp(CXPrint& oPrint, Paper::Printer& oPrinter, TextView sProduct, TextView sReport,
+           TextView sProject);
+
+/// Left edges of lCount columns: 0, then the sums of the widths. Failure 9 unless there are at
+/// least lCount - 1 widths.
+std::vector<std::int32_t> Positions(const Widths& alWidth, std::size_t lCount);
+
+/// Visits the components of a project folder by folder, by name within a folder.
+void EachComponent(const CIDEHandler& oHandler, CIDEHandler::Handle hProject,
+                   const std::function<void(CIDEHandler::Handle)>& oVisit);
+
+}  // namespace Reports
