@@ -1,0 +1,26 @@
+# Packs the pages of the help with the pictures that they show into one book.
+# cmake -DPAGES=<docs/help> -DDRAWN=<folder of the drawn pictures> -DSTAGE=<folder> -DBOOK=<file> -P ...
+cmake_minimum_required(VERSION 3.25)
+
+file(REMOVE_RECURSE ${STAGE})
+file(GLOB pages RELATIVE ${PAGES} ${PAGES}/*.html)
+set(files Tarvane.hhp Tarvane.hhc Tarvane.hhk ${pages})
+foreach(file ${files})
+  file(COPY ${PAGES}/${file} DESTINATION ${STAGE})
+  file(STRINGS ${PAGES}/${file} lines REGEX "<img src=")
+  foreach(line ${lines})
+    string(REGEX MATCHALL "src=\"pictures/[^\"]+" shown "${line}")
+    list(TRANSFORM shown REPLACE "src=\"pictures/" "")
+    list(APPEND pictures ${shown})
+  endforeach()
+endforeach()
+list(REMOVE_DUPLICATES pictures)
+foreach(picture ${pictures})
+  if(NOT EXISTS ${DRAWN}/${picture})
+    message(FATAL_ERROR "The help shows ${picture}, which isn't among the pictures in ${DRAWN}")
+  endif()
+  file(COPY ${DRAWN}/${picture} DESTINATION ${STAGE}/pictures)
+  list(APPEND files pictures/${picture})
+endforeach()
+execute_process(COMMAND ${CMAKE_COMMAND} -E tar cf ${BOOK} --format=zip ${files}
+                WORKING_DIRECTORY ${STAGE} COMMAND_ERROR_IS_FATAL ANY)
