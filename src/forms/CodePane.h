@@ -9,11 +9,16 @@ namespace Forms {
 /// How a line is drawn. Added and Removed are those of a difference.
 enum class LineMark { None, Added, Removed, Heading, Current };
 
+struct LineLook {
+  LineMark eMark = LineMark::None;
+  bool bNumberSet = false;
+  Text sNumber;
+};
+
 struct CodePaneState {
   Text sText;
   std::vector<Text> asLine;
-  std::vector<LineMark> aeMark;
-  std::vector<Text> asNumber;
+  std::vector<LineLook> aoLook;  ///< one for each line
   bool bLineNumbers = true;
   std::int32_t lTopLine = 1, lSelStartLine = 0, lSelEndLine = 0;
 };
@@ -53,7 +58,7 @@ class CodePane : public WithState<Control, CodePaneState> {
 
  protected:
   ControlState DefaultState() const override;
-  /// Up, Down, PageUp, PageDown, Home and End scroll; Ctrl+A selects all lines, Ctrl+C copies.
+  /// Up, Down, Home and End scroll; Ctrl+A selects all lines, Ctrl+C copies.
   void KeyAction(std::int32_t nKeyCode, std::int32_t nShift) override;
 
  private:

@@ -26,10 +26,8 @@ class CommandButton : public WithState<Control, CommandButtonState> {
   bool Cancel() const;
   void SetCancel(bool bCancel);
 
-  void Reset() override;
-
  protected:
-  /// Space and Return click.
+  /// Space clicks; Return is the form's business.
   void KeyAction(std::int32_t nKeyCode, std::int32_t nShift) override;
 };
 

@@ -79,14 +79,18 @@ class Component {
   // For the form, control arrays and this layer only.
   virtual void Reset();                            ///< back to the defaults
   virtual void CopyFrom(const Component& oOther);  ///< same class; all but name, index and events
-  virtual void Realize();                          ///< makes the peer
+  virtual void Realize();                          ///< makes the peer unless there is one
   void Unrealize() { mpPeer.reset(); }
-  void SetElement(std::int32_t lIndex, const std::shared_ptr<Component>& pSelf);
+  virtual void SetElement(std::int32_t lIndex, const std::shared_ptr<Component>& pSelf);
+  /// Keeps an element of an array alive while one of its own events is on the stack, though the
+  /// event's handler unloads it. Null for others.
+  std::shared_ptr<Component> Hold() const { return mpSelf.lock(); }
 
  protected:
   /// For forms, which bind themselves.
   explicit Component(TextView sName) : msName(sName) {}
   void BindForm(Form& oForm) { mpoForm = &oForm; }
+  void UnbindForm() { mpoForm = nullptr; }
 
   /// Loads the form when it isn't; every operation that changes something begins with it.
   void Touch();
@@ -100,11 +104,18 @@ class Component {
     Changed(eProperty);
     return true;
   }
-  /// Keeps an element of an array alive while one of its own events is on the stack, though the
-  /// event's handler unloads it.
-  std::shared_ptr<Component> Hold() const { return mpSelf.lock(); }
+  /// Raises an event that code caused, unless the values of design time are being set. The last
+  /// deed of an operation: the handler may have ended this object.
+  template <class... Args, class... Values>
+  void Raise(Signal<Args...>& oSignal, Values&&... values) {
+    if (Designing()) return;
+    auto pHold = Hold();
+    oSignal(std::forward<Values>(values)...);
+  }
 
  private:
+  bool Designing() const;
+
   Text msName, msTag;
   std::int32_t mlIndex = -1;
   Form* mpoForm = nullptr;

@@ -40,8 +40,7 @@ class Control : public Component {
   void SetWidth(std::int32_t lWidth);
   void SetHeight(std::int32_t lHeight);
   void Move(std::int32_t lLeft, std::int32_t lTop);
-  virtual void Move(std::int32_t lLeft, std::int32_t lTop, std::int32_t lWidth,
-                    std::int32_t lHeight);
+  void Move(std::int32_t lLeft, std::int32_t lTop, std::int32_t lWidth, std::int32_t lHeight);
 
   bool Visible() const { return moControl.bVisible; }
   /// Hiding or disabling the control with the focus passes the focus on in tab order.
@@ -50,8 +49,9 @@ class Control : public Component {
   void SetEnabled(bool bEnabled);
   /// True when it and all its containers are visible, the form included.
   bool Showing() const;
-  /// True when the user can work with it: it shows, it and all containers are enabled, and no
-  /// modal form stands above its form.
+  /// True when it shows, and it and all its containers are enabled.
+  bool Usable() const;
+  /// True when the user can work with it: it is usable, and no modal form stands above its form.
   bool UserEnabled() const;
 
   Color BackColor() const { return moControl.lBackColor; }
@@ -61,7 +61,7 @@ class Control : public Component {
   const Text& ToolTipText() const { return moControl.sToolTipText; }
   void SetToolTipText(TextView s) { Set(moControl.sToolTipText, s, Property::ToolTipText); }
   std::int32_t HelpContextID() const { return moControl.lHelpContextID; }
-  void SetHelpContextID(std::int32_t lId);
+  void SetHelpContextID(std::int32_t lId) { moControl.lHelpContextID = lId; }
   std::int32_t MousePointer() const { return moControl.lMousePointer; }
   void SetMousePointer(std::int32_t l) { Set(moControl.lMousePointer, l, Property::MousePointer); }
 
@@ -84,6 +84,7 @@ class Control : public Component {
   /// Failure 5 when it doesn't show, is disabled or can't have the focus. Raises LostFocus of the
   /// old control, then ExitFocus and EnterFocus of user controls left and entered, then GotFocus.
   virtual void SetFocus();
+  /// It, or a control on it, is the form's ActiveControl.
   bool HasFocus() const;
   /// Paints now.
   void Refresh();
@@ -114,6 +115,8 @@ class Control : public Component {
   /// renderer whose native control does the second part calls the parts instead.
   bool UserKey(std::int32_t nKeyCode, std::int32_t nShift = Shift::None);
   bool UserKeyUp(std::int32_t nKeyCode, std::int32_t nShift);
+  /// Types characters: KeyPress for each, then what the control does with what is left of it.
+  bool UserType(TextView sText);
   /// KeyDown of the form and the user controls around it that preview keys, then its own. The code
   /// that is left; 0 when it was swallowed.
   std::int32_t UserKeyDown(std::int32_t nKeyCode, std::int32_t nShift);
@@ -129,15 +132,22 @@ class Control : public Component {
   /// Defaults that differ by kind, such as colours.
   virtual ControlState DefaultState() const { return {}; }
   /// What the control does with a key that nobody swallowed.
-  virtual void KeyAction(std::int32_t nKeyCode, std::int32_t nShift);
+  virtual void KeyAction(std::int32_t /*nKeyCode*/, std::int32_t /*nShift*/) {}
+  /// What it does with a character behind KeyPress.
+  virtual void CharAction(std::int32_t /*nCharacter*/) {}
   /// Behind every change of the size.
   virtual void Resized() {}
-  void SetBoundsQuietly(const Rect& oBounds) { moControl.oBounds = oBounds; }
+  virtual void ChangeBounds(const Rect& oBounds);
 
   ControlState moControl;
 
  private:
+  friend class ControlContainer;
+  /// The containers around it that see its keys first, from the outermost.
+  std::vector<Control*> Previewers() const;
+
   ControlContainer* mpoContainer = nullptr;
+  std::int32_t mlOrder = 0;  ///< of construction on its form
   std::int32_t mlTabIndex = 0;
 };
 

@@ -6,8 +6,9 @@
 //   lblName.OnElement([this](Label& o) { o.On(o.Click, [this, &o] { Clicked(o.Index()); }); });
 //   lblName.Load(1).SetCaption(u"Boundary");
 //
-// An element made by Load has the properties of the lowest element, but is hidden. Unloading the
-// form destroys the elements that Load made. An element may be unloaded inside its own event.
+// An element made by Load has the properties of the lowest element, but is hidden; elements that
+// hold others can only be of design time. Unloading the form destroys the elements that Load made.
+// An element may be unloaded inside its own event.
 #pragma once
 
 #include <algorithm>
@@ -34,6 +35,7 @@ class ControlArray : public Component {
     for (std::int32_t i = 0; i < lCount; ++i) Make(i);
   }
   ComponentKind Kind() const override { return ComponentKind::Array; }
+  void Realize() override {}
 
   /// Runs oSetup for each element that is there and each one to come; for connecting events.
   void OnElement(Setup oSetup) {
@@ -69,6 +71,7 @@ class ControlArray : public Component {
     if (!Exists(lIndex)) throw Failure(340, u"There is no such element of " + Name());
     if (lIndex < mlDesignCount)
       throw Failure(362, u"The element of " + Name() + u" belongs to the form");
+    (*this)(lIndex).SetVisible(false);  // passes the focus on
     moElements.erase(lIndex);
   }
 

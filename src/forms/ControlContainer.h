@@ -15,7 +15,7 @@ class ControlContainer : public Control {
   /// The inner size.
   virtual std::int32_t ScaleWidth() const { return Width(); }
   virtual std::int32_t ScaleHeight() const { return Height(); }
-  /// Extent of a text in this container's font.
+  /// Extent of a text in this container's font: of one line, and of all its lines.
   std::int32_t TextWidth(TextView sText) const;
   std::int32_t TextHeight(TextView sText) const;
   bool CanFocus() const override { return false; }
@@ -24,11 +24,11 @@ class ControlContainer : public Control {
   Signal<> Resize;
 
   // For this layer only.
-  virtual void Add(Control& oControl);
+  void Add(Control& oControl) { moControls.push_back(&oControl); }
   void Remove(Control& oControl);
   void BringToFront(Control& oControl);
-
- protected:
+  void Reset() override;
+  /// Raises Resize unless the form isn't that far.
   void Resized() override;
 
  private:

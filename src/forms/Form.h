@@ -51,6 +51,7 @@ class Form : public WithState<ControlContainer, FormState> {
   void Hide() { SetVisible(false); }
   void SetVisible(bool bVisible) override;
   bool Modal() const { return mbModal; }
+  /// The form it was shown above; null without one.
   Form* Owner() const { return mpoOwner; }
 
   const Text& Caption() const { return mo.sCaption; }
@@ -105,46 +106,61 @@ class Form : public WithState<ControlContainer, FormState> {
   // For this layer only.
   void Register(Component& oComponent);
   void Unregister(Component& oComponent);
-  void RegisterMenu(Menu& oMenu);
-  void UnregisterMenu(Menu& oMenu);
-  void EnsureLoaded();
+  std::vector<Menu*>& MenuBar() { return moMenus; }
+  void EnsureLoaded() {
+    if (meLife == Life::Unloaded) Load();
+  }
   /// True while the values of design time are set: nothing raises events then.
   bool Designing() const { return meLife == Life::Designing; }
+  /// Null: no control has it.
   void ChangeFocus(Control* poControl);
-  /// The control is going, hides or can't be used any more: the focus passes on from it.
-  void PassFocus(const Control& oControl, bool bGone = false);
+  /// The control hides or can't be used any more: the focus passes on from it and what is on it.
+  void PassFocus(const Control& oControl);
+  /// The control is being destroyed: no events.
+  void ForgetControl(const Control& oControl);
+  /// The first control inside that Tab stops at; null without any.
+  Control* FirstInside(const ControlContainer& oContainer) const;
   std::int32_t NextTabIndex() { return mlNextTabIndex++; }
   void SetDefaultButton(CommandButton* poButton) { mpoDefault = poButton; }
   CommandButton* DefaultButton() const { return mpoDefault; }
   void SetCancelButton(CommandButton* poButton) { mpoCancel = poButton; }
   CommandButton* CancelButton() const { return mpoCancel; }
+  void Resized() override;
   void MenuChanged() { Changed(Property::Menu); }
-  using Control::SetBoundsQuietly;
+  void Activated(bool bActive) { bActive ? Raise(Activate) : Raise(Deactivate); }
 
  protected:
   /// Sets the values of design time: captions, places, sizes, lists.
   virtual void Design() {}
-  void Resized() override;
   ControlState DefaultState() const override;
 
  private:
   enum class Life { Unloaded, Designing, Loaded, Unloading };
 
-  void Clear();
-  void RealizeAll();
-  void RunModal();
-  void FocusFirst();
-  bool UseShortcut(std::int32_t nKeyCode, std::int32_t nShift);
+  void DesignAll();
+  void FirstLayout();
+  /// Back to the state of a form that was never loaded, without events of its own.
+  void Drop();
+  void ResetAll();
+  /// All controls of the form in tab order, those that Tab passes over included.
+  std::vector<Control*> TabOrder() const;
+  bool UseShortcut(const std::vector<Menu*>& oMenus, std::int32_t nKeyCode, std::int32_t nShift);
   bool UseAccessKey(char16_t cKey);
   bool UseDialogKey(std::int32_t nKeyCode, std::int32_t nShift);
+  bool UseArrowInGroup(std::int32_t nKeyCode);
+  /// Its Click, with the focus where it is. False when it can't be pressed, or for null.
+  bool PressButton(CommandButton* poButton);
+  void ChangeBounds(const Rect& oBounds) override;
 
   Toolkit& moToolkit;
   std::vector<Component*> moComponents;
   std::vector<Menu*> moMenus;
   Life meLife = Life::Unloaded;
-  bool mbModal = false, mbResizePending = false;
+  bool mbModal = false;
+  bool mbResizePending = false;  ///< for the next time it is shown
+  Rect moNormal;                 ///< its bounds in the normal state while it is maximised
   Form* mpoOwner = nullptr;
-  Control* mpoActive = nullptr;
+  Control* mpoActive = nullptr;  ///< the control with the focus
   CommandButton* mpoDefault = nullptr;
   CommandButton* mpoCancel = nullptr;
   std::int32_t mlNextTabIndex = 0;

@@ -59,11 +59,8 @@ class HeadlessRenderer : public IRenderer {
 
  private:
   class Peer;
-  friend class Peer;
-  struct Due {
-    std::int64_t lTime = 0;
-    std::int64_t lOrder = 0;
-  };
+  /// When it fires, and the order among those of one moment.
+  using Due = std::pair<std::int64_t, std::int64_t>;
 
   Script moScript;
   ScreenMetrics moMetrics{{0, 0, 15360, 11520}, {0, 0, 15360, 11070}, 15, 15};

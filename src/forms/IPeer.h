@@ -24,6 +24,7 @@ enum class Property {
   Items,      ///< lines, rows, nodes, tabs, panels
   Expanded,
   Columns,
+  SortOrder,
   Scroll,  ///< lIndex is to come into view; with 0 the object's own place
   Images,
   Picture,
@@ -41,7 +42,8 @@ class IPeer {
   virtual ~IPeer() = default;
   /// lIndex: the row, node, tab, panel or line (counted as the object counts) that alone changed;
   /// 0 for all of it. Many calls come in a row when a list fills: a peer notes them and catches up
-  /// once, when the program waits for events, pumps them (DoEvents) or asks for Refresh.
+  /// once, when the program waits for events, pumps them (DoEvents) or asks for Refresh. Behind
+  /// Items with 0, nodes and rows that the peer remembers may be gone.
   virtual void Changed(Property eProperty, std::int32_t lIndex) = 0;
   /// Moves the native focus; the object knows already that it has it.
   virtual void Focus() = 0;

@@ -18,6 +18,7 @@ class ImageList : public WithState<Component, ImageListState> {
   using WithState::WithState;
   ImageList(ControlContainer& oContainer, TextView sName);
   ComponentKind Kind() const override { return ComponentKind::ImageList; }
+  void Realize() override {}
 
   /// Width and height of each picture, in pixels at normal resolution.
   std::int32_t Pixels() const { return mo.lPixels; }
@@ -29,5 +30,9 @@ class ImageList : public WithState<Component, ImageListState> {
   const Text& Picture(TextView sKey) const;
   std::int32_t Count() const { return static_cast<std::int32_t>(mo.asImage.size()); }
 };
+
+/// Failure 35601 for a key that the list doesn't have; the empty key, and any without a list, will
+/// do.
+void CheckImage(const ImageList* poImages, TextView sKey);
 
 }  // namespace Forms

@@ -9,6 +9,7 @@ namespace Forms {
 struct LineState {
   std::int32_t lX1 = 0, lY1 = 0, lX2 = 0, lY2 = 0;
   Color lBorderColor = SystemColor::WindowText;
+  bool operator==(const LineState&) const = default;
 };
 
 class Line : public WithState<Control, LineState> {

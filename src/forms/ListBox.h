@@ -29,9 +29,6 @@ class ListBox : public ListEntries {
 
   void Reset() override;
 
- protected:
-  void Choose(std::int32_t lIndex) override;
-
  private:
   Forms::MultiSelect meMulti = Forms::MultiSelect::None;
   std::int32_t mlAnchor = -1;

@@ -48,17 +48,18 @@ class ListEntries : public Control, public ILookupList {
   ControlState DefaultState() const override;
   /// Up, Down, Home, End, and a letter: the next line that begins with it.
   void KeyAction(std::int32_t nKeyCode, std::int32_t nShift) override;
+  void CharAction(std::int32_t nCharacter) override;
+  /// Null outside the list.
+  const Entry* At(std::int32_t lIndex) const;
   /// Puts ListIndex on a line without an event.
-  virtual void Choose(std::int32_t lIndex);
+  void Choose(std::int32_t lIndex);
 
   std::vector<Entry> moEntries;
-  std::int32_t mlListIndex = -1;
 
  private:
-  void Check(std::int32_t lIndex, std::int32_t lUpper) const;
-  void Insert(TextView sItem, std::int32_t lIndex);
+  void Check(std::int32_t lIndex, std::int32_t lLast, std::int32_t lError) const;
 
-  std::int32_t mlNewIndex = -1;
+  std::int32_t mlListIndex = -1, mlNewIndex = -1;
   bool mbSorted = false;
 };
 

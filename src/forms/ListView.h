@@ -53,6 +53,9 @@ class ColumnHeaders {
   ColumnHeader& Item(std::int32_t lIndex) const;
 
  private:
+  friend class ListView;
+  void Drop() { moColumns.clear(); }
+
   ListView& moList;
   std::vector<std::unique_ptr<ColumnHeader>> moColumns;
 };
@@ -104,6 +107,7 @@ class ListItems {
  private:
   friend class ListView;
   friend class ListItem;
+  void Drop();
   void Sort();
   void Renumber();
 
@@ -169,7 +173,7 @@ class ListView : public Control {
 
  protected:
   ControlState DefaultState() const override;
-  /// Up, Down, PageUp, PageDown, Home and End, with Shift and Ctrl; Space with Ctrl.
+  /// Up, Down, Home and End, with Shift for a range.
   void KeyAction(std::int32_t nKeyCode, std::int32_t nShift) override;
 
  private:

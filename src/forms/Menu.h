@@ -31,7 +31,8 @@ class Menu : public WithState<Component, MenuState> {
   ~Menu() override;
   ComponentKind Kind() const override { return ComponentKind::Menu; }
   /// Drawn by the form's peer, which is told of every change.
-  void Realize() override;
+  void Realize() override { TellForm(); }
+  void SetElement(std::int32_t lIndex, const std::shared_ptr<Component>& pSelf) override;
 
   const Text& Caption() const { return mo.sCaption; }
   void SetCaption(TextView s) { SetField(mo.sCaption, s); }
@@ -66,6 +67,7 @@ class Menu : public WithState<Component, MenuState> {
     if (Set(oField, oValue, Property::Menu)) TellForm();
   }
   void TellForm();
+  std::vector<Menu*>& Siblings();
 
   Menu* mpoAbove = nullptr;
   std::vector<Menu*> moItems;

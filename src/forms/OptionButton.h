@@ -25,6 +25,9 @@ class OptionButton : public WithState<Control, OptionButtonState> {
   bool UserClick() override;
   /// The option buttons of the same container, itself included, in tab order.
   std::vector<OptionButton*> Group() const;
+
+ protected:
+  void KeyAction(std::int32_t nKeyCode, std::int32_t nShift) override;
 };
 
 }  // namespace Forms

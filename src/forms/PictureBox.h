@@ -24,9 +24,6 @@ class PictureBox : public WithState<ControlContainer, PictureBoxState> {
   void SetPicture(TextView sKey) { Set(mo.sPicture, sKey, Property::Picture); }
   Forms::BorderStyle BorderStyle() const { return mo.eBorder; }
   void SetBorderStyle(Forms::BorderStyle e) { mo.eBorder = e; }  ///< design time
-
- private:
-  std::int32_t BorderWidth() const;
 };
 
 }  // namespace Forms

@@ -60,6 +60,14 @@ class Script {
   [[noreturn]] void Fault(const std::string& sWhat);
   template <class Queue>
   auto Next(Queue& oQueue, const std::string& sWhat);
+  /// The fields of a dialog that wasn't confirmed stay as they were.
+  template <class Dialog, class Act>
+  static DialogAnswer Answer(Dialog& oDialog, const Act& oAct) {
+    Dialog oFilled = oDialog;
+    const DialogAnswer oAnswer = oAct(oFilled);
+    if (oAnswer.bConfirmed) oDialog = std::move(oFilled);
+    return oAnswer;
+  }
 
   std::deque<std::function<void(Form&)>> moModal;
   std::deque<std::function<MsgBoxResult(const MsgBoxRequest&)>> moMsgBox;

@@ -42,6 +42,7 @@ class Tabs {
 
  private:
   friend class Tab;
+  friend class TabStrip;
   Tab* Find(TextView sKey) const;
 
   TabStrip& moStrip;

@@ -48,8 +48,6 @@ class TextBox : public WithState<Control, TextBoxState> {
 
   Signal<> Change;
 
-  /// Types a text key by key: KeyPress for each character, then what is left of it goes in.
-  bool UserType(TextView sText);
   /// The native control's text after an edit of the user's, with the caret; raises Change. A locked
   /// box refuses, and the peer has to take the old text back.
   bool UserText(TextView sText, std::int32_t lSelStart, std::int32_t lSelLength = 0);
@@ -64,10 +62,12 @@ class TextBox : public WithState<Control, TextBoxState> {
   ControlState DefaultState() const override;
   /// Ctrl+C, X, V and A, Shift+Insert, Back, Delete, Left, Right, Home and End.
   void KeyAction(std::int32_t nKeyCode, std::int32_t nShift) override;
+  /// Inserts it; Return in a multi-line box is a line end.
+  void CharAction(std::int32_t nCharacter) override;
 
  private:
-  void Replace(TextView sText);
   bool UserReplace(TextView sText);
+  void MoveCaret(std::int32_t lStart);
 };
 
 }  // namespace Forms

@@ -74,6 +74,8 @@ class Toolkit {
   void FormLoaded(Form& oForm);
   void FormGone(Form& oForm);
   void SetActiveForm(Form* poForm);
+  /// The form hides: its owner, or the form shown last, becomes active.
+  void ActivateNext(const Form& oForm);
   void PushModal(Form& oForm) { moModal.push_back(&oForm); }
   void PopModal(const Form& oForm);
   void ControlGone(const Control& oControl);

@@ -52,11 +52,12 @@ class Node {
 
  private:
   friend class Nodes;
-  Nodes& moNodes;
-  Node* mpoParent;
-  Forms::TreeView& Tree() const;
+  TreeView& Tree() const;
+  /// Puts a new node among those directly below.
   void Place(Node& oChild);
 
+  Nodes& moNodes;
+  Node* mpoParent;
   ::Text msKey, msText, msImage, msExpandedImage;
   std::int32_t mlIndex = 0, mlTag = 0;
   bool mbExpanded = false, mbSorted = false;
@@ -75,7 +76,7 @@ class Nodes {
   Node& Item(std::int32_t lIndex) const;
   Node& Item(TextView sKey) const;
   bool Exists(TextView sKey) const { return moKeys.count(Text(sKey)) != 0; }
-  /// With all nodes below it.
+  /// With all nodes below it. If the selected node goes, none is selected.
   void Remove(Node& oNode);
   void Clear();
   /// In the order shown.
@@ -83,8 +84,9 @@ class Nodes {
 
  private:
   friend class Node;
+  friend class TreeView;
   Node& Insert(Node* poParent, TextView sKey, TextView sText, TextView sImage);
-  void Renumber();
+  void Drop();
 
   TreeView& moTree;
   std::vector<std::unique_ptr<Node>> moNodes;
@@ -115,7 +117,7 @@ class TreeView : public Control {
   bool UserNodeClick(Node& oNode);
   /// Collapsing above the selected node selects the collapsed one, as a click does.
   bool UserExpand(Node& oNode, bool bExpand = true);
-  /// Raises DblClick, and expands or collapses the node.
+  /// Expands or collapses the node and raises DblClick.
   bool UserNodeDblClick(Node& oNode);
 
   void Reset() override;

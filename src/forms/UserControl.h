@@ -10,8 +10,9 @@
 //     Label lblCaption{*this, u"lblCaption"};
 //   };
 //
-// The parts are private to the control; to the form it is one control. GotFocus and LostFocus come
-// with EnterFocus and ExitFocus.
+// A control without a part that takes the focus takes it itself; SetTabStop(false) keeps Tab from
+// one that has no use for it. The parts are private to the control; to the form it is one control.
+// GotFocus and LostFocus come with EnterFocus and ExitFocus.
 #pragma once
 
 #include "ControlContainer.h"
