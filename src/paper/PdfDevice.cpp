@@ -5,6 +5,7 @@
 #include <new>
 
 #include "Failure.h"
+#include "MXDate.h"
 #include "PdfFonts.h"
 
 namespace Paper {
@@ -36,6 +37,8 @@ class PdfDevice::Document {
       : moSurface(cairo_pdf_surface_create_for_stream(Append, &msBytes, 1, 1)),
         moContext(cairo_create(moSurface)) {
     cairo_pdf_surface_set_metadata(moSurface, CAIRO_PDF_METADATA_TITLE, ToUtf8(sTitle).c_str());
+    cairo_pdf_surface_set_metadata(moSurface, CAIRO_PDF_METADATA_CREATE_DATE,
+                                   ToUtf8(MXDate::DocumentTime(MXDate::fnNow())).c_str());
   }
   ~Document() {
     cairo_destroy(moContext);

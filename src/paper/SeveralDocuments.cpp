@@ -4,9 +4,9 @@
 
 namespace Paper {
 
-void SeveralDocuments::StartDocument(TextView sTitle) {
+void SeveralDocuments::StartDocument(TextView) {
   if (mbOpen) return;
-  moBelow.StartDocument(sTitle);
+  moBelow.StartDocument(msTitle);
   mbOpen = true;
 }
 

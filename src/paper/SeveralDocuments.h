@@ -8,19 +8,19 @@ namespace Paper {
 
 class SeveralDocuments : public IPrintDevice {
  public:
-  /// Without Close the whole document is dropped. oBelow outlives this object.
-  explicit SeveralDocuments(IPrintDevice& oBelow) : moBelow(oBelow) {}
+  /// sTitle: of the whole. Without Close all is dropped. oBelow outlives this object.
+  SeveralDocuments(IPrintDevice& oBelow, TextView sTitle) : moBelow(oBelow), msTitle(sTitle) {}
   ~SeveralDocuments() override { KillDocument(); }
   SeveralDocuments(const SeveralDocuments&) = delete;
   SeveralDocuments& operator=(const SeveralDocuments&) = delete;
 
   Text DeviceName() const override { return moBelow.DeviceName(); }
+  std::int32_t LoadedPaper() override { return moBelow.LoadedPaper(); }
   Strips Unprintable(const Sheet& oSheet) override { return moBelow.Unprintable(oSheet); }
   double LineWidth(TextView sLine, const PrintFont& oFont) override {
     return moBelow.LineWidth(sLine, oFont);
   }
   double LineHeight(const PrintFont& oFont) override { return moBelow.LineHeight(oFont); }
-  /// The title of the first one holds for the whole.
   void StartDocument(TextView sTitle) override;
   void StartPage(const Sheet& oSheet) override { moBelow.StartPage(oSheet); }
   void DrawLine(double dX, double dY, TextView sLine, const PrintFont& oFont) override {
@@ -35,6 +35,7 @@ class SeveralDocuments : public IPrintDevice {
 
  private:
   IPrintDevice& moBelow;
+  Text msTitle;
   bool mbOpen = false;
 };
 

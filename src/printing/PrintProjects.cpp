@@ -52,7 +52,7 @@ class Summary {
   void Print(const Widths& alModWidth, CIDEHandler::Handle hProject) {
     VBProject& oProject = *moHandler.Project(hProject).oProject;
     const Text sName = Need(moScope, [&] { return oProject.Name(); });
-    SetUp(moPrint, moPrinter, u"Tarvane Quillon 3.1", u"Project Summary", sName);
+    SetUp(moPrint, moPrinter, u"Tarvane Quillon 3.1", SummaryName, sName);
     moPrint.SetColumns(Positions(alModWidth, ColumnCount));
     Heading({u"Project", u"Type", u"", u"ReadOnly", u"Modified", u"FileName"});
     moPrint.SetColumnIsPath(FileNameColumn, true);

@@ -31,7 +31,7 @@ class Settings {
     const VBProject& oProject = *moHandler.Project(hProject).oProject;
     const Text sName = Need(moScope, [&] { return oProject.Name(); });
     const auto nType = Need(moScope, [&] { return oProject.Type(); });
-    SetUp(moPrint, moPrinter, u"Tarvane Quillon 3.0", u"Procedure Properties", sName);
+    SetUp(moPrint, moPrinter, u"Tarvane Quillon 3.0", SettingsName, sName);
     Title(sName + u" - " + MQuillon::VBProjectTypeName(nType));
     moPrint.SetColumns(Positions(alProcWidth, ColumnCount));
     if (hComponent > 0) {

@@ -16,6 +16,10 @@
 
 namespace Reports {
 
+/// What the documents are called: their titles, with the project's name, and their footers.
+inline constexpr TextView SummaryName = u"Project Summary";
+inline constexpr TextView SettingsName = u"Procedure Properties";
+
 using Widths = std::vector<std::int32_t>;
 
 /// The widths that the two lists begin with: Name, Type, Instancing, ReadOnly, Modified, FileName;

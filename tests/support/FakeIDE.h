@@ -92,7 +92,9 @@ class FakeComponent : public VBComponent, public VBControls {
   Text Name() const override { return sName; }
   std::int32_t Type() const override { return nType; }
   std::int32_t FileCount() const override { return static_cast<std::int32_t>(asFile.size()); }
-  Text FileNames(std::int32_t) const override { return asFile.at(0); }
+  Text FileNames(std::int32_t i) const override {
+    return asFile.at(static_cast<std::size_t>(i) - 1);
+  }
   ::CodeModule* CodeModule() override {
     return moLog.Ask("CodeModule of " + ToUtf8(sName)), &moModule;
   }
@@ -123,9 +125,10 @@ class FakeComponent : public VBComponent, public VBControls {
 
 class FakeProject : public VBProject, public ::VBComponents {
  public:
-  FakeProject(Text sTheName, std::int32_t nTheType) : sName(std::move(sTheName)), nType(nTheType) {}
+  FakeProject(Text sTheName, std::int32_t nTheType)
+      : sName(std::move(sTheName)), nType(nTheType), sFileName(sName + u".vbp") {}
   Text Name() const override { return sName; }
-  Text FileName() const override { return sName + u".vbp"; }
+  Text FileName() const override { return sFileName; }
   std::int32_t Type() const override { return nType; }
   ::VBComponents& VBComponents() override { return *this; }
   std::int32_t Count() const override { return static_cast<std::int32_t>(oComponents.size()); }
@@ -135,6 +138,7 @@ class FakeProject : public VBProject, public ::VBComponents {
 
   Text sName;
   std::int32_t nType;
+  Text sFileName;
   std::deque<FakeComponent> oComponents;
 };
 

@@ -49,17 +49,22 @@ void AddCommon(CLI::App& oApp, Arguments& oArguments) {
   oApp.add_flag("--trace", oArguments.bTrace, "Log entry and exit of the routines");
 }
 
-void AddScope(CLI::App& oApp, Arguments& oArguments) {
-  constexpr const char* sGroup = "Scope (Like patterns, letter case ignored, repeatable)";
-  AddList(oApp, "--project", oArguments.asProject, "Projects by name", "PATTERN", sGroup);
-  AddList(oApp, "--component", oArguments.asComponent, "Components by name", "PATTERN", sGroup);
-  AddList(oApp, "--procedure", oArguments.asProcedure,
-          "Procedures by name, such as cmd*_Click or (declarations)", "PATTERN", sGroup);
-  AddList(oApp, "--type", oArguments.asType,
-          "Types as list shows them, such as Sub or Property *; declarations for the sections",
-          "PATTERN", sGroup);
+constexpr const char* ScopeGroup = "Scope (Like patterns, letter case ignored, repeatable)";
+
+void AddComponentScope(CLI::App& oApp, Arguments& oArguments) {
+  AddList(oApp, "--project", oArguments.asProject, "Projects by name", "PATTERN", ScopeGroup);
+  AddList(oApp, "--component", oArguments.asComponent, "Components by name", "PATTERN", ScopeGroup);
   AddValue(oApp, "--codepage", oArguments.sCodePage,
            "Code page of the files (else 1252, or UTF-8 where a file is UTF-8)", "NAME");
+}
+
+void AddScope(CLI::App& oApp, Arguments& oArguments) {
+  AddComponentScope(oApp, oArguments);
+  AddList(oApp, "--procedure", oArguments.asProcedure,
+          "Procedures by name, such as cmd*_Click or (declarations)", "PATTERN", ScopeGroup);
+  AddList(oApp, "--type", oArguments.asType,
+          "Types as list shows them, such as Sub or Property *; declarations for the sections",
+          "PATTERN", ScopeGroup);
 }
 
 void AddRewriting(CLI::App& oApp, Arguments& oArguments) {
@@ -81,13 +86,17 @@ CLI::App& AddCommand(CLI::App& oApp, Arguments& oArguments, const char* sName, c
   return oCommand;
 }
 
+void AddPaths(CLI::App& oCommand, Arguments& oArguments) {
+  oCommand.add_option("PATH", oArguments.asPath, "Project groups (.vbg), projects (.vbp), folders")
+      ->required()
+      ->type_name(" ");
+}
+
 CLI::App& AddGroupCommand(CLI::App& oApp, Arguments& oArguments, const char* sName,
                           const char* sHelp, const char* sExamples) {
   CLI::App& oCommand = AddCommand(oApp, oArguments, sName, sHelp, sExamples);
   AddScope(oCommand, oArguments);
-  oCommand.add_option("PATH", oArguments.asPath, "Project groups (.vbg), projects (.vbp), folders")
-      ->required()
-      ->type_name(" ");
+  AddPaths(oCommand, oArguments);
   return oCommand;
 }
 
@@ -149,6 +158,19 @@ void AddAction(CLI::App& oCommand, Arguments& oArguments, const char* sName, con
       ->check(CLI::IsMember(asAction));
 }
 
+void AddReport(CLI::App& oApp, Arguments& oArguments) {
+  CLI::App& oReport = AddCommand(oApp, oArguments, "report",
+                                 "Print a summary of the projects, or the procedures' properties",
+                                 "  quillon report summary Orders.vbg\n"
+                                 "  quillon report properties --pdf properties.pdf Orders.vbg\n"
+                                 "  quillon report properties --component clsOrder Orders.vbg");
+  AddAction(oReport, oArguments, "REPORT", "summary or properties", {"summary", "properties"});
+  AddComponentScope(oReport, oArguments);
+  AddPaths(oReport, oArguments);
+  AddValue(oReport, "--pdf", oArguments.sPdfFile, "Print into a PDF file", "FILE");
+  AddFormat(oReport, oArguments, {"text"});
+}
+
 void AddTools(CLI::App& oApp, Arguments& oArguments) {
   CLI::App& oTemplate = AddCommand(oApp, oArguments, "template", "Check or show a template file",
                                    "  quillon template check Template.dat\n"
@@ -186,18 +208,28 @@ class HelpForm : public CLI::Formatter {
   }
 };
 
+std::string ContradictionOfReport(const Arguments& oArguments) {
+  if (!oArguments.asProcedure.empty() || !oArguments.asType.empty())
+    return "report takes --project and --component, not --procedure or --type";
+  if (oArguments.sAction == "summary" && !oArguments.asComponent.empty())
+    return "report summary is about whole projects: --component goes with report properties";
+  if (!oArguments.sPdfFile.empty() && !oArguments.sFormat.empty())
+    return "report prints into a PDF file or as text: give --pdf or --format";
+  return {};
+}
+
 /// What the declarations of the options can't say. Empty: all is well.
 std::string Contradiction(const Arguments& oArguments) {
   if (oArguments.sCommand.empty())
-    return "a COMMAND is missing: list, check, apply, refresh, number, unnumber, template, text or "
-           "rules";
+    return "a COMMAND is missing: list, check, apply, refresh, number, unnumber, report, template, "
+           "text or rules";
   if (oArguments.sCommand == "apply" && oArguments.asSet.empty() && !oArguments.bSuggested)
     return "apply needs --set NAME=VALUE or --suggested";
   if (oArguments.sCommand == "rules" && oArguments.sAction == "set" && oArguments.asValue.empty())
     return "rules set needs at least one NAME=VALUE; rules show lists the names";
   if (oArguments.sCommand == "rules" && oArguments.sAction != "set" && !oArguments.asValue.empty())
     return "rules " + oArguments.sAction + " takes no values";
-  return {};
+  return oArguments.sCommand == "report" ? ContradictionOfReport(oArguments) : std::string();
 }
 
 }  // namespace
@@ -217,6 +249,7 @@ std::optional<int> ReadArguments(int argc, char** argv, Arguments& oArguments) {
   AddRewriting(oApp, oArguments);
   AddReading(oApp, oArguments);
   AddWriting(oApp, oArguments);
+  AddReport(oApp, oArguments);
   AddTools(oApp, oArguments);
   try {
     oApp.parse(argc, argv);

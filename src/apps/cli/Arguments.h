@@ -8,7 +8,7 @@
 
 struct Arguments {
   std::string sCommand;              ///< list, apply, refresh, number, unnumber, check, ...
-  std::string sAction;               ///< the word behind template, text and rules
+  std::string sAction;               ///< the word behind report, template, text and rules
   std::vector<std::string> asPath;   ///< groups, projects, folders; the file of template
   std::vector<std::string> asValue;  ///< NAME=VALUE of rules set
   std::vector<std::string> asSet;    ///< NAME=VALUE of apply --set
@@ -16,7 +16,8 @@ struct Arguments {
   // The scope, Like patterns; an empty list takes all.
   std::vector<std::string> asProject, asComponent, asProcedure, asType;
 
-  std::string sFormat;  ///< table, csv, json, text; empty: the command's own default
+  std::string sPdfFile;  ///< of report; empty: plain text
+  std::string sFormat;   ///< table, csv, json, text; empty: the command's own default
   bool bSuggested = false;
   bool bPending = false;
   bool bDryRun = false;

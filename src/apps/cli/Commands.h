@@ -10,5 +10,6 @@ int ApplyCommand(Session& oSession);
 int RunCommand(Session& oSession);
 int CheckCommand(Session& oSession);
 int TemplateCommand(Session& oSession);
+int ReportCommand(Session& oSession);
 int TextCommand(Session& oSession);
 int RulesCommand(Session& oSession);

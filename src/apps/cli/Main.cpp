@@ -105,6 +105,7 @@ Command CommandByName(const std::string& sName) {
   if (sName == "apply") return ApplyCommand;
   if (sName == "check") return CheckCommand;
   if (sName == "template") return TemplateCommand;
+  if (sName == "report") return ReportCommand;
   if (sName == "text") return TextCommand;
   if (sName == "rules") return RulesCommand;
   return RunCommand;

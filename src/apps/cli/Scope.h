@@ -17,6 +17,7 @@ class Scope {
 
   /// True without any pattern.
   bool IsWholeGroup() const { return mbWholeGroup; }
+  bool TakesProject(TextView sProject) const { return Fits(moProject, sProject); }
   bool TakesComponent(TextView sProject, TextView sComponent) const;
   /// sType: as shown, "declarations" for a declarations section.
   bool TakesProcedure(TextView sName, TextView sType) const;
