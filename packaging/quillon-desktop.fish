@@ -1,0 +1,6 @@
+# Completion of quillon-desktop's command line in fish.
+complete -c quillon-desktop -f
+complete -c quillon-desktop -ka "(__fish_complete_suffix .vbg; __fish_complete_suffix .vbp)"
+complete -c quillon-desktop -l connect -xa "startup external" -d "How the add-in is connected"
+complete -c quillon-desktop -l settings -rka "(__fish_complete_suffix .reg)" -d "Settings file"
+complete -c quillon-desktop -l template -rka "(__fish_complete_suffix .dat)" -d "Template file"

@@ -1,0 +1,59 @@
+# Completion of quillon's command line in fish.
+set -l commands list check apply refresh number unnumber report template text rules
+set -l in __fish_seen_subcommand_from
+set -l none "not $in $commands"
+set -l projects "__fish_complete_suffix .vbg; __fish_complete_suffix .vbp"
+
+complete -c quillon -f
+complete -c quillon -n "$none" -l version -d "Print the version"
+complete -c quillon -s h -l help -d "Print help"
+complete -c quillon -s t -l template -rka "(__fish_complete_suffix .dat)" -d "Template file"
+complete -c quillon -l settings -rka "(__fish_complete_suffix .reg)" -d "Settings file"
+complete -c quillon -l log -rF -d "Log failures to this file"
+complete -c quillon -l color -xa "auto always never" -d "Colours on a terminal"
+complete -c quillon -s q -l quiet -d "Only results and what went wrong"
+complete -c quillon -s v -l verbose -d "Tell more"
+complete -c quillon -l trace -d "Log entry and exit of the routines"
+
+complete -c quillon -n "$none" -a list -d "List the procedures and their properties"
+complete -c quillon -n "$none" -a check -d "Tell what apply --suggested would change or refuse"
+complete -c quillon -n "$none" -a apply -d "Set properties and make the code agree with them"
+complete -c quillon -n "$none" -a refresh -d "Write the error handlers anew from the template file"
+complete -c quillon -n "$none" -a number -d "Put line numbers in, or renew them"
+complete -c quillon -n "$none" -a unnumber -d "Take line numbers out"
+complete -c quillon -n "$none" -a report -d "Write a report on a project"
+complete -c quillon -n "$none" -a template -d "Check or show a template file"
+complete -c quillon -n "$none" -a text -d "Rewrite procedure texts, JSON in and out"
+complete -c quillon -n "$none" -a rules -d "Show or change the rules in the settings file"
+
+set -l grouped list check apply refresh number unnumber report
+complete -c quillon -n "$in $grouped" -ka "($projects)"
+complete -c quillon -n "$in $grouped" -l project -x -d "Projects by name"
+complete -c quillon -n "$in $grouped" -l component -x -d "Components by name"
+set -l scoped list check apply refresh number unnumber
+complete -c quillon -n "$in $scoped" -l procedure -xa "'(declarations)'" -d "Procedures by name"
+complete -c quillon -n "$in $scoped" -l type -xa "Sub Function 'Property *' declarations" \
+    -d "Types as list shows them"
+complete -c quillon -n "$in $grouped" -l codepage -xa "1252 utf-8 932 936 949 950 1250 1251" \
+    -d "Code page of the files"
+
+set -l writing apply refresh number unnumber
+complete -c quillon -n "$in $writing" -s n -l dry-run -d "Write nothing"
+complete -c quillon -n "$in $writing" -l diff -d "Print the changes as a unified diff"
+complete -c quillon -n "$in $writing" -l no-verify -d "Leave out the proof of each insertion"
+
+complete -c quillon -n "$in list apply" -l suggested -d "What is suggested"
+complete -c quillon -n "$in list" -l pending -d "What is asked for"
+complete -c quillon -n "$in list" -l format -xa "table csv json" -d "Form of the result"
+complete -c quillon -n "$in check" -l format -xa "text json" -d "Form of the result"
+complete -c quillon -n "$in report" -l format -xa text -d "Form of the result"
+complete -c quillon -n "$in report" -l pdf -rka "(__fish_complete_suffix .pdf)" -d "File to write"
+complete -c quillon -n "$in report" -a "summary properties"
+complete -c quillon -n "$in apply" -l set -x -d "Set a property" \
+    -a "Template= Locked={True,False} Boundary={None,VB,Firewall,ActiveX} \
+        Severity={Cosmetic,Normal,Fatal} Retry={Line,Procedure,None} Trace={True,False}"
+
+complete -c quillon -n "$in template" -a "check dump list"
+complete -c quillon -n "$in template" -ka "(__fish_complete_suffix .dat)"
+complete -c quillon -n "$in text" -a "insert remove number extract signature unsignature"
+complete -c quillon -n "$in rules" -a "show set reset"

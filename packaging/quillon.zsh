@@ -1,0 +1,101 @@
+#compdef quillon quillon-desktop
+# Completion of the command lines of quillon and quillon-desktop in zsh.
+
+_quillon_projects() { _files -g '*.(#i)(vbg|vbp)(-.)' }
+
+_quillon_property() {
+  if compset -P 1 'Template='; then
+    compadd -- '(none)'
+  elif compset -P 1 '(Locked|Trace)='; then
+    compadd -- True False
+  elif compset -P 1 'Boundary='; then
+    compadd -- None VB Firewall ActiveX
+  elif compset -P 1 'Severity='; then
+    compadd -- Cosmetic Normal Fatal
+  elif compset -P 1 'Retry='; then
+    compadd -- Line Procedure None
+  else
+    compadd -S = -- Template Locked Boundary Severity Retry Trace
+  fi
+}
+
+_quillon_program() {
+  local -a common codepage scope rewriting commands
+  local state line
+  common=(
+    '(-h --help)'{-h,--help}'[print help]'
+    '(-t --template)'{-t,--template}'[template file]:template file:_files -g "*.(#i)dat(-.)"'
+    '--settings[settings file]:settings file:_files -g "*.(#i)reg(-.)"'
+    '--log[log failures to this file]:log file:_files'
+    '--color[colours on a terminal]:when:(auto always never)'
+    '(-q --quiet)'{-q,--quiet}'[only results and what went wrong]'
+    '(-v --verbose)'{-v,--verbose}'[tell more]'
+    '--trace[log entry and exit of the routines]'
+  )
+  codepage=(
+    '--codepage[code page of the files]:code page:(1252 utf-8 932 936 949 950 1250 1251)'
+  )
+  scope=(
+    $codepage
+    '*--project[projects by name]:pattern:'
+    '*--component[components by name]:pattern:'
+    '*--procedure[procedures by name]:pattern:{compadd -- "(declarations)"}'
+    '*--type[types as list shows them]:pattern:(Sub Function Property\ \* declarations)'
+  )
+  rewriting=(
+    '(-n --dry-run)'{-n,--dry-run}'[write nothing]'
+    '--diff[print the changes as a unified diff]'
+    '--no-verify[leave out the proof of each insertion]'
+  )
+  commands=(
+    'list:list the procedures and their properties'
+    'check:tell what apply --suggested would change or refuse'
+    'apply:set properties and make the code agree with them'
+    'refresh:write the error handlers anew from the template file'
+    'number:put line numbers in, or renew them'
+    'unnumber:take line numbers out'
+    'report:write a report on a project'
+    'template:check or show a template file'
+    'text:rewrite procedure texts, JSON in and out'
+    'rules:show or change the rules in the settings file'
+  )
+  _arguments -C $common $scope $rewriting '--version[print the version]' \
+    '1:command:->command' '*::argument:->argument'
+  case $state in
+    command) _describe command commands ;;
+    argument)
+      case $line[1] in
+        list)
+          _arguments $common $scope '(--pending)--suggested[what is suggested]' \
+            '(--suggested)--pending[what is asked for]' '--format[form]:form:(table csv json)' \
+            '*:path:_quillon_projects' ;;
+        check) _arguments $common $scope '--format[form]:form:(text json)' '*:path:_quillon_projects' ;;
+        apply)
+          _arguments $common $scope $rewriting '*--set[set a property]:property:_quillon_property' \
+            '--suggested[take the suggested values over]' '*:path:_quillon_projects' ;;
+        refresh | number | unnumber)
+          _arguments $common $scope $rewriting '*:path:_quillon_projects' ;;
+        report)
+          _arguments $common $codepage '*--project[projects by name]:pattern:' \
+            '*--component[components by name]:pattern:' \
+            '--pdf[file to write]:file:_files -g "*.(#i)pdf(-.)"' \
+            '--format[form]:form:(text)' '1:report:(summary properties)' '*:path:_quillon_projects' ;;
+        template)
+          _arguments $common '1:action:(check dump list)' '2:file:_files -g "*.(#i)dat(-.)"' ;;
+        text) _arguments $common '1:operation:(insert remove number extract signature unsignature)' ;;
+        rules) _arguments $common '1:action:(show set reset)' '*:rule:' ;;
+      esac ;;
+  esac
+}
+
+_quillon_desktop() {
+  _arguments '--connect[how the add-in is connected]:mode:(startup external)' \
+    '--settings[settings file]:settings file:_files -g "*.(#i)reg(-.)"' \
+    '--template[template file]:template file:_files -g "*.(#i)dat(-.)"' \
+    '1:group:_quillon_projects'
+}
+
+case $service in
+  quillon-desktop) _quillon_desktop ;;
+  *) _quillon_program ;;
+esac
