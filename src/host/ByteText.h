@@ -2,7 +2,10 @@
 // they are compared as bytes, letters without case.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string_view>
 
 inline constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
@@ -38,6 +41,18 @@ inline std::string_view TrimBlanks(std::string_view sBytes) {
   sBytes = SkipBlanks(sBytes);
   while (!sBytes.empty() && IsBlank(sBytes.back())) sBytes.remove_suffix(1);
   return sBytes;
+}
+
+/// By length and both ends: quick to make, and different for nearly all lines that differ.
+inline std::uint64_t LineHash(std::string_view sLine) {
+  std::uint64_t lFirst = 0;
+  std::uint64_t lLast = 0;
+  const std::size_t lCount = std::min(sLine.size(), sizeof lFirst);
+  if (lCount > 0) std::memcpy(&lFirst, sLine.data(), lCount);
+  if (lCount > 0) std::memcpy(&lLast, sLine.data() + sLine.size() - lCount, lCount);
+  const std::uint64_t lMixed = (lFirst + sLine.size()) * 0x9E3779B97F4A7C15U +
+                               lLast * 0xC2B2AE3D27D4EB4FU;
+  return lMixed ^ (lMixed >> 29U) ^ (lMixed >> 47U);
 }
 
 /// Where the continuation mark of a physical line stands; npos when it has none. White space must

@@ -1,7 +1,8 @@
 #include "LineAlign.h"
 
 #include <algorithm>
-#include <cstdint>
+
+#include "ByteText.h"
 
 namespace {
 
@@ -18,16 +19,6 @@ struct Pair {
   std::size_t lNew;
   std::size_t lOld;
 };
-
-// By length and both ends: lines that only seem the same make no anchor, which costs little.
-std::size_t HashOf(std::string_view sLine) {
-  std::uint64_t lFirst = 0;
-  std::uint64_t lLast = 0;
-  const std::size_t lCount = std::min(sLine.size(), sizeof lFirst);
-  std::copy_n(sLine.data(), lCount, reinterpret_cast<char*>(&lFirst));
-  std::copy_n(sLine.data() + sLine.size() - lCount, lCount, reinterpret_cast<char*>(&lLast));
-  return (lFirst * 0x9E3779B97F4A7C15U) ^ (lLast * 0xC2B2AE3D27D4EB4FU) ^ sLine.size();
-}
 
 class Aligner {
  public:
@@ -59,6 +50,7 @@ class Aligner {
 
   // A template that comes or goes leaves all other lines in their order: one walk tells.
   bool TakeAllOld(const Pair& oFrom, const Pair& oTo) {
+    if (oTo.lOld - oFrom.lOld > oTo.lNew - oFrom.lNew) return false;
     std::size_t lOld = oFrom.lOld;
     for (std::size_t l = oFrom.lNew; l < oTo.lNew && lOld < oTo.lOld; ++l) {
       if (Equal(l, lOld)) Set(l, lOld++);
@@ -67,6 +59,7 @@ class Aligner {
   }
 
   bool TakeAllNew(const Pair& oFrom, const Pair& oTo) {
+    if (oTo.lNew - oFrom.lNew > oTo.lOld - oFrom.lOld) return false;
     std::size_t lNew = oFrom.lNew;
     for (std::size_t l = oFrom.lOld; l < oTo.lOld && lNew < oTo.lNew; ++l) {
       if (Equal(lNew, l)) Set(lNew++, l);
@@ -105,10 +98,10 @@ class Aligner {
     std::vector<HashedLine> oLines;
     oLines.reserve(oTo.lNew - oFrom.lNew + oTo.lOld - oFrom.lOld);
     for (std::size_t l = oFrom.lNew; l < oTo.lNew; ++l) {
-      oLines.push_back({HashOf(masNew[l]), static_cast<std::uint32_t>(l), true});
+      oLines.push_back({LineHash(masNew[l]), static_cast<std::uint32_t>(l), true});
     }
     for (std::size_t l = oFrom.lOld; l < oTo.lOld; ++l) {
-      oLines.push_back({HashOf(masOld[l]), static_cast<std::uint32_t>(l), false});
+      oLines.push_back({LineHash(masOld[l]), static_cast<std::uint32_t>(l), false});
     }
     std::sort(oLines.begin(), oLines.end(),
               [](const auto& a, const auto& b) { return a.lHash < b.lHash; });

@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::size_t MaxBytes = 0x7FFFFFFF;
 constexpr std::uint32_t AddedBit = 0x80000000;
+constexpr std::size_t RecentLines = 64;
 
 LineTable::Line MakeLine(std::size_t lOffset, std::size_t lLength, bool bTail) {
   LineTable::Line oLine;
@@ -152,6 +153,19 @@ void LineTable::MakeRoom(std::size_t lBytes) {
 
 LineTable::Line LineTable::Add(std::string_view sText, std::string_view sEnd,
                                std::string_view sTail) {
+  if (!sTail.empty()) return Append(sText, sEnd, sTail);
+  // A template writes the same lines into every procedure: they need to be there once.
+  if (moRecent.empty()) moRecent.resize(RecentLines);
+  Line& oRecent = moRecent[LineHash(sText) % RecentLines];
+  const std::string_view sBytes = BytesOf(oRecent);
+  const bool bSame = oRecent.lLength == sText.size() + sEnd.size() && sBytes.starts_with(sText) &&
+                     sBytes.ends_with(sEnd);
+  if (!bSame || oRecent.lLength == 0) oRecent = Append(sText, sEnd, sTail);
+  return oRecent;
+}
+
+LineTable::Line LineTable::Append(std::string_view sText, std::string_view sEnd,
+                                  std::string_view sTail) {
   MakeRoom(sText.size() + sEnd.size() + sTail.size() + 4);
   const std::size_t lOffset = msAdded.size();
   msAdded += sText;
@@ -194,6 +208,7 @@ void LineTable::Insert(std::int32_t lLine, const std::vector<Line>& oLines) {
 std::string_view LineTable::PieceOf(std::int32_t lLine, std::string_view& sMore) const {
   std::string_view sPiece = BytesOf(At(lLine));
   sMore = {};
+  if (lLine < Count() && sPiece.ends_with('\n')) return sPiece;  // nearly every line
   if (lLine == Count()) {
     if (mbFinalEnd && IsOpen(At(lLine))) sMore = msOwnEnd;
     // An empty last line is nothing but its line end.
@@ -248,6 +263,7 @@ void LineTable::Rebase(std::string sBytes) {
   }
   msFile = std::move(sBytes);
   std::string().swap(msAdded);
+  moRecent.clear();
   moLines.Assign(std::move(oLines));
   mbTouched = false;
 }

@@ -72,6 +72,7 @@ class LineTable {
   void Rebase(std::string sBytes);
 
  private:
+  Line Append(std::string_view sText, std::string_view sEnd, std::string_view sTail);
   void Touch();
   bool IsOpen(const Line& oLine) const;
   std::string_view BytesOf(const Line& oLine) const;
@@ -80,6 +81,7 @@ class LineTable {
 
   std::string msFile;
   std::string msAdded;
+  std::vector<Line> moRecent;  // added lines by hash: the last one of each
   GapBuffer<Line> moLines;
   std::string_view msOwnEnd;
   bool mbFinalEnd = true;

@@ -106,6 +106,20 @@ const MemberAttributes::Found& MemberAttributes::Look(std::int32_t lMember) {
   return moFound;
 }
 
+bool MemberAttributes::IsBare(std::int32_t lMember) {
+  if (moBare.lMember == lMember && moBare.lVersion == moLines.Version()) return moBare.bBare;
+  moBare = {lMember, moLines.Version(), false};
+  std::size_t lGet = 0;
+  for (std::int32_t l : moIndex.DeclarationLines(lMember, lGet)) {
+    while (!moLines.At(l).bTail && l < moLines.Count() &&
+           ContinuationMark(moLines.TextOf(l)) != std::string_view::npos) {
+      ++l;
+    }
+    if (moLines.At(l).bTail) return false;
+  }
+  return moBare.bBare = true;
+}
+
 void MemberAttributes::LookAtCarriers() {
   moFound.oCarriers.clear();
   LexicalScan& oScan = moIndex.Scan();
@@ -141,8 +155,8 @@ AttributeValue MemberAttributes::Missing(std::int32_t lMember, MemberAttribute e
 }
 
 AttributeValue MemberAttributes::Get(std::int32_t lMember, MemberAttribute eAttribute) {
-  // Twelve attributes of each procedure are asked for around a rewrite; most files have none.
-  if (!moLines.MayHaveTails()) return Missing(lMember, eAttribute);
+  // Twelve attributes of each procedure are asked for around a rewrite; most have none.
+  if (!moLines.MayHaveTails() || IsBare(lMember)) return Missing(lMember, eAttribute);
   const std::optional<Text>& sValue = ValueOf(lMember, SlotOf(eAttribute));
   if (!sValue) return Missing(lMember, eAttribute);
   const Text sText = Unquoted(*sValue);

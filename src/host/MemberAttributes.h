@@ -56,6 +56,8 @@ class MemberAttributes {
   static Slot SlotOf(MemberAttribute eAttribute);
   static std::optional<Slot> SlotOf(std::string_view sKey);
   const Found& Look(std::int32_t lMember);
+  /// True when no hidden lines stand behind any declaration of the member.
+  bool IsBare(std::int32_t lMember);
   void LookAtCarriers();
   void LookAtTail(const Carrier& oCarrier);
   static AttributeValue Missing(std::int32_t lMember, MemberAttribute eAttribute);
@@ -75,4 +77,9 @@ class MemberAttributes {
   ProcIndex& moIndex;
   const CodePage& moPage;
   Found moFound;
+  struct {
+    std::int32_t lMember = 0;
+    std::uint64_t lVersion = 0;
+    bool bBare = false;
+  } moBare;  // the last answer of IsBare
 };

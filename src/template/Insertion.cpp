@@ -4,6 +4,7 @@
 
 #include "Failure.h"
 #include "LineNumbers.h"
+#include "MQuillon.h"
 #include "MXString.h"
 #include "ProcText.h"
 #include "TraceExits.h"
@@ -62,14 +63,6 @@ Text CheckNoTemplate(const InsertionRequest& oRequest, const ProcText& oProc) {
   return Text();
 }
 
-bool HoldsExit(TextView sLine) {
-  std::size_t l = FindUnit(sLine, u'E');
-  while (l != TextView::npos && !sLine.substr(l).starts_with(u"Exit ")) {
-    l = FindUnit(sLine, u'E', l + 1);
-  }
-  return l != TextView::npos;
-}
-
 /// Writes the lines of a body with its trace exits and line numbers.
 class BodyWriter {
  public:
@@ -82,28 +75,34 @@ class BodyWriter {
   }
 
   void Write(std::size_t lFirst, std::size_t lEnd) {
-    if (msTraceExit.empty() && moRequest.eLineNumAction == 1) {
-      moWriter.Add(moProc, lFirst, lEnd);
+    if (moRequest.eLineNumAction == MQuillon::NumberLeave) {
+      WriteLines(lFirst, lEnd, moWriter);
       return;
     }
-    std::vector<Text> asTraced;  // keeps the changed lines alive behind the views
-    asTraced.reserve(lEnd - lFirst);
-    std::vector<TextView> asLine(moProc.Lines().begin() + static_cast<std::ptrdiff_t>(lFirst),
-                                 moProc.Lines().begin() + static_cast<std::ptrdiff_t>(lEnd));
-    if (!msTraceExit.empty()) AddTraceExits(asLine, asTraced);
+    LineWriter oTraced;
+    WriteLines(lFirst, lEnd, oTraced);
+    if (!oTraced.Any()) return;
+    const Text sTraced = oTraced.Take();
+    std::vector<TextView> asLine;
+    for (std::size_t l = 0; l <= sTraced.size(); l += asLine.back().size() + CrLf.size()) {
+      asLine.push_back(TextView(sTraced).substr(l, FindLineEnd(sTraced, l) - l));
+    }
     moWriter.AddEnded(
         LineNumbers::DoLineNumbers(asLine, moRequest.eLineNumAction, *moRequest.pRules));
   }
 
  private:
-  void AddTraceExits(std::vector<TextView>& asLine, std::vector<Text>& asTraced) {
+  void WriteLines(std::size_t lFirst, std::size_t lEnd, LineWriter& oWriter) const {
+    if (msTraceExit.empty()) return oWriter.Add(moProc, lFirst, lEnd);
     bool bInComment = false;  // in a comment that continues over lines nothing is code
-    for (TextView& sLine : asLine) {
+    for (std::size_t i = lFirst; i < lEnd; ++i) {
+      const TextView sLine = moProc.Line(i);
       const bool bGoesOn = Continues(sLine);
       const bool bComment = bInComment || (bGoesOn && CommentStart(sLine) < sLine.size());
-      if (!bInComment && HoldsExit(sLine)) {
-        asTraced.push_back(TraceExits::Insert(sLine, moRequest.oValues.sBaseType, msTraceExit));
-        sLine = asTraced.back();
+      if (!bInComment && FindText(sLine, u"Exit ") != TextView::npos) {
+        oWriter.Add(TraceExits::Insert(sLine, moRequest.oValues.sBaseType, msTraceExit));
+      } else {
+        oWriter.Add(sLine);
       }
       bInComment = bGoesOn && bComment;
     }
@@ -120,8 +119,8 @@ void WriteSections(const InsertionRequest& oRequest, const ProcText& oProc,
                    const ProcPlaces& oPlaces, LineWriter& oWriter) {
   const TemplateRow& oTemplate = *oRequest.pTemplate;
   const auto Rows = [&](Section eFirst, Section eLast) {
-    oWriter.AddEnded(GetLines(*oRequest.pLines, oTemplate.lStart[eFirst], oTemplate.lStart[eLast],
-                              oRequest.oValues));
+    WriteRows(*oRequest.pLines, oTemplate.lStart[eFirst], oTemplate.lStart[eLast], oRequest.oValues,
+              oWriter);
   };
   Rows(SectionStart, SectionBodyStart);
   BodyWriter oBody(oRequest, oProc, oWriter);
@@ -177,8 +176,8 @@ Text InsertIntoDeclarations(const InsertionRequest& oRequest, const ProcText& oP
   LineWriter oWriter;
   oWriter.Add(oProc, 0, lPlace);
   oWriter.Add(oRequest.pSignature->Line(oRequest.oValues.sTemplate, oRequest.bLocked));
-  oWriter.AddEnded(GetLines(*oRequest.pLines, oTemplate.lStart[SectionStart],
-                            oTemplate.lStart[SectionEnd], oRequest.oValues));
+  WriteRows(*oRequest.pLines, oTemplate.lStart[SectionStart], oTemplate.lStart[SectionEnd],
+            oRequest.oValues, oWriter);
   oWriter.Add(oProc, lPlace, lLines);
   sResult = oWriter.Take();
   return Text();

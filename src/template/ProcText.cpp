@@ -1,6 +1,7 @@
 #include "ProcText.h"
 
 #include <algorithm>
+#include <span>
 
 #include "MXStringVB.h"
 
@@ -98,31 +99,51 @@ bool IsBalanced(const ProcText& oProc, std::size_t lFirst, std::size_t lLast) {
   return nDepth == 0;
 }
 
-/// Lower-cases the letters of a text of plain ASCII without blanks side by side, as nearly every
-/// line is; false for any other. Two loops without a branch: the compiler makes vectors of them.
-bool FoldPlain(TextView sText, char16_t* pFolded) {
-  unsigned nOdd = 0;
-  for (std::size_t i = 0; i < sText.size(); ++i) {
-    const char16_t c = sText[i];
-    nOdd |= c & 0xFF80U;
-    const bool bUpper = c >= u'A' && c <= u'Z';
-    pFolded[i] = static_cast<char16_t>(c + (bUpper ? 32 : 0));
+/// Lower-cases a text. Blocks without a branch and of one width of units: the compiler makes vectors
+/// of them; the few blocks that hold more than ASCII are gone through again.
+void LowerAll(Text& sText) {
+  constexpr std::size_t Block = 64;
+  for (std::size_t lStart = 0; lStart < sText.size(); lStart += Block) {
+    const std::span oBlock = std::span(sText).subspan(lStart, std::min(Block, sText.size() - lStart));
+    std::uint16_t nSeen = 0;
+    for (char16_t& c : oBlock) {
+      nSeen = static_cast<std::uint16_t>(nSeen | c);
+      const auto nLetter = static_cast<std::uint16_t>(c - u'A');
+      c = static_cast<char16_t>(c + (nLetter < 26 ? 32 : 0));
+    }
+    if (nSeen < 0x80) continue;
+    for (char16_t& c : oBlock) {
+      if (c >= 0x80) c = LowerCaseBeyondAscii(c);
+    }
   }
-  for (std::size_t i = 1; i < sText.size(); ++i) {
-    nOdd |= static_cast<unsigned>(sText[i - 1] == u' ') & static_cast<unsigned>(sText[i] == u' ');
-  }
-  return nOdd == 0;
 }
 
-/// FullTrim and lower case of a trimmed text, into room for as many units; gives their number.
-std::size_t FoldInto(TextView sTrimmed, char16_t* pFolded) {
-  if (FoldPlain(sTrimmed, pFolded)) return sTrimmed.size();
+/// Number of blanks with another blank ahead of them.
+std::size_t CountDoubleBlanks(TextView sText) {
+  constexpr std::size_t Block = 0x4000;  // of which the count fits 16 bits
   std::size_t lCount = 0;
-  for (std::size_t i = 0; i < sTrimmed.size(); ++i) {
-    if (i > 0 && sTrimmed[i] == u' ' && sTrimmed[i - 1] == u' ') continue;
-    pFolded[lCount++] = Lower(sTrimmed[i]);
+  for (std::size_t lStart = 1; lStart < sText.size(); lStart += Block) {
+    const std::size_t lEnd = std::min(sText.size(), lStart + Block);
+    std::uint16_t nCount = 0;
+    for (std::size_t i = lStart; i < lEnd; ++i) {
+      const auto nOther = static_cast<std::uint16_t>((sText[i - 1] ^ u' ') | (sText[i] ^ u' '));
+      nCount = static_cast<std::uint16_t>(nCount + (nOther == 0 ? 1 : 0));
+    }
+    lCount += nCount;
   }
   return lCount;
+}
+
+/// Makes one blank of each run of blanks in a trimmed text; gives the length that is left.
+std::size_t CollapseBlanks(char16_t* pText, std::size_t lLength) {
+  if (CountDoubleBlanks({pText, lLength}) == 0) return lLength;
+  std::size_t lKept = 0;
+  char16_t cLast = u'\0';
+  for (std::size_t i = 0; i < lLength; ++i) {
+    if (pText[i] == u' ' && cLast == u' ') continue;
+    pText[lKept++] = cLast = pText[i];
+  }
+  return lKept;
 }
 
 Text LowerType(TextView sBaseType) {
@@ -161,21 +182,31 @@ bool IsBlank(TextView sLine) {
   return sLine.find_first_not_of(u' ') == TextView::npos;
 }
 
-// Every operation begins with this pass, so it makes up much of a run.
-ProcText::ProcText(TextView sProcCode) : mlUnits(sProcCode.size()) {
-  msFolded.resize(sProcCode.size());
+// Every operation begins with this, so it makes up much of a run: all units are folded at once, and
+// lines are only cut out of them. Where the blanks at the ends of lines are not all that stand side
+// by side, the lines are gone through once more.
+ProcText::ProcText(TextView sProcCode) : mlUnits(sProcCode.size()), msFolded(sProcCode) {
+  LowerAll(msFolded);
   moLines.reserve(sProcCode.size() / 24 + 2);
-  moFolds.reserve(moLines.capacity() + 1);
-  moFolds.push_back(0);
-  char16_t* pFolded = msFolded.data();
+  moFolds.reserve(moLines.capacity());
+  std::size_t lDoubles = CountDoubleBlanks(sProcCode);
   for (std::size_t lStart = 0;;) {
     const std::size_t lEnd = FindLineEnd(sProcCode, lStart);
     const TextView sLine = sProcCode.substr(lStart, lEnd - lStart);
-    pFolded += FoldInto(Trim(sLine), pFolded);
+    const TextView sRight = LeftTrim(sLine);
+    const TextView sTrimmed = RightTrim(sRight);
     moLines.push_back(sLine);
-    moFolds.push_back(static_cast<std::uint32_t>(pFolded - msFolded.data()));
+    moFolds.push_back({static_cast<std::uint32_t>(sRight.data() - sProcCode.data()),
+                       static_cast<std::uint32_t>(sTrimmed.size())});
+    lDoubles -= std::max<std::size_t>(sLine.size() - sRight.size(), 1) - 1;
+    lDoubles -= std::max<std::size_t>(sRight.size() - sTrimmed.size(), 1) - 1;
     if (lEnd == sProcCode.size()) break;
     lStart = lEnd + CrLf.size();
+  }
+  if (lDoubles == 0) return;
+  for (Fold& oFold : moFolds) {
+    oFold.lLength = static_cast<std::uint32_t>(
+        CollapseBlanks(msFolded.data() + oFold.lStart, oFold.lLength));
   }
 }
 

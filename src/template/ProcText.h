@@ -32,16 +32,20 @@ class ProcText {
   const std::vector<TextView>& Lines() const { return moLines; }
   /// The form in which lines are compared: FullTrim, lower case. Made at construction.
   TextView Folded(std::size_t i) const {
-    return TextView(msFolded).substr(moFolds[i], moFolds[i + 1] - moFolds[i]);
+    return {msFolded.data() + moFolds[i].lStart, moFolds[i].lLength};
   }
   /// True when line i is the second or a later physical line of a statement or comment.
   bool IsContinued(std::size_t i) const { return i > 0 && Continues(moLines[i - 1]); }
 
  private:
+  struct Fold {
+    std::uint32_t lStart, lLength;  // in msFolded
+  };
+
   std::vector<TextView> moLines;
   std::size_t mlUnits = 0;
   Text msFolded;
-  std::vector<std::uint32_t> moFolds;
+  std::vector<Fold> moFolds;
 };
 
 /// Indices from 0. Empty refusal: the procedure can be rewritten.
@@ -70,10 +74,12 @@ std::size_t BehindOptions(const ProcText& oProc);
 /// Collects lines and joins them with CR LF; the last line gets no line end.
 class LineWriter {
  public:
-  void Add(TextView sLine) {
+  void Add(TextView sLine) { NewLine().append(sLine); }
+  /// Begins a line: the text to append it to, good until the next call.
+  Text& NewLine() {
     if (mbAny) msText.append(CrLf);
-    msText.append(sLine);
     mbAny = true;
+    return msText;
   }
   /// Lines from lFirst up to and not including lLast.
   void Add(const ProcText& oProc, std::size_t lFirst, std::size_t lLast) {

@@ -14,15 +14,6 @@ bool Clamp(const std::vector<LineRow>& oRows, std::int32_t& lFirst, std::int32_t
   return lFirst <= lLast;
 }
 
-/// Position of the first <%, or npos.
-std::size_t FindMark(TextView sText) {
-  std::size_t l = FindUnit(sText, u'<');
-  while (l != TextView::npos && !sText.substr(l + 1).starts_with(u'%')) {
-    l = FindUnit(sText, u'<', l + 1);
-  }
-  return l;
-}
-
 /// The value of the token at the start of sText; false when it isn't one of the seven.
 bool TokenValue(TextView sText, const SectionValues& oValues, TextView& sValue,
                 std::size_t& lLength) {
@@ -36,7 +27,7 @@ bool TokenValue(TextView sText, const SectionValues& oValues, TextView& sValue,
       {u"<%Retry>", oValues.sRetry},
   };
   for (const auto& oToken : oTokens) {
-    if (!sText.starts_with(oToken.sToken)) continue;
+    if (!Same(sText.substr(0, oToken.sToken.size()), oToken.sToken)) continue;
     sValue = oToken.sValue;
     lLength = oToken.sToken.size();
     return true;
@@ -66,7 +57,7 @@ bool IsWritten(const LineRow& oRow, const SectionValues& oValues) {
 void RenderRow(const LineRow& oRow, const SectionValues& oValues, Text& sText) {
   TextView sRest = oRow.sLine;
   for (;;) {
-    const std::size_t lMark = FindMark(sRest);
+    const std::size_t lMark = FindText(sRest, u"<%");
     sText.append(sRest.substr(0, lMark));
     if (lMark == TextView::npos) return;
     sRest.remove_prefix(lMark);
@@ -78,17 +69,13 @@ void RenderRow(const LineRow& oRow, const SectionValues& oValues, Text& sText) {
   }
 }
 
-Text GetLines(const std::vector<LineRow>& oRows, std::int32_t lFirst, std::int32_t lLast,
-              const SectionValues& oValues) {
-  Text sText;
-  if (!Clamp(oRows, lFirst, lLast)) return sText;
+void WriteRows(const std::vector<LineRow>& oRows, std::int32_t lFirst, std::int32_t lLast,
+               const SectionValues& oValues, LineWriter& oWriter) {
+  if (!Clamp(oRows, lFirst, lLast)) return;
   for (std::int32_t l = lFirst; l <= lLast; ++l) {
     const LineRow& oRow = oRows[static_cast<std::size_t>(l)];
-    if (!IsWritten(oRow, oValues)) continue;
-    RenderRow(oRow, oValues, sText);
-    sText.append(CrLf);
+    if (IsWritten(oRow, oValues)) RenderRow(oRow, oValues, oWriter.NewLine());
   }
-  return sText;
 }
 
 bool IsBlankRow(const LineRow& oRow) {

@@ -8,6 +8,8 @@
 #include "TemplateRows.h"
 #include "Text.h"
 
+class LineWriter;
+
 /// What a template's rows are filled with. All views outlive the call.
 struct SectionValues {
   TextView sTemplate;    ///< <%Signature>
@@ -25,10 +27,10 @@ Text ShownName(TextView sProcName, TextView sPropertyKind);
 bool IsWritten(const LineRow& oRow, const SectionValues& oValues);
 /// Appends the row's text with its tokens filled in, exact case.
 void RenderRow(const LineRow& oRow, const SectionValues& oValues, Text& sText);
-/// The written lines of rows lFirst to lLast, both included, each followed by CR LF.
+/// Writes the lines of rows lFirst to lLast, both included, that are to be written.
 /// Rows outside the table write nothing.
-Text GetLines(const std::vector<LineRow>& oRows, std::int32_t lFirst, std::int32_t lLast,
-              const SectionValues& oValues);
+void WriteRows(const std::vector<LineRow>& oRows, std::int32_t lFirst, std::int32_t lLast,
+               const SectionValues& oValues, LineWriter& oWriter);
 /// True for a script row whose text is nothing but blanks.
 bool IsBlankRow(const LineRow& oRow);
 /// True when the row's own text, written with these values, fits its pattern.

@@ -39,6 +39,17 @@ SignatureValue Parse(TextView sSignature) {
   return oValue;
 }
 
+/// Position of the first apostrophe at lStart or behind it with nothing but blanks ahead of it on
+/// its line, or the text's length.
+std::size_t FindComment(TextView sText, std::size_t lStart) {
+  for (std::size_t l = lStart; (l = FindUnit(sText, u'\'', l)) != TextView::npos; ++l) {
+    std::size_t lLine = l;
+    while (lLine > lStart && sText[lLine - 1] == u' ') --lLine;
+    if (lLine == lStart || sText.substr(0, lLine).ends_with(CrLf)) return l;
+  }
+  return sText.size();
+}
+
 bool IsTemplateName(TextView sName) {
   return MXString::IsAlphaNumeric(sName, u"_.");
 }
@@ -84,9 +95,11 @@ Signature::Signature(const std::vector<TemplateRow>& oTemplates,
     const bool bWide = sPattern.find_first_not_of(u"* '") == Text::npos;
     moRows.push_back({&oRow, Fold(oRow.sLine), bWide});
     if (!sPattern.empty() && sPattern.find_first_of(u"*?#[") == 0) mbAnyBegin = true;
+    if (!sPattern.empty() && sPattern.front() >= 0x80) mbAnyBegin = true;
     if (!sPattern.empty() && sPattern.front() < 0x80) mabBegin[sPattern.front()] = true;
     if (l == oTemplate.lStart[SectionStart] + 1) mpFirst = &oRow;
   }
+  mbComments = !mbAnyBegin && mabBegin[u'\''] && std::ranges::count(mabBegin, true) == 1;
 }
 
 Text Signature::Line(TextView sTemplate, bool bLocked) const {
@@ -137,9 +150,11 @@ bool Signature::MayBegin(char16_t cUnit) const {
 }
 
 std::optional<SignatureValue> Signature::Find(TextView sProcCode) const {
-  // Nearly every line can be told by its first unit; only the others are folded and compared.
+  // From one comment line to the next; with other signatures most lines are told by their first
+  // unit.
   Text sFolded;
   for (std::size_t lStart = 0; lStart < sProcCode.size();) {
+    if (mbComments) lStart = FindComment(sProcCode, lStart);
     const std::size_t lEnd = FindLineEnd(sProcCode, lStart);
     std::size_t lFirst = lStart;
     while (lFirst < lEnd && sProcCode[lFirst] == u' ') ++lFirst;

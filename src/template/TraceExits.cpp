@@ -19,7 +19,7 @@ bool IsNameUnit(char16_t cUnit) {
 /// Position from 0 in sLine of the first `Exit <type>` in code; npos when there is none.
 std::size_t FindExit(TextView sLine, TextView sBaseType) {
   constexpr TextView sExit = u"Exit ";
-  if (sLine.find(sExit) == TextView::npos) return TextView::npos;
+  if (FindText(sLine, sExit) == TextView::npos) return TextView::npos;
   const Text sWork = MXStringVB::MaskVBLiterals(sLine.substr(0, CommentStart(sLine)), u"x");
   for (std::size_t lFirst = sWork.find(sExit); lFirst != Text::npos;
        lFirst = sWork.find(sExit, lFirst + 1)) {

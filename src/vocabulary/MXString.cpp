@@ -163,7 +163,7 @@ Text StringReplace(TextView sText, TextView sPart, TextView sReplacement) {
   if (sPart.empty()) return Text(sText);
   Text sResult;
   std::size_t lStart = 0;
-  for (std::size_t i; (i = sText.find(sPart, lStart)) != npos; lStart = i + sPart.size()) {
+  for (std::size_t i; (i = FindText(sText, sPart, lStart)) != npos; lStart = i + sPart.size()) {
     sResult.append(sText.substr(lStart, i - lStart)).append(sReplacement);
   }
   return sResult.append(sText.substr(lStart));

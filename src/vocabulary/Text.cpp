@@ -165,6 +165,15 @@ std::size_t FindUnit(TextView sText, char16_t cUnit, std::size_t lFrom) {
   return TextView::npos;
 }
 
+std::size_t FindText(TextView sText, TextView sPart, std::size_t lFrom) {
+  if (sPart.empty()) return lFrom <= sText.size() ? lFrom : TextView::npos;
+  std::size_t l = FindUnit(sText, sPart.front(), lFrom);
+  while (l != TextView::npos && !Same(sText.substr(l, sPart.size()), sPart)) {
+    l = FindUnit(sText, sPart.front(), l + 1);
+  }
+  return l;
+}
+
 std::size_t FindLineEnd(TextView sText, std::size_t lFrom) {
   for (std::size_t l = lFrom; (l = FindUnit(sText, u'\n', l)) != TextView::npos; ++l) {
     if (l > lFrom && sText[l - 1] == u'\r') return l - 1;

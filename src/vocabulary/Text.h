@@ -21,6 +21,9 @@ Text FromUtf8(std::string_view sBytes);
 /// Position of a unit at lFrom or behind it, or npos: many times as fast as the standard search,
 /// which looks at every unit of a 16-bit text.
 std::size_t FindUnit(TextView sText, char16_t cUnit, std::size_t lFrom = 0);
+/// Position of a part at lFrom or behind it, or npos; of the empty part lFrom. For parts that
+/// begin with a unit that isn't common.
+std::size_t FindText(TextView sText, TextView sPart, std::size_t lFrom = 0);
 /// Position of the first CR LF at lFrom or behind it, or the text's length.
 std::size_t FindLineEnd(TextView sText, std::size_t lFrom = 0);
 /// True when both texts hold the same units; faster than == for the same reason.
