@@ -75,6 +75,7 @@ void CodePane::SetLineNumber(std::int32_t lLine, TextView sNumber) {
 }
 
 void CodePane::SetTopLine(std::int32_t lLine) {
+  Touch();
   Set(mo.lTopLine, std::clamp(lLine, 1, std::max(1, LineCount())), Property::Scroll);
 }
 

@@ -53,18 +53,23 @@ ControlContainer& Control::Container() const {
 }
 
 void Control::SetLeft(std::int32_t lLeft) {
+  Touch();
   Move(lLeft, Top(), Width(), Height());
 }
 void Control::SetTop(std::int32_t lTop) {
+  Touch();
   Move(Left(), lTop, Width(), Height());
 }
 void Control::SetWidth(std::int32_t lWidth) {
+  Touch();
   Move(Left(), Top(), lWidth, Height());
 }
 void Control::SetHeight(std::int32_t lHeight) {
+  Touch();
   Move(Left(), Top(), Width(), lHeight);
 }
 void Control::Move(std::int32_t lLeft, std::int32_t lTop) {
+  Touch();
   Move(lLeft, lTop, Width(), Height());
 }
 
@@ -112,6 +117,7 @@ void Control::SetFont(const FontSpec& oFont) {
 }
 
 void Control::SetFontName(TextView sName) {
+  Touch();
   FontSpec oFont = moControl.oFont;
   oFont.sName = sName;
   SetFont(oFont);
@@ -122,6 +128,7 @@ void Control::SetFontSize(double dPoints) {
 }
 
 void Control::SetFontBold(bool bBold) {
+  Touch();
   FontSpec oFont = moControl.oFont;
   oFont.bBold = bBold;
   oFont.lWeight = bBold ? 700 : 400;

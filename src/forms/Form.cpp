@@ -3,6 +3,7 @@
 #include "Form.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "Failure.h"
 #include "Menu.h"
@@ -91,7 +92,9 @@ bool Form::Unload(UnloadMode eMode) {
 
 void Form::Drop() {
   meLife = Life::Unloading;
-  mpoActive = nullptr;
+  mpoActive = mpoTold = nullptr;
+  moEntered.clear();
+  ++mlFocusMoves;
   Set(moControl.bVisible, false, Property::Visible);
   moToolkit.ActivateNext(*this);
   for (auto it = moComponents.rbegin(); it != moComponents.rend(); ++it) (*it)->Unrealize();
@@ -102,11 +105,11 @@ void Form::Drop() {
 }
 
 void Form::ResetAll() {
-  // Arrays first, in a copy of the list: they take their elements off it.
-  const auto oAll = moComponents;
-  for (Component* po : oAll) {
-    if (po->Kind() == ComponentKind::Array) po->Reset();
-  }
+  // Arrays first, in a list of their own: they take their elements off the form's.
+  std::vector<Component*> oArrays;
+  std::copy_if(moComponents.begin(), moComponents.end(), std::back_inserter(oArrays),
+               [](auto* po) { return po->Kind() == ComponentKind::Array; });
+  for (Component* po : oArrays) po->Reset();
   for (Component* po : moComponents) {
     if (po->Kind() != ComponentKind::Array) po->Reset();
   }
@@ -154,6 +157,7 @@ void Form::SetVisible(bool bVisible) {
 }
 
 void Form::SetWindowState(Forms::WindowState eState) {
+  Touch();
   const auto eOld = mo.eWindowState;
   if (!Set(mo.eWindowState, eState, Property::WindowState)) return;
   if (eOld == Forms::WindowState::Maximized) moControl.oBounds = moNormal;

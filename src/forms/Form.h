@@ -8,9 +8,9 @@
 //
 // Loading: all components get their defaults, then the user controls' and the form's own Design
 // run, then each container's Resize, then OnLoad. Any operation that changes the form or a
-// component of it loads it first; reading doesn't. So a form's constructor connects events and sets
-// nothing. Unloading raises QueryUnload, then OnUnload; either can cancel. Then the defaults
-// return.
+// component of it loads it first, and so do the collections of tabs, nodes, rows, columns and
+// panels; reading a property doesn't. So a form's constructor connects events and sets nothing.
+// Unloading raises QueryUnload, then OnUnload; either can cancel. Then the defaults return.
 #pragma once
 
 #include "ControlContainer.h"
@@ -19,6 +19,7 @@ namespace Forms {
 
 class CommandButton;
 class Menu;
+class UserControl;
 
 enum class ShowMode { Modeless, Modal };
 enum class WindowState : std::int32_t { Normal = 0, Minimized = 1, Maximized = 2 };
@@ -137,6 +138,8 @@ class Form : public WithState<ControlContainer, FormState> {
  private:
   enum class Life { Unloaded, Designing, Loaded, Unloading };
 
+  void TellLeft(Control* poControl, std::int64_t lMove);
+  void TellEntered(Control* poControl, std::int64_t lMove);
   void DesignAll();
   void FirstLayout();
   /// Back to the state of a form that was never loaded, without events of its own.
@@ -160,7 +163,10 @@ class Form : public WithState<ControlContainer, FormState> {
   bool mbResizePending = false;  ///< for the next time it is shown
   Rect moNormal;                 ///< its bounds in the normal state while it is maximised
   Form* mpoOwner = nullptr;
-  Control* mpoActive = nullptr;  ///< the control with the focus
+  Control* mpoActive = nullptr;         ///< the control with the focus
+  Control* mpoTold = nullptr;           ///< that had GotFocus, and not yet LostFocus
+  std::vector<UserControl*> moEntered;  ///< that had EnterFocus, from the outermost
+  std::int64_t mlFocusMoves = 0;
   CommandButton* mpoDefault = nullptr;
   CommandButton* mpoCancel = nullptr;
   std::int32_t mlNextTabIndex = 0;

@@ -97,21 +97,41 @@ Control* Form::NextInTabOrder(const Control* poFrom, bool bForward) const {
 
 void Form::ChangeFocus(Control* poControl) {
   if (poControl == mpoActive) return;
-  Control* const poOld = mpoActive;
-  const auto pHold = poOld ? poOld->Hold() : nullptr;
-  const auto oLeft = UserControlsAround(poOld), oEntered = UserControlsAround(poControl);
   mpoActive = poControl;
-  if (poOld && poOld->Kind() != ComponentKind::UserControl) poOld->LostFocus();
-  for (UserControl* po : oLeft) {
-    if (!Contains(oEntered, po)) po->ExitFocus(), po->LostFocus();
+  // A handler of one of the events may move the focus on: then that move has told the rest.
+  const auto lMove = ++mlFocusMoves;
+  TellLeft(poControl, lMove);
+  if (lMove == mlFocusMoves) TellEntered(poControl, lMove);
+}
+
+void Form::TellLeft(Control* poControl, std::int64_t lMove) {
+  if (Control* const poOld = std::exchange(mpoTold, nullptr)) {
+    const auto pHold = poOld->Hold();
+    poOld->LostFocus();
   }
-  for (auto it = oEntered.rbegin(); it != oEntered.rend() && mpoActive == poControl; ++it) {
-    if (!Contains(oLeft, *it)) (*it)->EnterFocus(), (*it)->GotFocus();
+  const auto oAround = UserControlsAround(poControl);
+  while (lMove == mlFocusMoves && !moEntered.empty() && !Contains(oAround, moEntered.back())) {
+    UserControl* const po = moEntered.back();
+    moEntered.pop_back();
+    po->ExitFocus();
+    po->LostFocus();
   }
-  // A handler may have moved the focus on.
-  if (!poControl || mpoActive != poControl) return;
+}
+
+void Form::TellEntered(Control* poControl, std::int64_t lMove) {
+  const auto oAround = UserControlsAround(poControl);
+  for (auto it = oAround.rbegin(); it != oAround.rend(); ++it) {
+    if (Contains(moEntered, *it)) continue;
+    moEntered.push_back(*it);
+    (*it)->EnterFocus();
+    (*it)->GotFocus();
+    if (lMove != mlFocusMoves) return;
+  }
+  if (!poControl) return;
   if (IPeer* poPeer = poControl->Peer()) poPeer->Focus();
-  if (poControl->Kind() != ComponentKind::UserControl) poControl->GotFocus();
+  if (poControl->Kind() == ComponentKind::UserControl) return;
+  mpoTold = poControl;
+  poControl->GotFocus();
 }
 
 void Form::PassFocus(const Control& oControl) {
@@ -119,7 +139,9 @@ void Form::PassFocus(const Control& oControl) {
 }
 
 void Form::ForgetControl(const Control& oControl) {
-  if (mpoActive && oControl.HasFocus()) mpoActive = nullptr;
+  if (mpoActive == &oControl) mpoActive = nullptr, ++mlFocusMoves;
+  if (mpoTold == &oControl) mpoTold = nullptr;
+  std::erase(moEntered, &oControl);
 }
 
 }  // namespace Forms

@@ -12,6 +12,7 @@ bool ListBox::Selected(std::int32_t lIndex) const {
 }
 
 void ListBox::SetSelected(std::int32_t lIndex, bool bSelected) {
+  Touch();
   if (!At(lIndex)) throw Failure(380);
   if (Selected(lIndex) == bSelected) return;
   if (meMulti == Forms::MultiSelect::None) return SetListIndex(bSelected ? lIndex : -1);

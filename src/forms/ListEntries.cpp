@@ -19,6 +19,7 @@ void ListEntries::Check(std::int32_t lIndex, std::int32_t lLast, std::int32_t lE
 }
 
 void ListEntries::AddItem(TextView sItem) {
+  Touch();
   auto it = moEntries.end();
   if (mbSorted) {
     it = std::upper_bound(moEntries.begin(), moEntries.end(), sItem,

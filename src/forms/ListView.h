@@ -8,10 +8,10 @@
 // Rows and columns count from 1, sub-items likewise: sub-item 1 stands in column 2. Setting
 // properties raises no events.
 //
-// In a sorted list the rows stand in the order of column SortKey + 1, without regard to case. Rows
-// find their place when rows were added, or when SortKey, SortOrder or Sorted is set; changing a
-// cell moves no row, so that a loop over the rows meets each once. A reference to a row holds until
-// the row is removed.
+// In a sorted list the rows stand in the order of column SortKey + 1, without regard to case, equal
+// ones in that of adding. Rows find their place when rows were added, or when SortKey, SortOrder or
+// Sorted is set; changing a cell moves no row, so that a loop over the rows meets each once. A
+// reference to a row holds until the row is removed.
 #pragma once
 
 #include "Control.h"
@@ -88,6 +88,7 @@ class ListItem {
   friend class ListView;
   ListView& moList;
   std::int32_t mlIndex, mlTag = 0;
+  std::int64_t mlSerial = 0;  ///< of adding: the order of rows that are equal
   bool mbSelected = false;
   ::Text msText, msIcon;
   std::vector<::Text> masSub;
@@ -113,6 +114,7 @@ class ListItems {
 
   ListView& moList;
   std::vector<std::unique_ptr<ListItem>> moItems;
+  std::int64_t mlAdded = 0;
   bool mbUnsorted = false;
 };
 
@@ -127,8 +129,14 @@ class ListView : public Control {
   ListView(ControlContainer& oContainer, TextView sName) : Control(oContainer, sName) { Reset(); }
   ComponentKind Kind() const override { return ComponentKind::ListView; }
 
-  Forms::ColumnHeaders& ColumnHeaders() { return moColumns; }
-  Forms::ListItems& ListItems() { return moItems; }
+  Forms::ColumnHeaders& ColumnHeaders() {
+    Touch();
+    return moColumns;
+  }
+  Forms::ListItems& ListItems() {
+    Touch();
+    return moItems;
+  }
   /// 3 is the report view, the only one that is drawn.
   std::int32_t View() const { return mo.lView; }
   void SetView(std::int32_t lView) { Set(mo.lView, lView, Property::Columns); }

@@ -97,6 +97,7 @@ ListItem& ListItems::Add(TextView sText, TextView sSmallIcon) {
   moItems.push_back(std::make_unique<ListItem>(moList, Count() + 1, sText, sSmallIcon));
   mbUnsorted = moList.Sorted();
   ListItem& oNew = *moItems.back();
+  oNew.mlSerial = ++mlAdded;
   if (Count() == 1) {
     oNew.mbSelected = true;
     moList.mpoSelected = &oNew;
@@ -138,10 +139,11 @@ void ListItems::Sort() {
   mbUnsorted = false;
   const std::int32_t lColumn = moList.SortKey() + 1;
   const bool bDown = moList.SortOrder() == ListSortOrder::Descending;
-  std::stable_sort(moItems.begin(), moItems.end(), [=](const auto& p, const auto& pOther) {
-    const auto& oFirst = bDown ? *pOther : *p;
-    const auto& oSecond = bDown ? *p : *pOther;
-    return LessNoCase(oFirst.Cell(lColumn), oSecond.Cell(lColumn));
+  std::sort(moItems.begin(), moItems.end(), [=](const auto& p, const auto& pOther) {
+    const TextView sCell = p->Cell(lColumn), sOther = pOther->Cell(lColumn);
+    if (LessNoCase(sCell, sOther)) return !bDown;
+    if (LessNoCase(sOther, sCell)) return bDown;
+    return p->mlSerial < pOther->mlSerial;
   });
   Renumber();
 }

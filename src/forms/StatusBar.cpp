@@ -32,7 +32,8 @@ void StatusBar::SetPanelCount(std::int32_t lCount) {
   Changed(Property::Items);
 }
 
-Panel& StatusBar::Panels(std::int32_t lIndex) const {
+Panel& StatusBar::Panels(std::int32_t lIndex) {
+  Touch();
   if (lIndex < 1 || lIndex > PanelCount()) {
     throw Failure(35600, u"There is no panel with the number " + ToText(lIndex));
   }

@@ -36,7 +36,7 @@ class StatusBar : public Control {
   std::int32_t PanelCount() const { return static_cast<std::int32_t>(moPanels.size()); }
   void SetPanelCount(std::int32_t lCount);  ///< design time
   /// Failure 35600 outside 1 to PanelCount.
-  Panel& Panels(std::int32_t lIndex) const;
+  Panel& Panels(std::int32_t lIndex);
   void ContainerResized() override;
 
   void Reset() override;

@@ -32,12 +32,12 @@ Tab* Tabs::Find(TextView sKey) const {
 }
 
 Tab& Tabs::Add(std::int32_t lIndex, TextView sKey, TextView sCaption) {
+  moStrip.TabsChanged();
   if (lIndex == 0) lIndex = Count() + 1;
   if (lIndex < 1 || lIndex > Count() + 1) throw Failure(35600, u"There is no such place for a tab");
   if (Find(sKey)) throw Failure(35602, u"There is a tab with the key " + Text(sKey) + u" already");
-  moStrip.TabsChanged();
   const auto it =
-      moTabs.insert(moTabs.begin() + lIndex - 1, std::make_unique<Tab>(moStrip, sKey, sCaption));
+      moTabs.insert(moTabs.begin() + (lIndex - 1), std::make_unique<Tab>(moStrip, sKey, sCaption));
   if (Count() == 1) moStrip.Select(it->get(), false);
   return **it;
 }

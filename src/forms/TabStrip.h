@@ -54,7 +54,10 @@ class TabStrip : public Control {
   TabStrip(ControlContainer& oContainer, TextView sName) : Control(oContainer, sName) { Reset(); }
   ComponentKind Kind() const override { return ComponentKind::TabStrip; }
 
-  Forms::Tabs& Tabs() { return moTabs; }
+  Forms::Tabs& Tabs() {
+    Touch();
+    return moTabs;
+  }
   const Forms::Tabs& Tabs() const { return moTabs; }
   /// Null without tabs.
   Tab* SelectedItem() const { return mpoSelected; }

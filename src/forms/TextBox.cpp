@@ -41,6 +41,7 @@ void TextBox::SetSelStart(std::int32_t lStart) {
 }
 
 void TextBox::SetSelLength(std::int32_t lLength) {
+  Touch();
   Set(mo.lSelLength, std::clamp(lLength, 0, Length(mo.sText) - mo.lSelStart), Property::Selection);
 }
 

@@ -99,7 +99,10 @@ class TreeView : public Control {
   TreeView(ControlContainer& oContainer, TextView sName) : Control(oContainer, sName) { Reset(); }
   ComponentKind Kind() const override { return ComponentKind::TreeView; }
 
-  Forms::Nodes& Nodes() { return moNodes; }
+  Forms::Nodes& Nodes() {
+    Touch();
+    return moNodes;
+  }
   const Forms::Nodes& Nodes() const { return moNodes; }
   Node* SelectedItem() const { return mpoSelected; }
   ImageList* Images() const { return mpoImages; }
