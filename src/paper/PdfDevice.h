@@ -10,8 +10,6 @@
 
 namespace Paper {
 
-class PdfFonts;
-
 class PdfDevice : public IPrintDevice {
  public:
   /// Where the document goes at its end; it may throw, and then the document is lost.
@@ -31,10 +29,11 @@ class PdfDevice : public IPrintDevice {
   void KillDocument() noexcept override;
 
  private:
+  class Fonts;
   class Document;
 
   Deliver mfnDeliver;
-  std::unique_ptr<PdfFonts> moFonts;
+  std::unique_ptr<Fonts> moFonts;
   std::unique_ptr<Document> moDocument;
 };
 
