@@ -25,9 +25,7 @@ std::vector<Text> Split(TextView sText) {
 }  // namespace
 
 ControlState CodePane::DefaultState() const {
-  ControlState oState;
-  oState.lBackColor = SystemColor::WindowBackground;
-  oState.lForeColor = SystemColor::WindowText;
+  ControlState oState = FieldDefaults();
   oState.oFont.sName = u"Courier New";
   return oState;
 }

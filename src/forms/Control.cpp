@@ -32,6 +32,13 @@ bool Previews(const Control& oControl) {
 
 }  // namespace
 
+ControlState FieldDefaults() {
+  ControlState oState;
+  oState.lBackColor = SystemColor::WindowBackground;
+  oState.lForeColor = SystemColor::WindowText;
+  return oState;
+}
+
 Control::Control(ControlContainer& oContainer, TextView sName)
     : Component(oContainer.Parent(), sName),
       mpoContainer(&oContainer),

@@ -21,6 +21,9 @@ struct ControlState {
   std::int32_t lHelpContextID = 0, lMousePointer = Pointer::Default;
 };
 
+/// The defaults of controls that hold text of the user's: the colours of a window's inside.
+ControlState FieldDefaults();
+
 class Control : public Component {
  public:
   Control(ControlContainer& oContainer, TextView sName);

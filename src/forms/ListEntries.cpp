@@ -7,13 +7,6 @@
 
 namespace Forms {
 
-ControlState ListEntries::DefaultState() const {
-  ControlState oState;
-  oState.lBackColor = SystemColor::WindowBackground;
-  oState.lForeColor = SystemColor::WindowText;
-  return oState;
-}
-
 void ListEntries::Check(std::int32_t lIndex, std::int32_t lLast, std::int32_t lError) const {
   if (lIndex < 0 || lIndex > lLast) throw Failure(lError);
 }

@@ -45,7 +45,7 @@ class ListEntries : public Control, public ILookupList {
     std::int32_t lData = 0;
     bool bSelected = false;
   };
-  ControlState DefaultState() const override;
+  ControlState DefaultState() const override { return FieldDefaults(); }
   /// Up, Down, Home, End, and a letter: the next line that begins with it.
   void KeyAction(std::int32_t nKeyCode, std::int32_t nShift) override;
   void CharAction(std::int32_t nCharacter) override;

@@ -8,13 +8,6 @@
 
 namespace Forms {
 
-ControlState ListView::DefaultState() const {
-  ControlState oState;
-  oState.lBackColor = SystemColor::WindowBackground;
-  oState.lForeColor = SystemColor::WindowText;
-  return oState;
-}
-
 void ListView::SetSorted(bool bSorted) {
   Set(mo.bSorted, bSorted, Property::SortOrder);
   Resort();

@@ -16,13 +16,6 @@ std::int32_t Length(TextView sText) {
 
 }  // namespace
 
-ControlState TextBox::DefaultState() const {
-  ControlState oState;
-  oState.lBackColor = SystemColor::WindowBackground;
-  oState.lForeColor = SystemColor::WindowText;
-  return oState;
-}
-
 void TextBox::SetText(TextView sText) {
   Touch();
   MoveCaret(0);

@@ -59,7 +59,7 @@ class TextBox : public WithState<Control, TextBoxState> {
   bool UserPaste();
 
  protected:
-  ControlState DefaultState() const override;
+  ControlState DefaultState() const override { return FieldDefaults(); }
   /// Ctrl+C, X, V and A, Shift+Insert, Back, Delete, Left, Right, Home and End.
   void KeyAction(std::int32_t nKeyCode, std::int32_t nShift) override;
   /// Inserts it; Return in a multi-line box is a line end.

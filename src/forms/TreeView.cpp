@@ -157,13 +157,6 @@ void Nodes::Drop() {
   moNodes.clear();
 }
 
-ControlState TreeView::DefaultState() const {
-  ControlState oState;
-  oState.lBackColor = SystemColor::WindowBackground;
-  oState.lForeColor = SystemColor::WindowText;
-  return oState;
-}
-
 void TreeView::Select(Node* poNode) {
   Set(mpoSelected, poNode, Property::Selection);
 }

@@ -131,7 +131,7 @@ class TreeView : public Control {
   void TouchTree() { Touch(); }
 
  protected:
-  ControlState DefaultState() const override;
+  ControlState DefaultState() const override { return FieldDefaults(); }
   /// Up, Down, Home, End; Left and Right collapse and expand or go up and down a level.
   void KeyAction(std::int32_t nKeyCode, std::int32_t nShift) override;
 
