@@ -71,6 +71,18 @@ class FileIDE : public DiskIDE, public VBE {
     return oResult;
   }
 
+  Refreshed Refresh() override {
+    Refreshed oResult;
+    VBComponent* const poShown = moPane ? &moPane->CodeModule().Parent() : nullptr;
+    for (const auto& pDocument : moStore.All()) {
+      const StoredDocument::Disk eDisk = pDocument->Refresh();
+      if (eDisk == StoredDocument::Disk::Reread) oResult.asReread.push_back(pDocument->Path());
+      if (eDisk == StoredDocument::Disk::Conflict) oResult.asConflict.push_back(pDocument->Path());
+    }
+    if (poShown) ShowCode(poShown);
+    return oResult;
+  }
+
   void Click(CommandBarControl& oControl) override { moBars.Click(oControl); }
   HostCommandBars& Bars() override { return moBars; }
 

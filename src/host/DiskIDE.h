@@ -69,6 +69,15 @@ class DiskIDE {
   /// since it was read is not overwritten: it counts as failed, with what to do in the message.
   virtual SaveResult Save() = 0;
 
+  struct Refreshed {
+    std::vector<std::string> asReread, asConflict;
+  };
+  /// Reads again what another program has changed on disk since it was read. Code modules, members
+  /// and designer controls of those files must not be used any more: their components give new
+  /// ones. Files with unsaved changes are conflicts: they keep these in memory, and Save refuses
+  /// them. Project files aren't read again.
+  virtual Refreshed Refresh() = 0;
+
   /// A click on a command bar control, as a person would (tests and the desktop program).
   virtual void Click(CommandBarControl& oControl) = 0;
   /// The command bars as a window shows them: their list, the faces, the clipboard behind

@@ -29,13 +29,16 @@ SourceDocument& StoredDocument::Get() {
 void StoredDocument::Read() {
   try {
     moSettings.poFiles->GetStat(msPath, moStat);
-    mpDocument =
-        std::make_unique<SourceDocument>(ReadSource(msPath, *moSettings.poFiles),
-                                         *moSettings.poAnsi, moSettings.bForcePage, moConstants);
+    mpDocument = MakeDocument();
   } catch (const Failure& oFailure) {
     moFailure = oFailure;
     throw;
   }
+}
+
+std::unique_ptr<SourceDocument> StoredDocument::MakeDocument() const {
+  return std::make_unique<SourceDocument>(ReadSource(msPath, *moSettings.poFiles),
+                                          *moSettings.poAnsi, moSettings.bForcePage, moConstants);
 }
 
 // Size and time tell at once that nothing happened; where they differ the bytes decide, since a
@@ -62,6 +65,37 @@ void StoredDocument::Save() {
   if (!CheckDisk(sBytes)) AtomicFile::Replace(msPath, sBytes, *moSettings.poFiles);
   mpDocument->MarkSaved(std::move(sBytes));
   moSettings.poFiles->GetStat(msPath, moStat);
+}
+
+StoredDocument::Disk StoredDocument::Refresh() {
+  if (!mpDocument) {
+    const bool bFailed = moFailure.has_value();
+    moFailure.reset();
+    if (bFailed) try {
+        Read();
+      } catch (const Failure&) {
+        return Disk::Same;  // as before; it is told where the code is asked for
+      }
+    return bFailed ? Disk::Reread : Disk::Same;
+  }
+  IFileOps::Stat oNow;
+  const bool bThere = moSettings.poFiles->GetStat(msPath, oNow) == 0;
+  if (bThere && oNow.lSize == moStat.lSize && oNow.lModified == moStat.lModified) return Disk::Same;
+  try {
+    auto pOnDisk = MakeDocument();
+    const std::string sOnDisk = pOnDisk->Bytes();
+    const bool bTouched = sOnDisk == mpDocument->SavedBytes();
+    if (!bTouched && mpDocument->IsChanged() && sOnDisk != mpDocument->Bytes())
+      return Disk::Conflict;
+    moStat = oNow;
+    if (bTouched) return Disk::Same;
+    mpDocument = std::move(pOnDisk);
+    ++mlVersion;
+    return Disk::Reread;
+  } catch (const Failure&) {
+    // What was read stays: it may be all that is left of the file.
+    return mpDocument->IsChanged() ? Disk::Conflict : Disk::Same;
+  }
 }
 
 StoredDocument& DocumentStore::Add(const std::string& sIdentity, const std::string& sPath,

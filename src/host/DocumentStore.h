@@ -41,8 +41,17 @@ class StoredDocument {
   /// written; file and changes are then as they were.
   void Save();
 
+  enum class Disk { Same, Reread, Conflict };
+  /// Looks at the file again. Reread: another program had changed it, or it can be read only now,
+  /// and there is a new document in place of the old one. Conflict: it was changed or removed, and
+  /// there are unsaved changes, which stay.
+  Disk Refresh();
+  /// Another number whenever Get gives another document than before.
+  int Version() const { return mlVersion; }
+
  private:
   void Read();
+  std::unique_ptr<SourceDocument> MakeDocument() const;
   /// True when the file on disk holds the new bytes already.
   bool CheckDisk(const std::string& sNewBytes) const;
 
@@ -50,6 +59,7 @@ class StoredDocument {
   const std::vector<CondConstant>& moConstants;
   const ReadSettings& moSettings;
   std::unique_ptr<SourceDocument> mpDocument;
+  int mlVersion = 0;
   std::optional<Failure> moFailure;
   IFileOps::Stat moStat;  // ahead of the read, so that a change during it shows
 };
@@ -65,6 +75,8 @@ class DocumentStore {
                       const std::vector<CondConstant>& oConstants);
   /// In the order in which they were added; those that differ from their files.
   std::vector<StoredDocument*> Changed() const;
+  /// In the order in which they were added.
+  const std::vector<std::unique_ptr<StoredDocument>>& All() const { return moDocuments; }
   /// The changed document of that path, or null.
   const StoredDocument* Changed(const std::string& sPath) const;
 

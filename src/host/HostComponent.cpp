@@ -140,15 +140,25 @@ Text HostComponent::FileNames(std::int32_t nIndex) const {
   return TextOfPath(sCompanion);
 }
 
+SourceDocument& HostComponent::Document() {
+  if (mpoDocument->Version() != mlVersion) {
+    moModule.reset();
+    moControls.reset();
+    mlVersion = mpoDocument->Version();
+  }
+  return mpoDocument->Get();
+}
+
 ::CodeModule* HostComponent::CodeModule() {
   if (!mpoDocument) return nullptr;
-  if (!moModule) moModule.emplace(*this, mpoDocument->Get());
+  SourceDocument& oDocument = Document();
+  if (!moModule) moModule.emplace(*this, oDocument);
   return &*moModule;
 }
 
 VBControls* HostComponent::DesignerControls() {
   if (!mpoDocument || !HasDesigner(moEntry.nType)) return nullptr;
-  const SourceDocument& oDocument = mpoDocument->Get();
+  const SourceDocument& oDocument = Document();
   if (oDocument.Blocks().empty())
     throw Failure(
         321,

@@ -35,6 +35,8 @@ class HostComponent : public VBComponent {
 
  private:
   const SourceDocument* Readable() const;
+  /// The document; module and controls of an earlier version of it are dropped.
+  SourceDocument& Document();
   Text RootClass() const;
   std::string Companion() const;
 
@@ -43,6 +45,7 @@ class HostComponent : public VBComponent {
   std::string msPath;
   StoredDocument* mpoDocument;
   PathFinder& moFinder;
+  int mlVersion = 0;  ///< of the document that module and controls belong to
   std::optional<HostCodeModule> moModule;
   std::optional<HostVBControls> moControls;
 };

@@ -205,6 +205,48 @@ TEST(DiskIDE, OneFileInTwoProjectsIsOneDocument) {
   EXPECT_TRUE(pIDE->Changes().empty());
 }
 
+TEST(DiskIDE, ReadsAgainWhatAnotherProgramChanged) {
+  struct Row {
+    const char *sName, *sOnDisk;  ///< null: the file is removed
+    bool bEdit;
+    const char *sRefreshed, *sShown;
+  };
+  const std::string sEdited = std::string(Code) + "' mine\r\n";
+  const Row Rows[] = {
+      {"nothing happened", Code, false, "", "Sub A()"},
+      {"changed on disk", "Sub B()\r\nEnd Sub\r\n", false, "read", "Sub B()"},
+      {"changed in memory", Code, true, "", "Sub A()"},
+      {"changed in both", "Sub B()\r\nEnd Sub\r\n", true, "conflict", "Sub A()"},
+      {"the same change in both", sEdited.c_str(), true, "read", "Sub A()"},
+      {"removed", nullptr, false, "", "Sub A()"},
+      {"removed under a change", nullptr, true, "conflict", "Sub A()"},
+  };
+  for (const Row& oRow : Rows) {
+    SCOPED_TRACE(oRow.sName);
+    ProjectTree oTree;
+    const std::string sPath = oTree.Write("h.bas", Code);
+    oTree.Write("p.vbp", "Type=Exe\nModule=H; h.bas\nModule=L; late.bas\n");
+    auto pIDE = DiskIDE::Open(oTree.Root(), {});
+    VBComponents& oComponents = pIDE->Root().VBProjects().Item(1).VBComponents();
+    EXPECT_EQ(FailureNumber([&] { oComponents.Item(2).CodeModule(); }), 53);
+    pIDE->ShowCode(&oComponents.Item(1));
+    CodeModule& oModule = *oComponents.Item(1).CodeModule();
+    if (oRow.bEdit) oModule.InsertLines(oModule.CountOfLines() + 1, u"' mine");
+    std::filesystem::remove(sPath);
+    if (oRow.sOnDisk) oTree.Write("h.bas", oRow.sOnDisk);
+    oTree.Write("late.bas", Code);
+    const DiskIDE::Refreshed oRefreshed = pIDE->Refresh();
+    std::string sRefreshed;
+    for (const auto& s : oRefreshed.asReread) sRefreshed += s == sPath ? "read" : "";
+    for (const auto& s : oRefreshed.asConflict) sRefreshed += s == sPath ? "conflict" : "";
+    EXPECT_EQ(sRefreshed, oRow.sRefreshed);
+    EXPECT_EQ(ToUtf8(pIDE->Root().ActiveCodePane()->CodeModule().Lines(1, 1)), oRow.sShown);
+    EXPECT_EQ(ToUtf8(oComponents.Item(2).CodeModule()->Lines(1, 1)), "Sub A()");
+    EXPECT_EQ(pIDE->Refresh().asReread.size(), 0u);
+    EXPECT_EQ(pIDE->Save().oFailed.size(), oRefreshed.asConflict.size());
+  }
+}
+
 TEST(DiskIDE, ReadsNamesInTheCodePageOfTheProject) {
   ProjectTree oTree;
   oTree.Write("\xE8\xA1\xA8.bas", Code);
