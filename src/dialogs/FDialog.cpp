@@ -4,15 +4,13 @@
 #include "MXRegistry.h"
 #include "Toolkit.h"
 
-FDialog::FDialog(Forms::Toolkit& oToolkit, TextView sName, TextView sKey)
-    : Form(oToolkit, sName) {
+FDialog::FDialog(Forms::Toolkit& oToolkit, TextView sName, TextView sKey) : Form(oToolkit, sName) {
   On(OnLoad, [this, s = Text(sKey)] {
     OpenKey(s);
     MXForm::Center(*this);
     MXForm::RestorePosition(*this, mhReg, false);
   });
-  On(QueryUnload,
-     [this](bool&, Forms::UnloadMode) { MXForm::SavePosition(*this, mhReg, false); });
+  On(QueryUnload, [this](bool&, Forms::UnloadMode) { MXForm::SavePosition(*this, mhReg, false); });
   On(OnUnload, [this](bool&) { CloseKey(); });
 }
 
@@ -21,9 +19,9 @@ FDialog::~FDialog() {
 }
 
 void FDialog::OpenKey(TextView sKey) {
-  mhReg = MXRegistry::OpenRegKey(MXRegistry::HKEY_CURRENT_USER,
-                                 Text(MXRegistry::RootKey).append(sKey),
-                                 MXRegistry::KEY_ALL_ACCESS);
+  mhReg =
+      MXRegistry::OpenRegKey(MXRegistry::HKEY_CURRENT_USER, Text(MXRegistry::RootKey).append(sKey),
+                             MXRegistry::KEY_ALL_ACCESS);
 }
 
 void FDialog::CloseKey() {

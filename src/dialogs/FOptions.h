@@ -1,60 +1,41 @@
 // The options: the fonts of the code, the results and the errors, each shown by a sample.
 #pragma once
 
-#include <array>
-#include <memory>
-
-#include "CommandButton.h"
-#include "FDialog.h"
+#include "FOptionSheet.h"
 #include "Label.h"
 #include "MOptions.h"
-#include "TabStrip.h"
 
 /// The frame of one font: a sample that tells its face and size, and the button that changes it.
 class FontBox {
  public:
-  FontBox(Forms::ControlContainer& oContainer, std::int32_t lIndex);
+  explicit FontBox(Forms::ControlContainer& oContainer);
+  /// lTop: its place on the container, in twips.
   void Design(TextView sCaption, std::int32_t lTop);
-  void Fill(const MOptions::Font& oFont);
-  void Read(MOptions::Font& oFont) const;
-  /// Asks for another font.
-  void Change();
+  void Fill(const MOptions::Font& oOption);
+  void Read(MOptions::Font& oOption) const;
 
   Forms::Frame fraFont;
   Forms::Label lblFont;
   Forms::CommandButton cmdFont;
 
  private:
+  void cmdFont_Click();
   void ShowSample();
 
-  /// The font by itself, since a label can't take a face that this machine doesn't have.
+  /// The font by itself, because a label can't take a face that this machine doesn't have.
   Forms::FontSpec moFont;
 };
 
-class FOptions : public FDialog {
+class FOptions : public FOptionSheet {
  public:
   explicit FOptions(Forms::Toolkit& oToolkit);
   /// True when the user left it with OK: then the options have changed and are stored.
   bool Display();
 
-  /// Index: 0 code, 1 results, 2 errors.
-  Forms::Label& lblFont(std::int32_t Index) { return Box(Index).lblFont; }
-  Forms::CommandButton& cmdFont(std::int32_t Index) { return Box(Index).cmdFont; }
-
-  Forms::TabStrip tabOption{*this, u"tabOption"};
   Forms::Frame fraOption{*this, u"fraOption"};
-
- private:
-  FontBox aoBox[3] = {{fraOption, 0}, {fraOption, 1}, {fraOption, 2}};
-
- public:
-  Forms::CommandButton cmdOK{*this, u"cmdOK"}, cmdCancel{*this, u"cmdCancel"},
-      cmdHelp{*this, u"cmdHelp"};
+  /// 0 code, 1 results, 2 errors.
+  FontBox aoFont[3] = {FontBox(fraOption), FontBox(fraOption), FontBox(fraOption)};
 
  private:
   void Design() override;
-  FontBox& Box(std::int32_t lIndex) { return aoBox[lIndex]; }
-  void Accept();
-
-  bool mbAccepted = false;
 };

@@ -32,9 +32,10 @@ class FPrintOption : public FDialog {
   void Design() override;
   void DesignButtons();
   void ShowPrinter();
-  void chkProjectSummary_Click();
+  void EnableOK();
   void chkProcSettings_Click();
   void cmdPrintSetup_Click();
+  void cmdOK_Click();
 
   Paper::Printers& moPrinters;
   bool mbCancelled = true;

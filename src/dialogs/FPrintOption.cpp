@@ -1,0 +1,97 @@
+#include "FPrintOption.h"
+
+#include "Guard.h"
+#include "MXHTMLHelp.h"
+#include "PageSetup.h"
+
+using namespace Forms;
+
+namespace {
+constexpr std::int32_t HelpContext = 2400;
+}
+
+FPrintOption::FPrintOption(Toolkit& oToolkit, Paper::Printers& oPrinters)
+    : FDialog(oToolkit, u"FPrintOption", u"FPrintOption"), moPrinters(oPrinters) {
+  On(chkProjectSummary.Click, [this] { EnableOK(); });
+  On(chkProcSettings.Click, [this] { chkProcSettings_Click(); });
+  On(cmdPrintSetup.Click, [this] { cmdPrintSetup_Click(); });
+  On(cmdOK.Click, [this] { cmdOK_Click(); });
+  On(cmdCancel.Click, [this] { Hide(); });
+  On(cmdHelp.Click, [this] { MXHTMLHelp::ShowHelpTOC(App(), HelpContext); });
+}
+
+void FPrintOption::Design() {
+  DesignWindow(u"Print", 5880, 3780);
+  SetHelpContextID(HelpContext);
+  lblPrinter.SetUseMnemonic(false);  // queues may have an ampersand in their names
+  lblPrinter.Move(150, 150, 5460, 420);
+  fraWhat.SetCaption(u"Print What");
+  fraWhat.Move(120, 630, 5520, 1950);
+  chkProjectSummary.SetCaption(u"Project &Summary");
+  chkProjectSummary.Move(150, 300, 5220, 330);
+  chkProcSettings.SetCaption(u"Procedure Property &Settings for");
+  chkProcSettings.Move(150, 690, 5220, 330);
+  optProcSettingsModule.SetCaption(u"Current &Module");
+  optProcSettingsModule.Move(480, 1080, 4890, 330);
+  optProcSettingsModule.SetValue(true);
+  optProcSettingsProject.SetCaption(u"Current &Project");
+  optProcSettingsProject.Move(480, 1470, 4890, 330);
+  DesignButtons();
+}
+
+void FPrintOption::DesignButtons() {
+  cmdPrintSetup.SetCaption(u"Page Set&up...");
+  cmdOK.SetCaption(u"OK");
+  cmdOK.SetDefault(true);
+  cmdCancel.SetCaption(u"Cancel");
+  cmdCancel.SetCancel(true);
+  cmdHelp.SetCaption(u"&Help");
+  cmdPrintSetup.Move(120, 2730, 1560, 420);
+  cmdOK.Move(2250, 2730, 1080, 420);
+  cmdCancel.Move(3435, 2730, 1080, 420);
+  cmdHelp.Move(4620, 2730, 1020, 420);
+}
+
+PrintChoice FPrintOption::Display() {
+  mbCancelled = true;
+  Load();
+  ShowPrinter();
+  cmdOK.SetEnabled(false);
+  chkProcSettings_Click();
+  cmdHelp.SetEnabled(MXHTMLHelp::HelpExists());
+  RunModal();
+  PrintChoice oChoice;
+  if (!mbCancelled) {
+    oChoice.bSummary = chkProjectSummary.Checked();
+    oChoice.bModuleSettings = chkProcSettings.Checked() && optProcSettingsModule.Value();
+    oChoice.bProjectSettings = chkProcSettings.Checked() && optProcSettingsProject.Value();
+  }
+  Unload();
+  return oChoice;
+}
+
+void FPrintOption::ShowPrinter() {
+  lblPrinter.SetCaption(u"Printer: " + moPrinters.Current().DeviceName());
+}
+
+void FPrintOption::EnableOK() {
+  cmdOK.SetEnabled(chkProjectSummary.Checked() || chkProcSettings.Checked());
+}
+
+void FPrintOption::chkProcSettings_Click() {
+  optProcSettingsModule.SetEnabled(chkProcSettings.Checked());
+  optProcSettingsProject.SetEnabled(chkProcSettings.Checked());
+  EnableOK();
+}
+
+void FPrintOption::cmdPrintSetup_Click() {
+  // A failing dialog is told, and this one goes on; the printer may have become another one.
+  Guard({u"FPrintOption", u"cmdPrintSetup_Click", ErrorIds::BoundaryVB},
+        [this](GuardScope&) { ShowPageSetup(*this, moPrinters); });
+  ShowPrinter();
+}
+
+void FPrintOption::cmdOK_Click() {
+  mbCancelled = false;
+  Hide();
+}

@@ -1,0 +1,122 @@
+#include "RulesNumberingPage.h"
+
+using namespace Forms;
+using RulesPage::NumberAtStart;
+
+namespace {
+
+constexpr std::int32_t lIndicator = 330;  ///< what a button or box takes ahead of its caption
+
+/// The index of the button to turn on: that of the rule, or of its default for a number that
+/// stands for none.
+std::int32_t IndexOf(std::int32_t lRule, std::int32_t lDefault) {
+  return lRule >= 0 && lRule <= 2 ? lRule : lDefault;
+}
+
+/// Over the run of blanks in the caption of oBeside, one pixel inside its neighbours.
+void PlaceInGap(TextBox& oBox, const Control& oBeside, TextView sCaption) {
+  const Text sPlain = PlainCaption(sCaption);
+  const auto lGap = sPlain.find(u"  "), lBehind = sPlain.find_first_not_of(u' ', lGap);
+  const ControlContainer& oFont = oBeside.Container();
+  const std::int32_t lLeft = lIndicator + oFont.TextWidth(sPlain.substr(0, lGap));
+  const std::int32_t lWidth = oFont.TextWidth(sPlain.substr(lGap, lBehind - lGap));
+  oBox.Move(oBeside.Left() + lLeft + 45, oBeside.Top() + 15, lWidth - 90, 330);
+}
+
+}  // namespace
+
+RulesNumberingPage::RulesNumberingPage(ControlContainer& oPage)
+    : fraAction(oPage, u"fraAction"), fraWhat(oPage, u"fraWhat"), fraSkip(oPage, u"fraSkip") {
+  Connect();
+}
+
+void RulesNumberingPage::Connect() {
+  optAction.OnElement(
+      [this](OptionButton& o) { o.On(o.Click, [this, &o] { lAction = o.Index(); }); });
+  optWhat.OnElement(
+      [this](OptionButton& o) { o.On(o.Click, [this, &o] { optWhat_Click(o.Index()); }); });
+  chkSkipShort.On(chkSkipShort.Click, [this] { txtSkipShort.SetEnabled(chkSkipShort.Checked()); });
+  txtWhatLines.On(txtWhatLines.KeyDown, [this](std::int32_t& KeyCode, std::int32_t nShift) {
+    txtWhatLines_KeyDown(KeyCode, nShift);
+  });
+  txtWhatLines.On(txtWhatLines.KeyPress,
+                  [this](std::int32_t& KeyAscii) { txtWhatLines_KeyPress(KeyAscii); });
+}
+
+void RulesNumberingPage::Design() {
+  DesignOptions();
+  DesignSkip();
+}
+
+void RulesNumberingPage::DesignOptions() {
+  constexpr TextView asAction[] = {u"&Insert/Refresh", u"&Leave", u"&Remove"};
+  constexpr TextView asWhat[] = {u"&Every Line", u"E&very          Lines",
+                                 u"L&ogic Control Statements Only"};
+  fraAction.SetCaption(u"Line Numbering Action");
+  fraAction.Move(120, 60, 2190, 1410);
+  fraWhat.SetCaption(u"What to Line Number");
+  fraWhat.Move(2430, 60, 3390, 1410);
+  for (std::int32_t i = 0; i < 3; ++i) {
+    optAction(i).SetCaption(asAction[i]);
+    optAction(i).Move(150, 255 + i * 375, 1890, 360);
+    optWhat(i).SetCaption(asWhat[i]);
+    optWhat(i).Move(150, 255 + i * 375, 3120, 360);
+  }
+}
+
+void RulesNumberingPage::DesignSkip() {
+  fraSkip.SetCaption(u"What to Skip");
+  fraSkip.Move(120, 1530, 5700, 1290);
+  chkSkipData.SetCaption(u"D&ata Declarations");
+  chkSkipData.Move(150, 240, 5400, 330);
+  chkSkipEnd.SetCaption(u"&Simple End Statements");
+  chkSkipEnd.Move(150, 570, 5400, 330);
+  chkSkipShort.SetCaption(u"Procedures s&horter than            Lines");
+  chkSkipShort.Move(150, 900, 5400, 345);
+  txtSkipShort.SetEnabled(false);
+}
+
+void RulesNumberingPage::PlaceInGaps() {
+  PlaceInGap(txtWhatLines, optWhat(1), optWhat(1).Caption());
+  PlaceInGap(txtSkipShort, chkSkipShort, chkSkipShort.Caption());
+}
+
+void RulesNumberingPage::Fill(const MRules::Values& oRules) {
+  const MRules::Values oDefault;
+  optAction(IndexOf(oRules.eLineNumAction, oDefault.eLineNumAction)).SetValue(true);
+  optWhat(IndexOf(oRules.eLineNumWhat, oDefault.eLineNumWhat)).SetValue(true);
+  txtWhatLines.SetText(ToText(oRules.lLineNumInterval));
+  chkSkipData.SetChecked(oRules.bLineNumSkipData);
+  chkSkipEnd.SetChecked(oRules.bLineNumSkipEnd);
+  chkSkipShort.SetChecked(oRules.bLineNumSkipShort);
+  txtSkipShort.SetText(ToText(oRules.lLineNumSkipShortSize));
+}
+
+void RulesNumberingPage::Read(MRules::Values& oRules) const {
+  oRules.eLineNumAction = lAction;
+  oRules.eLineNumWhat = lWhat;
+  oRules.lLineNumInterval = NumberAtStart(txtWhatLines.Text());
+  oRules.bLineNumSkipData = chkSkipData.Checked();
+  oRules.bLineNumSkipEnd = chkSkipEnd.Checked();
+  oRules.bLineNumSkipShort = chkSkipShort.Checked();
+  oRules.lLineNumSkipShortSize = NumberAtStart(txtSkipShort.Text());
+}
+
+void RulesNumberingPage::optWhat_Click(std::int32_t Index) {
+  lWhat = Index;
+  txtWhatLines.SetEnabled(Index == 1);
+}
+
+void RulesNumberingPage::txtWhatLines_KeyDown(std::int32_t& KeyCode, std::int32_t nShift) {
+  const bool bPastes = (nShift == Shift::Ctrl && KeyCode == u'V') ||
+                       (nShift == Shift::Shift && KeyCode == Key::Insert);
+  if (bPastes) KeyCode = 0;
+}
+
+void RulesNumberingPage::txtWhatLines_KeyPress(std::int32_t& KeyAscii) {
+  const bool bDigit = KeyAscii >= u'0' && KeyAscii <= u'9';
+  // The last three have the codes of Delete, Left and Right; as characters they pass as well.
+  const bool bOther =
+      KeyAscii == Key::Back || KeyAscii == u'.' || KeyAscii == u'%' || KeyAscii == u'\'';
+  if (!bDigit && !bOther) KeyAscii = 0;
+}

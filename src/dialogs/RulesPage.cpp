@@ -1,0 +1,68 @@
+#include "RulesPage.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "CXLookup.h"
+#include "MQuillon.h"
+
+using namespace Forms;
+
+namespace RulesPage {
+
+namespace {
+
+void Fill(ComboBox& oCombo, const CXLookup* poLookup, TextView sName, std::int32_t eId) {
+  oCombo.Clear();
+  if (poLookup) poLookup->LoadListBox(oCombo, sName, eId);
+}
+
+}  // namespace
+
+void Place(Label& oLabel, TextView sCaption, ComboBox& oCombo, std::int32_t lTop) {
+  oLabel.SetCaption(sCaption);
+  oLabel.Move(120, lTop + 60, 900, 240);
+  oCombo.Move(1050, lTop, 1620, 330);
+}
+
+void Enable(Label& oLabel, ComboBox& oCombo, bool bEnabled) {
+  oLabel.SetEnabled(bEnabled);
+  oCombo.SetEnabled(bEnabled);
+}
+
+void FillNames(ComboBox& oCombo, const CXLookup* poLookup, TextView sName) {
+  constexpr std::int32_t eNoId = -1;
+  Fill(oCombo, poLookup, sName.empty() ? MQuillon::NoneName : sName, eNoId);
+}
+
+void FillIds(ComboBox& oCombo, const CXLookup* poLookup, std::int32_t eId) {
+  constexpr TextView sNoName = u"\n";  // the empty name could be one
+  Fill(oCombo, poLookup, sNoName, eId);
+}
+
+void ReadName(const ComboBox& oCombo, Text& sName) {
+  if (oCombo.ListIndex() < 0) return;
+  sName = oCombo.Text() == MQuillon::NoneName ? Text() : oCombo.Text();
+}
+
+void ReadId(const ComboBox& oCombo, std::int32_t& eId) {
+  if (oCombo.ListIndex() >= 0) eId = oCombo.ItemData(oCombo.ListIndex());
+}
+
+std::int32_t NumberAtStart(TextView sText) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  constexpr std::size_t lEnough = 30;  // so many digits are beyond 32 bits, and inside a double
+  std::string sNumber = ToUtf8(LeftTrim(sText).substr(0, lEnough));
+  if (sNumber.starts_with('+')) sNumber.erase(0, 1);
+  // Infinity and the like, which the library would read, are no numbers here.
+  if (sNumber.find_first_of("0123456789") > 2) return 0;
+  double dNumber = 0;
+  std::from_chars(sNumber.data(), sNumber.data() + sNumber.size(), dNumber,
+                  std::chars_format::fixed);
+  return static_cast<std::int32_t>(
+      std::nearbyint(std::clamp<double>(dNumber, Limits::min(), Limits::max())));
+}
+
+}  // namespace RulesPage
