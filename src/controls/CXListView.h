@@ -10,7 +10,7 @@
 //
 // A layout that isn't empty turns keeping on: each column has a value "ColWidth" with its number
 // from 1, in twips, in the key hRegNode. The layout's text is no part of the name: lists are kept
-// apart by keys of their own. Every operation but the properties needs a list: Failure 91.
+// apart by keys of their own. Without a list the operations give Failure 91.
 #pragma once
 
 #include <cstdint>
@@ -54,7 +54,6 @@ class CXListView {
  private:
   Forms::ListView& List() const;
   std::int32_t KeptWidth(std::int32_t lColumn, std::int32_t lDefault) const;
-  static void SetWidth(Forms::ColumnHeader& oColumn, std::int32_t lWidth);
 
   Forms::ListView* mpoListView = nullptr;
   Forms::ListItem* mpoRow = nullptr;  ///< that NewRow began

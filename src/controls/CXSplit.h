@@ -44,20 +44,20 @@ class CXSplit {
   Signal<> AfterSplit;
 
  private:
-  /// Place and size of a control along the axis.
+  /// Place and size of a control along the axis, wide enough to add up any.
   struct Span {
-    std::int32_t lPosition, lSize;
+    std::int64_t lPosition, lSize;
   };
   Span SpanOf(const Forms::Control& oControl) const;
-  void SetPosition(Forms::Control& oControl, std::int32_t lPosition) const;
-  void SetSize(Forms::Control& oControl, std::int32_t lSize) const;
-  void ShowIfWide(Forms::Control& oControl, std::int32_t lSize) const;
+  void SetPosition(Forms::Control& oControl, std::int64_t lPosition) const;
+  void SetSize(Forms::Control& oControl, std::int64_t lSize) const;
+  void ShowIfWide(Forms::Control& oControl, std::int64_t lSize) const;
 
   void MouseDown(std::int32_t nButton);
   void MouseMove(std::int32_t nButton, std::int32_t lOffset);
   void MouseUp(std::int32_t nButton);
   bool HasRoom() const { return mlMinPos < mlMaxPos; }
-  std::int32_t Held(std::int32_t lPosition) const;
+  std::int64_t Held(std::int64_t lPosition) const;
   void FitASide(Forms::Control& oControl, const Span& oBar) const;
   void FitBSide(Forms::Control& oControl, const Span& oBar) const;
 
@@ -68,5 +68,5 @@ class CXSplit {
   std::int32_t mlMargin = 300;
   bool mbMarginSnap = true, mbRealTime = true;
   // Where the bar may go; from one press to the next.
-  std::int32_t mlMinPos = 0, mlMaxPos = 0, mlEndPos = 0;
+  std::int64_t mlMinPos = 0, mlMaxPos = 0, mlEndPos = 0;
 };

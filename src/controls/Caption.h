@@ -23,6 +23,7 @@ class Caption : public Forms::UserControl {
   void Design() override;
   void ControlResized();
 
+  std::int32_t mnPixelX, mnPixelY;
   Forms::Label lblCaption{*this, u"lblCaption"};
   Forms::ControlArray<Forms::Line> linBorder{*this, u"linBorder", 4};
 };

@@ -59,6 +59,8 @@ class PropertyList : public Forms::UserControl {
   /// Name of the row and its whole new text: for each change of a value by the user.
   Signal<TextView, TextView> PropertyChange;
 
+  void Reset() override;
+
  private:
   struct SheetRow {
     Text sName, sValue, sNote;
@@ -70,9 +72,11 @@ class PropertyList : public Forms::UserControl {
 
   void Design() override;
 
-  // Layout.
+  // Layout (PropertyList.cpp).
   void MeasureNames();
   std::int32_t NameWidth() const;
+  std::int32_t GapX() const;
+  std::int32_t GapY() const;
   std::int32_t ValueLeft() const;
   std::int32_t ValueWidth(std::int32_t lFloor) const;
   std::int32_t RowTop(std::int32_t lRow) const;
@@ -80,24 +84,31 @@ class PropertyList : public Forms::UserControl {
   void ParkParts(std::int32_t lValueWidth);
   void LayOutTips();
   void LayOutBorder();
-  void RemoveRows();
+  void RemoveCells();
   void ControlResized();
 
-  // Selection and input.
+  // Selection and input (PropertyList_Input.cpp).
+  void ConnectParts();
   const SheetRow& RowAt(std::int32_t lRow) const {
     return moRows[static_cast<std::size_t>(lRow) - 1];
   }
   void SelectRow(std::int32_t lRow);
+  /// Holds the focus on the sheet itself while its parts hide, so that it doesn't leave the sheet.
+  void KeepFocus();
+  /// Gives the focus to the text box, or to the sheet when that doesn't show, so that the arrow
+  /// keys go on.
+  void TakeFocus();
+  void ColorName(Forms::Color lBack, Forms::Color lFore);
   void EditText();
   void OfferList();
   void ShowTip();
-  void ColorName(Forms::Color lBack, Forms::Color lFore);
+  void PressValue(std::int32_t lRow, std::int32_t nButton);
   void TogglePopup();
   void ClosePopup();
   void NextValue(std::int32_t lRow);
+  void PressInList(std::int32_t& nKeyCode);
   void MoveRow(std::int32_t& nKeyCode);
   void ValueChanged();
-  void ConnectParts();
 
   std::vector<SheetRow> moRows;
   std::vector<Text> masTip;

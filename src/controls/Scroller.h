@@ -22,6 +22,8 @@ class Scroller : public Forms::UserControl {
   void SetFontBold(bool bBold) { txtScroller.SetFontBold(bBold); }
   void SetFontItalic(bool bItalic) { txtScroller.SetFontItalic(bItalic); }
 
+  void Reset() override;
+
  private:
   void Design() override;
   void CutOldest();
