@@ -64,7 +64,7 @@ class Form : public WithState<ControlContainer, FormState> {
   /// Raises Resize. Left to Height stay those of the normal state when it is minimised.
   void SetWindowState(Forms::WindowState eState);
   FormBorder BorderStyle() const { return mo.eBorder; }
-  void SetBorderStyle(FormBorder eBorder);  ///< design time
+  void SetBorderStyle(FormBorder e) { mo.eBorder = e; }  ///< design time
   bool MaxButton() const { return mo.bMaxButton; }
   void SetMaxButton(bool b) { mo.bMaxButton = b; }  ///< design time
   bool MinButton() const { return mo.bMinButton; }
