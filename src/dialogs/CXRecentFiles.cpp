@@ -12,11 +12,14 @@ namespace {
 constexpr std::int32_t ItemCount = 9, SeparatorIndex = 10;
 constexpr double CaptionWidth = 2700;
 
-/// An ampersand of a path is no mark of an access key.
-Text WithoutMarks(TextView sPath) {
-  Text sCaption;
-  for (const char16_t cUnit : sPath) sCaption.append(cUnit == u'&' ? 2 : 1, cUnit);
-  return sCaption;
+/// Fitted to the menu. The cut is made between folders parted by backslashes; a path that has none
+/// to take away stays whole, since an empty item would tell nothing.
+Text Shortened(TextView sPath, const MXString::TextWidth& oMeasure) {
+  const bool bSlashes = sPath.find(u'/') != TextView::npos;
+  const Text sParted = bSlashes ? MXString::StringReplace(sPath, u"/", u"\\") : Text(sPath);
+  const Text sCut = MXString::TrimPathToFit(sParted, oMeasure, CaptionWidth, false);
+  if (sCut.empty()) return Text(sPath);
+  return bSlashes ? MXString::StringReplace(sCut, u"\\", u"/") : sCut;
 }
 
 void DropMissingFiles() {
@@ -73,7 +76,8 @@ void CXRecentFiles::ShowItem(std::int32_t lIndex) {
   if (lIndex > Count()) return;
   const Text sFile = Item(lIndex);
   const auto oMeasure = [this](TextView s) -> double { return mpoMenu->Parent().TextWidth(s); };
+  // An ampersand of a path is no mark of an access key.
   oItem.SetCaption(u"&" + ToText(lIndex) + u" " +
-                   WithoutMarks(MXString::TrimPathToFit(sFile, oMeasure, CaptionWidth, false)));
+                   MXString::StringReplace(Shortened(sFile, oMeasure), u"&", u"&&"));
   oItem.SetTag(sFile);
 }

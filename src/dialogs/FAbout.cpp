@@ -34,8 +34,6 @@ void FAbout::Design() {
   lblVersion.Move(900, 180, 4500, 240);
   lblVersion.SetFontBold(true);
   lblLegal.Move(900, 480, 4500, 240);
-  linAbove.SetPoints(180, 960, 5400, 960);
-  linAbove.SetBorderColor(SystemColor::ButtonShadow);
   lblWarning.Move(180, 1080, 5220, 840);
   cmdOK.Move(4200, 2040, 1200, 375);
   cmdOK.SetCaption(u"OK");

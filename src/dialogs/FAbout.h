@@ -6,7 +6,6 @@
 #include "CommandButton.h"
 #include "Form.h"
 #include "Label.h"
-#include "Line.h"
 #include "PictureBox.h"
 
 class FAbout : public Forms::Form {
@@ -18,7 +17,6 @@ class FAbout : public Forms::Form {
   Forms::PictureBox picIcon{*this, u"picIcon"};
   Forms::Label lblVersion{*this, u"lblVersion"}, lblLegal{*this, u"lblLegal"},
       lblWarning{*this, u"lblWarning"};
-  Forms::Line linAbove{*this, u"linAbove"};
   Forms::CommandButton cmdOK{*this, u"cmdOK"};
 
  private:

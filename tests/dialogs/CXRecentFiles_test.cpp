@@ -1,0 +1,123 @@
+// The recent files on a menu.
+#include "CXRecentFiles.h"
+
+#include <filesystem>
+
+#include "CXRecent.h"
+#include "Form.h"
+#include "FormsFixture.h"
+#include "MXRegistry.h"
+#include "RegistryStore.h"
+#include "TempFolder.h"
+
+namespace {
+
+using namespace Forms;
+
+class FMenus : public Form {
+ public:
+  explicit FMenus(Toolkit& oToolkit) : Form(oToolkit, u"FMenus") {}
+  Menu mnuFile{*this, u"mnuFile"};
+  ControlArray<Menu> mnuRecent{mnuFile, u"mnuRecent"};
+  Menu mnuExit{mnuFile, u"mnuExit"};
+
+ private:
+  void Design() override { mnuRecent(0).SetCaption(u"<recent>"); }
+};
+
+class CXRecentFilesTest : public FormsTest {
+ protected:
+  CXRecentFilesTest() {
+    goRegistry = &moStore;
+    ResetRecentFiles();
+    mhKey = MXRegistry::OpenRegKey(MXRegistry::HKEY_CURRENT_USER, u"Recent",
+                                   MXRegistry::KEY_ALL_ACCESS);
+    moForm.Load();
+    moRecent.Initialize(moForm.mnuRecent, mhKey);
+  }
+  ~CXRecentFilesTest() override {
+    ResetRecentFiles();
+    goRegistry = nullptr;
+  }
+  Text Make(const std::string& sName) {
+    TempFolder::Write(moFolder / sName, "x");
+    return FromUtf8(moFolder / sName);
+  }
+  /// The captions that show behind the first item, with DIR for the test's folder.
+  std::string Shown() const {
+    std::string sAll;
+    for (const Menu* po : moForm.mnuFile.Items()) {
+      if (po->Visible() && po->Index() >= 1) sAll += "[" + ToUtf8(po->Caption()) + "]";
+    }
+    for (std::size_t i; (i = sAll.find(moFolder.Path())) != std::string::npos;) {
+      sAll.replace(i, moFolder.Path().size(), "DIR");
+    }
+    return sAll;
+  }
+
+  TempFolder moFolder;
+  RegistryStore moStore;
+  std::int32_t mhKey = 0;
+  FMenus moForm{moToolkit};
+  CXRecentFiles moRecent;
+};
+
+TEST_F(CXRecentFilesTest, NewestFirstWithASeparatorBelow) {
+  EXPECT_EQ(Shown(), "");
+  EXPECT_EQ(moRecent.Add(Make("a.dat")), 1);
+  moRecent.SetProperty(1, u"Proc", u"Alpha");
+  moRecent.Add(Make("b.dat"));
+  EXPECT_EQ(Shown(), "[&1 DIR/b.dat][&2 DIR/a.dat][-]");
+  EXPECT_EQ(moForm.mnuRecent(2).Tag(), Make("a.dat"));
+  moRecent.Add(Make("a.dat"));
+  EXPECT_EQ(moRecent.Property(1, u"Proc"), u"Alpha");
+  EXPECT_EQ(moRecent.Count(), 2);
+  EXPECT_EQ(Shown(), "[&1 DIR/a.dat][&2 DIR/b.dat][-]");
+  EXPECT_EQ(moForm.mnuRecent(0).Caption(), u"<recent>");
+  EXPECT_EQ(FailureOf([&] { moRecent.SetProperty(3, u"Proc", u"x"); }), 9);
+}
+
+TEST_F(CXRecentFilesTest, AtMostNineShowWhateverTheListHolds) {
+  RecentFiles().SetMaxCount(12);
+  for (const char c : std::string("abcdefghijkl")) moRecent.Add(Make(std::string(1, c)));
+  EXPECT_EQ(moRecent.Count(), 12);
+  EXPECT_EQ(Shown(),
+            "[&1 DIR/l][&2 DIR/k][&3 DIR/j][&4 DIR/i][&5 DIR/h][&6 DIR/g][&7 DIR/f][&8 DIR/e]"
+            "[&9 DIR/d][-]");
+}
+
+TEST_F(CXRecentFilesTest, FilesThatAreGoneVanishFromMenuAndStore) {
+  for (const char c : std::string("abc")) moRecent.Add(Make(std::string(1, c)));
+  std::filesystem::remove(moFolder / "b");
+  std::filesystem::remove(moFolder / "c");
+  std::filesystem::create_directory(moFolder / "c");  // no file any more
+  moRecent.Initialize(moForm.mnuRecent, mhKey);
+  EXPECT_EQ(Shown(), "[&1 DIR/a][-]");
+  EXPECT_FALSE(MXRegistry::RegValueExists(mhKey, u"2"));
+  std::filesystem::remove(moFolder / "a");
+  moRecent.Initialize(moForm.mnuRecent, mhKey);
+  EXPECT_EQ(Shown(), "");
+}
+
+TEST_F(CXRecentFilesTest, LongPathsLoseFoldersAndAmpersandsMarkNothing) {
+  // 30 characters fit.
+  std::filesystem::create_directory(moFolder / "folder");
+  moRecent.Add(Make("folder/Template.dat"));
+  moRecent.Add(Make("R&D.dat"));
+  const Text sLong = Make(std::string(40, 'n'));
+  moRecent.Add(sLong);
+  EXPECT_EQ(Shown(),
+            "[&1 " + std::string(40, 'n') + "][&2 DIR/R&&D.dat][&3 /.../folder/Template.dat][-]");
+  EXPECT_EQ(moForm.mnuRecent(1).Tag(), sLong);
+}
+
+TEST_F(CXRecentFilesTest, TheMenuIsMadeAnewWithItsForm) {
+  moRecent.Add(Make("a.dat"));
+  moForm.Unload();
+  moForm.Load();
+  EXPECT_EQ(Shown(), "");
+  moRecent.Initialize(moForm.mnuRecent, mhKey);
+  EXPECT_EQ(Shown(), "[&1 DIR/a.dat][-]");
+}
+
+}  // namespace
