@@ -1,0 +1,82 @@
+#include "Desktop.h"
+
+#include <wx/app.h>
+#include <wx/image.h>
+#include <wx/init.h>
+#include <wx/msgdlg.h>
+
+#include <cstdio>
+
+#include "Failure.h"
+#include "NativeText.h"
+#include "WxRenderer.h"
+
+namespace Forms {
+
+namespace {
+
+/// What is left to say when an error reaches the event loop: the routine that should have met it
+/// has no handler. The program goes on.
+class DesktopApp : public wxApp {
+ public:
+  bool OnInit() override {
+    SetExitOnFrameDelete(false);
+    wxImage::AddHandler(new wxPNGHandler);
+    return true;
+  }
+  bool OnExceptionInMainLoop() override {
+    wxString sWhat;
+    try {
+      throw;
+    } catch (const Failure& o) {
+      sWhat = ToWx(o.Description());
+    } catch (const std::exception& o) {
+      sWhat = wxString::FromUTF8(o.what());
+    }
+    wxMessageBox(sWhat, wxMessageBoxCaptionStr, wxOK | wxICON_ERROR);
+    return true;
+  }
+};
+
+void PrintAssert(const wxString& sFile, int nLine, const wxString&, const wxString& sCondition,
+                 const wxString& sMessage) {
+  std::fprintf(stderr, "%s:%d: %s %s\n", sFile.utf8_str().data(), nLine,
+               sCondition.utf8_str().data(), sMessage.utf8_str().data());
+}
+
+/// The window system between its start and its end.
+class Session {
+ public:
+  Session() {
+    wxSetAssertHandler(PrintAssert);
+    wxApp::SetInstance(new DesktopApp);
+    int nArguments = 0;
+    mbRuns = wxEntryStart(nArguments, static_cast<wxChar**>(nullptr)) && wxTheApp->CallOnInit();
+  }
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+  ~Session() {
+    if (mbRuns) wxTheApp->OnExit();
+    wxEntryCleanup();
+  }
+  bool Runs() const { return mbRuns; }
+
+ private:
+  bool mbRuns = false;
+};
+
+}  // namespace
+
+int RunDesktop(const std::function<int(Toolkit&)>& oProgram) {
+  const Session oSession;
+  if (!oSession.Runs()) {
+    std::fputs("There is no display to show windows on\n", stderr);
+    return 3;
+  }
+  WxRenderer oRenderer;
+  Toolkit oToolkit(oRenderer);
+  oRenderer.SetToolkit(oToolkit);
+  return oProgram(oToolkit);
+}
+
+}  // namespace Forms

@@ -1,0 +1,34 @@
+// What the window library has no portable word for. One file per window system implements it:
+// GtkDetails_gtk.cpp, and PlainDetails.cpp for the others.
+#pragma once
+
+class wxChoice;
+class wxTopLevelWindow;
+class wxWindow;
+
+namespace Forms::NativeDetails {
+
+/// Pixels per inch by which fonts are drawn.
+double Resolution();
+/// Makes native controls as low as forms lay them out. Once, before the first window.
+void MakeCompact();
+/// oAbove stays in front of its owner; null for none.
+void SetOwner(wxTopLevelWindow& oAbove, wxTopLevelWindow* poOwner);
+/// Opens the list of a drop-down list.
+void DropDown(wxChoice& oChoice);
+/// Lets the window take input while a modal form is in front.
+void FreeFromModal(wxTopLevelWindow& oWindow);
+
+/// Keeps input from all other windows as long as it lives.
+class ModalInput {
+ public:
+  explicit ModalInput(wxTopLevelWindow& oWindow);
+  ModalInput(const ModalInput&) = delete;
+  ModalInput& operator=(const ModalInput&) = delete;
+  ~ModalInput();
+
+ private:
+  void* mpNative;
+};
+
+}  // namespace Forms::NativeDetails

@@ -1,0 +1,127 @@
+#include "NativeLook.h"
+
+#include <wx/fontenum.h>
+#include <wx/image.h>
+#include <wx/mstream.h>
+#include <wx/settings.h>
+
+#include <cmath>
+
+#include "NativeText.h"
+#include "Toolkit.h"
+
+namespace Forms {
+
+namespace {
+
+struct SystemRow {
+  Color lColor;
+  wxSystemColour eNative;
+};
+
+const SystemRow SystemRows[] = {
+    {SystemColor::ActiveTitleBar, wxSYS_COLOUR_HIGHLIGHT},
+    {SystemColor::InactiveTitleBar, wxSYS_COLOUR_BTNSHADOW},
+    {SystemColor::WindowBackground, wxSYS_COLOUR_WINDOW},
+    {SystemColor::WindowText, wxSYS_COLOUR_WINDOWTEXT},
+    {SystemColor::TitleBarText, wxSYS_COLOUR_HIGHLIGHTTEXT},
+    {SystemColor::InactiveTitleBarText, wxSYS_COLOUR_BTNTEXT},
+    {SystemColor::Highlight, wxSYS_COLOUR_HIGHLIGHT},
+    {SystemColor::HighlightText, wxSYS_COLOUR_HIGHLIGHTTEXT},
+    {SystemColor::ButtonFace, wxSYS_COLOUR_BTNFACE},
+    {SystemColor::ButtonShadow, wxSYS_COLOUR_BTNSHADOW},
+    {SystemColor::GrayText, wxSYS_COLOUR_GRAYTEXT},
+    {SystemColor::ButtonText, wxSYS_COLOUR_BTNTEXT},
+    {SystemColor::Highlight3D, wxSYS_COLOUR_BTNHIGHLIGHT},
+    {SystemColor::DarkShadow3D, wxSYS_COLOUR_3DDKSHADOW},
+    {SystemColor::Light3D, wxSYS_COLOUR_3DLIGHT},
+    {SystemColor::InfoText, wxSYS_COLOUR_INFOTEXT},
+    {SystemColor::InfoBackground, wxSYS_COLOUR_INFOBK},
+};
+
+bool IsInstalled(const wxString& sFace) {
+  return wxFontEnumerator::IsValidFacename(sFace);
+}
+
+/// The system's font that takes the place of a face; wxSYS_ANSI_VAR_FONT for none.
+wxSystemFont RoleOf(TextView sName) {
+  if (sName.empty() || sName.starts_with(u"MS S")) return wxSYS_DEFAULT_GUI_FONT;
+  if (sName.starts_with(u"Courier")) return wxSYS_ANSI_FIXED_FONT;
+  return wxSYS_ANSI_VAR_FONT;
+}
+
+}  // namespace
+
+wxFont NativeFont(const FontSpec& oFont) {
+  wxString sFace = ToWx(oFont.sName);
+  const wxSystemFont eRole = RoleOf(oFont.sName);
+  if (eRole != wxSYS_ANSI_VAR_FONT && !IsInstalled(sFace)) {
+    sFace = wxSystemSettings::GetFont(eRole).GetFaceName();
+  }
+  return wxFont(
+      wxFontInfo(oFont.dSize)
+          .FaceName(sFace)
+          .Family(eRole == wxSYS_ANSI_FIXED_FONT ? wxFONTFAMILY_TELETYPE : wxFONTFAMILY_DEFAULT)
+          .Bold(oFont.bBold)
+          .Italic(oFont.bItalic)
+          .Underlined(oFont.bUnderline)
+          .Strikethrough(oFont.bStrikethrough));
+}
+
+bool HasNativeFont(TextView sName) {
+  return RoleOf(sName) != wxSYS_ANSI_VAR_FONT || IsInstalled(ToWx(sName));
+}
+
+FontSpec FontSpecOf(const wxFont& oFont) {
+  FontSpec o;
+  o.sName = FromWx(oFont.GetFaceName());
+  o.dSize = oFont.GetFractionalPointSize();
+  o.bBold = oFont.GetNumericWeight() >= wxFONTWEIGHT_BOLD;
+  o.lWeight = oFont.GetNumericWeight();
+  o.bItalic = oFont.GetStyle() != wxFONTSTYLE_NORMAL;
+  o.bUnderline = oFont.GetUnderlined();
+  o.bStrikethrough = oFont.GetStrikethrough();
+  return o;
+}
+
+wxColour NativeColor(Color lColor) {
+  if (!IsSystemColor(lColor)) return wxColour(lColor & 0xFFFFFFU);
+  for (const SystemRow& o : SystemRows) {
+    if (o.lColor == lColor) return wxSystemSettings::GetColour(o.eNative);
+  }
+  return wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
+}
+
+Color ColorOf(const wxColour& oColour) {
+  return oColour.GetRGB();
+}
+
+wxCursor NativeCursor(std::int32_t nPointer) {
+  switch (nPointer) {
+    case Pointer::Default:
+      return wxNullCursor;
+    case Pointer::SizeNS:
+      return wxCursor(wxCURSOR_SIZENS);
+    case Pointer::SizeWE:
+      return wxCursor(wxCURSOR_SIZEWE);
+    case Pointer::Hourglass:
+      return wxCursor(wxCURSOR_WAIT);
+    default:
+      return wxCursor(wxCURSOR_ARROW);
+  }
+}
+
+const wxBitmap& PictureCache::Get(const Toolkit& oKit, TextView sKey, int nPixels) {
+  const auto [it, bNew] = moBitmaps.try_emplace({Text(sKey), nPixels});
+  if (!bNew || sKey.empty()) return it->second;
+  const std::string abPng = oKit.Picture(sKey, nPixels);
+  if (abPng.empty()) return it->second;
+  wxMemoryInputStream oBytes(abPng.data(), abPng.size());
+  wxImage oImage;
+  if (!oImage.LoadFile(oBytes, wxBITMAP_TYPE_PNG)) return it->second;
+  if (oImage.GetWidth() != nPixels) oImage.Rescale(nPixels, nPixels, wxIMAGE_QUALITY_HIGH);
+  it->second = wxBitmap(oImage);
+  return it->second;
+}
+
+}  // namespace Forms

@@ -1,0 +1,40 @@
+// Fonts, colours, pointers and pictures as the window system has them.
+#pragma once
+
+#include <wx/bitmap.h>
+#include <wx/colour.h>
+#include <wx/cursor.h>
+#include <wx/font.h>
+
+#include <map>
+
+#include "FormsTypes.h"
+
+namespace Forms {
+
+class Toolkit;
+
+/// The faces "MS Sans Serif" and "Courier New" are the names of a role here: without such a face,
+/// the system's own face for windows, and its face of equal widths, take their places.
+wxFont NativeFont(const FontSpec& oFont);
+/// Whether the face is installed, or has one of those roles.
+bool HasNativeFont(TextView sName);
+FontSpec FontSpecOf(const wxFont& oFont);
+
+wxColour NativeColor(Color lColor);
+/// Never a system colour.
+Color ColorOf(const wxColour& oColour);
+/// nPointer: a value of MousePointer.
+wxCursor NativeCursor(std::int32_t nPointer);
+
+/// The pictures that were asked for, decoded.
+class PictureCache {
+ public:
+  /// Invalid when there is no such picture or its bytes are damaged.
+  const wxBitmap& Get(const Toolkit& oKit, TextView sKey, int nPixels);
+
+ private:
+  std::map<std::pair<Text, int>, wxBitmap> moBitmaps;
+};
+
+}  // namespace Forms

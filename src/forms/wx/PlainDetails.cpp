@@ -1,0 +1,39 @@
+// NativeDetails by the portable means of the library.
+#include "NativeDetails.h"
+
+#include <wx/defs.h>
+
+#ifndef __WXGTK__
+
+#include <wx/choice.h>
+#include <wx/dcscreen.h>
+#include <wx/toplevel.h>
+#include <wx/utils.h>
+
+namespace Forms::NativeDetails {
+
+double Resolution() {
+  return wxScreenDC().GetPPI().GetWidth();
+}
+
+void MakeCompact() {}
+
+void SetOwner(wxTopLevelWindow& oAbove, wxTopLevelWindow*) {
+  oAbove.Raise();
+}
+
+void DropDown(wxChoice&) {}
+
+void FreeFromModal(wxTopLevelWindow& oWindow) {
+  oWindow.Enable();
+}
+
+ModalInput::ModalInput(wxTopLevelWindow& oWindow) : mpNative(new wxWindowDisabler(&oWindow)) {}
+
+ModalInput::~ModalInput() {
+  delete static_cast<wxWindowDisabler*>(mpNative);
+}
+
+}  // namespace Forms::NativeDetails
+
+#endif

@@ -1,0 +1,111 @@
+#include "Surface.h"
+
+#include <wx/dcbuffer.h>
+#include <wx/radiobut.h>
+
+#include "ContainerPeer.h"
+#include "MouseFeed.h"
+#include "NativeLook.h"
+#include "NativeText.h"
+#include "WxRenderer.h"
+
+namespace Forms {
+
+Surface::Surface(wxWindow* poParent, ControlContainer& oContainer, WxRenderer& oRenderer)
+    : mpoContainer(&oContainer), moRenderer(oRenderer) {
+  SetBackgroundStyle(wxBG_STYLE_PAINT);
+  Create(poParent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+         wxBORDER_NONE | wxCLIP_CHILDREN | wxFULL_REPAINT_ON_RESIZE | wxWANTS_CHARS);
+  Bind(wxEVT_PAINT, &Surface::OnPaint, this);
+  for (const auto& oTag : {wxEVT_LEFT_DOWN, wxEVT_LEFT_UP, wxEVT_LEFT_DCLICK, wxEVT_RIGHT_DOWN,
+                           wxEVT_RIGHT_UP, wxEVT_MIDDLE_DOWN, wxEVT_MIDDLE_UP, wxEVT_MOTION}) {
+    Bind(oTag, &Surface::OnMouse, this);
+  }
+  Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { mpoPressed = nullptr; });
+}
+
+wxRadioButton& Surface::NoOption() {
+  if (!mpoNoOption) {
+    mpoNoOption =
+        new wxRadioButton(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxRB_GROUP);
+    mpoNoOption->Hide();
+  }
+  return *mpoNoOption;
+}
+
+bool Surface::AcceptsFocus() const {
+  return mpoContainer && mpoContainer->CanFocus();
+}
+
+void Surface::OnPaint(wxPaintEvent&) {
+  wxAutoBufferedPaintDC oDC(this);
+  if (!mpoContainer) return;
+  auto* const poPeer = dynamic_cast<IContainerPeer*>(mpoContainer->Peer());
+  if (poPeer) poPeer->DrawGround(oDC, GetClientSize());
+  for (Control* po : mpoContainer->Controls()) {
+    if (!po->Visible()) continue;
+    if (auto* poLight = dynamic_cast<ILightPeer*>(po->Peer())) poLight->Draw(oDC);
+  }
+}
+
+wxRect Surface::PlaceOf(const Control& oControl) const {
+  wxRect oPlace = moRenderer.Unit().Pixels(oControl.Bounds());
+  oPlace.Offset(moOrigin);
+  return oPlace;
+}
+
+Control* Surface::Hit(const wxPoint& oPlace) const {
+  const auto& oAll = mpoContainer->Controls();
+  for (auto it = oAll.rbegin(); it != oAll.rend(); ++it) {
+    Control* const po = *it;
+    // A disabled label lets the mouse through to what it stands on.
+    const bool bTakes = po->Kind() == ComponentKind::Label && po->Visible() && po->Enabled();
+    if (bTakes && PlaceOf(*po).Contains(oPlace)) return po;
+  }
+  return mpoContainer;
+}
+
+void Surface::ReleasePointer() {
+  mpoPressed = nullptr;
+  if (HasCapture()) ReleaseMouse();
+}
+
+void Surface::OnMouse(wxMouseEvent& oEvent) {
+  if (!mpoContainer) return;
+  if (mpPressedLife.expired()) mpoPressed = nullptr;
+  Control& oTarget = mpoPressed ? *mpoPressed : *Hit(oEvent.GetPosition());
+  auto* const poPeer = dynamic_cast<WxPeer*>(oTarget.Peer());
+  if (!poPeer) return;
+  if (oEvent.ButtonDown() || oEvent.ButtonDClick()) {
+    // The one that was pressed hears of the mouse until the release, wherever that is.
+    mpoPressed = &oTarget;
+    mpPressedLife = poPeer->Life();
+    if (!HasCapture()) CaptureMouse();
+  }
+  ShowHints(oTarget);
+  Tell(oEvent, oTarget);
+  moRenderer.CatchUp();
+}
+
+void Surface::ShowHints(const Control& oTarget) {
+  const wxString sTip = ToWx(oTarget.ToolTipText());
+  if (sTip != GetToolTipText()) SetToolTip(sTip);
+  if (oTarget.MousePointer() == mlPointer) return;
+  mlPointer = oTarget.MousePointer();
+  SetCursor(NativeCursor(mlPointer));
+}
+
+void Surface::Tell(wxMouseEvent& oEvent, Control& oTarget) {
+  wxPoint oOrigin = moOrigin;
+  if (&oTarget != mpoContainer) oOrigin = PlaceOf(oTarget).GetTopLeft();
+  const auto pLife = dynamic_cast<WxPeer&>(*oTarget.Peer()).Life();
+  const bool bInside = oTarget.Kind() == ComponentKind::Label
+                           ? PlaceOf(oTarget).Contains(oEvent.GetPosition())
+                           : wxRect(GetClientSize()).Contains(oEvent.GetPosition());
+  const bool bClick = oEvent.LeftUp() && mpoPressed == &oTarget && bInside;
+  if (oEvent.ButtonUp()) ReleasePointer();
+  TellMouse(oTarget, oEvent, oEvent.GetPosition() - oOrigin, moRenderer.Unit());
+  if (bClick && !pLife.expired()) oTarget.UserClick();
+}
+
+}  // namespace Forms

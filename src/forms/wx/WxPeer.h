@@ -1,0 +1,80 @@
+// The base of all peers: it notes what changed, and applies it when the program waits for events.
+//
+// Lists fill by thousands of changes in a row; the renderer has each peer catch up once. What a
+// peer hears from its native window it hands to the object's User... operations, which may unload
+// the form: a native handler that goes on behind such a call first looks whether the peer is alive.
+#pragma once
+
+#include <wx/event.h>
+
+#include <bitset>
+#include <memory>
+
+#include "IPeer.h"
+
+namespace Forms {
+
+class WxRenderer;
+
+/// A set of properties.
+class Changes {
+ public:
+  static Changes All() {
+    Changes o;
+    o.moBits.set();
+    return o;
+  }
+  void Note(Property e) { moBits.set(static_cast<std::size_t>(e)); }
+  bool Has(Property e) const { return moBits.test(static_cast<std::size_t>(e)); }
+  bool Any() const { return moBits.any(); }
+
+ private:
+  std::bitset<32> moBits;
+};
+
+class WxPeer : public IPeer {
+ public:
+  explicit WxPeer(WxRenderer& oRenderer);
+  WxPeer(const WxPeer&) = delete;
+  WxPeer& operator=(const WxPeer&) = delete;
+  ~WxPeer() override;
+
+  void Changed(Property eProperty, std::int32_t lIndex) override;
+  void Focus() override {}
+  void Refresh() final;
+  /// Applies what was noted. For the renderer.
+  void CatchUp();
+  /// Forms catch up behind what stands on them, so that a window is complete when it shows.
+  virtual bool IsForm() const { return false; }
+  /// Expires with the peer.
+  std::weak_ptr<void> Life() const { return mpLife; }
+
+ protected:
+  virtual void Apply(const Changes& oChanges) = 0;
+  virtual void PaintNow() {}
+  /// Notes it as if the object had changed it.
+  void Later(Property eProperty);
+  /// Notes everything. The last deed of a constructor.
+  void LaterAll();
+  /// The last lIndex that came with Scroll since the last CatchUp; -1 for none.
+  std::int32_t ScrollTarget() const { return mlScroll; }
+
+  /// Handles an event of a native window as long as the peer lives; behind that, the event goes its
+  /// native way.
+  template <class Tag, class Handler>
+  void Listen(wxEvtHandler& oWindow, const Tag& oTag, Handler oHandler) {
+    oWindow.Bind(oTag, [pLife = Life(), oHandler](auto& oEvent) {
+      pLife.expired() ? oEvent.Skip() : oHandler(oEvent);
+    });
+  }
+
+  WxRenderer& moRenderer;
+
+ private:
+  Changes moChanges;
+  std::int32_t mlScroll = -1;
+  // Shared because native handlers look at it behind the peer's end.
+  std::shared_ptr<void> mpLife = std::make_shared<char>();
+};
+
+}  // namespace Forms
