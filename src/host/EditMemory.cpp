@@ -74,6 +74,12 @@ class DeclarationEnds {
   std::unordered_map<std::string, std::int32_t> moEnds;
 };
 
+// A line that can come or go inside a body without a change of what the lines around it mean.
+bool IsPlain(std::string_view sAhead, std::string_view sLine) {
+  return !MayEndBody(sLine) && !SkipBlanks(sLine).starts_with('#') &&
+         ContinuationMark(sAhead) == std::string_view::npos;
+}
+
 }  // namespace
 
 void EditMemory::Delete(std::int32_t lStart, std::int32_t lCount) {
@@ -84,15 +90,36 @@ void EditMemory::Delete(std::int32_t lStart, std::int32_t lCount) {
   mlPlace = lStart;
 }
 
-void EditMemory::Insert(std::int32_t lLine, const std::vector<std::string_view>& asNew,
-                        LexicalScan& oScan) {
+std::int32_t EditMemory::Insert(std::int32_t lLine, const std::vector<std::string_view>& asNew,
+                                LexicalScan& oScan) {
   if (mlPlace != lLine) moGone.clear();
   moLines.MakeRoom(Needed(asNew));
   moLines.Insert(lLine, NewLines(asNew));
   const bool bTails =
       std::any_of(moGone.begin(), moGone.end(), [](const Line& o) { return o.bTail; });
   if (bTails) PlaceTails(lLine, static_cast<std::int32_t>(asNew.size()), oScan);
+  const std::int32_t lSame = SameAhead(asNew);
   moGone.clear();
+  return lSame;
+}
+
+std::int32_t EditMemory::SameAhead(const std::vector<std::string_view>& asNew) const {
+  if (moGone.empty() || asNew.empty() || !mabKept.back() ||
+      Index(malPartner.back()) + 1 != moGone.size()) {
+    return 0;
+  }
+  std::size_t lFirst = asNew.size();
+  for (std::size_t l = asNew.size(); l-- > 0;) {
+    if (malPartner[l] >= 0 && mabKept[Index(malPartner[l])]) continue;
+    if (l == 0 || !IsPlain(asNew[l - 1], asNew[l])) return 0;
+    lFirst = l;
+  }
+  for (std::size_t l = moGone.size(); l-- > 0;) {
+    if (mabKept[l]) continue;
+    if (l == 0 || !IsPlain(moLines.TextOf(moGone[l - 1]), moLines.TextOf(moGone[l]))) return 0;
+    lFirst = std::min(lFirst, l);
+  }
+  return static_cast<std::int32_t>(lFirst);
 }
 
 // At most: all lines new, all hidden lines moved, each time with the line that carries them.

@@ -19,7 +19,11 @@ class EditMemory {
   /// Takes lines away. Deletes side by side are remembered as one.
   void Delete(std::int32_t lStart, std::int32_t lCount);
   /// Puts asNew ahead of lLine. The views must not point into the line table.
-  void Insert(std::int32_t lLine, const std::vector<std::string_view>& asNew, LexicalScan& oScan);
+  /// Result: how many of the first lines are the deleted ones, when all lines that differ behind
+  /// them are plain: no heads, ends, directives or parts of continued lines, and not the last line.
+  /// 0 when that isn't so.
+  std::int32_t Insert(std::int32_t lLine, const std::vector<std::string_view>& asNew,
+                      LexicalScan& oScan);
 
  private:
   std::vector<LineTable::Line> NewLines(const std::vector<std::string_view>& asNew);
@@ -27,6 +31,7 @@ class EditMemory {
                   std::size_t lOld, bool bPaired, std::vector<LineTable::Line>& oMade);
   void PlaceTails(std::int32_t lLine, std::int32_t lCount, LexicalScan& oScan);
   std::size_t Needed(const std::vector<std::string_view>& asNew) const;
+  std::int32_t SameAhead(const std::vector<std::string_view>& asNew) const;
 
   LineTable& moLines;
   std::vector<LineTable::Line> moGone;

@@ -21,7 +21,12 @@ bool HostMember::IsAt(std::int32_t lIndex) const {
 }
 
 std::int32_t HostMember::FindPlace() const {
-  if (IsAt(mlIndex)) return mlIndex;
+  const std::uint32_t lVersion = moDocument.MembersVersion();
+  if (mlVersion == lVersion) return mlIndex;
+  if (IsAt(mlIndex)) {
+    mlVersion = lVersion;
+    return mlIndex;
+  }
   const std::int32_t lLast = std::max(mlIndex, moDocument.MemberCount());
   // Members move by the few declarations that a rewrite adds or drops, so the search goes outward.
   for (std::int32_t lStep = 0; lStep < lLast; ++lStep) {

@@ -42,6 +42,7 @@ class HostMember : public Member {
   Text msName;
   std::int32_t mnType;
   mutable std::int32_t mlIndex;
+  mutable std::uint32_t mlVersion = 0;  // of the members among which it was found at mlIndex
 };
 
 class HostMembers : public ::Members {

@@ -180,7 +180,9 @@ LineTable::Line LineTable::WithTail(const Line& oLine, std::string_view sTail) {
   return Add(std::string(BytesOf(oLine)), IsOpen(oLine) ? msOwnEnd : std::string_view(), sTail);
 }
 
+// Ahead of every change: the saved lines are kept from the first one on. Their bytes never move.
 void LineTable::Touch() {
+  if (!mbTouched && !mbFileSaved) moSaved = moLines;
   mbTouched = true;
   ++mlVersion;
 }
@@ -191,54 +193,71 @@ void LineTable::Set(std::int32_t lLine, const Line& oLine) {
 }
 
 std::vector<LineTable::Line> LineTable::Remove(std::int32_t lStart, std::int32_t lCount) {
+  Touch();
   std::vector<Line> oGone;
   oGone.reserve(static_cast<std::size_t>(lCount));
   for (std::int32_t l = 0; l < lCount; ++l) oGone.push_back(At(lStart + l));
   moLines.Erase(static_cast<std::size_t>(lStart), oGone.size());
-  Touch();
   return oGone;
 }
 
 void LineTable::Insert(std::int32_t lLine, const std::vector<Line>& oLines) {
-  moLines.Insert(static_cast<std::size_t>(lLine), oLines);
   Touch();
+  moLines.Insert(static_cast<std::size_t>(lLine), oLines);
 }
 
-// The bytes of a line as they are written: sMore is a line end that has to follow them.
-std::string_view LineTable::PieceOf(std::int32_t lLine, std::string_view& sMore) const {
-  std::string_view sPiece = BytesOf(At(lLine));
+// The bytes of a line as they are written: sMore is a line end that has to follow them. poNext: the
+// line behind it, null behind the last one.
+std::string_view LineTable::PieceOf(const Line& oLine, const Line* poNext,
+                                    std::string_view& sMore) const {
+  std::string_view sPiece = BytesOf(oLine);
   sMore = {};
-  if (lLine < Count() && sPiece.ends_with('\n')) return sPiece;  // nearly every line
-  if (lLine == Count()) {
-    if (mbFinalEnd && IsOpen(At(lLine))) sMore = msOwnEnd;
+  if (poNext && sPiece.ends_with('\n')) return sPiece;  // nearly every line
+  if (!poNext) {
+    if (mbFinalEnd && IsOpen(oLine)) sMore = msOwnEnd;
     // An empty last line is nothing but its line end.
     if (!mbFinalEnd && !WithoutEnd(sPiece).empty()) sPiece = WithoutEnd(sPiece);
     return sPiece;
   }
-  if (IsOpen(At(lLine))) sMore = msOwnEnd;
+  if (IsOpen(oLine)) sMore = msOwnEnd;
   // A lone CR and the LF of an empty line behind it would become one line end.
-  if (sPiece.ends_with('\r') && BytesOf(At(lLine + 1)).starts_with('\n')) sMore = "\n";
+  if (sPiece.ends_with('\r') && BytesOf(*poNext).starts_with('\n')) sMore = "\n";
   return sPiece;
 }
 
-std::string LineTable::Bytes() const {
-  if (!mbTouched) return msFile;
+std::string_view LineTable::PieceOf(const GapBuffer<Line>& oLines, std::size_t l,
+                                    std::string_view& sMore) const {
+  return PieceOf(oLines[l], l + 1 < oLines.Size() ? &oLines[l + 1] : nullptr, sMore);
+}
+
+std::string LineTable::Compose(const GapBuffer<Line>& oLines) const {
+  std::size_t lLength = msOwnEnd.size();
+  for (std::size_t l = 0; l < oLines.Size(); ++l) lLength += oLines[l].lLength;
   std::string sBytes;
-  sBytes.reserve(msFile.size() + msAdded.size());
+  sBytes.reserve(lLength);
   std::string_view sMore;
-  for (std::int32_t l = 0; l <= Count(); ++l) {
-    sBytes += PieceOf(l, sMore);
+  for (std::size_t l = 0; l < oLines.Size(); ++l) {
+    sBytes += PieceOf(oLines, l, sMore);
     sBytes += sMore;
   }
   return sBytes;
 }
 
+std::string LineTable::Bytes() const {
+  return mbTouched ? Compose(moLines) : SavedBytes();
+}
+
+std::string LineTable::SavedBytes() const {
+  return mbFileSaved ? msFile : Compose(mbTouched ? moSaved : moLines);
+}
+
 bool LineTable::IsChanged() const {
   if (!mbTouched) return false;
+  if (!mbFileSaved) return Bytes() != SavedBytes();
   std::string_view sRest = msFile;
   std::string_view sMore;
-  for (std::int32_t l = 0; l <= Count(); ++l) {
-    const std::string_view sPiece = PieceOf(l, sMore);
+  for (std::size_t l = 0; l < moLines.Size(); ++l) {
+    const std::string_view sPiece = PieceOf(moLines, l, sMore);
     // Lines that were never touched lie where they are looked for.
     if (sPiece.data() != sRest.data() && !sRest.starts_with(sPiece)) return true;
     if (sPiece.size() > sRest.size()) return true;
@@ -249,21 +268,32 @@ bool LineTable::IsChanged() const {
   return !sRest.empty();
 }
 
+// As long as little was added, the lines themselves tell the saved bytes: a group that was
+// rewritten isn't held twice. Later the bytes that nothing needs any more have to go.
+void LineTable::MarkSaved(std::string sBytes) {
+  if (!mbTouched) return;
+  if (msAdded.size() > msFile.size() && sBytes.size() <= MaxBytes) {
+    Rebase(std::move(sBytes));
+  } else {
+    mbFileSaved = false;
+  }
+  moSaved = {};
+  mbTouched = false;
+}
+
 void LineTable::Rebase(std::string sBytes) {
-  // Of too large a file both buffers stay: offsets would no longer fit.
-  if (!mbTouched || sBytes.size() > MaxBytes) return;
   std::size_t lOffset = 0;
   std::string_view sMore;
   std::vector<Line> oLines;
   oLines.reserve(moLines.Size());
-  for (std::int32_t l = 0; l <= Count(); ++l) {
-    const std::size_t lLength = PieceOf(l, sMore).size() + sMore.size();
-    oLines.push_back(MakeLine(lOffset, lLength, At(l).bTail != 0));
+  for (std::size_t l = 0; l < moLines.Size(); ++l) {
+    const std::size_t lLength = PieceOf(moLines, l, sMore).size() + sMore.size();
+    oLines.push_back(MakeLine(lOffset, lLength, moLines[l].bTail != 0));
     lOffset += lLength;
   }
   msFile = std::move(sBytes);
   std::string().swap(msAdded);
   moRecent.clear();
   moLines.Assign(std::move(oLines));
-  mbTouched = false;
+  mbFileSaved = true;
 }

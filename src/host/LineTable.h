@@ -4,7 +4,7 @@
 // go wherever that line goes.
 //
 // Bytes that were read stay where they are; new text is collected behind them in a second buffer.
-// Views that are handed out are good until the next Add or Rebase.
+// Views that are handed out are good until the next Add or MarkSaved.
 #pragma once
 
 #include <cstdint>
@@ -66,10 +66,11 @@ class LineTable {
   /// The file as it is to be written. Every line but the last has a line end; the last has one
   /// if it had one in the file that was read.
   std::string Bytes() const;
-  const std::string& SavedBytes() const { return msFile; }
+  /// The file as it was read, or saved last.
+  std::string SavedBytes() const;
   bool IsChanged() const;
-  /// Makes the present bytes the saved ones. sBytes: what Bytes() gives.
-  void Rebase(std::string sBytes);
+  /// The present bytes are the saved ones from now on. sBytes: what Bytes() gives.
+  void MarkSaved(std::string sBytes);
 
  private:
   Line Append(std::string_view sText, std::string_view sEnd, std::string_view sTail);
@@ -77,7 +78,11 @@ class LineTable {
   bool IsOpen(const Line& oLine) const;
   std::string_view BytesOf(const Line& oLine) const;
   void Split(std::size_t lHeaderLength);
-  std::string_view PieceOf(std::int32_t lLine, std::string_view& sMore) const;
+  std::string_view PieceOf(const Line& oLine, const Line* poNext, std::string_view& sMore) const;
+  std::string_view PieceOf(const GapBuffer<Line>& oLines, std::size_t l,
+                           std::string_view& sMore) const;
+  std::string Compose(const GapBuffer<Line>& oLines) const;
+  void Rebase(std::string sBytes);
 
   std::string msFile;
   std::string msAdded;
@@ -86,6 +91,8 @@ class LineTable {
   std::string_view msOwnEnd;
   bool mbFinalEnd = true;
   bool mbTails = false;
-  bool mbTouched = false;
+  GapBuffer<Line> moSaved;  // what was saved last, while lines differ from it and msFile isn't it
+  bool mbFileSaved = true;  // msFile holds the saved bytes
+  bool mbTouched = false;   // since then
   std::uint64_t mlVersion = 1;
 };

@@ -79,7 +79,14 @@ void ProcIndex::NoteEdit(std::int32_t lLine, std::int32_t lRemoved, std::int32_t
   }
   MoveShift(lScope);
   mlShift += lDelta;
+  mnEdits = mlDirty < 0 ? 1 : mnEdits + 1;
   mlDirty = lScope;
+}
+
+void ProcIndex::NotePlain(std::int32_t lFirst) {
+  if (mbAllDirty || mbFaulty || mlDirty < 1 || mnEdits != 2) return;
+  if (moConditions.Mode() != ConditionalCode::Reading::Values) return;
+  if (lFirst > Start(mlDirty) + moScopes[Index(mlDirty)].lBody) mlDirty = -1;
 }
 
 void ProcIndex::Update() {
@@ -169,6 +176,7 @@ ProcIndex::Member ProcIndex::MadeOf(const ScannedMember& oScanned) {
 }
 
 void ProcIndex::Store(const ScanResult& oResult) {
+  ++mlMembersVersion;
   moScopes.assign(1, Scope());
   for (const ScannedProcedure& o : oResult.oProcedures) {
     moScopes.push_back(
@@ -213,6 +221,7 @@ void ProcIndex::StoreMember(const ScannedMember& oScanned) {
 
 // New declarations in the place of the old ones, which stand first of all members.
 void ProcIndex::StoreDeclarations(const ScanResult& oResult) {
+  ++mlMembersVersion;
   std::vector<Member> oNew;
   for (const ScannedMember& oScanned : oResult.oMembers) {
     oNew.push_back(MadeOf(oScanned));
@@ -296,6 +305,11 @@ std::int32_t ProcIndex::BodyLine(std::int32_t lScope) {
 std::int32_t ProcIndex::LineCount(std::int32_t lScope) {
   Update();
   return Behind(lScope) - Start(lScope);
+}
+
+std::uint32_t ProcIndex::MembersVersion() {
+  Update();
+  return mlMembersVersion;
 }
 
 std::int32_t ProcIndex::MemberCount() {

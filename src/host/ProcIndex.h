@@ -21,6 +21,11 @@ class ProcIndex {
   /// lAdded lines were put in ahead of lLine.
   void NoteEdit(std::int32_t lLine, std::int32_t lRemoved, std::int32_t lAdded);
 
+  /// To be called behind NoteEdit for lines that were put in where others had just gone: from
+  /// lFirst on they differ in plain lines alone, and not in the last one. Inside a procedure such
+  /// an edit costs no new look.
+  void NotePlain(std::int32_t lFirst);
+
   /// Scope of a procedure; 0 when there is none of that name and kind.
   std::int32_t Find(TextView sName, ProcKind nKind);
   bool IsDeclare(TextView sName);
@@ -29,6 +34,8 @@ class ProcIndex {
   std::int32_t LineCount(std::int32_t lScope);
 
   std::int32_t MemberCount();
+  /// Another number whenever members may stand at other indices.
+  std::uint32_t MembersVersion();
   /// lMember from 1.
   SourceDocument::MemberInfo MemberAt(std::int32_t lMember);
   bool IsMember(std::int32_t lMember, TextView sName, std::int32_t nType);
@@ -98,6 +105,8 @@ class ProcIndex {
   std::int32_t mlMoved = 0;
   std::int32_t mlShift = 0;
   std::int32_t mlDirty = -1;
+  int mnEdits = 0;  // that made mlDirty dirty
+  std::uint32_t mlMembersVersion = 1;
   bool mbAllDirty = true;
   bool mbFaulty = false;  // heads and ends don't pair
 };

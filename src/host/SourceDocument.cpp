@@ -122,8 +122,9 @@ void SourceDocument::InsertLines(std::int32_t lLine, TextView sText) {
   // A line end at the end leaves an empty line behind itself.
   if (sBytes.empty() || !oSplit.End().empty()) asLine.emplace_back();
   const std::int32_t lPlace = std::min(lLine, CountOfLines() + 1);
-  mpImpl->oMemory.Insert(lPlace, asLine, mpImpl->oIndex.Scan());
+  const std::int32_t lSame = mpImpl->oMemory.Insert(lPlace, asLine, mpImpl->oIndex.Scan());
   mpImpl->oIndex.NoteEdit(lPlace, 0, static_cast<std::int32_t>(asLine.size()));
+  if (lSame > 0) mpImpl->oIndex.NotePlain(lPlace + lSame);
 }
 
 std::int32_t SourceDocument::MemberCount() const {
@@ -133,6 +134,10 @@ std::int32_t SourceDocument::MemberCount() const {
 SourceDocument::MemberInfo SourceDocument::MemberAt(std::int32_t lIndex) const {
   mpImpl->CheckMember(lIndex);
   return mpImpl->oIndex.MemberAt(lIndex);
+}
+
+std::uint32_t SourceDocument::MembersVersion() const {
+  return mpImpl->oIndex.MembersVersion();
 }
 
 bool SourceDocument::IsMember(std::int32_t lIndex, TextView sName, std::int32_t nType) const {
@@ -161,7 +166,7 @@ std::string SourceDocument::SavedBytes() const {
 }
 
 void SourceDocument::MarkSaved(std::string sBytes) {
-  mpImpl->oLines.Rebase(std::move(sBytes));
+  mpImpl->oLines.MarkSaved(std::move(sBytes));
   mpImpl->oMemory.Clear();
 }
 

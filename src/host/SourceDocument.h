@@ -68,6 +68,8 @@ class SourceDocument {
   std::int32_t MemberCount() const;
   /// lIndex from 1. Members keep their index when a procedure is rewritten.
   MemberInfo MemberAt(std::int32_t lIndex) const;
+  /// Another number whenever members may stand at other indices.
+  std::uint32_t MembersVersion() const;
   /// True when the member at lIndex (any number) has that name, in that case, and type.
   bool IsMember(std::int32_t lIndex, TextView sName, std::int32_t nType) const;
   AttributeValue Attribute(std::int32_t lMember, MemberAttribute eAttribute) const;

@@ -74,6 +74,7 @@ TEST(SourceEdit, KeepsTheBytesOfLinesThatComeBack) {
     if (oRow.lStart > pDocument->CountOfLines()) continue;
     pDocument->DeleteLines(oRow.lStart, lNew);
     if (oRow.lDelete > 0) pDocument->InsertLines(oRow.lStart, sOld);
+    EXPECT_EQ(pDocument->SavedBytes(), sAfter);
     EXPECT_EQ(pDocument->Lines(1, pDocument->CountOfLines()),
               Opened(oRow.szBefore, oRow.szPage)->Lines(1, pDocument->CountOfLines()));
   }
