@@ -97,6 +97,11 @@ class CIDEHandler {
   void ApplyPendingSettings(Handle ihProcedure, Handle Component, Handle Project, bool Group,
                             bool Refresh, std::int32_t LineNumAction);
   void RefreshSuggestions();
+  /// What ApplyPendingSettings would make of the procedure, line numbers as the rule says: the same
+  /// way as a rewrite, without writing anything back or telling anybody. The present text when
+  /// nothing would be rewritten, and when the rewrite would be refused: then bRefused is set, and
+  /// sMessage says why.
+  Text PendingCode(Handle hProcedure, bool& bRefused, Text& sMessage);
 
   // Reading side for reports and programs: records by handle, ranges from 1 to the counts.
   Handle ComponentCount() const { return static_cast<Handle>(moComponents.size()) - 1; }
@@ -187,6 +192,8 @@ class CIDEHandler {
   void RewriteProcedure(GuardScope& oScope, Handle hProcedure, Run& oRun);
   void TakeAnew(ProcedureRecord& oRecord, TextView sCode) const;
   void TakeDeclarationsAnew(GuardScope& oScope, const ProcedureRecord& oRecord, Run& oRun);
+  /// From sOld to sNew. False: refused, told through the engine's ReportError.
+  bool Recast(const ProcedureRecord& oRecord, const Run& oRun, Draft& oDraft);
   bool RemoveOld(const ProcedureRecord& oRecord, Draft& oDraft);
   bool PutNew(const ProcedureRecord& oRecord, const Run& oRun, Draft& oDraft);
   bool PutSignature(const ProcedureRecord& oRecord, Draft& oDraft);

@@ -6,6 +6,7 @@
 #include "MRules.h"
 #include "ModuleEdit.h"
 #include "Proof.h"
+#include "ReadOnlyRule.h"
 #include "Run.h"
 
 using namespace HandlerGuard;
@@ -64,17 +65,45 @@ void CIDEHandler::RewriteProcedure(GuardScope& oScope, Handle hProcedure, Run& o
   Template().BatchItem(oDraft.sModuleName, oDraft.sProcName);
   oRun.bCounted = true;
   ModuleEdit::CutBlankTail(oDraft.sOld);
-  oDraft.sNew = oDraft.sOld;
-  oRun.bErrors = !RemoveOld(oRecord, oDraft) || !PutNew(oRecord, oRun, oDraft);
+  oRun.bErrors = !Recast(oRecord, oRun, oDraft);
   if (oRun.bErrors) return;
-  oDraft.lBlankLines += ModuleEdit::CutBlankTail(oDraft.sNew);
-  if (bProve && oDraft.IsChanged()) {
-    const Text sDoubt = WhatIsNotProved(oRecord, oRun, oDraft);
-    oRun.bErrors = !sDoubt.empty();
-    if (oRun.bErrors) return Template().ReportError(u"    " + sDoubt);
-  }
   if (oDraft.IsChanged()) ReplaceProcedure(hProcedure, oDraft);
   TakeOver(oRecord, oRun, oDraft);
+}
+
+bool CIDEHandler::Recast(const ProcedureRecord& oRecord, const Run& oRun, Draft& oDraft) {
+  oDraft.sNew = oDraft.sOld;
+  if (!RemoveOld(oRecord, oDraft) || !PutNew(oRecord, oRun, oDraft)) return false;
+  oDraft.lBlankLines += ModuleEdit::CutBlankTail(oDraft.sNew);
+  if (!bProve || !oDraft.IsChanged()) return true;
+  const Text sDoubt = WhatIsNotProved(oRecord, oRun, oDraft);
+  if (!sDoubt.empty()) Template().ReportError(u"    " + sDoubt);
+  return sDoubt.empty();
+}
+
+Text CIDEHandler::PendingCode(Handle hProcedure, bool& bRefused, Text& sMessage) {
+  return Result(u"PendingCode", [&](GuardScope& oScope) {
+    bRefused = false;
+    sMessage.clear();
+    // A copy: what changed behind the model is taken in by the rewrite itself, not by a look.
+    ProcedureRecord oRecord = ProcedureAt(hProcedure);
+    const ComponentRecord& oComponent = ComponentAt(oRecord.hComponent);
+    const Run oRun{.eLineNumAction = MRules::oRules.eLineNumAction};
+    Draft oDraft;
+    oDraft.sModuleName = oComponent.sName;
+    oDraft.sProcName = NameOf(oScope, oRecord);
+    oDraft.sOld = ReadProcCode(oScope, oRecord, oDraft.lBodyStart);
+    const Text sPresent = oDraft.sOld;
+    TakeAnew(oRecord, sPresent);
+    if (IsPassedOver(oComponent) || !oRun.CallsFor(oRecord)) return sPresent;
+    const std::int32_t lTail = ModuleEdit::CutBlankTail(oDraft.sOld);
+    Muted oMuted(Template());
+    bRefused = !Recast(oRecord, oRun, oDraft);
+    sMessage = oMuted.sFirst;
+    if (bRefused) return sPresent;
+    for (std::int32_t i = 0; i < oDraft.lBlankLines + lTail; ++i) oDraft.sNew.append(CrLf);
+    return oDraft.sNew;
+  });
 }
 
 void CIDEHandler::TakeAnew(ProcedureRecord& oRecord, TextView sCode) const {

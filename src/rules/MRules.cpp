@@ -116,7 +116,8 @@ const std::vector<Rule>& Table() {
       Boolean<&Values::bLineNumSkipEnd>(u"Line Number Skip End"),
       Boolean<&Values::bLineNumSkipShort>(u"Line Number Skip Short"),
       Number<&Values::lLineNumSkipShortSize>(u"Line Number Skip Short Size", 0, Unlimited),
-      Boolean<&Values::bSkipReadOnly>(u"Skip ReadOnly")};
+      Boolean<&Values::bSkipReadOnly>(u"Skip ReadOnly"),
+      Boolean<&Values::bProve>(u"Prove Rewrites")};
   return oTable;
 }
 

@@ -37,6 +37,7 @@ struct Values {
   bool bLineNumSkipShort = true;
   std::int32_t lLineNumSkipShortSize = 2;
   bool bSkipReadOnly = true;
+  bool bProve = false;  ///< the window proves each rewrite before it is written
 };
 
 /// The process-wide rules; written by the operations below and the rules' dialog only.

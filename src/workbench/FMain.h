@@ -1,0 +1,321 @@
+// The main window: a browser over the open projects, the property sheet of what is selected, and
+// every command. The add-in's connection makes one and shows it modally above the IDE:
+//
+//   FMain oMain(oToolkit, oPrinters);
+//   oMain.Display(oVBE, oConnect);  // returns when the user has left the window
+//
+// It owns the template and the model of the group while a template is open, and turns menus, the
+// toolbar and selections into calls on them; the model answers by events, one per row, which fill
+// the tree and the lists. Everything in here refers to the model by handles only.
+//
+// Subjects, each in a file of its own: FMain_Shell (showing, loading, leaving), _Design (values of
+// design time), _Commands (which are enabled), _Template (opening and closing one), _Tree, _Lists,
+// _Sheet, _Code, _Bulk (commands on many procedures), _Select, _Guard (the hourglass and progress),
+// _Layout, _Panes, _Print.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "CIDEHandler.h"
+#include "CXListView.h"
+#include "CXRecentFiles.h"
+#include "CXSplit.h"
+#include "Caption.h"
+#include "CodePane.h"
+#include "CommandButton.h"
+#include "FAction.h"
+#include "Form.h"
+#include "Frame.h"
+#include "Guard.h"
+#include "MainMenu.h"
+#include "MainToolbar.h"
+#include "PropertyList.h"
+#include "Scroller.h"
+#include "StatusBar.h"
+#include "TabStrip.h"
+#include "Timer.h"
+#include "TreeView.h"
+
+class Connect;
+namespace Paper {
+class Printers;
+}
+namespace PropertySheet {
+struct Subject;
+}
+
+class FMain : public Forms::Form {
+ public:
+  using Handle = CIDEHandler::Handle;
+
+  /// The printers outlive the window.
+  FMain(Forms::Toolkit& oToolkit, Paper::Printers& oPrinters);
+  ~FMain() override;
+
+  /// Shows the window modally. The first call, and the first after the window was closed, takes
+  /// the arguments, which outlive the window, and opens a template once the window is there.
+  void Display(VBE& VBInst, Connect& oConnect);
+  /// The caller of Display; null before.
+  Connect* poConnect() const { return moConnect; }
+
+  /// Counts operations that may run inside one another: the outermost sets the pointer of the
+  /// screen, and its end gives the normal one back. Blocks nothing.
+  void EventPush(std::int32_t MousePointer);
+  void EventPop();
+  /// Back to rest, whatever was left open by a failure.
+  void EventFlush();
+  /// True inside at least two operations.
+  void CascadedEvent(bool& bCascaded) const { bCascaded = miEventDepth >= 2; }
+
+  /// What the tree's selected node stands for; 0 and 0 without one, hComponent 0 for a project or
+  /// a folder.
+  void SelectedNode(Handle& ihProject, Handle& ihComponent) const;
+  /// Selects the node of a component, or of a project, and shows what is in it.
+  void SelectNode(Handle ihProject, Handle ihComponent);
+
+  /// null while no template is open, or one with errors is.
+  CIDEHandler* Model() const { return oIDEHandler.get(); }
+
+  MainMenu oMenu{*this};
+  MainToolbar oToolbar{*this};
+  Forms::ImageList imlProjects{*this, u"imlProjects"};
+  Forms::Timer tmrStartUp{*this, u"tmrStartUp"};
+
+  ::Caption lblTree{*this, u"lblTree"};
+  Forms::TreeView tvwProjects{*this, u"tvwProjects"};
+  Forms::PictureBox picSplit1{*this, u"picSplit1"};
+  ::Caption lblList{*this, u"lblList"};
+  Forms::Label lblListViewSurrogate{*this, u"lblListViewSurrogate"};
+  Forms::ListView lvwMods{*this, u"lvwMods"}, lvwProcs{*this, u"lvwProcs"};
+  Forms::PictureBox picSplit3{*this, u"picSplit3"};
+  Forms::Frame fraErrors{*this, u"fraErrors"};
+  Forms::ControlArray<Forms::Label> lblErrors{fraErrors, u"lblErrors", 2};
+  Forms::CommandButton cmdHideErrors{fraErrors, u"cmdHideErrors"};
+  Scroller srlErrors{fraErrors, u"srlErrors"};
+  Forms::PictureBox picSplit2{*this, u"picSplit2"};
+  Forms::PictureBox picContainer{*this, u"picContainer"};
+  Forms::TabStrip tabView{picContainer, u"tabView"};
+  ::Caption lblProperties{picContainer, u"lblProperties"}, lblCode{picContainer, u"lblCode"},
+      lblResults{picContainer, u"lblResults"};
+  PropertyList prlProperties{picContainer, u"prlProperties"};
+  Forms::CodePane txtCode{picContainer, u"txtCode"};
+  Scroller srlResults{picContainer, u"srlResults"};
+  Forms::StatusBar StatusBar1{*this, u"StatusBar1"};
+  Forms::PictureBox picProgress{*this, u"picProgress"};
+
+ private:
+  enum class State : std::int32_t { NoTemplate = 0, Ready = 1, TemplateErrors = 2 };
+
+  /// A handler of an event: no failure leaves it. True when it came to its end.
+  template <class Work>
+  bool OnEvent(TextView sProcedure, Work&& oWork,
+               std::int32_t eSeverity = ErrorIds::SeverityNormal) {
+    return Guard({u"FMain", sProcedure, ErrorIds::BoundaryVB, eSeverity},
+                 [&](GuardScope&) { oWork(); });
+  }
+  /// The same for one that takes its time. A failure leaves the hourglass to the next EventFlush.
+  template <class Work>
+  void Busy(TextView sProcedure, Work&& oWork) {
+    OnEvent(sProcedure, [&] {
+      EventPush(Forms::Pointer::Hourglass);
+      oWork();
+      EventPop();
+    });
+  }
+  void ConnectWindow();
+  void ConnectMenus();
+  void ConnectBrowser();
+  void ConnectPanes();
+  void ConnectModel();
+
+  // FMain_Design.
+  void Design() override;
+  void DesignBrowser();
+  void DesignErrors();
+  void DesignPanes();
+
+  // FMain_Shell.
+  void Form_Load();
+  void OpenKeys();
+  void CloseKeys();
+  void RestorePlaces();
+  void MakeSplitters();
+  void MakeLists();
+  void Form_QueryUnload(bool& bCancel, Forms::UnloadMode eMode);
+  void Form_Unload();
+  bool MayDiscard();
+  void tmrStartUp_Timer();
+  void mnuFileExit_Click();
+  void mnuRulesDefine_Click();
+  void mnuToolsOptions_Click();
+  void mnuToolsProve_Click();
+  void mnuHelpTopics_Click();
+  void mnuHelpIndex_Click();
+  void mnuHelpSearch_Click();
+  void mnuHelpSupport_Click();
+  void mnuHelpWeb_Click();
+  void mnuHelpAbout_Click();
+
+  // FMain_Commands.
+  void ManageControls();
+  bool HasTemplate() const { return meState == State::Ready; }
+  bool HasProjects();
+  bool HasPrinter();
+  void mnuFile_Click();
+  void mnuView_Click();
+  void mnuSelect_Click();
+  void mnuProps_Click();
+  void mnuTools_Click();
+  void mnuHelp_Click();
+  void ButtonClick(ToolbarButton eButton);
+
+  // FMain_Template.
+  void mnuFileOpenTemplate_Click();
+  void mnuFileRecent_Click(std::int32_t Index);
+  void OpenTemplate(TextView sTemplateFile);
+  bool LoadTemplate(TextView sTemplateFile);
+  void BuildModel();
+  void LoadLookups();
+  void ChooseFirstNode();
+  void AddTabs();
+  void CloseTemplate();
+  Text TemplateBesideProgram() const;
+
+  // FMain_Tree.
+  void EnumProjectsProc(Handle hProject, TextView sTitle, std::int32_t nType);
+  void EnumComponentsProc(Handle hProject, Handle hComponent, TextView sName,
+                          std::int32_t nComponentType);
+  void EnumComponentsEOF(Handle hProject);
+  void tvwProjects_NodeClick();
+  void ProcessNode(Forms::Node& oNode);
+  /// False: the template was closed meanwhile.
+  bool ShowComponent(TextView sNode);
+  bool ShowModules(TextView sNode, std::int32_t lFolder);
+  void mnuViewProjectTree_Click() { SwitchView(u"mnuViewProjectTree_Click", u"Tree"); }
+  void mnuViewProjectList_Click() { SwitchView(u"mnuViewProjectList_Click", u"List"); }
+  void SwitchView(TextView sProcedure, TextView sView);
+  void RefreshProjectTree();
+
+  // FMain_Lists.
+  void HideLists();
+  void ShowList(Forms::ListView& oList);
+  void EnumComponentsExProc(const ComponentRow& oRow);
+  void EnumProceduresProc(const ProcedureRow& oRow);
+  void EnumProceduresError(Handle hComponent, const LoadError& oError);
+  void RefreshModList(bool bSelectedOnly);
+  void RefreshProcList(bool bSelectedOnly, bool bReprocess);
+  void RefreshCurrentList(bool bSelectedOnly);
+  void RefreshProcRow(Forms::ListItem& oRow);
+  void MarkRow(Forms::ListItem& oRow, bool bDirty);
+  void lvwMods_DblClick();
+  void SortBy(Forms::ListView& oList, const Forms::ColumnHeader& oColumn);
+  void ShowObjectCount(Forms::ListView& oList);
+  void ShowPath(TextView sPath);
+  void FitPath();
+  /// The list in front; null while none is.
+  Forms::ListView* ListInFront();
+  bool ShowsProcs() const { return msListType == u"Procs"; }
+  bool ShowsMods() const { return msListType == u"Mods"; }
+
+  // FMain_Sheet.
+  void ProcessProcListSelection();
+  void ProcessModListSelection();
+  void ListSelectionExists(bool& bExists);
+  void ClearSheet();
+  void ShowOne(const Forms::ListItem& oRow);
+  void ShowSeveral();
+  void ShowSheet(PropertySheet::Subject& oSubject);
+  void prlProperties_PropertyChange(TextView sName, TextView sValue);
+  void SetPending(const Forms::ListItem& oRow, TextView sName, TextView sValue);
+
+  // FMain_Code.
+  void ShowCode(Handle hProcedure);
+  void ShowPendingCode(Handle hProcedure, TextView sPresent);
+  void mnuViewPending_Click();
+
+  // FMain_Bulk.
+  bool HasScope() const;
+  template <class Dialog>
+  eAction AskScope();
+  template <class Visit>
+  void WalkScope(eAction eScope, Visit&& oVisit);
+  void RefreshAfter(eAction eScope);
+  template <class Dialog>
+  void RunRefresh(TextView sProcedure, std::int32_t LineNumAction);
+  void DoRefresh(eAction eScope, std::int32_t LineNumAction);
+  void mnuToolsApplyPending_Click();
+  void mnuPropsCopySuggest_Click();
+  void mnuPropsUndoPending_Click();
+  void mnuToolsLineAdd_Click();
+  void mnuToolsLineRemove_Click();
+  void mnuToolsRefresh_Click();
+
+  // FMain_Select.
+  template <class Choice>
+  void SelectRows(TextView sProcedure, Choice&& oChoice);
+  void mnuSelectAll_Click();
+  void mnuSelectNone_Click();
+  void mnuSelectInvert_Click();
+  void mnuSelectCustom_Click();
+
+  // FMain_Guard.
+  void ProgressStart();
+  void ProgressEnd();
+  void Progress(std::int16_t Percent, TextView Caption);
+
+  // FMain_Layout.
+  /// Brings bars with damaged stored places back to the given ones.
+  void HoldBars(const Forms::Rect& oBar1, const Forms::Rect& oBar2, const Forms::Rect& oBar3);
+  void PlacePanes();
+  void Form_Resize();
+  void LayOutVertically();
+  void picContainer_Resize();
+  void oSplit2_AfterSplit();
+  void oSplit3_AfterSplit();
+
+  // FMain_Panes.
+  void tabView_Click();
+  void SelectTab(TextView sKey);
+  void ShowErrors();
+  void HideErrors();
+  void mnuViewProperties_Click();
+  void mnuViewCode_Click();
+  void mnuViewResults_Click();
+  void mnuViewErrors_Click();
+  void mnuEditClearResults_Click();
+  void mnuEditClearErrors_Click();
+  void ColorErrorsTitle(bool bFocus);
+
+  // FMain_Print.
+  void mnuFilePrint_Click();
+  void mnuFilePageSetup_Click();
+
+  Paper::Printers& moPrinters;
+  VBE* moVBInst = nullptr;
+  Connect* moConnect = nullptr;
+  CXRecentFiles oRecentFiles;
+
+  // The template outlives the model, which refers to it. The model is shared because it pumps
+  // events while it walks: the walk holds on to it though an event closes the template.
+  std::shared_ptr<CTemplate> oTemplate;
+  std::shared_ptr<CIDEHandler> oIDEHandler;
+  Connection moReportLink;
+  std::vector<Connection> moModelLinks, moSplitLinks;
+
+  std::optional<CXSplit> oSplit1, oSplit2, oSplit3;
+  CXListView moModList, moProcList;
+
+  State meState = State::NoTemplate;
+  Handle mhProject = 0, mhComponent = 0;
+  bool mbReadOnly = false;
+  std::int32_t mlLastNode = 0;
+  Text msListType;
+  std::int32_t mlSelectedCount = 0;
+  bool mbErrors = false;
+  bool mbPendingCode = false;
+  std::int16_t miEventDepth = 0;
+  Text msSavedPanel1, msSavedPanel2;
+  std::int32_t mhRegForm = 0, mhRegRecent = 0, mhRegSplit1 = 0, mhRegSplit2 = 0, mhRegSplit3 = 0,
+               mhRegModList = 0, mhRegProcList = 0;
+};

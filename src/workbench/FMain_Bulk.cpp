@@ -1,0 +1,134 @@
+// The commands on many procedures: each asks for a scope and walks it, one call of the model per
+// row, or one for a whole project or the group.
+#include "FMain.h"
+#include "MQuillon.h"
+#include "MRules.h"
+
+using namespace Forms;
+
+template <class Dialog>
+eAction FMain::AskScope() {
+  bool bSelection = false;
+  ListSelectionExists(bSelection);
+  const bool bOpen = !(ShowsProcs() && mbReadOnly);
+  const bool bSeveral = oIDEHandler->ProjectCount() >= 2;
+  return Dialog(App()).Display(bSelection && bOpen, ShowsProcs() && bOpen, bSeveral);
+}
+
+bool FMain::HasScope() const {
+  return oIDEHandler && oIDEHandler->ProjectCount() >= 1;
+}
+
+template <class Visit>
+void FMain::WalkScope(eAction eScope, Visit&& oVisit) {
+  if (eScope == eAction::Project) return oVisit(0, 0, mhProject, false);
+  if (eScope == eAction::All) return oVisit(0, 0, 0, true);
+  ListView* poList = ListInFront();
+  if (eScope == eAction::Cancel || !poList) return;
+  // Taken down first: what a row leads to may change the list.
+  std::vector<Handle> ahRow;
+  for (std::int32_t i = 1; i <= poList->ListItems().Count(); ++i) {
+    const ListItem& oRow = poList->ListItems().Item(i);
+    if (oRow.Tag() > 0 && (oRow.Selected() || eScope == eAction::Module))
+      ahRow.push_back(oRow.Tag());
+  }
+  for (const Handle h : ahRow) ShowsProcs() ? oVisit(h, 0, 0, false) : oVisit(0, h, 0, false);
+}
+
+void FMain::RefreshAfter(eAction eScope) {
+  const bool bSelected = eScope == eAction::Selection;
+  if (eScope == eAction::Project || eScope == eAction::All) {
+    RefreshCurrentList(false);
+  } else if (ShowsProcs()) {
+    RefreshProcList(bSelected, true);
+  } else if (ShowsMods()) {
+    RefreshModList(bSelected);
+  }
+}
+
+void FMain::mnuToolsApplyPending_Click() {
+  OnEvent(u"mnuToolsApplyPending_Click", [&] {
+    if (!HasScope()) return;
+    const eAction eScope = AskScope<FApplyPending>();
+    Busy(u"mnuToolsApplyPending_Click", [&] {
+      Refresh();
+      SelectTab(u"Results");
+      oTemplate->BatchStart();
+      WalkScope(eScope, [&](Handle hProcedure, Handle hComponent, Handle hProject, bool bGroup) {
+        oIDEHandler->ApplyPendingSettings(hProcedure, hComponent, hProject, bGroup, false,
+                                          MQuillon::NumberAsRule);
+      });
+      RefreshAfter(eScope);
+      oTemplate->BatchSummary();
+    });
+  });
+}
+
+void FMain::mnuPropsCopySuggest_Click() {
+  OnEvent(u"mnuPropsCopySuggest_Click", [&] {
+    if (!HasScope()) return;
+    Busy(u"mnuPropsCopySuggest_Click", [&] {
+      const eAction eScope = AskScope<FCopySuggest>();
+      Refresh();
+      WalkScope(eScope, [&](Handle hProcedure, Handle hComponent, Handle hProject, bool bGroup) {
+        oIDEHandler->ApplySuggestedSettings(hProcedure, hComponent, hProject, bGroup);
+      });
+      RefreshAfter(eScope);
+    });
+  });
+}
+
+void FMain::mnuPropsUndoPending_Click() {
+  OnEvent(u"mnuPropsUndoPending_Click", [&] {
+    if (!HasScope()) return;
+    const eAction eScope = AskScope<FUndoPending>();
+    Busy(u"mnuPropsUndoPending_Click", [&] {
+      Refresh();
+      WalkScope(eScope, [&](Handle hProcedure, Handle hComponent, Handle hProject, bool bGroup) {
+        oIDEHandler->ApplyCurrentSettings(hProcedure, hComponent, hProject, bGroup);
+      });
+      RefreshAfter(eScope);
+    });
+  });
+}
+
+void FMain::mnuToolsLineAdd_Click() {
+  RunRefresh<FInsertLine>(u"mnuToolsLineAdd_Click", MQuillon::NumberInsert);
+}
+
+void FMain::mnuToolsLineRemove_Click() {
+  RunRefresh<FRemoveLine>(u"mnuToolsLineRemove_Click", MQuillon::NumberRemove);
+}
+
+void FMain::mnuToolsRefresh_Click() {
+  RunRefresh<FRefreshTemplates>(u"mnuToolsRefresh_Click", MQuillon::NumberAsRule);
+}
+
+template <class Dialog>
+void FMain::RunRefresh(TextView sProcedure, std::int32_t LineNumAction) {
+  OnEvent(sProcedure, [&] {
+    if (!HasScope()) return;
+    const eAction eScope = AskScope<Dialog>();
+    Busy(sProcedure, [&] {
+      Refresh();
+      DoRefresh(eScope, LineNumAction);
+      if (LineNumAction == MQuillon::NumberAsRule) RefreshCurrentList(false);
+    });
+  });
+}
+
+void FMain::DoRefresh(eAction eScope, std::int32_t LineNumAction) {
+  if (LineNumAction == MQuillon::NumberAsRule) LineNumAction = MRules::oRules.eLineNumAction;
+  SelectTab(u"Results");
+  oTemplate->BatchStart();
+  WalkScope(eScope, [&](Handle hProcedure, Handle hComponent, Handle hProject, bool bGroup) {
+    oIDEHandler->ApplyPendingSettings(hProcedure, hComponent, hProject, bGroup, true,
+                                      LineNumAction);
+  });
+  if (eScope == eAction::Project || eScope == eAction::All) {
+    RefreshProcList(false, true);
+  } else if (ShowsProcs()) {
+    RefreshProcList(eScope == eAction::Selection, true);
+  }
+  oTemplate->BatchSummary();
+}

@@ -1,0 +1,179 @@
+// The project tree: built from the model's events, in two views; a click on a node decides what the
+// lists show and what commands work on.
+#include "FMain.h"
+#include "Icons.h"
+#include "MQuillon.h"
+#include "MRules.h"
+#include "NodeKey.h"
+
+using namespace Forms;
+
+namespace {
+
+constexpr std::int32_t Folders = 8;
+
+/// Keeps the tree from being used while a node is processed, however that ends.
+class TreeOff {
+ public:
+  explicit TreeOff(TreeView& oTree) : moTree(oTree) { moTree.SetEnabled(false); }
+  ~TreeOff() { On(); }
+  TreeOff(const TreeOff&) = delete;
+  TreeOff& operator=(const TreeOff&) = delete;
+  void On() {
+    if (moTree.Parent().Loaded()) moTree.SetEnabled(true);
+  }
+
+ private:
+  TreeView& moTree;
+};
+
+/// What the IDE can't tell shows as nothing: its failure has been reported by the model.
+template <class Ask>
+Text Told(Ask&& oAsk) {
+  try {
+    return oAsk();
+  } catch (const Failure&) {
+    return {};
+  }
+}
+
+}  // namespace
+
+void FMain::EnumProjectsProc(Handle hProject, TextView sTitle, std::int32_t nType) {
+  Nodes& oNodes = tvwProjects.Nodes();
+  const Text sImage = Icons::Marked(imlProjects, MQuillon::VBProjectTypeName(nType), false);
+  Node& oProject = oNodes.Add(NodeKey::Project(hProject), sTitle, sImage);
+  if (tvwProjects.Tag() == NodeKey::List) return oProject.SetSorted(true);
+  for (std::int32_t i = 1; i <= Folders; ++i) {
+    Node& oFolder =
+        oNodes.Add(oProject, NodeKey::Folder(hProject, i),
+                   MQuillon::asFolderName[static_cast<std::size_t>(i)], Icons::ClosedFolder);
+    oFolder.SetExpandedImage(Icons::OpenFolder);
+    oFolder.SetSorted(true);
+  }
+}
+
+void FMain::EnumComponentsProc(Handle hProject, Handle hComponent, TextView sName,
+                               std::int32_t nComponentType) {
+  Nodes& oNodes = tvwProjects.Nodes();
+  const std::int32_t lFolder = oIDEHandler->Component(hComponent).lFolderType;
+  // A type that belongs to no folder stands below the project itself in both views.
+  const bool bFolder = tvwProjects.Tag() == NodeKey::Tree && lFolder > 0;
+  Node& oAbove =
+      oNodes.Item(bFolder ? NodeKey::Folder(hProject, lFolder) : NodeKey::Project(hProject));
+  const Text sImage =
+      Icons::Marked(imlProjects, MQuillon::VBComponentTypeName(nComponentType), false);
+  oNodes
+      .Add(oAbove, NodeKey::Component(tvwProjects.Tag(), hProject, lFolder, hComponent), sName,
+           sImage)
+      .SetTag(hComponent);
+}
+
+void FMain::EnumComponentsEOF(Handle hProject) {
+  Nodes& oNodes = tvwProjects.Nodes();
+  for (std::int32_t i = 1; i <= Folders && tvwProjects.Tag() == NodeKey::Tree; ++i) {
+    Node& oFolder = oNodes.Item(NodeKey::Folder(hProject, i));
+    if (oFolder.Children().empty()) oNodes.Remove(oFolder);
+  }
+  oNodes.Item(NodeKey::Project(hProject)).SetExpanded(true);
+}
+
+void FMain::tvwProjects_NodeClick() {
+  Busy(u"tvwProjects_NodeClick", [&] {
+    Node* poNode = tvwProjects.SelectedItem();
+    if (poNode && poNode->Index() != mlLastNode) ProcessNode(*poNode);
+  });
+}
+
+void FMain::ProcessNode(Node& oNode) {
+  const std::int32_t lIndex = oNode.Index();
+  TreeOff oTreeOff(tvwProjects);
+  const NodeKey::Fields oFields = NodeKey::Read(oNode.Key(), tvwProjects.Tag());
+  mhProject = oFields.hProject;
+  mhComponent = oFields.hComponent;
+  mbReadOnly = mhComponent != 0 && oIDEHandler->ComponentReadOnly(mhComponent) &&
+               MRules::oRules.bSkipReadOnly;
+  ClearSheet();
+  const Text sText = oNode.Text();
+  if (!(mhComponent != 0 ? ShowComponent(sText) : ShowModules(sText, oFields.lFolder))) return;
+  oTreeOff.On();
+  if (tvwProjects.Usable()) tvwProjects.SetFocus();
+  mlLastNode = lIndex;
+}
+
+bool FMain::ShowComponent(TextView sNode) {
+  // The lists let waiting events through, and one of them may close the template.
+  const auto pModel = oIDEHandler;
+  const auto pTemplate = oTemplate;
+  pModel->LoadComponent(mhComponent);
+  pModel->EnumProcedures(mhComponent);
+  if (oIDEHandler != pModel) return false;
+  ShowObjectCount(lvwProcs);
+  const Text sFile = Told([&] { return pModel->ComponentFileName(mhComponent); });
+  StatusBar1.Panels(2).SetTag(sFile);
+  StatusBar1.Panels(2).SetText(sFile);
+  lblList.SetCaption(u"Procedures of " + pModel->ComponentFolderName(mhComponent) + u" '" +
+                     Text(sNode) + u"'");
+  msListType = u"Procs";
+  ProcessProcListSelection();
+  return true;
+}
+
+bool FMain::ShowModules(TextView sNode, std::int32_t lFolder) {
+  const auto pModel = oIDEHandler;
+  const auto pTemplate = oTemplate;
+  pModel->EnumComponentsEx(mhProject, lFolder);
+  if (oIDEHandler != pModel) return false;
+  ShowObjectCount(lvwMods);
+  ShowPath(Told([&] { return pModel->ProjectFileName(mhProject); }));
+  const Text sProject = u"Project '" + Told([&] { return pModel->ProjectName(mhProject); }) + u"'";
+  lblList.SetCaption((lFolder > 0 ? Text(sNode) : u"Modules") + u" of " + sProject);
+  msListType = u"Mods";
+  return true;
+}
+
+void FMain::SwitchView(TextView sProcedure, TextView sView) {
+  Busy(sProcedure, [&] {
+    tvwProjects.SetEnabled(false);
+    Handle hProject = 0, hComponent = 0;
+    SelectedNode(hProject, hComponent);
+    tvwProjects.SetTag(sView);
+    tvwProjects.Nodes().Clear();
+    OnEvent(u"SwitchView", [&] { oIDEHandler->EnumProjects(); });
+    SelectNode(hProject, hComponent);
+    ManageControls();
+  });
+}
+
+void FMain::SelectedNode(Handle& ihProject, Handle& ihComponent) const {
+  const Node* poNode = tvwProjects.SelectedItem();
+  const NodeKey::Fields oFields =
+      poNode ? NodeKey::Read(poNode->Key(), tvwProjects.Tag()) : NodeKey::Fields();
+  ihProject = oFields.hProject;
+  ihComponent = oFields.hComponent;
+}
+
+void FMain::SelectNode(Handle ihProject, Handle ihComponent) {
+  if (ihProject < 1 && ihComponent < 1) return;
+  Nodes& oNodes = tvwProjects.Nodes();
+  for (std::int32_t i = 1; i <= oNodes.Count(); ++i) {
+    Node& oNode = oNodes.Item(i);
+    const NodeKey::Fields oFields = NodeKey::Read(oNode.Key(), tvwProjects.Tag());
+    const bool bMatch = ihComponent >= 1 ? oFields.hComponent == ihComponent
+                                         : oFields == NodeKey::Fields{ihProject, 0, 0};
+    if (!bMatch) continue;
+    oNode.SetSelected(true);
+    return tvwProjects_NodeClick();
+  }
+}
+
+void FMain::RefreshProjectTree() {
+  Nodes& oNodes = tvwProjects.Nodes();
+  for (std::int32_t i = 1; i <= oNodes.Count(); ++i) {
+    Node& oNode = oNodes.Item(i);
+    if (oNode.Tag() == 0) continue;
+    const std::int32_t nType = NodeKey::Number(oIDEHandler->ComponentType(oNode.Tag()));
+    oNode.SetImage(Icons::Marked(imlProjects, MQuillon::VBComponentTypeName(nType),
+                                 oIDEHandler->ComponentIsDirty(oNode.Tag())));
+  }
+}

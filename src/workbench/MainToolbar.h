@@ -1,0 +1,63 @@
+// The main window's toolbar: seven flat pictures, the grooves between their groups, and the frame
+// of four lines that shows which one the pointer is over and whether it is pressed.
+//
+// All lengths are twips. A button counts from 0, in the order of ToolbarButton.
+#pragma once
+
+#include <array>
+
+#include "ControlArray.h"
+#include "ImageList.h"
+#include "Line.h"
+#include "PictureBox.h"
+
+enum class ToolbarButton : std::int32_t { Open, Print, Tree, List, Copy, Apply, Help };
+
+class MainToolbar {
+ public:
+  static constexpr std::int32_t lButtons = 7;
+
+  /// Connects the events of the mouse; sets nothing.
+  explicit MainToolbar(Forms::Form& oForm);
+
+  /// Values of design time: pictures, tips, sizes.
+  void Design();
+  /// Puts buttons and grooves in their places, with all buttons enabled.
+  void LayOut();
+  /// Runs the grooves' edge over the window's width.
+  void Span(std::int32_t lWidth);
+
+  bool ButtonEnabled(std::int32_t nIndex) const { return picButton(nIndex).Enabled(); }
+  /// Changes the picture with it.
+  void SetButtonEnabled(std::int32_t nIndex, bool bEnabled);
+  void SetButtonEnabled(ToolbarButton e, bool bEnabled) {
+    SetButtonEnabled(static_cast<std::int32_t>(e), bEnabled);
+  }
+  void ButtonFrameHide();
+
+  /// The button was pressed and let go over itself. It stays drawn pressed while the event runs.
+  Signal<ToolbarButton> ButtonClick;
+
+ private:
+  Forms::Form& moForm;
+
+ public:
+  Forms::ImageList imlToolbar;
+  Forms::ControlArray<Forms::PictureBox> picButton;
+  Forms::Line linLeft, linTop, linBottom, linRight;
+  Forms::ControlArray<Forms::Line> linSep1, linSep2, linToolbarTop;
+
+ private:
+  void MouseDown(std::int32_t nIndex, std::int32_t nButton);
+  void MouseMove(std::int32_t nIndex, std::int32_t nButton, std::int32_t lX, std::int32_t lY);
+  void MouseUp(std::int32_t nIndex, std::int32_t nButton);
+  void Track(std::int32_t nIndex, bool bOutside);
+  void ButtonDown(std::int32_t nIndex);
+  void ButtonUp(std::int32_t nIndex);
+  void ColorFrame(Forms::Color lUpperLeft, Forms::Color lLowerRight);
+  void ButtonFrameShow(std::int32_t nIndex);
+
+  std::array<std::int32_t, lButtons> malButtonLeft{};
+  std::int32_t mlButtonTop = 0;
+  bool mbButtonTracking = false, mbButtonDown = false;
+};

@@ -1,0 +1,149 @@
+// The main window without a display over an IDE in memory, with settings in memory and a template
+// file of its own: what every test here starts from.
+//
+//   Add(u"MOne", "Sub a()\nEnd Sub");
+//   Run([&] { Click(u"MOne"); EXPECT_EQ(Rows(oMain.lvwProcs), ...); });
+//
+// Run shows the window, lets the start-up timer fire, acts, and leaves by the program.
+#pragma once
+
+#include "CXRecent.h"
+#include "FMain.h"
+#include "FormsFixture.h"
+#include "IPrintQueues.h"
+#include "MOptions.h"
+#include "MXHTMLHelp.h"
+#include "MXRegistry.h"
+#include "Model.h"
+#include "Printers.h"
+#include "RegistryStore.h"
+#include "TempFolder.h"
+
+/// The caller that the window only hands back.
+class Connect {};
+
+class NoQueues : public Paper::IPrintQueues {
+ public:
+  std::vector<Paper::PrintQueue> List() override { return {}; }
+  std::int32_t PaperSizeOf(const std::string&) override { return 0; }
+  Paper::Strips StripsOf(const std::string&, std::int32_t) override { return {}; }
+  void Submit(const std::string&, const std::string&, TextView, std::int32_t) override {}
+};
+
+/// An IDE with a code pane in front, or one that fails when it is asked for its projects.
+class PaneIDE : public FakeIDE, public ::CodePane {
+ public:
+  ::CodePane* ActiveCodePane() override {
+    oLog.Ask("ActiveCodePane");
+    return poShown ? this : nullptr;
+  }
+  ::CodeModule& CodeModule() override { return *poShown->CodeModule(); }
+  ::VBProjects& VBProjects() override { return oLog.Ask("VBProjects"), FakeIDE::VBProjects(); }
+
+  FakeComponent* poShown = nullptr;
+};
+
+class FMainTest : public FormsTest {
+ protected:
+  FMainTest() {
+    goRegistry = &oStore;
+    ResetRecentFiles();
+    MRules::oRules = {};
+    MRules::Initialize();
+    MOptions::Initialize();
+    MQuillon::Initialize();
+    SetHelp(true);
+    moToolkit.SetPath(FromUtf8(oFolder.Path()));
+    TempFolder::Write(oFolder / "Template.dat", ToUtf8(TestTemplates));
+  }
+  ~FMainTest() override {
+    goRegistry = nullptr;
+    ResetRecentFiles();
+    MRules::oRules = {};
+    MXHTMLHelp::SetHelpFile({});
+  }
+  void SetHelp(bool bExists) {
+    MXHTMLHelp::SetHelpFile(FromUtf8(bExists ? oFolder / "Template.dat" : "nowhere.chm"));
+  }
+  Text File(const std::string& sName) const { return FromUtf8(oFolder / sName); }
+  FakeComponent& Add(TextView sName, TextView sCode, std::int32_t nType = ComponentStdModule) {
+    FakeComponent& o = oIDE.Add(Text(sName), nType, sCode);
+    o.asFile = {u"/src/" + Text(sName) + u".bas"};
+    return o;
+  }
+
+  template <class Act>
+  void Run(Act&& oAct) {
+    User().Modal<FMain>([&](FMain& o) {
+      moRenderer.Advance(100);
+      oAct();
+      if (o.Loaded()) {
+        o.Hide();
+        o.Unload();
+      }
+    });
+    oMain.Display(oIDE, oConnect);
+  }
+  /// A click on the first node of that text.
+  void Click(TextView sText) {
+    Forms::Nodes& oNodes = oMain.tvwProjects.Nodes();
+    for (std::int32_t i = 1; i <= oNodes.Count(); ++i) {
+      if (oNodes.Item(i).Text() == sText) {
+        EXPECT_TRUE(oMain.tvwProjects.UserNodeClick(oNodes.Item(i)));
+        return;
+      }
+    }
+    ADD_FAILURE() << "no node " << ToUtf8(sText);
+  }
+  /// The user selects these rows with the mouse, all at once.
+  static void Select(Forms::ListView& oList, const std::vector<std::int32_t>& alRow) {
+    EXPECT_TRUE(oList.UserMouseDown(Forms::Button::Left, 0, 0, 0));
+    EXPECT_TRUE(oList.UserSelection(alRow, alRow.empty() ? 0 : alRow.back()));
+    EXPECT_TRUE(oList.UserMouseUp(Forms::Button::Left, 0, 0, 0));
+  }
+  void Edit(TextView sName, TextView sValue) { oMain.prlProperties.PropertyChange(sName, sValue); }
+
+  std::string Panel(std::int32_t i) { return ToUtf8(oMain.StatusBar1.Panels(i).Text()); }
+  std::string Tab() const {
+    const auto* po = oMain.tabView.SelectedItem();
+    return po ? ToUtf8(po->Key()) : "";
+  }
+  /// All that the Results pane or the Errors pane holds.
+  static std::string Lines(const Scroller& oPane) {
+    const auto* po = static_cast<const Forms::TextBox*>(oPane.Controls().front());
+    return ToUtf8(po->Text());
+  }
+  /// `Shop[Standard EXE](MOne[Standard Module])`: text, picture, what is below; * when selected.
+  std::string Tree() { return Tree(oMain.tvwProjects.Nodes().Roots()); }
+  /// A line per row: the picture and the cells that hold something, * ahead of a selected one.
+  static std::string Rows(Forms::ListView& oList) {
+    std::string s = oList.Visible() ? "" : "hidden";
+    for (std::int32_t i = 1; i <= oList.ListItems().Count(); ++i) {
+      const auto& o = oList.ListItems().Item(i);
+      s += (o.Selected() ? "*" : "") + ToUtf8(o.SmallIcon());
+      for (std::int32_t j = 1; j <= oList.ColumnHeaders().Count(); ++j)
+        if (!o.Cell(j).empty()) s += "|" + ToUtf8(o.Cell(j));
+      s += "\n";
+    }
+    return s;
+  }
+
+  const TempFolder oFolder;
+  RegistryStore oStore;
+  PaneIDE oIDE;
+  Connect oConnect;
+  NoQueues oQueues;
+  Paper::Printers oPrinters{[](TextView) { return Text(); }, oQueues};
+  FMain oMain{moToolkit, oPrinters};
+
+ private:
+  static std::string Tree(const std::vector<Forms::Node*>& oNodes) {
+    std::string s;
+    for (const auto* po : oNodes) {
+      s += (s.empty() ? "" : " ") + std::string(po->Selected() ? "*" : "") + ToUtf8(po->Text()) +
+           "[" + ToUtf8(po->Image()) + "]";
+      if (!po->Children().empty()) s += "(" + Tree(po->Children()) + ")";
+    }
+    return s;
+  }
+};
