@@ -1,0 +1,209 @@
+#include "FIDE.h"
+
+#include <algorithm>
+
+#include "FAbout.h"
+#include "Failure.h"
+#include "MXForm.h"
+#include "MXHTMLHelp.h"
+#include "MXRegistry.h"
+#include "Toolkit.h"
+
+namespace {
+
+using namespace Forms;
+
+constexpr std::int32_t lBarWidth = 75, lLeastPane = 1500, lStatusPanel = 3000;
+constexpr std::int32_t lUsualWidth = 12000, lUsualHeight = 8400;
+constexpr std::int32_t lRecentCount = 9;
+
+std::int32_t OpenKey(TextView sName) {
+  return MXRegistry::OpenRegKey(MXRegistry::HKEY_CURRENT_USER,
+                                Text(MXRegistry::RootKey).append(sName),
+                                MXRegistry::KEY_ALL_ACCESS);
+}
+
+/// The first of the usual fixed-pitch fonts that the machine has.
+void SetCodeFont(Forms::CodePane& oPane) {
+  for (const TextView sName : {u"Courier New", u"Liberation Mono", u"DejaVu Sans Mono"}) try {
+      oPane.SetFontName(sName);
+      return;
+    } catch (const Failure&) {
+      continue;
+    }
+}
+
+}  // namespace
+
+FIDE::FIDE(Forms::Toolkit& oToolkit, ButtonFaces& oFaces, MakeAddIn oMakeAddIn)
+    : Form(oToolkit, u"FIDE"),
+      moFaces(oFaces),
+      moMakeAddIn(std::move(oMakeAddIn)),
+      mpIDE(DiskIDE::Open(std::vector<std::string>(), {})) {
+  ConnectEvents();
+  ConnectFileMenu();
+}
+
+FIDE::~FIDE() = default;
+
+void FIDE::ConnectEvents() {
+  On(OnLoad, [this] { Handle(u"Form_Load", [&] { Form_Load(); }); });
+  On(Resize, [this] { Handle(u"Form_Resize", [&] { Form_Resize(); }); });
+  On(Activate, [this] { Handle(u"Form_Activate", [&] { Refresh(); }); });
+  On(QueryUnload, [this](bool& bCancel, UnloadMode) {
+    Handle(u"Form_QueryUnload", [&] { Form_QueryUnload(bCancel); });
+  });
+  On(OnUnload, [this](bool&) { Handle(u"Form_Unload", [&] { Form_Unload(); }); });
+  On(tmrStart.Tick, [this] { Handle(u"tmrStart_Timer", [&] { tmrStart_Tick(); }); });
+  On(picRight.Resize, [this] { Handle(u"picRight_Resize", [&] { LayOutRight(); }); });
+  On(tvwGroup.NodeClick,
+     [this](Node&) { Handle(u"tvwGroup_NodeClick", [&] { tvwGroup_NodeClick(); }); });
+  On(tabView.Click,
+     [this] { Handle(u"tabView_Click", [&] { ShowView(tabView.SelectedItem()->Key()); }); });
+  On(mnuViewCode.Click, [this] { Handle(u"mnuViewCode_Click", [&] { ShowView(u"Code"); }); });
+  On(mnuViewChanges.Click,
+     [this] { Handle(u"mnuViewChanges_Click", [&] { ShowView(u"Changes"); }); });
+  mnuViewToolBar.OnElement([this](Menu& o) {
+    o.On(o.Click,
+         [this, &o] { Handle(u"mnuViewToolBar_Click", [&] { mnuViewToolBar_Click(o.Index()); }); });
+  });
+  mnuAddInsItem.OnElement([this](Menu& o) {
+    o.On(o.Click, [this, &o] {
+      Handle(u"mnuAddInsItem_Click", [&] { Clicked(moBarMenu.ControlOf(o.Index())); });
+    });
+  });
+  cmdTool.OnElement([this](CommandButton& o) {
+    o.On(o.Click, [this, &o] {
+      Handle(u"cmdTool_Click", [&] { Clicked(moToolBars.ControlOf(o.Index())); });
+    });
+  });
+  On(mnuAddInsLoad.Click, [this] {
+    Handle(u"mnuAddInsLoad_Click", [&] { mpAddIn ? DisconnectAddIn() : ConnectAddIn(0); });
+  });
+  On(mnuHelpContents.Click, [this] { MXHTMLHelp::ShowHelpTOC(App(), 0); });
+  On(mnuHelpAbout.Click,
+     [this] { Handle(u"mnuHelpAbout_Click", [&] { FAbout(App()).Display(this); }); });
+}
+
+void FIDE::ConnectFileMenu() {
+  On(mnuFileOpen.Click, [this] { Handle(u"mnuFileOpen_Click", [&] { mnuFileOpen_Click(); }); });
+  On(mnuFileReload.Click,
+     [this] { Handle(u"mnuFileReload_Click", [&] { OpenGroup(Text(msGroup)); }); });
+  On(mnuFileSave.Click, [this] { Handle(u"mnuFileSave_Click", [&] { SaveAll(); }); });
+  On(mnuFileExit.Click, [this] { Handle(u"mnuFileExit_Click", [&] { Unload(); }); });
+  mnuFileRecent.OnElement([this](Menu& o) {
+    o.On(o.Click,
+         [this, &o] { Handle(u"mnuFileRecent_Click", [&] { mnuFileRecent_Click(o.Index()); }); });
+  });
+}
+
+void FIDE::Design() {
+  SetCaption(u"Tarvane Quillon");
+  SetIcon(u"Quillon");
+  Move(0, 0, lUsualWidth, lUsualHeight);
+  tmrStart.SetEnabled(false);
+  tmrStart.SetInterval(10);
+  DesignMenus();
+  DesignPanes();
+  moTree.DesignImages();
+  tvwGroup.SetImages(&imlGroup);
+  cmdTool(0).SetVisible(false);
+}
+
+void FIDE::DesignMenus() {
+  struct Item {
+    Menu& oMenu;
+    TextView sCaption;
+    std::int32_t nKey = 0, nShift = 0;
+  };
+  const Item aoItem[] = {
+      {mnuFile, u"&File"},
+      {mnuFileOpen, u"&Open Group...", 'O', Shift::Ctrl},
+      {mnuFileReload, u"&Reload Group", Key::F1 + 4},
+      {mnuFileSave, u"&Save All", 'S', Shift::Ctrl},
+      {mnuFileBar1, u"-"},
+      {mnuFileExit, u"E&xit"},
+      {mnuView, u"&View"},
+      {mnuViewCode, u"&Code", Key::F1 + 6},
+      {mnuViewChanges, u"C&hanges", Key::F1 + 7},
+      {mnuViewBar1, u"-"},
+      {mnuAddIns, u"&Add-Ins"},
+      {mnuAddInsBar1, u"-"},
+      {mnuAddInsLoad, u"&Load Tarvane Quillon"},
+      {mnuHelp, u"&Help"},
+      {mnuHelpContents, u"&Contents"},
+      {mnuHelpAbout, u"&About Tarvane Quillon..."},
+  };
+  for (const Item& oItem : aoItem) {
+    oItem.oMenu.SetCaption(oItem.sCaption);
+    if (oItem.nKey) oItem.oMenu.SetShortcut(oItem.nKey, oItem.nShift);
+  }
+  for (auto* poArray : {&mnuFileRecent, &mnuViewToolBar, &mnuAddInsItem})
+    (*poArray)(0).SetVisible(false);
+}
+
+void FIDE::DesignPanes() {
+  tvwGroup.SetHideSelection(false);
+  picSplit.SetBorderStyle(BorderStyle::None);
+  picSplit.SetMousePointer(Pointer::SizeWE);
+  picSplit.Move(3600, 0, lBarWidth, 1500);
+  picRight.SetBorderStyle(BorderStyle::None);
+  tabView.Tabs().Add(1, u"Code", u"Code");
+  tabView.Tabs().Add(2, u"Changes", u"Changes");
+  SetCodeFont(paneCode);
+  SetCodeFont(paneChanges);
+  paneChanges.SetVisible(false);
+  staBar.SetPanelCount(2);
+  staBar.Panels(2).SetWidth(lStatusPanel);
+}
+
+void FIDE::Form_Load() {
+  mhReg = OpenKey(u"FIDE");
+  mhRegSplit = OpenKey(u"FIDE\\Split");
+  mhRegRecent = OpenKey(u"FIDE\\Recent Groups");
+  RestorePlaces();
+  moRecent.Initialize(mhRegRecent);
+  for (std::int32_t i = 1; i <= lRecentCount + 1; ++i) mnuFileRecent.Load(i);
+  mnuFileRecent(lRecentCount + 1).SetCaption(u"-");
+  ShowRecent();
+  mpSplit = std::make_unique<CXSplit>();
+  mpSplit->AddASide(tvwGroup);
+  mpSplit->AddBSide(picRight);
+  mpSplit->SetMargin(lLeastPane);
+  mpSplit->SetMarginSnap(false);
+  mpSplit->Split(picSplit, SplitBar::Vertical);
+  ShowBars();
+  ShowGroup();
+}
+
+void FIDE::RestorePlaces() {
+  MXForm::Center(*this);
+  // A damaged place in the settings leaves the usual one.
+  try {
+    MXForm::RestorePosition(*this, mhReg, true);
+    MXForm::RestorePosition(picSplit, mhRegSplit, false);
+  } catch (const Failure&) {
+    Move(0, 0, lUsualWidth, lUsualHeight);
+  }
+  if (MXRegistry::GetRegLong(mhReg, u"State", 0) ==
+      static_cast<std::int32_t>(Forms::WindowState::Maximized))
+    SetWindowState(Forms::WindowState::Maximized);
+}
+
+void FIDE::Form_Resize() {
+  const std::int32_t lWidth = ScaleWidth();
+  const std::int32_t lTop = moToolBars.Layout(lWidth);
+  const std::int32_t lHeight = std::max(0, ScaleHeight() - lTop - staBar.Height());
+  const std::int32_t lBar = std::max(0, std::min(picSplit.Left(), lWidth - lLeastPane));
+  tvwGroup.Move(0, lTop, lBar, lHeight);
+  picSplit.Move(lBar, lTop, lBarWidth, lHeight);
+  picRight.Move(lBar + lBarWidth, lTop, std::max(0, lWidth - lBar - lBarWidth), lHeight);
+  staBar.Panels(1).SetWidth(std::max(0, lWidth - lStatusPanel));
+}
+
+void FIDE::LayOutRight() {
+  tabView.Move(0, 0, picRight.ScaleWidth(), picRight.ScaleHeight());
+  const Rect oArea = tabView.ClientArea();
+  for (Forms::CodePane* po : {&paneCode, &paneChanges})
+    po->Move(oArea.lLeft, oArea.lTop, std::max(0, oArea.lWidth), std::max(0, oArea.lHeight));
+}

@@ -1,0 +1,152 @@
+// Opening a group, saving it, leaving it.
+#include <algorithm>
+
+#include "CXChooseFile.h"
+#include "CodePage.h"
+#include "FIDE.h"
+#include "FSave.h"
+#include "Failure.h"
+#include "MXForm.h"
+#include "MXRegistry.h"
+#include "Toolkit.h"
+
+namespace {
+
+constexpr std::int32_t lRecentCount = 9;
+constexpr std::size_t lNotesShown = 12;
+
+/// The path as a menu shows it, behind its number.
+Text RecentCaption(std::int32_t lIndex, TextView sPath) {
+  Text sCaption = u"&" + ToText(lIndex) + u" ";
+  for (const char16_t c : sPath) sCaption += c == u'&' ? Text(u"&&") : Text(1, c);
+  return sCaption;
+}
+
+Text NoteLine(const DiskIDE::Note& oNote) {
+  Text sLine = oNote.sFile;
+  if (oNote.lLine > 0) sLine += u", line " + ToText(static_cast<long long>(oNote.lLine));
+  return sLine + u":\r\n" + oNote.sMessage;
+}
+
+/// The notes as paragraphs, as many as fit a box.
+Text NoteText(TextView sHead, const std::vector<DiskIDE::Note>& oNotes) {
+  Text sText(sHead);
+  for (std::size_t i = 0; i < std::min(oNotes.size(), lNotesShown); ++i)
+    sText += u"\r\n\r\n" + NoteLine(oNotes[i]);
+  if (oNotes.size() > lNotesShown)
+    sText +=
+        u"\r\n\r\nand " + ToText(static_cast<long long>(oNotes.size() - lNotesShown)) + u" more";
+  return sText;
+}
+
+}  // namespace
+
+void FIDE::Start(const Setup& oSetup) {
+  moSetup = oSetup;
+  Show();
+  tmrStart.SetEnabled(true);
+}
+
+void FIDE::tmrStart_Tick() {
+  tmrStart.SetEnabled(false);
+  const Text sGroup = moSetup.sGroup.empty() ? moRecent.Item(1) : moSetup.sGroup;
+  sGroup.empty() ? mnuFileOpen_Click() : static_cast<void>(OpenGroup(sGroup));
+  ConnectAddIn(moSetup.nConnectMode);
+}
+
+void FIDE::mnuFileOpen_Click() {
+  CXChooseFile oChoose(App());
+  oChoose.Dialog = this;
+  oChoose.Title = u"Open Group";
+  oChoose.OFilters = {u"Project Groups and Projects (*.vbg, *.vbp) | *.vbg;*.vbp;*.VBG;*.VBP",
+                      u"All Files (*) | *"};
+  if (!msGroup.empty()) oChoose.Directory = msGroup.substr(0, msGroup.find_last_of(u"/\\") + 1);
+  if (oChoose.Show(false)) OpenGroup(oChoose.FileName);
+}
+
+void FIDE::mnuFileRecent_Click(std::int32_t lIndex) {
+  OpenGroup(moRecent.Item(lIndex));
+}
+
+void FIDE::ShowRecent() {
+  for (std::int32_t i = 1; i <= lRecentCount; ++i) {
+    const bool bThere = i <= moRecent.Count();
+    if (bThere) mnuFileRecent(i).SetCaption(RecentCaption(i, moRecent.Item(i)));
+    mnuFileRecent(i).SetVisible(bThere);
+  }
+  mnuFileRecent(lRecentCount + 1).SetVisible(moRecent.Count() > 0);
+}
+
+bool FIDE::OpenGroup(TextView sPath) {
+  const Text sGroup(sPath);  // it may be an entry of the list that changes here
+  if (sGroup.empty() || !MayLeaveGroup()) return false;
+  std::unique_ptr<DiskIDE> pNew;
+  try {
+    pNew = DiskIDE::Open(PathOfText(sGroup), {});
+    if (pNew->Root().VBProjects().Count() == 0)
+      throw Failure(321, u"It holds no project that can be read: " + sGroup);
+  } catch (const Failure& oFailure) {
+    Tell(u"The group can't be opened.\r\n\r\n" + oFailure.Description() +
+         u"\r\n\r\nChoose File, Open Group to open another one.");
+    return false;
+  }
+  TakeGroup(std::move(pNew), sGroup);
+  TellNotes();
+  return true;
+}
+
+void FIDE::TakeGroup(std::unique_ptr<DiskIDE> pNew, TextView sPath) {
+  const bool bConnected = mpAddIn != nullptr;
+  DisconnectAddIn();
+  std::swap(mpIDE, pNew);
+  msGroup = sPath;
+  masConflict.clear();
+  ShowGroup();
+  ShowBars();
+  pNew.reset();  // tree and bars showed its objects until now
+  moRecent.Add(msGroup);
+  ShowRecent();
+  if (bConnected) ConnectAddIn(0);
+}
+
+void FIDE::TellNotes() {
+  if (mpIDE->Notes().empty()) return;
+  Tell(NoteText(u"The group is open, but not all of it could be read:", mpIDE->Notes()));
+}
+
+bool FIDE::SaveAll() {
+  const DiskIDE::SaveResult oResult = mpIDE->Save();
+  for (const std::string& sPath : oResult.asSaved) masConflict.erase(sPath);
+  ShowGroupState();
+  if (oResult.oFailed.empty()) return true;
+  Tell(
+      NoteText(u"These files could not be saved. They are as they were, and the changes stay in "
+               u"this window:",
+               oResult.oFailed));
+  return false;
+}
+
+bool FIDE::MayLeaveGroup() {
+  const std::vector<std::string> asPath = mpIDE->ChangedPaths();
+  if (asPath.empty()) return true;
+  const SaveAnswer eAnswer = FSave(App()).Display(asPath);
+  if (eAnswer == SaveAnswer::Save) return SaveAll();
+  return eAnswer == SaveAnswer::Discard;
+}
+
+void FIDE::Form_QueryUnload(bool& bCancel) {
+  bCancel = true;  // a failure on the way must not lose anything
+  bCancel = mbInAddIn || !MayLeaveGroup();
+}
+
+void FIDE::Form_Unload() {
+  DisconnectAddIn();
+  mpIDE = DiskIDE::Open(std::vector<std::string>(), {});
+  msGroup.clear();
+  MXForm::SavePosition(*this, mhReg, true);
+  MXForm::SavePosition(picSplit, mhRegSplit, false);
+  for (std::int32_t* phKey : {&mhReg, &mhRegSplit, &mhRegRecent}) {
+    MXRegistry::CloseRegKey(*phKey);
+    *phKey = 0;
+  }
+}
