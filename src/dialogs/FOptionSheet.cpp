@@ -16,7 +16,7 @@ FOptionSheet::FOptionSheet(Toolkit& oToolkit, TextView sName) : FDialog(oToolkit
 void FOptionSheet::DesignSheet(TextView sCaption, std::initializer_list<TextView> asTab) {
   DesignWindow(sCaption, 6480, 4680);
   tabOption.Move(120, 120, 6120, 3480);
-  for (const TextView sTab : asTab) tabOption.Tabs().Add(0, {}, sTab);
+  for (const TextView sTab : asTab) tabOption.Tabs().Add(0, sTab, sTab);
   cmdOK.SetCaption(u"OK");
   cmdOK.SetDefault(true);
   cmdCancel.SetCaption(u"Cancel");
