@@ -124,7 +124,7 @@ void Form::TellEntered(Control* poControl, std::int64_t lMove) {
     if (Contains(moEntered, *it)) continue;
     moEntered.push_back(*it);
     (*it)->EnterFocus();
-    (*it)->GotFocus();
+    if (lMove == mlFocusMoves) (*it)->GotFocus();
     if (lMove != mlFocusMoves) return;
   }
   if (!poControl) return;

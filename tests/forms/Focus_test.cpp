@@ -101,6 +101,10 @@ TEST_F(FocusTest, AHandlerMaySendTheFocusElsewhere) {
   moForm.oPair.txtOne.SetFocus();
   EXPECT_EQ(Active(), "cmdOK");
   EXPECT_EQ(moLog.Take(), "name-");
+  auto oEnter = moForm.oPair.EnterFocus.Connect([&] { moForm.cmdCancel.SetFocus(); });
+  moForm.oPair.txtOne.SetFocus();
+  EXPECT_EQ(Active(), "cmdCancel");
+  EXPECT_EQ(moLog.Take(), "enter exit pair-");
 }
 
 TEST_F(FocusTest, ItPassesOnFromWhatHidesOrIsDisabled) {
@@ -171,6 +175,9 @@ TEST_F(FocusTest, KeysOfTheForm) {
   EXPECT_TRUE(moForm.optKind(0).Value());
   EXPECT_EQ(moForm.tabView.SelectedItem()->Key(), u"b");
   moForm.chkLast.SetFocus();
+  moForm.UserKey(u'L', Shift::Alt);
+  EXPECT_EQ(Active(), "cmdCancel");
+  moForm.chkLast.SetEnabled(false);
   moForm.UserKey(u'L', Shift::Alt);
   EXPECT_EQ(Active(), "cmdCancel");
 }

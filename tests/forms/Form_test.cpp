@@ -100,6 +100,7 @@ TEST_F(FormTest, UnloadedFormsComeBackWithDesignValues) {
   moForm.lstNames.AddItem(u"second");
   moForm.lblRow.Load(1).SetCaption(u"more");
   moForm.cmdOK.ZOrder();
+  moForm.cmdOK.SetTabIndex(99);
   moForm.cmdOK.SetDefault(true);
   moForm.SetWindowState(WindowState::Maximized);
   EXPECT_TRUE(moForm.Unload());
@@ -111,6 +112,7 @@ TEST_F(FormTest, UnloadedFormsComeBackWithDesignValues) {
   EXPECT_EQ(moForm.lblRow.Count(), 1);
   EXPECT_EQ(moForm.Controls().front(), &moForm.boxPart);
   EXPECT_EQ(moForm.DefaultButton(), nullptr);
+  EXPECT_LT(moForm.cmdOK.TabIndex(), moForm.cmdClose.TabIndex());
   EXPECT_EQ(moForm.Bounds(), (Rect{150, 300, 6000, 4500}));
   EXPECT_EQ(moForm.WindowState(), WindowState::Normal);
 }
@@ -186,6 +188,18 @@ TEST_F(FormTest, AModalFormTakesTheInputFromAllOthers) {
   });
   oDialog.Show(ShowMode::Modal);
   EXPECT_EQ(moLog.Take(), "Deactivate Activate chkOn");
+}
+
+TEST_F(FormTest, HidingGivesTheInputBackToTheOwner) {
+  FDemo oSecond(moToolkit), oThird(moToolkit);
+  moForm.Show();
+  oSecond.Show(ShowMode::Modeless, &moForm);
+  oThird.Show();
+  oSecond.UserActivate();
+  oSecond.Hide();
+  EXPECT_EQ(moToolkit.ActiveForm(), &moForm);
+  moForm.Hide();
+  EXPECT_EQ(moToolkit.ActiveForm(), &oThird);
 }
 
 TEST_F(FormTest, AFormThatEndsWhileLoadedClosesQuietly) {

@@ -66,7 +66,7 @@ TEST_F(ListsTest, SortedListsPutEachLineInItsPlaceAndTellWhere) {
 TEST_F(ListsTest, TheSelectionKeepsItsLineWhenOthersComeAndGo) {
   auto& oList = moForm.lstPlain;
   oList.SetListIndex(2);
-  oList.AddItem(u"first", 0);
+  oList.AddItem(u"first", 2);
   EXPECT_EQ(oList.Text(), u"c");
   oList.RemoveItem(1);
   EXPECT_EQ(oList.Text(), u"c");
@@ -109,11 +109,14 @@ TEST_F(ListsTest, SeveralLinesByClickCtrlAndShift) {
   EXPECT_EQ(Chosen(oMulti), "0101");
   oMulti.UserSelect(1, Shift::Shift);
   EXPECT_EQ(Chosen(oMulti), "0111");
+  oMulti.UserSelect(2, Shift::Shift);
+  EXPECT_EQ(Chosen(oMulti), "0011");
+  oMulti.UserSelection({1, 2, 3}, 1);
   oMulti.UserSelect(2, Shift::Ctrl);
   EXPECT_EQ(Chosen(oMulti), "0101");
   oMulti.UserSelect(0);
   EXPECT_EQ(Chosen(oMulti), "1000");
-  EXPECT_EQ(moLog.Take(), "multi multi multi multi multi");
+  EXPECT_EQ(moLog.Take(), "multi multi multi multi multi multi multi");
   oMulti.SetSelected(3, true);
   oMulti.SetSelected(3, true);
   EXPECT_EQ(moLog.Take(), "multi");

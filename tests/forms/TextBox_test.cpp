@@ -2,6 +2,7 @@
 #include "TextBox.h"
 
 #include "CodePane.h"
+#include "CommandButton.h"
 #include "Form.h"
 #include "FormsFixture.h"
 
@@ -14,11 +15,13 @@ class FText : public Form {
   explicit FText(Toolkit& oToolkit) : Form(oToolkit, u"FText") {}
   TextBox txtLine{*this, u"txtLine"}, txtLines{*this, u"txtLines"};
   CodePane cpnCode{*this, u"cpnCode"};
+  CommandButton cmdOK{*this, u"cmdOK"};
 
  private:
   void Design() override {
     txtLine.SetText(u"design");
     txtLines.SetMultiLine(true);
+    cmdOK.SetDefault(true);
   }
 };
 
@@ -26,6 +29,7 @@ class TextBoxTest : public FormsTest {
  protected:
   TextBoxTest() {
     moLog.Watch(moForm.txtLine.Change, "change");
+    moLog.Watch(moForm.cmdOK.Click, "OK");
     moForm.Show();
   }
   /// The text with bars around the selection.
@@ -86,7 +90,8 @@ TEST_F(TextBoxTest, UserEdits) {
       {"no more than MaxLength", 1, 1,
        [](TextBox& o) {
          o.SetMaxLength(5);
-         o.UserType(u"12345");
+         o.Kit().Clipboard().SetText(u"12345");
+         o.UserPaste();
          o.SetMaxLength(0);
        },
        "a12||cd"},
@@ -128,6 +133,8 @@ TEST_F(TextBoxTest, ReturnInAMultiLineBoxIsALineEnd) {
   moForm.txtLines.UserType(u"a\r\nb");
   moForm.txtLines.UserKey(Key::Return);
   EXPECT_EQ(moForm.txtLines.Text(), u"a\r\nb\r\n");
+  moForm.txtLine.UserKey(Key::Return);
+  EXPECT_EQ(moLog.Take(), "OK");
 }
 
 TEST_F(TextBoxTest, AHandlerThatUnloadsTheFormEndsTheKeyThere) {
