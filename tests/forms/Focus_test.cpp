@@ -178,6 +178,7 @@ TEST_F(FocusTest, KeysOfTheForm) {
   moForm.UserKey(u'L', Shift::Alt);
   EXPECT_EQ(Active(), "cmdCancel");
   moForm.chkLast.SetEnabled(false);
+  moForm.txtName.SetFocus();
   moForm.UserKey(u'L', Shift::Alt);
   EXPECT_EQ(Active(), "cmdCancel");
 }
