@@ -101,7 +101,10 @@ PdfDevice::Fonts::Description PdfDevice::Fonts::Describe(const PrintFont& oFont)
 PangoLayoutLine* PdfDevice::Fonts::Shape(TextView sLine, const PrintFont& oFont) {
   const std::string sUtf8 = ToUtf8(sLine);
   pango_layout_set_font_description(moLayout.get(), Describe(oFont).get());
-  pango_layout_set_text(moLayout.get(), sUtf8.data(), static_cast<int>(sUtf8.size()));
+  // What was measured is drawn next, most of the time: it is shaped once.
+  if (sUtf8 != pango_layout_get_text(moLayout.get())) {
+    pango_layout_set_text(moLayout.get(), sUtf8.data(), static_cast<int>(sUtf8.size()));
+  }
   return pango_layout_get_line_readonly(moLayout.get(), 0);
 }
 
