@@ -93,7 +93,6 @@ void PropertyList::AddRow(TextView sName, TextView sValue, std::int16_t nPropert
                           bool bEnabled, const CXLookup* poLookup, TextView sNote,
                           std::int32_t lTipId) {
   if (nPropertyType == PropertyType::List && !poLookup) throw Failure(5);
-  Touch();
   SheetRow oRow;
   oRow.sName = sName;
   oRow.sValue = sValue;
@@ -117,7 +116,6 @@ Text PropertyList::Tip(std::int32_t lTipId) const {
 
 void PropertyList::SetTip(std::int32_t lTipId, TextView sTip) {
   if (lTipId < 0) throw Failure(9);
-  Touch();
   const auto lIndex = static_cast<std::size_t>(lTipId);
   if (lIndex >= masTip.size()) masTip.resize(lIndex + 1);
   masTip[lIndex] = sTip;

@@ -106,7 +106,7 @@ class PropertyList : public Forms::UserControl {
   void TogglePopup();
   void ClosePopup();
   void NextValue(std::int32_t lRow);
-  void PressInList(std::int32_t& nKeyCode);
+  void PressInList(std::int32_t nKeyCode);
   void MoveRow(std::int32_t& nKeyCode);
   void ValueChanged();
 

@@ -38,7 +38,7 @@ void PropertyList::ConnectParts() {
      [this](auto...) { Event(u"cmdPopup_MouseDown", [this] { TogglePopup(); }); });
   On(lstPopup.Click,
      [this] { Event(u"lstPopup_Click", [this] { txtValue.SetText(lstPopup.Text()); }); });
-  On(lstPopup.KeyDown, [this](std::int32_t& nKeyCode, std::int32_t) {
+  On(lstPopup.KeyDown, [this](std::int32_t nKeyCode, std::int32_t) {
     Event(u"lstPopup_KeyDown", [&] { PressInList(nKeyCode); });
   });
   On(lstPopup.MouseUp, [this](auto...) { Event(u"lstPopup_MouseUp", [this] { ClosePopup(); }); });
@@ -125,7 +125,6 @@ void PropertyList::TogglePopup() {
   std::int32_t lTop = linHorz(mlRow).Y1();
   if (lTop + lstPopup.Height() > ScaleHeight()) lTop -= lstPopup.Height() + FlipOffset;
   lstPopup.SetTop(lTop);
-  lstPopup.ZOrder();
   lstPopup.SetVisible(true);
   lstPopup.SetFocus();
 }
@@ -144,10 +143,8 @@ void PropertyList::NextValue(std::int32_t lRow) {
   }
 }
 
-void PropertyList::PressInList(std::int32_t& nKeyCode) {
-  if (nKeyCode != Key::Return && nKeyCode != Key::Escape) return;
-  nKeyCode = 0;
-  ClosePopup();
+void PropertyList::PressInList(std::int32_t nKeyCode) {
+  if (nKeyCode == Key::Return || nKeyCode == Key::Escape) ClosePopup();
 }
 
 void PropertyList::MoveRow(std::int32_t& nKeyCode) {

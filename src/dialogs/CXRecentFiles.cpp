@@ -12,13 +12,11 @@ namespace {
 constexpr std::int32_t ItemCount = 9, SeparatorIndex = 10;
 constexpr double CaptionWidth = 2700;
 
-/// Fitted to the menu. The cut is made between folders parted by backslashes; a path that has none
-/// to take away stays whole, since an empty item would tell nothing.
+/// Fitted to the menu. Folders are cut out between backslashes.
 Text Shortened(TextView sPath, const MXString::TextWidth& oMeasure) {
   const bool bSlashes = sPath.find(u'/') != TextView::npos;
   const Text sParted = bSlashes ? MXString::StringReplace(sPath, u"/", u"\\") : Text(sPath);
   const Text sCut = MXString::TrimPathToFit(sParted, oMeasure, CaptionWidth, false);
-  if (sCut.empty()) return Text(sPath);
   return bSlashes ? MXString::StringReplace(sCut, u"\\", u"/") : sCut;
 }
 

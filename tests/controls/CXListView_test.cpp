@@ -110,10 +110,13 @@ TEST_F(CXListViewTest, RowsFromTexts) {
   moList.AddRowItems({u"b", u"c"});
   EXPECT_EQ(oRows.Item(1).Text(), u"a");
   EXPECT_EQ(oRows.Item(1).SubItems(2), u"c");
-  moList.AddIconRow(u"Module", {u"d", u"e"});
-  EXPECT_EQ(oRows.Item(2).SmallIcon(), u"Module");
-  EXPECT_EQ(oRows.Item(2).SubItems(1), u"e");
-  EXPECT_EQ(moList.AddRow({u"f"}).Index(), 3);
+  moList.NewRow();
+  moList.AddRowItems({u"d"});
+  EXPECT_EQ(oRows.Item(2).Text(), u"d");
+  moList.AddIconRow(u"Module", {u"e", u"f"});
+  EXPECT_EQ(oRows.Item(3).SmallIcon(), u"Module");
+  EXPECT_EQ(oRows.Item(3).SubItems(1), u"f");
+  EXPECT_EQ(moList.AddRow({}).Index(), 4);
   EXPECT_EQ(FailureOf([&] { moList.AddIconRow(u"None", {u"g"}); }), 35601);
   moList.ClearRows();
   EXPECT_EQ(FailureOf([&] { moList.AddRowItems({u"x"}); }), 91);

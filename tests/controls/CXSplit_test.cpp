@@ -142,6 +142,13 @@ TEST_F(CXSplitTest, APlaceOutsideIsPulledIn) {
   }
 }
 
+TEST_F(CXSplitTest, TheBarStaysInItsContainer) {
+  moForm.txtB.SetWidth(4000);  // reaches beyond it
+  moSplit.Split(Bar(), SplitBar::Vertical);
+  Drag(3500);
+  EXPECT_EQ(Bar().Left(), 5940);
+}
+
 TEST_F(CXSplitTest, AControlThatRoundsItsSizeKeepsItsFarEdge) {
   CXSplit oSplit;
   EXPECT_EQ(FailureOf([&] { oSplit.DoSplit(); }), 91);

@@ -54,21 +54,27 @@ TEST_F(PanesTest, OldTextFallsAwayInBlocks) {
   EXPECT_EQ(Box().Text().substr(0, 3), u"\r\nb");
   EXPECT_EQ(Box().Text().substr(32002 - 1024 - 5), u"b\r\n\r\nend\r\n");
   EXPECT_EQ(moToolkit.LockedControl(), nullptr);
+  o.Add(u"x");  // no second cut so soon
+  EXPECT_EQ(Box().Text().size(), 32002U - 1024 + 8);
 }
 
-TEST_F(PanesTest, ClearingBeginsAnew) {
+TEST_F(PanesTest, ClearedAndReloadedPanesCountAnew) {
   Scroller& o = moForm.srlText;
-  o.Add(Text(32001, u'x'));
+  const auto AddsTwoLines = [&] {
+    o.Add(u"");
+    o.Add(u"b");
+    EXPECT_EQ(Box().Text(), u"\r\nb\r\n");
+    EXPECT_EQ(o.SelStart(), 5);
+  };
+  o.Add(Text(40000, u'x'));
   Box().UserSelection(0, 3);
   EXPECT_EQ(o.SelText(), u"xxx");
   EXPECT_FALSE(Box().UserText(u"typed", 0));
   o.Clear();
-  o.Add(u"");
-  EXPECT_EQ(Box().Text(), u"\r\n");
-  EXPECT_EQ(o.SelStart(), 2);
+  AddsTwoLines();
+  o.Add(Text(40000, u'x'));
   moForm.Unload();
-  o.Add(u"reloaded");
-  EXPECT_EQ(Box().Text(), u"reloaded\r\n");
+  AddsTwoLines();
 }
 
 }  // namespace

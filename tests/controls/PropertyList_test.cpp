@@ -36,12 +36,12 @@ class PropertyListTest : public FormsTest {
   }
   /// Heading, list, free text, disabled text, disabled list.
   void Fill() {
-    Sheet().SetTip(11, u"How errors travel.");
     Sheet().AddHeading(u"Pending", 1);
     Sheet().AddRow(u"Boundary", u"VB", PropertyType::List, true, &moBoundaries, u"mixed", 11);
     Sheet().AddRow(u"Comment", u"ab", PropertyType::FreeText, true, nullptr, u"", 99);
     Sheet().AddRow(u"File", u"x.bas", PropertyType::FreeText, false, nullptr, u"", 0);
     Sheet().AddRow(u"Retry", u"Line", PropertyType::List, false, &moBoundaries, u"", 0);
+    Sheet().SetTip(11, u"How errors travel.");
     Sheet().ShowProperties();
   }
   PropertyList& Sheet() { return moForm.prl; }
@@ -146,6 +146,7 @@ TEST_F(PropertyListTest, ArrowKeysGoOverAllRowsAndTheFocusShows) {
   EXPECT_EQ(Sheet().Row(), 2);
   EventLog oLog;
   oLog.Watch(Sheet().ExitFocus, "exit");
+  oLog.Watch(Box().KeyDown, "key in the box");
   for (const std::int32_t nRow : {1, 1}) {  // the second stroke has no row to go to
     moForm.ActiveControl()->UserKey(Key::Up);
     EXPECT_EQ(Sheet().Row(), nRow);
@@ -176,7 +177,11 @@ TEST_F(PropertyListTest, TheListOpensBelowItsRowOrAboveAndCloses) {
   }
   List().UserMouseUp(Button::Left, 0, 15, 15);
   EXPECT_FALSE(List().Visible());
-  Sheet().SetHeight(1139);  // one twip too little
+  Sheet().SetHeight(1140);  // just enough
+  Press(Arrow());
+  EXPECT_EQ(List().Top(), 525);
+  Press(Arrow());
+  Sheet().SetHeight(1139);
   Press(Arrow());
   EXPECT_EQ(List().Top(), 525 - 615 - 225);
   EXPECT_FALSE(Value(5).UserMouseDown(Button::Right, 0, 15, 15));

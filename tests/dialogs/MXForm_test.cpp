@@ -67,6 +67,7 @@ TEST_F(MXFormTest, KeptPlacesComeBackOntoTheScreen) {
       {"size not asked for", {15, 30, 6000, 4500}, false, {15, 30, 4001, 3000}},
       {"one part kept", {{}, 30, {}, {}}, true, {300, 30, 4001, 3000}},
       {"off the right and the bottom", {15000, 11000, {}, {}}, true, {11359, 8520, 4001, 3000}},
+      {"a twip off the edge", {11360, 8521, {}, {}}, true, {11359, 8520, 4001, 3000}},
       {"off the left and the top", {-600, -1, {}, {}}, true, {0, 0, 4001, 3000}},
       {"off every screen", {Most, Least, {}, {}}, true, {11359, 0, 4001, 3000}},
       {"larger than the screen", {100, 100, 20000, 12000}, true, {0, 0, 20000, 12000}},
