@@ -75,6 +75,10 @@ void ControlPeer::OnChar(wxKeyEvent& oEvent) {
   }
 }
 
+void ControlPeer::UseKey(const Stroke& oStroke) {
+  moControl.UserKey(oStroke.nKeyCode, oStroke.nShift);
+}
+
 void ControlPeer::OnFocus() {
   if (!moRenderer.CatchingUp() && mpoWindow->HasFocus()) moControl.UserFocus();
 }

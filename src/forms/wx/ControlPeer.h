@@ -25,6 +25,8 @@ class ControlPeer : public WxPeer {
   wxWindow& Native() const { return *mpoWindow; }
   /// Whether the control itself does all with a key, because its window has no own way with it.
   virtual bool OwnsKey(const Stroke&) const { return false; }
+  /// Handles a key that it owns.
+  virtual void UseKey(const Stroke& oStroke);
   /// Brings the object's state, such as a caret, up to what the user did, before a key is handled.
   virtual void BeforeKey() {}
   /// Hears of the mouse over its window before the window does anything with it. By default the

@@ -142,24 +142,26 @@ void FormPeer::ApplyWindowState() {
 }
 
 void FormPeer::OnKey(wxKeyEvent& oEvent) {
-  moRenderer.CatchUp();
+  WxRenderer& oRenderer = moRenderer;  // outlives the peer, which a handler may end
+  oRenderer.CatchUp();
   const Stroke oStroke = StrokeOf(oEvent);
   if (oStroke.nKeyCode == 0) return oEvent.Skip();
   Control* const poActive = moForm.ActiveControl();
   auto* const poPeer = poActive ? dynamic_cast<ControlPeer*>(poActive->Peer()) : nullptr;
   if (poPeer) poPeer->BeforeKey();
   if (poPeer && poPeer->OwnsKey(oStroke)) {
-    poActive->UserKey(oStroke.nKeyCode, oStroke.nShift);
+    poPeer->UseKey(oStroke);
   } else if (!moForm.UserKey(oStroke.nKeyCode, oStroke.nShift)) {
     oEvent.Skip();
   }
-  moRenderer.CatchUp();
+  oRenderer.CatchUp();
 }
 
 void FormPeer::OnClose(wxCloseEvent& oEvent) {
+  WxRenderer& oRenderer = moRenderer;
   if (oEvent.CanVeto()) oEvent.Veto();
   moForm.UserClose();
-  moRenderer.CatchUp();
+  oRenderer.CatchUp();
 }
 
 void FormPeer::OnActivate(wxActivateEvent& oEvent) {

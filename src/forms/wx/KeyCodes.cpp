@@ -84,7 +84,8 @@ wxString ShortcutText(std::int32_t nKeyCode, std::int32_t nShift) {
     if (sKey.empty() && o.nKeyCode == nKeyCode && o.psName) sKey = o.psName;
   }
   if (nKeyCode >= Key::F1 && nKeyCode <= F12) sKey.Printf("F%d", nKeyCode - Key::F1 + 1);
-  if (nKeyCode == KeyCodeOf(nKeyCode) && sKey.empty()) sKey = wxString(wxUniChar(nKeyCode));
+  if (sKey.empty() && nKeyCode != 0 && KeyCodeOf(nKeyCode) == nKeyCode)
+    sKey = wxString(wxUniChar(nKeyCode));
   if (sKey.empty()) return {};
   return wxString((nShift & Shift::Ctrl) != 0 ? "Ctrl+" : "") +
          ((nShift & Shift::Alt) != 0 ? "Alt+" : "") +

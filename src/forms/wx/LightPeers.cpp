@@ -8,6 +8,7 @@
 #include "Line.h"
 #include "NativeLook.h"
 #include "NativeText.h"
+#include "StatusBar.h"
 #include "WxRenderer.h"
 
 namespace Forms {
@@ -113,6 +114,34 @@ wxRect LinePeer::Covered() const {
 void LinePeer::Draw(wxDC& oDC) {
   oDC.SetPen(wxPen(NativeColor(moLine.BorderColor())));
   oDC.DrawLine(At(moLine.X1(), moLine.Y1()), At(moLine.X2(), moLine.Y2()));
+}
+
+StatusBarPeer::StatusBarPeer(WxRenderer& oRenderer, StatusBar& oBar)
+    : LightPeer(oRenderer, oBar), moBar(oBar) {
+  LaterAll();
+}
+
+wxRect StatusBarPeer::Covered() const {
+  wxRect o = moRenderer.Unit().Pixels(moBar.Bounds());
+  o.Offset(Ground()->Origin());
+  return o;
+}
+
+void StatusBarPeer::Draw(wxDC& oDC) {
+  const wxRect oBar = Covered();
+  oDC.SetPen(*wxTRANSPARENT_PEN);
+  oDC.SetBrush(NativeColor(moBar.BackColor()));
+  oDC.DrawRectangle(oBar);
+  oDC.SetFont(NativeFont(moBar.Font()));
+  oDC.SetTextForeground(NativeColor(moBar.ForeColor()));
+  wxRect oPanel = wxRect(oBar).Deflate(0, 2);
+  for (std::int32_t i = 1; i <= moBar.PanelCount(); ++i) {
+    Panel& o = moBar.Panels(i);
+    oPanel.width = moRenderer.Unit().Pixels(o.Width());
+    DrawSunken(oDC, wxRect(oPanel).Deflate(1, 0));
+    DrawTextIn(oDC, ToWx(o.Text()), wxRect(oPanel).Deflate(5, 1), wxALIGN_LEFT);
+    oPanel.x += oPanel.width;
+  }
 }
 
 }  // namespace Forms

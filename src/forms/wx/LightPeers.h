@@ -1,4 +1,5 @@
-// Peers of controls without a window: labels and lines. The surface below paints them.
+// Peers of controls without a window: labels, lines and the status bar. The surface below paints
+// them.
 #pragma once
 
 #include "Surface.h"
@@ -8,6 +9,7 @@ namespace Forms {
 
 class Label;
 class Line;
+class StatusBar;
 
 class LightPeer : public WxPeer, public ILightPeer {
  public:
@@ -53,6 +55,18 @@ class LinePeer : public LightPeer {
   wxPoint At(std::int32_t lX, std::int32_t lY) const;
 
   Line& moLine;
+};
+
+class StatusBarPeer : public LightPeer {
+ public:
+  StatusBarPeer(WxRenderer& oRenderer, StatusBar& oBar);
+  void Draw(wxDC& oDC) override;
+
+ protected:
+  wxRect Covered() const override;
+
+ private:
+  StatusBar& moBar;
 };
 
 }  // namespace Forms

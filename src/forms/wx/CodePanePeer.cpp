@@ -1,0 +1,135 @@
+#include "CodePanePeer.h"
+
+#include <wx/dc.h>
+
+#include <algorithm>
+
+#include "CodePane.h"
+#include "Drawing.h"
+#include "MouseFeed.h"
+#include "NativeLook.h"
+#include "NativeText.h"
+#include "WxRenderer.h"
+
+namespace Forms {
+
+namespace {
+
+constexpr std::size_t TabWidth = 4;
+constexpr int Gap = 6;
+
+/// The line with blanks for its tabs: rows are drawn without any.
+Text Expanded(TextView sLine) {
+  Text sShown;
+  for (const char16_t c : sLine) {
+    sShown.append(c == u'\t' ? TabWidth - sShown.size() % TabWidth : 1, c == u'\t' ? u' ' : c);
+  }
+  return sShown;
+}
+
+bool IsLight(const wxColour& o) {
+  return o.Red() + o.Green() + o.Blue() > 3 * 128;
+}
+
+/// The ground of a marked line: a tint of the pane's own ground, so that it suits dark themes too.
+wxColour MarkColour(LineMark eMark, const wxColour& oGround) {
+  wxColour oTint;
+  switch (eMark) {
+    case LineMark::Added:
+      oTint = wxColour(60, 170, 60);
+      break;
+    case LineMark::Removed:
+      oTint = wxColour(210, 70, 70);
+      break;
+    case LineMark::Heading:
+      oTint = wxColour(120, 140, 190);
+      break;
+    case LineMark::Current:
+      oTint = wxColour(230, 190, 40);
+      break;
+    default:
+      return oGround;
+  }
+  const double dShare = IsLight(oGround) ? 0.25 : 0.35;
+  const auto Mix = [dShare](unsigned char nTint, unsigned char nBase) {
+    return static_cast<unsigned char>(nTint * dShare + nBase * (1 - dShare));
+  };
+  return wxColour(Mix(oTint.Red(), oGround.Red()), Mix(oTint.Green(), oGround.Green()),
+                  Mix(oTint.Blue(), oGround.Blue()));
+}
+
+}  // namespace
+
+CodePanePeer::CodePanePeer(WxRenderer& oRenderer, CodePane& oPane)
+    : RowsPeer(oRenderer, oPane), moCode(oPane) {
+  Pane().OnScrolled([this] { moCode.UserTopLine(Pane().Top() + 1); });
+}
+
+int CodePanePeer::RowCount() const {
+  return moCode.LineCount();
+}
+
+void CodePanePeer::MeasureText() {
+  std::size_t lLongest = 0, lNumber = 2;
+  for (std::int32_t i = 1; i <= moCode.LineCount(); ++i) {
+    lLongest = std::max(lLongest, Expanded(moCode.Line(i)).size());
+    lNumber = std::max(lNumber, moCode.LineNumber(i).size());
+  }
+  const int nChar = Pane().GetTextExtent("0").x;
+  mnMargin = moCode.LineNumbers() ? static_cast<int>(lNumber) * nChar + 2 * Gap : 0;
+  mnWidth = mnMargin + static_cast<int>(lLongest + 1) * nChar + Gap;
+}
+
+void CodePanePeer::DrawRow(wxDC& oDC, int nRow, const wxRect& oRect) {
+  const std::int32_t lLine = nRow + 1;
+  const bool bSelected = lLine >= moCode.SelStartLine() && lLine <= moCode.SelEndLine();
+  const LineMark eMark = moCode.Mark(lLine);
+  if (eMark != LineMark::None && !bSelected) {
+    oDC.SetPen(*wxTRANSPARENT_PEN);
+    oDC.SetBrush(MarkColour(eMark, Pane().GetBackgroundColour()));
+    oDC.DrawRectangle(oRect);
+  }
+  DrawRowGround(oDC, oRect, bSelected);
+  wxRect oText(oRect);
+  oText.x += mnMargin + Gap / 2;
+  oDC.DrawText(ToWx(Expanded(moCode.Line(lLine))), oText.x, oText.y + RowSpace());
+  if (mnMargin == 0) return;
+  // The numbers stand still while the text scrolls sideways.
+  const wxRect oMargin(0, oRect.y, mnMargin - Gap / 2, oRect.height);
+  oDC.SetPen(*wxTRANSPARENT_PEN);
+  oDC.SetBrush(NativeColor(SystemColor::ButtonFace));
+  oDC.DrawRectangle(oMargin);
+  oDC.SetTextForeground(NativeColor(SystemColor::GrayText));
+  oDC.DrawLabel(ToWx(moCode.LineNumber(lLine)), wxRect(oMargin).Deflate(Gap / 2, 0),
+                wxALIGN_RIGHT | wxALIGN_CENTER_VERTICAL);
+}
+
+void CodePanePeer::PressRow(int nRow, const wxMouseEvent& oEvent) {
+  if (!oEvent.LeftDown() || nRow >= RowCount()) return;
+  const std::int32_t lLine = nRow + 1;
+  if (!oEvent.ShiftDown()) mlAnchor = lLine;
+  moCode.UserSelectLines(std::min(mlAnchor, lLine), std::max(mlAnchor, lLine));
+}
+
+void CodePanePeer::DragRow(int nRow) {
+  const std::int32_t lLine = nRow + 1;
+  moCode.UserSelectLines(std::min(mlAnchor, lLine), std::max(mlAnchor, lLine));
+}
+
+void CodePanePeer::GoToRow(int nRow, std::int32_t) {
+  moCode.UserTopLine(nRow + 1);
+}
+
+void CodePanePeer::Apply(const Changes& oChanges) {
+  if (oChanges.Has(Property::Items)) mlAnchor = 1;
+  if (oChanges.Has(Property::Items) || oChanges.Has(Property::Font)) {
+    ControlPeer::Apply(oChanges);  // the font is what is measured with
+    MeasureText();
+  }
+  RowsPeer::Apply(oChanges);
+  if (oChanges.Has(Property::Items) || oChanges.Has(Property::Scroll)) {
+    Pane().SetTop(moCode.TopLine() - 1);
+  }
+}
+
+}  // namespace Forms

@@ -1,0 +1,54 @@
+// The help: a book that opens in a window of its own and stays usable beside modal forms.
+#include <wx/filefn.h>
+#include <wx/filename.h>
+#include <wx/filesys.h>
+#include <wx/fs_zip.h>
+#include <wx/html/helpctrl.h>
+#include <wx/html/helpfrm.h>
+
+#include "NativeDetails.h"
+#include "NativeText.h"
+#include "WxRenderer.h"
+
+namespace Forms {
+
+namespace {
+
+/// The book that is there for a help file: the file itself, or one of its name with the ending that
+/// this window reads. Empty when there is none.
+wxString BookOf(const wxString& sFile) {
+  wxFileName oName(sFile);
+  if (oName.GetExt().IsSameAs("chm", false)) oName.SetExt("htb");
+  return wxFileExists(oName.GetFullPath()) ? oName.GetFullPath() : wxString();
+}
+
+}  // namespace
+
+bool WxRenderer::ShowHelp(TextView sFile, HelpCommand eCommand, std::int32_t lContext, Form*) {
+  const wxString sBook = BookOf(ToWx(sFile));
+  if (sBook.empty()) return false;
+  if (!mpHelp || sBook != ToWx(msHelpBook)) {
+    if (!wxFileSystem::HasHandlerForPath("a.zip#zip:b")) {
+      wxFileSystem::AddHandler(new wxZipFSHandler);
+    }
+    auto pHelp = std::make_unique<wxHtmlHelpController>(wxHF_DEFAULT_STYLE & ~wxHF_PRINT);
+    if (!pHelp->AddBook(wxFileName(sBook))) return false;
+    mpHelp = std::move(pHelp);
+    msHelpBook = FromWx(sBook);
+  }
+  bool bShown = false;
+  if (eCommand == HelpCommand::Index) {
+    bShown = mpHelp->DisplayIndex();
+  } else if (eCommand == HelpCommand::Contents && lContext > 0) {
+    bShown = mpHelp->DisplaySection(lContext);
+  } else {
+    bShown = mpHelp->DisplayContents();
+  }
+  if (wxHtmlHelpFrame* const poFrame = mpHelp->GetFrame()) {
+    NativeDetails::FreeFromModal(*poFrame);
+    poFrame->Raise();
+  }
+  return bShown;
+}
+
+}  // namespace Forms

@@ -1,0 +1,50 @@
+// The base of peers that paint rows straight from their object: lists, trees, tables, source code.
+// What the mouse and the keys do is the object's business; the window only scrolls.
+#pragma once
+
+#include "ControlPeer.h"
+#include "RowsPane.h"
+
+namespace Forms {
+
+class ImageList;
+
+class RowsPeer : public ControlPeer, public IRows {
+ public:
+  RowsPeer(WxRenderer& oRenderer, Control& oControl);
+  ~RowsPeer() override;
+  bool OwnsKey(const Stroke& oStroke) const override { return oStroke.nKeyCode != 0; }
+  void UseKey(const Stroke& oStroke) override;
+  void OnMouse(wxMouseEvent& oEvent) override;
+  int RowsWidth() const override { return 0; }
+
+ protected:
+  /// The left or right button went down on a row; RowCount for the empty area below.
+  virtual void PressRow(int nRow, const wxMouseEvent& oEvent) = 0;
+  virtual void DoubleRow(int /*nRow*/) { moControl.UserDblClick(); }
+  /// The mouse moves over a row with the left button down.
+  virtual void DragRow(int /*nRow*/) {}
+  /// True when the head took it.
+  virtual bool UseHead(const wxMouseEvent&) { return false; }
+  /// The row with the list's own focus; -1 for none.
+  virtual int FocusRow() const { return -1; }
+  /// A key leads to the row.
+  virtual void GoToRow(int /*nRow*/, std::int32_t /*nShift*/) {}
+  /// Room above and below a row's text.
+  virtual int RowSpace() const { return 2; }
+
+  void Apply(const Changes& oChanges) override;
+  void InsertCharacter(std::int32_t nCharacter) override;
+  RowsPane& Pane() const { return moPane; }
+  /// Fills a row's ground and sets the colour of its text.
+  void DrawRowGround(wxDC& oDC, const wxRect& oRect, bool bSelected) const;
+  /// Paints a picture of the list in the middle of the height; the width that it takes, 0 without.
+  int DrawIcon(wxDC& oDC, const ImageList* poImages, TextView sKey, const wxRect& oRect) const;
+  int IconPixels(const ImageList* poImages) const;
+
+ private:
+  RowsPane& moPane;
+  bool mbPressed = false;
+};
+
+}  // namespace Forms
