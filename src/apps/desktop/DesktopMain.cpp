@@ -1,4 +1,5 @@
 // The windowed program: settings, the window system, the add-in's start-up, the stand-in IDE.
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 
@@ -10,12 +11,15 @@
 #include "DesktopArguments.h"
 #include "FIDE.h"
 #include "FMain.h"
+#include "IErrorRuntime.h"
 #include "MStartUp.h"
 #include "Pictures.h"
 #include "Printers.h"
 #include "RegistryStore.h"
 
 namespace {
+
+constexpr std::size_t lProblemsShown = 12;
 
 /// Where help and the first template lie: the folder of the program itself, also when it is
 /// reached by a link.
@@ -53,16 +57,24 @@ void TellSettingsProblems(Forms::Toolkit& oToolkit, const RegistryStore& oStore)
       u"Some lines of the settings file aren't understood. They are passed over, and stay "
       u"as they are:\r\n\r\n" +
       TextOfPath(oStore.Path());
-  for (const RegistryStore::Problem& oProblem : oStore.Problems())
+  const std::size_t lCount = oStore.Problems().size();
+  for (std::size_t i = 0; i < std::min(lCount, lProblemsShown); ++i) {
+    const RegistryStore::Problem& oProblem = oStore.Problems()[i];
     sText +=
         u"\r\nLine " + ToText(static_cast<long long>(oProblem.lLine)) + u": " + oProblem.sMessage;
+  }
+  if (lCount > lProblemsShown)
+    sText += u"\r\nand " + ToText(static_cast<long long>(lCount - lProblemsShown)) + u" more";
   oToolkit.MsgBox(sText, Forms::MsgBoxButtons::OkOnly, Forms::MsgBoxIcon::Exclamation);
 }
 
 int RunIDE(Forms::Toolkit& oToolkit, const DesktopArguments& oArguments, ButtonFaces& oFaces) {
   if (!oArguments.sTemplateFile.empty()) RecentFiles().Add(TextOfPath(oArguments.sTemplateFile));
   Paper::Printers oPrinters([&](TextView sTitle) { return AskPdfFile(oToolkit, sTitle); });
-  FIDE oIDE(oToolkit, oFaces, [&] { return std::make_unique<Connect>(oToolkit, oPrinters); });
+  FIDE oIDE(oToolkit, oFaces, [&] {
+    goError->SetEnding(false);  // an add-in that ended after a failure can be loaded again
+    return std::make_unique<Connect>(oToolkit, oPrinters);
+  });
   oIDE.Start({TextOfPath(oArguments.sGroup), oArguments.nConnectMode});
   Forms::RunForms(oToolkit);
   return 0;

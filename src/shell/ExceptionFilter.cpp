@@ -1,0 +1,61 @@
+#include "ExceptionFilter.h"
+
+#include <signal.h>
+
+#include <array>
+#include <cstdlib>
+#include <exception>
+
+#include "ErrorText.h"
+#include "IErrorRuntime.h"
+
+namespace {
+
+struct FatalSignal {
+  int nSignal;
+  std::u16string_view sRecord;
+};
+constexpr std::array Fatal = {
+    FatalSignal{SIGSEGV, u"Signal SIGSEGV"}, FatalSignal{SIGBUS, u"Signal SIGBUS"},
+    FatalSignal{SIGFPE, u"Signal SIGFPE"},   FatalSignal{SIGILL, u"Signal SIGILL"},
+    FatalSignal{SIGABRT, u"Signal SIGABRT"},
+};
+
+// The handler of a stack that overflowed needs one of its own.
+alignas(16) std::array<char, 1 << 16> acStack;
+
+/// The handler has gone back to the default by then, so raising the signal again ends the program.
+extern "C" void OnFatal(int nSignal) {
+  for (const FatalSignal& oFatal : Fatal)
+    if (oFatal.nSignal == nSignal) goError->HandleException(oFatal.sRecord);
+  raise(nSignal);
+}
+
+[[noreturn]] void OnTerminate() {
+  std::u16string sRecord = u"Unhandled exception";
+  if (const std::exception_ptr pException = std::current_exception()) {
+    try {
+      std::rethrow_exception(pException);
+    } catch (const std::exception& oException) {
+      sRecord += u": " + ErrorUtf16(oException.what());
+    } catch (...) {
+    }
+  }
+  goError->HandleException(sRecord);
+  signal(SIGABRT, SIG_DFL);  // it has been told
+  std::abort();
+}
+
+}  // namespace
+
+void ExceptionFilter::Install() {
+  std::set_terminate(OnTerminate);
+  stack_t oStack = {};
+  oStack.ss_sp = acStack.data();
+  oStack.ss_size = acStack.size();
+  sigaltstack(&oStack, nullptr);
+  struct sigaction oAction = {};
+  oAction.sa_handler = OnFatal;
+  oAction.sa_flags = static_cast<int>(SA_ONSTACK | SA_RESETHAND | SA_NODEFER);
+  for (const FatalSignal& oFatal : Fatal) sigaction(oFatal.nSignal, &oAction, nullptr);
+}
