@@ -34,8 +34,9 @@ inline bool IsWord(std::string_view sBytes, std::string_view sLower) {
 }
 
 inline std::string_view SkipBlanks(std::string_view sBytes) {
-  while (!sBytes.empty() && IsBlank(sBytes.front())) sBytes.remove_prefix(1);
-  return sBytes;
+  std::size_t l = 0;
+  while (l < sBytes.size() && (sBytes[l] == ' ' || IsBlank(sBytes[l]))) ++l;
+  return {sBytes.data() + l, sBytes.size() - l};
 }
 inline std::string_view TrimBlanks(std::string_view sBytes) {
   sBytes = SkipBlanks(sBytes);

@@ -211,12 +211,20 @@ std::optional<Text> MemberAttributes::FileForm(std::int32_t lMember, MemberAttri
   return lNew == 0 ? std::nullopt : std::optional(Quoted(HexText(lNew)));
 }
 
+// The usual case of a value that is set again behind a rewrite: no hidden lines, and none needed.
+bool MemberAttributes::IsMissing(std::int32_t lMember, MemberAttribute eAttribute,
+                                 const AttributeValue& oValue) {
+  if (!oValue.sText.empty() || oValue.lNumber != Missing(lMember, eAttribute).lNumber) return false;
+  return !moLines.MayHaveTails() || IsBare(lMember);
+}
+
 void MemberAttributes::Set(std::int32_t lMember, MemberAttribute eAttribute,
                            const AttributeValue& oValue) {
+  const Slot eSlot = SlotOf(eAttribute);
+  if (IsMissing(lMember, eAttribute, oValue)) return;
   if (oValue.sText.find_first_of(u"\r\n") != Text::npos) {
     throw Failure(5, u"The text of a member's attribute can't hold a line break", u"host");
   }
-  const Slot eSlot = SlotOf(eAttribute);
   AttributeValue oNew{{}, oValue.lNumber};
   if (eSlot == Slot::Description || eSlot == Slot::Invoke) oNew = {oValue.sText, 0};
   if (eSlot == Slot::Flags) oNew.lNumber = oValue.lNumber != 0 ? -1 : 0;

@@ -56,6 +56,7 @@ class MemberAttributes {
   static Slot SlotOf(MemberAttribute eAttribute);
   static std::optional<Slot> SlotOf(std::string_view sKey);
   const Found& Look(std::int32_t lMember);
+  bool IsMissing(std::int32_t lMember, MemberAttribute eAttribute, const AttributeValue& oValue);
   /// True when no hidden lines stand behind any declaration of the member.
   bool IsBare(std::int32_t lMember);
   void LookAtCarriers();

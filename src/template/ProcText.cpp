@@ -80,6 +80,7 @@ Directive DirectiveOf(TextView sFolded) {
 }
 
 bool IsBalanced(const ProcText& oProc, std::size_t lFirst, std::size_t lLast) {
+  if (!oProc.Holds(u'#')) return true;
   int nDepth = 0;
   for (std::size_t i = lFirst; i <= lLast; ++i) {
     switch (DirectiveOf(oProc.Folded(i))) {

@@ -34,6 +34,7 @@ class ProcText {
   TextView Folded(std::size_t i) const {
     return {msFolded.data() + moFolds[i].lStart, moFolds[i].lLength};
   }
+  bool Holds(char16_t cLower) const { return FindUnit(msFolded, cLower) != Text::npos; }
   /// True when line i is the second or a later physical line of a statement or comment.
   bool IsContinued(std::size_t i) const { return i > 0 && Continues(moLines[i - 1]); }
 

@@ -1,6 +1,7 @@
 #include "Sections.h"
 
 #include <algorithm>
+#include <span>
 
 #include "MXString.h"
 #include "ProcText.h"
@@ -15,18 +16,19 @@ bool Clamp(const std::vector<LineRow>& oRows, std::int32_t& lFirst, std::int32_t
 }
 
 /// The value of the token at the start of sText; false when it isn't one of the seven.
-bool TokenValue(TextView sText, const SectionValues& oValues, TextView& sValue,
+bool TokenValue(TextView sText, const SectionValues& oValues, Tokens eTokens, TextView& sValue,
                 std::size_t& lLength) {
   const struct {
     TextView sToken;
     TextView sValue;
   } oTokens[] = {
-      {u"<%Signature>", oValues.sTemplate}, {u"<%ModuleName>", oValues.sModuleName},
-      {u"<%ProcName>", oValues.sShownName}, {u"<%ProcType>", oValues.sBaseType},
-      {u"<%Boundary>", oValues.sBoundary},  {u"<%Severity>", oValues.sSeverity},
+      {u"<%ModuleName>", oValues.sModuleName}, {u"<%ProcName>", oValues.sShownName},
+      {u"<%ProcType>", oValues.sBaseType},     {u"<%Signature>", oValues.sTemplate},
+      {u"<%Boundary>", oValues.sBoundary},     {u"<%Severity>", oValues.sSeverity},
       {u"<%Retry>", oValues.sRetry},
   };
-  for (const auto& oToken : oTokens) {
+  constexpr std::size_t lNames = 3;  // the first ones
+  for (const auto& oToken : std::span(oTokens).first(eTokens == Tokens::All ? 7 : lNames)) {
     if (!Same(sText.substr(0, oToken.sToken.size()), oToken.sToken)) continue;
     sValue = oToken.sValue;
     lLength = oToken.sToken.size();
@@ -54,7 +56,7 @@ bool IsWritten(const LineRow& oRow, const SectionValues& oValues) {
   return false;
 }
 
-void RenderRow(const LineRow& oRow, const SectionValues& oValues, Text& sText) {
+void RenderRow(const LineRow& oRow, const SectionValues& oValues, Text& sText, Tokens eTokens) {
   TextView sRest = oRow.sLine;
   for (;;) {
     const std::size_t lMark = FindText(sRest, u"<%");
@@ -63,7 +65,7 @@ void RenderRow(const LineRow& oRow, const SectionValues& oValues, Text& sText) {
     sRest.remove_prefix(lMark);
     TextView sValue = sRest.substr(0, 2);  // an unknown token stays as it is written
     std::size_t lLength = 2;
-    TokenValue(sRest, oValues, sValue, lLength);
+    TokenValue(sRest, oValues, eTokens, sValue, lLength);
     sText.append(sValue);
     sRest.remove_prefix(lLength);
   }

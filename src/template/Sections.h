@@ -26,7 +26,9 @@ Text ShownName(TextView sProcName, TextView sPropertyKind);
 /// True when the row's condition lets it be written.
 bool IsWritten(const LineRow& oRow, const SectionValues& oValues);
 /// Appends the row's text with its tokens filled in, exact case.
-void RenderRow(const LineRow& oRow, const SectionValues& oValues, Text& sText);
+enum class Tokens { All, Names };  ///< Names: of module and procedure, and its type
+void RenderRow(const LineRow& oRow, const SectionValues& oValues, Text& sText,
+               Tokens eTokens = Tokens::All);
 /// Writes the lines of rows lFirst to lLast, both included, that are to be written.
 /// Rows outside the table write nothing.
 void WriteRows(const std::vector<LineRow>& oRows, std::int32_t lFirst, std::int32_t lLast,

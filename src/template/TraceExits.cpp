@@ -101,9 +101,8 @@ Text DropFitting(const TextArray& asPiece, std::size_t lCount, std::size_t lTrac
 }  // namespace
 
 Text TraceExits::GetTraceExit(const LineRow& oRow, const SectionValues& oValues) {
-  Text sText = MXString::StringReplace(oRow.sLine, u"<%ModuleName>", oValues.sModuleName);
-  sText = MXString::StringReplace(sText, u"<%ProcName>", oValues.sShownName);
-  sText = MXString::StringReplace(sText, u"<%ProcType>", oValues.sBaseType);
+  Text sText;
+  RenderRow(oRow, oValues, sText, Tokens::Names);
   return Text(Trim(sText));
 }
 
