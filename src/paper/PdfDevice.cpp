@@ -4,6 +4,7 @@
 #include <cairo-pdf.h>
 #include <pango/pangocairo.h>
 
+#include <algorithm>
 #include <map>
 #include <new>
 #include <tuple>
@@ -16,6 +17,8 @@ namespace Paper {
 namespace {
 
 constexpr double TwipsPerPoint = 20;
+// As a part of the font's size: some fonts leave the space between lines to whoever sets them.
+constexpr double LeastLineHeight = 1.15;
 
 [[noreturn]] void Fail(cairo_status_t eStatus) {
   throw Failure(482, FailureText(482) + u": the PDF document can't be made (" +
@@ -123,7 +126,8 @@ const PdfDevice::Fonts::Metrics& PdfDevice::Fonts::MetricsOf(const PrintFont& oF
     const int nAscent = pango_font_metrics_get_ascent(poMetrics);
     const int nDescent = pango_font_metrics_get_descent(poMetrics);
     pango_font_metrics_unref(poMetrics);
-    oPlace->second = {Twips(nAscent), Twips(nAscent + nDescent)};
+    oPlace->second = {Twips(nAscent), std::max(Twips(nAscent + nDescent),
+                                               LeastLineHeight * oFont.dSize * TwipsPerPoint)};
   }
   return oPlace->second;
 }
