@@ -122,6 +122,7 @@ void PropertyList::SetTip(std::int32_t lTipId, TextView sTip) {
 }
 
 void PropertyList::ShowProperties() {
+  Touch();
   const DrawingLock oLock(*this);
   MeasureNames();
   for (mlShown = 0; mlShown < RowCount();) ShowRow(++mlShown);

@@ -5,6 +5,7 @@
 
 #include "Form.h"
 #include "FormsFixture.h"
+#include "Frame.h"
 #include "Parts.h"
 #include "TextBox.h"
 
@@ -12,31 +13,28 @@ namespace {
 
 using namespace Forms;
 
-/// A list that holds whole lines of 200 twips.
+/// Holds whole lines of 200 twips, as some lists do.
 class LineBox : public TextBox {
  public:
   using TextBox::TextBox;
 
  private:
-  void ChangeBounds(const Rect& oBounds) override {
-    Rect oWhole = oBounds;
-    oWhole.lHeight -= oWhole.lHeight % 200;
-    TextBox::ChangeBounds(oWhole);
+  void ChangeBounds(const Rect& o) override {
+    TextBox::ChangeBounds({o.lLeft, o.lTop, o.lWidth, o.lHeight - o.lHeight % 200});
   }
 };
 
 class FSplit : public Form {
  public:
-  explicit FSplit(Toolkit& oToolkit) : Form(oToolkit, u"FSplit") {}
-  PictureBox picBox{*this, u"picBox"};
-  TextBox txtA{picBox, u"txtA"}, txtB{picBox, u"txtB"};
-  LineBox linB{picBox, u"linB"};
-  PictureBox picSplit{picBox, u"picSplit"};
+  using Form::Form;
+  Frame fraBox{*this, u"fraBox"};
+  TextBox txtA{fraBox, u"txtA"}, txtB{fraBox, u"txtB"};
+  LineBox linB{fraBox, u"linB"};
+  PictureBox picSplit{fraBox, u"picSplit"};
 
  private:
   void Design() override {
-    picBox.SetBorderStyle(BorderStyle::None);
-    picBox.Move(0, 0, 6000, 6000);
+    fraBox.Move(0, 0, 6000, 6000);
     txtA.Move(0, 0, 3000, 3000);
     txtB.Move(3060, 0, 2940, 2000);
     linB.Move(3060, 3100, 2940, 2800);
@@ -50,113 +48,93 @@ class CXSplitTest : public FormsTest {
     moForm.Show();
     moSplit.AddASide(moForm.txtA);
     moSplit.AddBSide(moForm.txtB);
-    moLink = moSplit.AfterSplit.Connect([this] { ++mlSplits; });
+    moLog.Watch(moSplit.AfterSplit, "split");
   }
-  void Drag(std::int32_t lX) {
-    Bar().UserMouseDown(Button::Left, 0, 15, 15);
-    Bar().UserMouseMove(Button::Left, 0, lX, 15);
-    Bar().UserMouseUp(Button::Left, 0, 15, 15);
+  void Drag(std::int32_t lX, std::int32_t nButton = Button::Left) {
+    oBar.UserMouseDown(nButton, 0, 15, 15);
+    if (oBar.BackColor() == SystemColor::ButtonShadow) moLog.Note("pressed");
+    oBar.UserMouseMove(nButton, 0, lX, 15);
+    if (moForm.txtA.Width() == oBar.Left()) moLog.Note("followed");
+    oBar.UserMouseUp(nButton, 0, 15, 15);
+    EXPECT_EQ(oBar.BackColor(), SystemColor::ButtonFace);
   }
-  PictureBox& Bar() { return moForm.picSplit; }
+  /// The bar, the sides, and whether they show.
+  std::string Look() {
+    return std::to_string(oBar.Left()) + ": " + std::to_string(moForm.txtA.Width()) +
+           (moForm.txtA.Visible() ? "" : " hidden") + ", " + PlaceOf(moForm.txtB) +
+           (moForm.txtB.Visible() ? "" : " hidden");
+  }
 
-  FSplit moForm{moToolkit};
+  FSplit moForm{moToolkit, u"FSplit"};
+  PictureBox& oBar = moForm.picSplit;
   CXSplit moSplit;
-  Connection moLink;
-  std::int32_t mlSplits = 0;
+  EventLog moLog;
 };
 
 TEST_F(CXSplitTest, DragsEndInsideTheLimits) {
   const struct {
     const char* sName;
     bool bSnap;
-    std::int32_t lBy, lBar, lSizeA, lSizeB;
-    bool bA, bB;
+    std::int32_t lBy;
+    const char* sLook;
   } aoRow[] = {
-      {"to the left", true, -1000, 2000, 2000, 3940, true, true},
-      {"up to the margin", true, -2700, 300, 300, 5640, true, true},
-      {"one into the margin", true, -2701, 0, 0, 5940, false, true},
-      {"far out", true, -100000, 0, 0, 5940, false, true},
-      {"without snap", false, -2701, 300, 300, 5640, true, true},
-      {"up to the right margin", true, 2640, 5640, 5640, 300, true, true},
-      {"one into it", true, 2641, 5940, 5940, 0, true, false},
-      {"right without snap", false, 2641, 5640, 5640, 300, true, true},
+      {"up to the margin", true, -2700, "300: 300, 360 0 5640 2000"},
+      {"one into the margin", true, -2701, "0: 0 hidden, 60 0 5940 2000"},
+      {"without snap", false, -2701, "300: 300, 360 0 5640 2000"},
+      {"up to the right margin", true, 2640, "5640: 5640, 5700 0 300 2000"},
+      {"one into it", true, 2641, "5940: 5940, 6000 0 0 2000 hidden"},
   };
+  moSplit.Split(oBar, SplitBar::Vertical);
   for (const auto& o : aoRow) {
     SCOPED_TRACE(o.sName);
     moSplit.SetMarginSnap(o.bSnap);
-    moForm.Unload();
-    moForm.Show();
-    moSplit.Split(Bar(), SplitBar::Vertical);
     Drag(o.lBy);
-    EXPECT_EQ(Bar().Left(), o.lBar);
-    EXPECT_EQ(moForm.txtA.Width(), o.lSizeA);
-    EXPECT_EQ(moForm.txtB.Left(), o.lBar + 60);
-    EXPECT_EQ(moForm.txtB.Width(), o.lSizeB);
-    EXPECT_EQ(moForm.txtA.Visible(), o.bA);
-    EXPECT_EQ(moForm.txtB.Visible(), o.bB);
-    Drag(3000 - Bar().Left());
-    EXPECT_TRUE(moForm.txtA.Visible() && moForm.txtB.Visible());
-    EXPECT_EQ(PlaceOf(moForm.txtB), "3060 0 2940 2000");
+    EXPECT_EQ(Look(), o.sLook);
+    Drag(3000 - oBar.Left());
+    EXPECT_EQ(Look(), "3000: 3000, 3060 0 2940 2000");
   }
+  moForm.txtB.SetWidth(4000);  // reaches beyond the container
+  Drag(3500);
+  EXPECT_EQ(oBar.Left(), 5940);
 }
 
 TEST_F(CXSplitTest, SidesFollowInTheDragOrAtItsEnd) {
-  moSplit.Split(Bar(), SplitBar::Vertical);
-  EXPECT_EQ(mlSplits, 2);
-  moSplit.SetRealTime(false);
-  mlSplits = 0;
-  Bar().UserMouseDown(Button::Left, 0, 0, 0);
-  EXPECT_EQ(Bar().BackColor(), SystemColor::ButtonShadow);
-  Bar().UserMouseMove(Button::Left, 0, -300, 0);
-  EXPECT_EQ(moForm.txtA.Width(), 3000);
-  Bar().UserMouseUp(Button::Left, 0, 0, 0);
-  EXPECT_EQ(moForm.txtA.Width(), 2700);
-  EXPECT_EQ(Bar().BackColor(), SystemColor::ButtonFace);
-  EXPECT_EQ(mlSplits, 1);
-  Bar().UserMouseDown(Button::Right, 0, 0, 0);
-  EXPECT_EQ(Bar().BackColor(), SystemColor::ButtonFace);
-  Bar().UserMouseMove(Button::Right, 0, -300, 0);
-  Bar().UserMouseUp(Button::Right, 0, 0, 0);
-  EXPECT_EQ(Bar().Left(), 2700);
-  EXPECT_EQ(mlSplits, 1);
-}
-
-TEST_F(CXSplitTest, ATooSmallContainerKeepsTheBar) {
-  moForm.txtB.SetWidth(0);
-  moForm.txtB.SetLeft(660);  // room for one margin only
-  moSplit.Split(Bar(), SplitBar::Vertical);
+  moSplit.Split(oBar, SplitBar::Vertical);
   Drag(-300);
-  EXPECT_EQ(Bar().Left(), 3000);
-  EXPECT_EQ(mlSplits, 0);
-  moSplit.DoSplit();  // by the window itself: no size below 0
-  EXPECT_EQ(moForm.txtB.Width(), 0);
+  EXPECT_EQ(moLog.Take(), "split split pressed split followed split");
+  moSplit.SetRealTime(false);
+  Drag(-300);
+  EXPECT_EQ(moLog.Take(), "pressed split");
+  Drag(-300, Button::Right);
+  EXPECT_EQ(Look() + moLog.Take(), "2400: 2400, 2460 0 3540 2000followed");
 }
 
-TEST_F(CXSplitTest, APlaceOutsideIsPulledIn) {
-  for (const auto lPlace :
-       {std::numeric_limits<std::int32_t>::max(), std::numeric_limits<std::int32_t>::min()}) {
-    moSplit.SetMarginSnap(false);
-    Bar().SetLeft(lPlace);
-    moSplit.Split(Bar(), SplitBar::Vertical);
-    EXPECT_EQ(Bar().Left(), lPlace > 0 ? 5640 : 300);
+TEST_F(CXSplitTest, PlacesThatCannotBe) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  moSplit.SetMarginSnap(false);
+  for (const std::int32_t lPlace : {Limits::max(), Limits::min()}) {
+    oBar.SetLeft(lPlace);
+    moSplit.Split(oBar, SplitBar::Vertical);
+    EXPECT_EQ(oBar.Left(), lPlace > 0 ? 5640 : 300);
   }
-}
-
-TEST_F(CXSplitTest, TheBarStaysInItsContainer) {
-  moForm.txtB.SetWidth(4000);  // reaches beyond it
-  moSplit.Split(Bar(), SplitBar::Vertical);
-  Drag(3500);
-  EXPECT_EQ(Bar().Left(), 5940);
+  moLog.Take();
+  oBar.SetLeft(3000);
+  moForm.txtB.Move(660, 0, 0, 2000);  // room for one margin only
+  Drag(-300);
+  EXPECT_EQ(oBar.Left(), 3000);
+  EXPECT_EQ(moLog.Take(), "pressed");
+  moSplit.DoSplit();  // by the window itself: no size below 0
+  EXPECT_EQ(Look(), "3000: 3000, 3060 0 0 2000");
 }
 
 TEST_F(CXSplitTest, AControlThatRoundsItsSizeKeepsItsFarEdge) {
   CXSplit oSplit;
   EXPECT_EQ(FailureOf([&] { oSplit.DoSplit(); }), 91);
-  EXPECT_EQ(FailureOf([&] { oSplit.Split(Bar(), SplitBar::Horizontal); }), 9);
+  EXPECT_EQ(FailureOf([&] { oSplit.Split(oBar, SplitBar::Horizontal); }), 9);
   oSplit.AddASide(moForm.txtB);
   oSplit.AddBSide(moForm.linB);
-  Bar().Move(3060, 2150, 2940, 60);
-  oSplit.Split(Bar(), SplitBar::Horizontal);
+  oBar.Move(3060, 2150, 2940, 60);
+  oSplit.Split(oBar, SplitBar::Horizontal);
   EXPECT_EQ(PlaceOf(moForm.txtB), "3060 0 2940 2150");
   EXPECT_EQ(PlaceOf(moForm.linB), "3060 2300 2940 3600");
 }

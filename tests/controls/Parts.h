@@ -5,6 +5,7 @@
 
 #include "ControlContainer.h"
 #include "Failure.h"
+#include "Line.h"
 
 template <class T>
 T& Part(const Forms::ControlContainer& oWhole, TextView sName, std::int32_t lIndex = -1) {
@@ -14,11 +15,10 @@ T& Part(const Forms::ControlContainer& oWhole, TextView sName, std::int32_t lInd
   throw Failure(340, u"There is no part " + Text(sName));
 }
 
-/// `left top width height`
-inline std::string PlaceOf(const Forms::Control& oControl) {
-  std::string sPlace;
-  for (const auto l : {oControl.Left(), oControl.Top(), oControl.Width(), oControl.Height()}) {
-    sPlace += (sPlace.empty() ? "" : " ") + std::to_string(l);
-  }
-  return sPlace;
+/// `left top width height`, of a line `x1 y1 x2 y2`.
+inline std::string PlaceOf(const Forms::Control& o) {
+  const auto* po = dynamic_cast<const Forms::Line*>(&o);
+  const Forms::Rect r = po ? Forms::Rect{po->X1(), po->Y1(), po->X2(), po->Y2()} : o.Bounds();
+  return std::to_string(r.lLeft) + " " + std::to_string(r.lTop) + " " + std::to_string(r.lWidth) +
+         " " + std::to_string(r.lHeight);
 }
