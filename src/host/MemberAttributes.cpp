@@ -110,7 +110,8 @@ bool MemberAttributes::IsBare(std::int32_t lMember) {
   if (moBare.lMember == lMember && moBare.lVersion == moLines.Version()) return moBare.bBare;
   moBare = {lMember, moLines.Version(), false};
   std::size_t lGet = 0;
-  for (std::int32_t l : moIndex.DeclarationLines(lMember, lGet)) {
+  for (const ProcIndex::Declaration& oDeclaration : moIndex.Declarations(lMember, lGet)) {
+    std::int32_t l = oDeclaration.lLine;
     while (!moLines.At(l).bTail && l < moLines.Count() &&
            ContinuationMark(moLines.TextOf(l)) != std::string_view::npos) {
       ++l;
@@ -123,9 +124,8 @@ bool MemberAttributes::IsBare(std::int32_t lMember) {
 void MemberAttributes::LookAtCarriers() {
   moFound.oCarriers.clear();
   LexicalScan& oScan = moIndex.Scan();
-  for (const std::int32_t lLine : moIndex.DeclarationLines(moFound.lMember, moFound.lPreferred)) {
+  for (const auto& [lLine, nKind] : moIndex.Declarations(moFound.lMember, moFound.lPreferred)) {
     oScan.Start(lLine);
-    const ProcKind nKind = oScan.NextStatement() ? ReadStatement(oScan).nProcKind : 0;
     moFound.oCarriers.push_back({oScan.LastLine(), nKind});
   }
 }

@@ -280,11 +280,16 @@ std::int32_t ProcIndex::FindMember(TextView sName, std::uint32_t lHash, int nTyp
   return -1;
 }
 
+// A caller asks for the start, the head and the length of one procedure behind one another.
 std::int32_t ProcIndex::Find(TextView sName, ProcKind nKind) {
   Update();
   if (nKind < 0 || nKind > 3) return 0;
-  const std::int32_t lMember = FindMember(sName, HashOf(sName), nKind == 0 ? 1 : 2);
-  return lMember < 0 ? 0 : moMembers[Index(lMember)].alScope[nKind];
+  if (moLast.lVersion != mlMembersVersion || !Same(moLast.sName, sName) ||
+      moLast.bProperty != (nKind != 0)) {
+    const std::int32_t lMember = FindMember(sName, HashOf(sName), nKind == 0 ? 1 : 2);
+    moLast = {Text(sName), lMember, mlMembersVersion, nKind != 0};
+  }
+  return moLast.lMember < 0 ? 0 : moMembers[Index(moLast.lMember)].alScope[nKind];
 }
 
 bool ProcIndex::IsDeclare(TextView sName) {
@@ -322,7 +327,7 @@ SourceDocument::MemberInfo ProcIndex::MemberAt(std::int32_t lMember) {
   std::size_t lGet = 0;
   const Member& o = moMembers[Index(lMember) - 1];
   return {Text(NameOf(o)), o.nType, static_cast<std::int32_t>(o.eAccess),
-          DeclarationLines(lMember, lGet).front()};
+          Declarations(lMember, lGet).front().lLine};
 }
 
 bool ProcIndex::IsMember(std::int32_t lMember, TextView sName, std::int32_t nType) {
@@ -331,18 +336,21 @@ bool ProcIndex::IsMember(std::int32_t lMember, TextView sName, std::int32_t nTyp
   return o.nType == nType && Same(NameOf(o), sName);
 }
 
-std::vector<std::int32_t> ProcIndex::DeclarationLines(std::int32_t lMember, std::size_t& lGet) {
+std::vector<ProcIndex::Declaration> ProcIndex::Declarations(std::int32_t lMember,
+                                                            std::size_t& lGet) {
   Update();
   lGet = 0;
   const Member& o = moMembers[Index(lMember) - 1];
-  std::vector<std::int32_t> oScopes;
-  for (const std::int32_t lScope : o.alScope) {
-    if (lScope > 0) oScopes.push_back(lScope);
+  std::vector<Declaration> oFound;
+  for (ProcKind nKind = 0; nKind < 4; ++nKind) {
+    const std::int32_t lScope = o.alScope[nKind];
+    if (lScope > 0) oFound.push_back({BodyLine(lScope), nKind});
   }
-  if (oScopes.empty()) return {Start(o.lScope) + o.lLine};
-  std::sort(oScopes.begin(), oScopes.end());
-  const auto pGet = std::find(oScopes.begin(), oScopes.end(), o.alScope[3]);
-  if (pGet != oScopes.end()) lGet = Index(static_cast<std::int32_t>(pGet - oScopes.begin()));
-  for (std::int32_t& l : oScopes) l = BodyLine(l);
-  return oScopes;
+  if (oFound.empty()) return {{Start(o.lScope) + o.lLine, 0}};
+  std::sort(oFound.begin(), oFound.end(),
+            [](const Declaration& a, const Declaration& b) { return a.lLine < b.lLine; });
+  for (std::size_t l = 0; l < oFound.size(); ++l) {
+    if (oFound[l].nKind == 3) lGet = l;
+  }
+  return oFound;
 }

@@ -39,9 +39,13 @@ class ProcIndex {
   /// lMember from 1.
   SourceDocument::MemberInfo MemberAt(std::int32_t lMember);
   bool IsMember(std::int32_t lMember, TextView sName, std::int32_t nType);
-  /// Lines on which the member is declared, in file order: of a property one for each accessor.
+  struct Declaration {
+    std::int32_t lLine = 0;
+    ProcKind nKind = 0;
+  };
+  /// Where the member is declared, in file order: of a property one for each accessor.
   /// lGet: index in the result of the Property Get, or 0.
-  std::vector<std::int32_t> DeclarationLines(std::int32_t lMember, std::size_t& lGet);
+  std::vector<Declaration> Declarations(std::int32_t lMember, std::size_t& lGet);
   LexicalScan& Scan() { return moScan; }
 
  private:
@@ -107,6 +111,12 @@ class ProcIndex {
   std::int32_t mlDirty = -1;
   int mnEdits = 0;  // that made mlDirty dirty
   std::uint32_t mlMembersVersion = 1;
+  struct {
+    Text sName;
+    std::int32_t lMember = -1;
+    std::uint32_t lVersion = 0;
+    bool bProperty = false;
+  } moLast;  // what Find found last
   bool mbAllDirty = true;
   bool mbFaulty = false;  // heads and ends don't pair
 };

@@ -41,15 +41,25 @@ bool IsEndStatement(TextView sStatement, TextView sLowerType) {
   return TrimWhite(sRest) == sLowerType;
 }
 
+/// False for nearly every line: no statement of it begins with End, literals and comments included.
+bool MayHoldEnd(TextView sFolded) {
+  const auto IsEnd = [](TextView sStatement) {
+    while (!sStatement.empty() && IsWhite(sStatement.front())) sStatement.remove_prefix(1);
+    return sStatement.size() > 3 && sStatement.starts_with(u"end") && IsWhite(sStatement[3]);
+  };
+  TextView sRest = sFolded;
+  while (!sRest.empty() && sRest.front() >= u'0' && sRest.front() <= u'9') sRest.remove_prefix(1);
+  for (std::size_t lColon = 0; !IsEnd(sRest); sRest.remove_prefix(lColon + 1)) {
+    lColon = FindUnit(sRest, u':');
+    if (lColon == TextView::npos) return false;
+  }
+  return true;
+}
+
 /// True when a folded line holds the end in a form that isn't a line of its own: behind a label,
 /// a line number or a colon, or with a comment or statement behind it.
 bool HoldsEnd(TextView sFolded, TextView sLowerType) {
-  // The end begins the line, stands behind a number or behind a colon.
-  if (sFolded.empty()) return false;
-  const char16_t cFirst = sFolded.front();
-  const bool bMayBegin = cFirst == u'e' || cFirst == u'\t' || (cFirst >= u'0' && cFirst <= u'9');
-  if (!bMayBegin && FindUnit(sFolded, u':') == TextView::npos) return false;
-  if (sFolded.find(u"end") == TextView::npos) return false;
+  if (!MayHoldEnd(sFolded)) return false;
   const Text sMasked = MXStringVB::MaskVBLiterals(sFolded.substr(0, CommentStart(sFolded)), u"x");
   TextView sRest = sMasked;
   while (!sRest.empty() && sRest.front() >= u'0' && sRest.front() <= u'9') sRest.remove_prefix(1);
@@ -100,12 +110,13 @@ bool IsBalanced(const ProcText& oProc, std::size_t lFirst, std::size_t lLast) {
   return nDepth == 0;
 }
 
-/// Lower-cases a text. Blocks without a branch and of one width of units: the compiler makes vectors
-/// of them; the few blocks that hold more than ASCII are gone through again.
+/// Lower-cases a text. Blocks without a branch and of one width of units: the compiler makes
+/// vectors of them; the few blocks that hold more than ASCII are gone through again.
 void LowerAll(Text& sText) {
   constexpr std::size_t Block = 64;
   for (std::size_t lStart = 0; lStart < sText.size(); lStart += Block) {
-    const std::span oBlock = std::span(sText).subspan(lStart, std::min(Block, sText.size() - lStart));
+    const std::span oBlock =
+        std::span(sText).subspan(lStart, std::min(Block, sText.size() - lStart));
     std::uint16_t nSeen = 0;
     for (char16_t& c : oBlock) {
       nSeen = static_cast<std::uint16_t>(nSeen | c);
@@ -206,8 +217,8 @@ ProcText::ProcText(TextView sProcCode) : mlUnits(sProcCode.size()), msFolded(sPr
   }
   if (lDoubles == 0) return;
   for (Fold& oFold : moFolds) {
-    oFold.lLength = static_cast<std::uint32_t>(
-        CollapseBlanks(msFolded.data() + oFold.lStart, oFold.lLength));
+    oFold.lLength =
+        static_cast<std::uint32_t>(CollapseBlanks(msFolded.data() + oFold.lStart, oFold.lLength));
   }
 }
 

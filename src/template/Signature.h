@@ -57,6 +57,6 @@ class Signature {
   const LineRow* mpFirst = nullptr;
   std::vector<Row> moRows;
   std::array<bool, 0x80> mabBegin{};  ///< by the first units of patterns that begin plainly
-  bool mbAnyBegin = false;  ///< a pattern begins with something else
-  bool mbComments = false;  ///< all patterns begin with an apostrophe
+  bool mbAnyBegin = false;            ///< a pattern begins with something else
+  bool mbComments = false;            ///< all patterns begin with an apostrophe
 };
