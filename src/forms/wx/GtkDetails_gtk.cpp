@@ -26,6 +26,7 @@ constexpr char CompactStyle[] =
     "checkbutton, radiobutton { padding: 0; margin: 0; }"
     "checkbutton check, radiobutton radio { margin: 0 3px 0 0; }"
     "menubar > menuitem { min-height: 0; padding: 2px 7px; }"
+    "scrolledwindow undershoot { background: none; }"
     "menu menuitem { min-height: 0; padding: 3px 6px; }";
 
 GtkWindow* NativeWindow(const wxTopLevelWindow& o) {
@@ -45,6 +46,8 @@ void MakeCompact() {
   gtk_style_context_add_provider_for_screen(gdk_screen_get_default(), GTK_STYLE_PROVIDER(poStyle),
                                             GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
   g_object_unref(poStyle);
+  // Bars that hide until the mouse comes near tell nobody that there is more to see.
+  g_object_set(gtk_settings_get_default(), "gtk-overlay-scrolling", FALSE, nullptr);
 }
 
 void SetOwner(wxTopLevelWindow& oAbove, wxTopLevelWindow* poOwner) {

@@ -39,8 +39,12 @@ const SystemRow SystemRows[] = {
     {SystemColor::InfoBackground, wxSYS_COLOUR_INFOBK},
 };
 
+/// The list of faces is asked for once: it takes longer than all the rest of making a font.
 bool IsInstalled(const wxString& sFace) {
-  return wxFontEnumerator::IsValidFacename(sFace);
+  static std::map<wxString, bool> oKnown;
+  const auto [it, bNew] = oKnown.try_emplace(sFace, false);
+  if (bNew) it->second = wxFontEnumerator::IsValidFacename(sFace);
+  return it->second;
 }
 
 /// The system's font that takes the place of a face; wxSYS_ANSI_VAR_FONT for none.
@@ -53,19 +57,19 @@ wxSystemFont RoleOf(TextView sName) {
 }  // namespace
 
 wxFont NativeFont(const FontSpec& oFont) {
-  wxString sFace = ToWx(oFont.sName);
+  wxFontInfo oInfo(oFont.dSize);
+  oInfo.Bold(oFont.bBold).Italic(oFont.bItalic);
+  oInfo.Underlined(oFont.bUnderline).Strikethrough(oFont.bStrikethrough);
+  const wxString sFace = ToWx(oFont.sName);
   const wxSystemFont eRole = RoleOf(oFont.sName);
-  if (eRole != wxSYS_ANSI_VAR_FONT && !IsInstalled(sFace)) {
-    sFace = wxSystemSettings::GetFont(eRole).GetFaceName();
+  if (IsInstalled(sFace)) {
+    oInfo.FaceName(sFace);
+  } else if (eRole == wxSYS_DEFAULT_GUI_FONT) {
+    oInfo.FaceName(wxSystemSettings::GetFont(eRole).GetFaceName());
+  } else if (eRole == wxSYS_ANSI_FIXED_FONT) {
+    oInfo.Family(wxFONTFAMILY_TELETYPE);
   }
-  return wxFont(
-      wxFontInfo(oFont.dSize)
-          .FaceName(sFace)
-          .Family(eRole == wxSYS_ANSI_FIXED_FONT ? wxFONTFAMILY_TELETYPE : wxFONTFAMILY_DEFAULT)
-          .Bold(oFont.bBold)
-          .Italic(oFont.bItalic)
-          .Underlined(oFont.bUnderline)
-          .Strikethrough(oFont.bStrikethrough));
+  return wxFont(oInfo);
 }
 
 bool HasNativeFont(TextView sName) {

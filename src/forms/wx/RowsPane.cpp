@@ -9,7 +9,7 @@ namespace Forms {
 RowsPane::RowsPane(wxWindow* poParent, IRows& oRows) : mpoRows(&oRows) {
   SetBackgroundStyle(wxBG_STYLE_PAINT);
   Create(poParent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-         wxBORDER_SIMPLE | wxVSCROLL | wxHSCROLL | wxWANTS_CHARS | wxFULL_REPAINT_ON_RESIZE);
+         wxBORDER_NONE | wxVSCROLL | wxHSCROLL | wxWANTS_CHARS | wxFULL_REPAINT_ON_RESIZE);
   Bind(wxEVT_PAINT, &RowsPane::OnPaint, this);
   Bind(wxEVT_MOUSEWHEEL, &RowsPane::OnWheel, this);
   for (const auto& oTag :
@@ -48,8 +48,8 @@ void RowsPane::SetBars() {
   const int nRows = mpoRows->RowCount(), nWidth = mpoRows->RowsWidth();
   mnTop = std::clamp(mnTop, 0, std::max(0, nRows - PageRows()));
   mnLeft = std::clamp(mnLeft, 0, std::max(0, nWidth - GetClientSize().x));
-  SetScrollbar(wxVERTICAL, mnTop, PageRows(), nRows);
-  SetScrollbar(wxHORIZONTAL, mnLeft, GetClientSize().x, nWidth);
+  SetScrollbar(wxVERTICAL, mnTop, PageRows(), std::max(nRows, PageRows()));
+  SetScrollbar(wxHORIZONTAL, mnLeft, GetClientSize().x, std::max(nWidth, GetClientSize().x));
 }
 
 void RowsPane::GoTo(int nTop, int nLeft) {

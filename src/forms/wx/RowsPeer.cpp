@@ -8,7 +8,6 @@
 #include "ImageList.h"
 #include "MouseFeed.h"
 #include "NativeLook.h"
-#include "Surface.h"
 #include "WxRenderer.h"
 
 namespace Forms {
@@ -36,7 +35,11 @@ void RowsPeer::UseKey(const Stroke& oStroke) {
   if (RowCount() > 0) GoToRow(nGoal, oStroke.nShift);
 }
 
-void RowsPeer::InsertCharacter(std::int32_t) {}
+void RowsPeer::Draw(wxDC& oDC) {
+  oDC.SetPen(wxPen(NativeColor(SystemColor::ButtonShadow)));
+  oDC.SetBrush(*wxTRANSPARENT_BRUSH);
+  oDC.DrawRectangle(Place());
+}
 
 void RowsPeer::OnMouse(wxMouseEvent& oEvent) {
   WxRenderer& oRenderer = moRenderer;  // outlives the peer, which a handler may end
@@ -63,6 +66,7 @@ void RowsPeer::OnMouse(wxMouseEvent& oEvent) {
 
 void RowsPeer::Apply(const Changes& oChanges) {
   ControlPeer::Apply(oChanges);
+  if (oChanges.Has(Property::Bounds) || oChanges.Has(Property::Visible)) Ground().Refresh();
   if (oChanges.Has(Property::Colors)) {
     moPane.SetBackgroundColour(NativeColor(moControl.BackColor()));
   }

@@ -4,12 +4,13 @@
 
 #include "ControlPeer.h"
 #include "RowsPane.h"
+#include "Surface.h"
 
 namespace Forms {
 
 class ImageList;
 
-class RowsPeer : public ControlPeer, public IRows {
+class RowsPeer : public ControlPeer, public IRows, public ILightPeer {
  public:
   RowsPeer(WxRenderer& oRenderer, Control& oControl);
   ~RowsPeer() override;
@@ -17,8 +18,11 @@ class RowsPeer : public ControlPeer, public IRows {
   void UseKey(const Stroke& oStroke) override;
   void OnMouse(wxMouseEvent& oEvent) override;
   int RowsWidth() const override { return 0; }
+  /// The line around the window, which is as fine as those of native fields.
+  void Draw(wxDC& oDC) override;
 
  protected:
+  wxRect NativePlace() const override { return Place().Deflate(1); }
   /// The left or right button went down on a row; RowCount for the empty area below.
   virtual void PressRow(int nRow, const wxMouseEvent& oEvent) = 0;
   virtual void DoubleRow(int /*nRow*/) { moControl.UserDblClick(); }
@@ -34,7 +38,6 @@ class RowsPeer : public ControlPeer, public IRows {
   virtual int RowSpace() const { return 2; }
 
   void Apply(const Changes& oChanges) override;
-  void InsertCharacter(std::int32_t nCharacter) override;
   RowsPane& Pane() const { return moPane; }
   /// Fills a row's ground and sets the colour of its text.
   void DrawRowGround(wxDC& oDC, const wxRect& oRect, bool bSelected) const;
