@@ -57,26 +57,21 @@ TEST_F(CXListViewTest, WidthsComeFromTheStoreTheCallerOrTheList) {
 }
 
 TEST_F(CXListViewTest, WidthsThatTheUserMadeReturn) {
-  moList.AddHeading(u"Name", 1000);
-  moList.ClearRows();
-  EXPECT_FALSE(RegValueExists(mhKey, u"ColWidth1"));  // no layout yet
-  moList.SetLayout(u"List");
-  lvw.UserColumnWidth(1, 444);
-  moList.ClearRows();
-  Column(1).SetWidth(50);
-  moList.SetLayout(u"List");
-  EXPECT_EQ(Column(1).Width(), 444);
-}
-
-TEST_F(CXListViewTest, SharesOfTheWidth) {
   moList.ResizeColumns();  // no columns
   for (std::int32_t i = 0; i < 4; ++i) moList.AddHeading(u"x", 100);
   moList.ResizeColumns();
   EXPECT_EQ(Column(4).Width(), 450);
+  moList.ClearRows();
+  EXPECT_FALSE(RegValueExists(mhKey, u"ColWidth4"));  // no layout yet
+  moList.SetLayout(u"List");
+  lvw.UserColumnWidth(4, 444);
+  moList.ClearRows();
   lvw.SetWidth(1000);
   moList.ResizeColumns();
   moList.SetWidths({0, 11, 22});
-  EXPECT_EQ(Column(2).Width() + Column(3).Width(), 22);
+  EXPECT_EQ(Column(2).Width() + Column(4).Width(), 22);
+  moList.SetLayout(u"List");
+  EXPECT_EQ(Column(4).Width(), 444);
 }
 
 TEST_F(CXListViewTest, RowsFromTexts) {

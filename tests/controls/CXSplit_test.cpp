@@ -14,11 +14,8 @@ namespace {
 using namespace Forms;
 
 /// Holds whole lines of 200 twips, as some lists do.
-class LineBox : public TextBox {
- public:
+struct LineBox : TextBox {
   using TextBox::TextBox;
-
- private:
   void ChangeBounds(const Rect& o) override {
     TextBox::ChangeBounds({o.lLeft, o.lTop, o.lWidth, o.lHeight - o.lHeight % 200});
   }

@@ -49,7 +49,6 @@ class PropertyListTest : public FormsTest {
   std::string Tips() {
     return ToUtf8(Get(u"lblTip", 1).Caption() + u"|" + Get(u"lblTip", 2).Caption());
   }
-  std::string Frames() { return PlaceOf(Get(u"lblTip", 0)) + ", " + PlaceOf(Get(u"lblTip", 2)); }
   static void Press(Control& o, std::int32_t nButton = Button::Left) {
     o.UserMouseDown(nButton, 0, 15, 15);
   }
@@ -67,21 +66,22 @@ TEST_F(PropertyListTest, PlacesFollowNamesAndSize) {
   EXPECT_EQ(PlaceOf(Get(u"lblTip", 0)), "30 45 5940 2925");
   EXPECT_FALSE(Get<Line>(u"linVert").Visible());
   Fill();
-  EXPECT_EQ(PlaceOf(Get(u"lblName", 1)), "30 45 780 240");
   EXPECT_TRUE(Get(u"lblName", 1).Font().bBold && !Get(u"lblName", 2).Font().bBold);
-  EXPECT_EQ(PlaceOf(Value(2)), "840 300 5130 240");
-  EXPECT_EQ(PlaceOf(Get<Line>(u"linHorz", 2)), "0 525 6000 525");
-  EXPECT_EQ(PlaceOf(Get<Line>(u"linVert")), "810 0 810 1290");
-  EXPECT_EQ(PlaceOf(Arrow()), "5715 -1000 255 240");
-  EXPECT_EQ(Frames(), "30 1320 5940 1650, 45 1575 5910 1395");
-  oSheet.Move(0, 0, 3000, 1400);
-  EXPECT_EQ(PlaceOf(Value(2)), "840 300 2130 240");
-  EXPECT_EQ(PlaceOf(Get<Line>(u"linHorz", 2)), "0 525 3000 525");
-  EXPECT_EQ(Arrow().Left(), 2715);
-  EXPECT_EQ(Frames(), "30 1320 2940 50, 45 1575 2910 0");
+  const struct {
+    TextView sPart;
+    std::int32_t lIndex;
+    const char *sPlace, *sNarrow;
+  } aoRow[] = {{u"lblName", 1, "30 45 780 240", "30 45 780 240"},
+               {u"lblValue", 2, "840 300 5130 240", "840 300 300 240"},
+               {u"lblNote", 2, "1840 300 1500 240", "1840 300 1500 240"},
+               {u"linHorz", 2, "0 525 6000 525", "0 525 15 525"},
+               {u"linVert", -1, "810 0 810 1290", "810 0 810 1290"},
+               {u"cmdPopup", -1, "5715 -1000 255 240", "885 -1000 255 240"},
+               {u"lblTip", 0, "30 1320 5940 1650", "30 1320 0 0"},
+               {u"lblTip", 2, "45 1575 5910 1395", "45 1575 0 0"}};
+  for (const auto& o : aoRow) EXPECT_EQ(PlaceOf(Get<Control>(o.sPart, o.lIndex)), o.sPlace);
   oSheet.Move(0, 0, 15, 15);  // narrower than the names
-  EXPECT_EQ(Value(2).Width(), 300);
-  EXPECT_EQ(Frames(), "30 1320 0 0, 45 1575 0 0");
+  for (const auto& o : aoRow) EXPECT_EQ(PlaceOf(Get<Control>(o.sPart, o.lIndex)), o.sNarrow);
   oSheet.ShowProperties();
   EXPECT_EQ(Value(2).Width(), 0);
   EXPECT_EQ(moToolkit.LockedControl(), nullptr);
