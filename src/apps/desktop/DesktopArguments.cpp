@@ -53,7 +53,7 @@ std::optional<int> ReadDesktopArguments(int argc, char** argv, DesktopArguments&
   oApp.add_option("--template", oArguments.sTemplateFile,
                   "Template file (else the one that was used last)")
       ->type_name("FILE")
-      ->check(CLI::ExistingFile);
+      ->check(CLI::Validator(CLI::ExistingFile).description(""));
   oApp.add_option("--log", oArguments.sLogFile, "Log failures to this file")->type_name("FILE");
   try {
     oApp.parse(WithoutTrace(argc, argv));

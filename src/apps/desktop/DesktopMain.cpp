@@ -1,100 +1,15 @@
-// The windowed program: settings, the window system, the add-in's start-up, the stand-in IDE.
-#include <algorithm>
+// The windowed program: its arguments and settings, and the window system.
 #include <cstdio>
-#include <filesystem>
 
-#include "CXChooseFile.h"
-#include "CXRecent.h"
-#include "CodePage.h"
-#include "Connect.h"
 #include "Desktop.h"
-#include "DesktopArguments.h"
-#include "FIDE.h"
-#include "FMain.h"
-#include "IErrorRuntime.h"
-#include "MStartUp.h"
-#include "Pictures.h"
-#include "Printers.h"
-#include "RegistryStore.h"
+#include "DesktopProgram.h"
 
 namespace {
-
-constexpr std::size_t lProblemsShown = 12;
-
-/// Where help and the first template lie: the folder of the program itself, also when it is
-/// reached by a link.
-Text ProgramFolder() {
-  std::error_code oError;
-  const auto oProgram = std::filesystem::read_symlink("/proc/self/exe", oError);
-  return TextOfPath(oError ? "." : oProgram.parent_path().string());
-}
 
 Text CommandLine(int argc, char** argv) {
   Text sLine;
   for (int i = 0; i < argc; ++i) sLine += (i > 0 ? u" " : u"") + FromUtf8(argv[i]);
   return sLine;
-}
-
-std::string PictureBytes(const ButtonFaces& oFaces, TextView sKey, std::int32_t lPixels) {
-  const auto oDrawn = FindPicture(sKey, lPixels);
-  if (!oDrawn.empty()) return {reinterpret_cast<const char*>(oDrawn.data()), oDrawn.size()};
-  return oFaces.Find(sKey);
-}
-
-/// Where a printed document goes that no printer takes.
-Text AskPdfFile(Forms::Toolkit& oToolkit, TextView sTitle) {
-  CXChooseFile oChoose(oToolkit);
-  oChoose.Dialog = oToolkit.ActiveForm();
-  oChoose.Title = u"Print to File";
-  oChoose.FileName = Text(sTitle) + u".pdf";
-  oChoose.OFilters = {u"PDF Files (*.pdf) | *.pdf"};
-  return oChoose.Show(true) ? oChoose.FileName : Text();
-}
-
-void TellSettingsProblems(Forms::Toolkit& oToolkit, const RegistryStore& oStore) {
-  if (oStore.Problems().empty()) return;
-  Text sText =
-      u"Some lines of the settings file aren't understood. They are passed over, and stay "
-      u"as they are:\r\n\r\n" +
-      TextOfPath(oStore.Path());
-  const std::size_t lCount = oStore.Problems().size();
-  for (std::size_t i = 0; i < std::min(lCount, lProblemsShown); ++i) {
-    const RegistryStore::Problem& oProblem = oStore.Problems()[i];
-    sText +=
-        u"\r\nLine " + ToText(static_cast<long long>(oProblem.lLine)) + u": " + oProblem.sMessage;
-  }
-  if (lCount > lProblemsShown)
-    sText += u"\r\nand " + ToText(static_cast<long long>(lCount - lProblemsShown)) + u" more";
-  oToolkit.MsgBox(sText, Forms::MsgBoxButtons::OkOnly, Forms::MsgBoxIcon::Exclamation);
-}
-
-int RunIDE(Forms::Toolkit& oToolkit, const DesktopArguments& oArguments, ButtonFaces& oFaces) {
-  if (!oArguments.sTemplateFile.empty()) RecentFiles().Add(TextOfPath(oArguments.sTemplateFile));
-  Paper::Printers oPrinters([&](TextView sTitle) { return AskPdfFile(oToolkit, sTitle); });
-  FIDE oIDE(oToolkit, oFaces, [&] {
-    goError->SetEnding(false);  // an add-in that ended after a failure can be loaded again
-    return std::make_unique<Connect>(oToolkit, oPrinters);
-  });
-  oIDE.Start({TextOfPath(oArguments.sGroup), oArguments.nConnectMode});
-  Forms::RunForms(oToolkit);
-  return 0;
-}
-
-int RunProgram(Forms::Toolkit& oToolkit, const DesktopArguments& oArguments,
-               const RegistryStore& oStore, Text sCommandLine) {
-  ButtonFaces oFaces;
-  oToolkit.SetTitle(u"Tarvane Quillon");
-  oToolkit.SetPath(ProgramFolder());
-  oToolkit.SetHelpFile(u"Tarvane.htb");
-  oToolkit.SetPictures(
-      [&](TextView sKey, std::int32_t lPixels) { return PictureBytes(oFaces, sKey, lPixels); });
-  if (!MStartUp::Main(
-          {oToolkit, std::move(sCommandLine), oArguments.sLogFile, {u"FIDE", u"FSave"}, {}}))
-    return 1;
-  TellSettingsProblems(oToolkit, oStore);
-  const int nExit = RunIDE(oToolkit, oArguments, oFaces);
-  MStartUp::End();
-  return nExit;
 }
 
 int Main(int argc, char** argv) {
@@ -103,7 +18,7 @@ int Main(int argc, char** argv) {
   RegistryStore oStore(oArguments.oSettingsFile.value_or(DefaultSettingsPath()));
   goRegistry = &oStore;
   return Forms::RunDesktop([&](Forms::Toolkit& oToolkit) {
-    return RunProgram(oToolkit, oArguments, oStore, CommandLine(argc, argv));
+    return RunDesktopProgram(oToolkit, oArguments, oStore, CommandLine(argc, argv));
   });
 }
 

@@ -69,8 +69,10 @@ void ToolBars::Show(HostCommandBars& oBars) {
 void ToolBars::ShowButton(std::int32_t lElement, HostControl& oControl) {
   Forms::CommandButton& oButton = moButtons(lElement);
   const Text& sTip = oControl.TooltipText();
-  oButton.SetPicture(moFaces.KeyOf(oControl.Face()));
-  oButton.SetCaption(oControl.Caption().empty() ? sTip : oControl.Caption());
+  const Text sFace = moFaces.KeyOf(oControl.Face());
+  const Text& sWords = oControl.Caption().empty() ? sTip : oControl.Caption();
+  oButton.SetPicture(sFace);
+  oButton.SetCaption(sFace.empty() ? TextView(sWords) : TextView());
   oButton.SetToolTipText(sTip.empty() ? oControl.Caption() : sTip);
   oButton.SetVisible(true);
 }
