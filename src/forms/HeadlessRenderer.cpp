@@ -13,7 +13,7 @@ class HeadlessRenderer::Peer : public IPeer {
  public:
   Peer(HeadlessRenderer& oRenderer, Component& oComponent)
       : moRenderer(oRenderer), moComponent(oComponent) {
-    Changed(Property::Interval, 0);
+    if (oComponent.Kind() == ComponentKind::Timer) SetTimer();
   }
   ~Peer() override {
     moRenderer.moTimers.erase(mpoTimer);
