@@ -3,15 +3,15 @@
 
 #include <nlohmann/json.hpp>
 
-#include "Workplace.h"
+#include "WorkFolder.h"
 
 namespace {
 
 const std::string sSuggest = "apply -q --suggested --procedure Main Demo.vbg";
 
 TEST(Apply, WritesTheCodeThatWasAskedForAndTellsTheAccount) {
-  Workplace oPlace;
-  Workplace::Result oResult = oPlace.Run(
+  WorkFolder oPlace;
+  WorkFolder::Result oResult = oPlace.Run(
       "apply --set template=main --set BOUNDARY=vb --set Trace=True --component modMain Demo.vbg");
   EXPECT_EQ(oResult.nExit, 0);
   EXPECT_EQ(oResult.sOut, "");
@@ -19,15 +19,15 @@ TEST(Apply, WritesTheCodeThatWasAskedForAndTellsTheAccount) {
             "Processing modMain.Main\nProcessing modMain.Jumps\n"
             "2 Procedures Processed - No Failures\n1 file written\n");
   EXPECT_HOLDS(oPlace.Read("src/App/modMain.bas"),
-               Workplace::Dos("Public Sub Main()\n'Sign: Main\n    On Error GoTo Caught\n"
-                              "    Debug.Print \"Gr\xf6\xdf"
-                              "e\"\n    Exit Sub\nCaught:\n"
-                              "    Trap.Edge = tvnBoundaryVB\n    Trap.Traced\n"
-                              "    Trap.Caught \"modMain\", \"Main\"\nEnd Sub\n\n"));
+               WorkFolder::Dos("Public Sub Main()\n'Sign: Main\n    On Error GoTo Caught\n"
+                               "    Debug.Print \"Gr\xf6\xdf"
+                               "e\"\n    Exit Sub\nCaught:\n"
+                               "    Trap.Edge = tvnBoundaryVB\n    Trap.Traced\n"
+                               "    Trap.Caught \"modMain\", \"Main\"\nEnd Sub\n\n"));
 }
 
 TEST(Apply, SettingsComeAndGoWithoutATrace) {
-  Workplace oPlace;
+  WorkFolder oPlace;
   const auto oBefore = oPlace.Files();
   struct Row {
     const char *sName, *sLine;
@@ -52,7 +52,7 @@ TEST(Apply, SettingsComeAndGoWithoutATrace) {
        }) {
     SCOPED_TRACE(oRow.sName);
     const auto oEarlier = oPlace.Files();
-    Workplace::Result oResult = oPlace.Run(oRow.sLine);
+    WorkFolder::Result oResult = oPlace.Run(oRow.sLine);
     EXPECT_EQ(oResult.nExit, oRow.nExit) << oResult.sErr;
     EXPECT_EQ(oPlace.Files() != oEarlier, oRow.bChanges) << oResult.sErr;
   }
@@ -60,7 +60,7 @@ TEST(Apply, SettingsComeAndGoWithoutATrace) {
 }
 
 TEST(Apply, SaysAsMuchAsWasAskedFor) {
-  Workplace oPlace;
+  WorkFolder oPlace;
   ASSERT_EQ(oPlace.Run("apply -q --set Locked=True --procedure Count Demo.vbg").sErr, "");
   EXPECT_EQ(oPlace.Run("apply -n -q --suggested Demo.vbg").sErr, "");
   std::string sErr = oPlace.Run("apply -n -v --suggested Demo.vbg").sErr;
@@ -73,12 +73,12 @@ TEST(Apply, SaysAsMuchAsWasAskedFor) {
 TEST(Apply, DifferencesRebuildTheFilesByOtherPrograms) {
   for (const char* sTool : {"git apply --whitespace=nowarn", "patch -s --binary -p1"}) {
     SCOPED_TRACE(sTool);
-    Workplace oPlace;
+    WorkFolder oPlace;
     oPlace.Write("src/My App/mod \"x\".bas", "Public Sub Run()\nEnd Sub");
     oPlace.Write("src/My App/x.vbp", "Type=Exe\nModule=modX; mod \"x\".bas\n");
     const std::string sRun = "apply --suggested Demo.vbg 'My App' ";
     const auto oBefore = oPlace.Files();
-    Workplace::Result oResult =
+    WorkFolder::Result oResult =
         oPlace.Run(sRun + "-n --diff > ../io/all.diff && " + sTool + " < ../io/all.diff");
     ASSERT_EQ(oResult.nExit, 0) << oResult.sErr;
     const auto oPatched = oPlace.Files();
@@ -90,8 +90,8 @@ TEST(Apply, DifferencesRebuildTheFilesByOtherPrograms) {
 }
 
 TEST(Apply, DifferencesShowHunksAndTheMissingLineEnd) {
-  Workplace oPlace;
-  Workplace::Result oResult =
+  WorkFolder oPlace;
+  WorkFolder::Result oResult =
       oPlace.Run("apply -n --diff --color always --set Template=Odd --procedure Jumps Demo.vbg");
   EXPECT_EQ(oResult.sOut,
             "\x1b[1m--- a/App/modMain.bas\x1b[m\n\x1b[1m+++ b/App/modMain.bas\x1b[m\n"
@@ -105,7 +105,7 @@ TEST(Apply, DifferencesShowHunksAndTheMissingLineEnd) {
 
 // A module in which nearly every line changes takes no longer than its size asks for.
 TEST(Apply, DifferencesOfALongModuleAreWhole) {
-  Workplace oPlace;
+  WorkFolder oPlace;
   std::string sCode = "Attribute VB_Name = \"modLong\"\r\n";
   for (int i = 0; i < 40; ++i) {
     sCode += "Sub P" + std::to_string(i) + "()\r\n";
@@ -116,7 +116,7 @@ TEST(Apply, DifferencesOfALongModuleAreWhole) {
   oPlace.Write("src/App/Demo.vbp", "Type=Exe\nModule=modLong; long.bas\n");
   ASSERT_EQ(oPlace.Run(sSuggest + " --procedure 'P*'").nExit, 0);
   const std::string sBefore = oPlace.Read("src/App/long.bas");
-  Workplace::Result oResult = oPlace.Run("number -q --diff Demo.vbg");
+  WorkFolder::Result oResult = oPlace.Run("number -q --diff Demo.vbg");
   ASSERT_EQ(oResult.nExit, 0) << oResult.sErr;
   const std::string sAfter = oPlace.Read("src/App/long.bas");
   EXPECT_NE(sAfter, sBefore);
@@ -127,22 +127,22 @@ TEST(Apply, DifferencesOfALongModuleAreWhole) {
 }
 
 TEST(Apply, FilesThatCannotBeWrittenAreFailures) {
-  Workplace oPlace;
+  WorkFolder oPlace;
   const auto oBefore = oPlace.Files();
   chmod((oPlace.Folder() / "src/App/modMain.bas").c_str(), 0444);
   EXPECT_EQ(oPlace.Run("apply -v --suggested --component modMain Demo.vbg").nExit, 0);
   EXPECT_EQ(oPlace.Files(), oBefore) << "read-only files are passed over by the rule";
   ASSERT_EQ(oPlace.Run("rules set 'Skip ReadOnly=false'").nExit, 0);
-  Workplace::Result oResult = oPlace.Run(sSuggest);
+  WorkFolder::Result oResult = oPlace.Run(sSuggest);
   EXPECT_EQ(oResult.nExit, 1);
   EXPECT_HOLDS(oResult.sErr, std::string("App/modMain.bas: not written: "));
   EXPECT_EQ(oPlace.Files(), oBefore);
 }
 
 TEST(Check, TellsWhatWouldChangeAndWhatIsRefused) {
-  Workplace oPlace;
+  WorkFolder oPlace;
   ASSERT_EQ(oPlace.Run("rules set 'Line Number Action=0'").nExit, 0);
-  Workplace::Result oText = oPlace.Run("check --component modMain --type '[FS]*' Demo.vbg");
+  WorkFolder::Result oText = oPlace.Run("check --component modMain --type '[FS]*' Demo.vbg");
   EXPECT_EQ(oText.nExit, 1);
   const std::string sChange =
       ": Template (none) -> Main, Boundary unset -> None, Severity unset -> Normal, "
@@ -158,7 +158,7 @@ TEST(Check, TellsWhatWouldChangeAndWhatIsRefused) {
             "{\"from\":\"(none)\",\"property\":\"Template\",\"to\":\"Main\"}");
   EXPECT_EQ(oFindings[1]["kind"], "refused");
   EXPECT_EQ(oFindings[1]["line"], 9);
-  Workplace::Result oApply = oPlace.Run("apply -q --suggested --component modMain Demo.vbg");
+  WorkFolder::Result oApply = oPlace.Run("apply -q --suggested --component modMain Demo.vbg");
   EXPECT_EQ(oApply.nExit, 1);
   EXPECT_HOLDS(oApply.sErr, std::string("Processing modMain.Jumps\n    Line number 10"));
 }

@@ -1,15 +1,15 @@
 // list: its three forms and its scope.
 #include <nlohmann/json.hpp>
 
-#include "Workplace.h"
+#include "WorkFolder.h"
 
 namespace {
 
 using Json = nlohmann::json;
 
 TEST(List, ShowsARowPerProcedureInColumns) {
-  Workplace oPlace;
-  Workplace::Result oResult = oPlace.Run("list Demo.vbg");
+  WorkFolder oPlace;
+  WorkFolder::Result oResult = oPlace.Run("list Demo.vbg");
   EXPECT_EQ(oResult.nExit, 0);
   EXPECT_EQ(oResult.sErr, "");
   EXPECT_EQ(
@@ -24,7 +24,7 @@ TEST(List, ShowsARowPerProcedureInColumns) {
 }
 
 TEST(List, TakesTheScopeThatWasAskedFor) {
-  Workplace oPlace;
+  WorkFolder oPlace;
   const std::string sStart =
       "project,component,procedure,type,scope,template,locked,boundary,"
       "severity,retry,trace\n";
@@ -42,7 +42,7 @@ TEST(List, TakesTheScopeThatWasAskedFor) {
            Row{"nothing", "--project Other", ""},
        }) {
     SCOPED_TRACE(oRow.sName);
-    Workplace::Result oResult =
+    WorkFolder::Result oResult =
         oPlace.Run("-t TEMPLATE.DAT list --format csv " + std::string(oRow.sOptions) + " .");
     ASSERT_EQ(oResult.sOut.substr(0, sStart.size()), sStart) << oResult.sErr;
     std::string sNames;
@@ -58,17 +58,17 @@ TEST(List, TakesTheScopeThatWasAskedFor) {
 
 // A signature that names no template of the file is shown as it stands in the code.
 TEST(List, QuotesWhatCsvWouldBreak) {
-  Workplace oPlace;
+  WorkFolder oPlace;
   oPlace.Write("src/App/modMain.bas", "Sub Main()\r\n'Sign: a, \"b\"\r\nEnd Sub\r\n");
   EXPECT_HOLDS(oPlace.Run("list --format csv --procedure Main Demo.vbg").sOut,
                std::string("\nDemo,modMain,Main,Sub,Public,\"[a, \"\"b\"\"]\",False,,,,\n"));
 }
 
 TEST(List, JsonTellsPlacesSuggestionsAndLoadFailures) {
-  Workplace oPlace;
+  WorkFolder oPlace;
   oPlace.Write("src/App/Demo.vbp",
                oPlace.Read("src/App/Demo.vbp") + "Module=modGone; gone.bas\r\n");
-  Workplace::Result oResult = oPlace.Run("list --suggested --format json Demo.vbg");
+  WorkFolder::Result oResult = oPlace.Run("list --suggested --format json Demo.vbg");
   EXPECT_EQ(oResult.nExit, 0);
   EXPECT_HOLDS(oResult.sErr, std::string("gone.bas"));
   Json oList = Json::parse(oResult.sOut);

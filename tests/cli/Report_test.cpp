@@ -2,13 +2,13 @@
 #include <cstdlib>
 #include <regex>
 
-#include "Workplace.h"
+#include "WorkFolder.h"
 
 namespace {
 
 /// A group whose files and reports are of one moment, the paper A4.
 struct Report : testing::Test {
-  Workplace oPlace;
+  WorkFolder oPlace;
   Report() {
     for (const auto& [sName, sValue] :
          {std::pair{"SOURCE_DATE_EPOCH", "1717609509"}, {"TZ", "UTC"}, {"LC_ALL", "C.UTF-8"}})
@@ -20,7 +20,7 @@ struct Report : testing::Test {
   ~Report() override { unsetenv("SOURCE_DATE_EPOCH"); }
 
   /// The program's text without the test's folder; of a long one the program leaves out folders.
-  static std::string Shown(const Workplace::Result& oResult) {
+  static std::string Shown(const WorkFolder::Result& oResult) {
     static const std::regex oFolder("/[^ ]*/src/");
     EXPECT_EQ(oResult.nExit, 0) << oResult.sErr;
     return std::regex_replace(oResult.sOut, oFolder, "src/");
@@ -64,10 +64,10 @@ Procedure Properties                                                 Page 1     
 }
 
 TEST_F(Report, PdfHoldsADocumentPerProjectAndIsTheSameEachTime) {
-  oPlace.Write("src/App/Other.vbp", Workplace::Dos("Type=OleDll\nModule=modMain; modMain.bas\n"
-                                                   "Name=\"Other\"\n"));
-  oPlace.Write("src/Demo.vbg", Workplace::Dos("VBGROUP 5.0\nStartupProject=App\\Demo.vbp\n"
-                                              "Project=App\\Other.vbp\n"));
+  oPlace.Write("src/App/Other.vbp", WorkFolder::Dos("Type=OleDll\nModule=modMain; modMain.bas\n"
+                                                    "Name=\"Other\"\n"));
+  oPlace.Write("src/Demo.vbg", WorkFolder::Dos("VBGROUP 5.0\nStartupProject=App\\Demo.vbp\n"
+                                               "Project=App\\Other.vbp\n"));
   EXPECT_EQ(Shown(oPlace.Run("report properties --pdf a.pdf Demo.vbg")), "");
   const std::string sText = PdfText("a.pdf");
   for (const char* sPart :
@@ -82,7 +82,7 @@ TEST_F(Report, PdfHoldsADocumentPerProjectAndIsTheSameEachTime) {
 
 TEST_F(Report, RefusesWhatCantBePrintedAndTellsWhatCantBeRead) {
   oPlace.Write("src/Gone.vbp",
-               Workplace::Dos("Type=Exe\nModule=modGone; gone.bas\nName=\"Gone\"\n"));
+               WorkFolder::Dos("Type=Exe\nModule=modGone; gone.bas\nName=\"Gone\"\n"));
   struct Row {
     const char *sName, *sLine;
     int nExit;
@@ -102,7 +102,7 @@ TEST_F(Report, RefusesWhatCantBePrintedAndTellsWhatCantBeRead) {
            Row{"a summary needs no code", "report summary -t TEMPLATE.DAT Gone.vbp", 0, "gone.bas"},
        }) {
     SCOPED_TRACE(oRow.sName);
-    const Workplace::Result oResult = oPlace.Run(oRow.sLine);
+    const WorkFolder::Result oResult = oPlace.Run(oRow.sLine);
     EXPECT_EQ(oResult.nExit, oRow.nExit) << oResult.sErr;
     EXPECT_HOLDS(oResult.sErr, oRow.sErr);
   }

@@ -1,14 +1,14 @@
 // template, text and rules: the commands that need no project.
 #include <nlohmann/json.hpp>
 
-#include "Workplace.h"
+#include "WorkFolder.h"
 
 namespace {
 
 using Json = nlohmann::json;
 
 TEST(Template, CheckAndListTellAboutAFile) {
-  Workplace oPlace;
+  WorkFolder oPlace;
   oPlace.Write("src/lost.dat",
                oPlace.Read("src/TEMPLATE.DAT") +
                    "<#Template name=Lost type=procedure>\r\n<#Start>\r\n"
@@ -30,14 +30,14 @@ TEST(Template, CheckAndListTellAboutAFile) {
            Row{"missing", "template list none.dat", 2, ""},
        }) {
     SCOPED_TRACE(oRow.sName);
-    Workplace::Result oResult = oPlace.Run(oRow.sLine);
+    WorkFolder::Result oResult = oPlace.Run(oRow.sLine);
     EXPECT_EQ(oResult.nExit, oRow.nExit) << oResult.sErr;
     EXPECT_HOLDS(oResult.sOut, oRow.sOut);
   }
 }
 
 TEST(Text, AnswersEachRequestInItsOrder) {
-  Workplace oPlace;
+  WorkFolder oPlace;
   struct Row {
     const char *sName, *sOp, *sRequest, *sExpected;
     int nExit = 0;
@@ -77,7 +77,7 @@ TEST(Text, AnswersEachRequestInItsOrder) {
     SCOPED_TRACE(oRow.sName);
     std::string sRequest = oRow.sRequest;
     std::erase(sRequest, '\n');
-    Workplace::Result oResult =
+    WorkFolder::Result oResult =
         oPlace.Run(std::string("text -t TEMPLATE.DAT ") + oRow.sOp, sRequest + "\n\n" + sRequest);
     EXPECT_EQ(oResult.nExit, oRow.nExit) << oResult.sErr;
     std::istringstream oLines(oResult.sOut);
@@ -93,8 +93,8 @@ TEST(Text, AnswersEachRequestInItsOrder) {
 }
 
 TEST(Text, SurvivesALineThatIsNestedAMillionTimes) {
-  Workplace oPlace;
-  Workplace::Result oResult =
+  WorkFolder oPlace;
+  WorkFolder::Result oResult =
       oPlace.Run("text number", R"({"before": "", "x": )" + std::string(1'000'000, '[') +
                                     std::string(1'000'000, ']') + "}\n{\"before\": \"a\"}\n");
   EXPECT_EQ(oResult.nExit, 2);
@@ -102,7 +102,7 @@ TEST(Text, SurvivesALineThatIsNestedAMillionTimes) {
 }
 
 TEST(Rules, AreKeptInTheFileThatWasNamed) {
-  Workplace oPlace;
+  WorkFolder oPlace;
   const std::string sFile = " --settings ../io/team.reg";
   oPlace.Write("io/team.reg",
                "Windows Registry Editor Version 5.00\r\n\r\n"

@@ -1,5 +1,5 @@
 // What is refused before anything is changed, and what the program does with bad surroundings.
-#include "Workplace.h"
+#include "WorkFolder.h"
 
 namespace {
 
@@ -10,7 +10,7 @@ struct Row {
   std::string sOut, sErr;
 };
 
-void PrepareFaults(Workplace& oPlace) {
+void PrepareFaults(WorkFolder& oPlace) {
   oPlace.Write("src/empty/readme.txt", "no project here");
   oPlace.Write("src/Nothing.vbg", "VBGROUP 5.0\r\n");
   oPlace.Write("io/bad.dat", "<#Template name=X type=what>\r\n<#Stop>\r\n");
@@ -18,7 +18,7 @@ void PrepareFaults(Workplace& oPlace) {
 }
 
 TEST(Usage, WrongUsageAndBadInputAreToldAndChangeNothing) {
-  Workplace oPlace;
+  WorkFolder oPlace;
   PrepareFaults(oPlace);
   const auto oBefore = oPlace.Files();
   const std::string s;
@@ -60,7 +60,7 @@ TEST(Usage, WrongUsageAndBadInputAreToldAndChangeNothing) {
                "no file was changed"},
        }) {
     SCOPED_TRACE(oRow.sName);
-    Workplace::Result oResult = oPlace.Run(oRow.sLine);
+    WorkFolder::Result oResult = oPlace.Run(oRow.sLine);
     EXPECT_EQ(oResult.nExit, oRow.nExit) << oResult.sErr;
     EXPECT_HOLDS(oResult.sOut, oRow.sOut);
     EXPECT_HOLDS(oResult.sErr, oRow.sErr);

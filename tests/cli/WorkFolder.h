@@ -11,20 +11,20 @@
 #include <map>
 #include <string>
 
-class Workplace {
+class WorkFolder {
  public:
   struct Result {
     int nExit = -1;
     std::string sOut, sErr;
   };
 
-  Workplace() {
+  WorkFolder() {
     std::string sName = (std::filesystem::temp_directory_path() / "quillon-cli-XXXXXX").string();
     moFolder = mkdtemp(sName.data());
     std::filesystem::create_directories(moFolder / "io");
     WriteGroup();
   }
-  ~Workplace() { std::filesystem::remove_all(moFolder); }
+  ~WorkFolder() { std::filesystem::remove_all(moFolder); }
 
   /// sLine: what stands behind "quillon" in a shell; it may go on with a pipe.
   Result Run(const std::string& sLine, const std::string& sInput = {}) {
