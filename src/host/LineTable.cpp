@@ -104,7 +104,10 @@ std::string_view LineTable::BytesOf(const Line& oLine) const {
 
 std::string_view LineTable::TextOf(const Line& oLine) const {
   const std::string_view sBytes = BytesOf(oLine);
-  return oLine.bTail ? sBytes.substr(0, sBytes.find_first_of("\r\n")) : WithoutEnd(sBytes);
+  if (!oLine.bTail) return WithoutEnd(sBytes);
+  std::size_t lEnd = 0;
+  while (lEnd < sBytes.size() && !IsEnd(sBytes[lEnd])) ++lEnd;
+  return sBytes.substr(0, lEnd);
 }
 
 std::string_view LineTable::RunOf(std::int32_t lFirst, std::int32_t lLast,

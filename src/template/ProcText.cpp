@@ -233,6 +233,7 @@ bool HeadHoldsEnd(const ProcText& oProc, std::int32_t lBodyLine) {
   const std::size_t lBehind = BehindHead(oProc, lBodyLine);
   if (lBodyLine < 1) return false;
   for (std::size_t i = static_cast<std::size_t>(lBodyLine) - 1; i < lBehind; ++i) {
+    if (!MayHoldEnd(oProc.Folded(i))) continue;
     for (TextView sType : {u"sub", u"function", u"property"}) {
       if (HoldsEnd(oProc.Folded(i), sType)) return true;
     }
