@@ -2,10 +2,13 @@
 
 #include <wx/button.h>
 #include <wx/checkbox.h>
+#include <wx/dcclient.h>
 #include <wx/radiobut.h>
 
 #include "CheckBox.h"
 #include "CommandButton.h"
+#include "Drawing.h"
+#include "NativeLook.h"
 #include "NativeText.h"
 #include "OptionButton.h"
 #include "Surface.h"
@@ -21,6 +24,26 @@ namespace {
 wxRect WithBestHeight(wxRect oPlace, const wxWindow& oNative) {
   const int nMore = oNative.GetBestSize().y - oPlace.height;
   return nMore > 0 ? oPlace.Inflate(0, (nMore + 1) / 2) : oPlace;
+}
+
+/// The caption of a box, broken at blanks where it is wider than the room behind the box.
+wxString CaptionInside(wxWindow& oNative, const Control& oControl, TextView sCaption,
+                       const Units& oUnit) {
+  constexpr int nBox = 22;
+  const int nRoom = oUnit.Pixels(oControl.Width()) - oUnit.Scaled(nBox);
+  const wxString sText = ToWx(sCaption);
+  wxClientDC oDC(&oNative);
+  oDC.SetFont(NativeFont(oControl.Font()));
+  if (nRoom <= 0 || oDC.GetTextExtent(sText).x <= nRoom) return sText;
+  wxString sLines;
+  for (const wxString& sLine : Wrap(oDC, sText, nRoom)) {
+    sLines += (sLines.empty() ? wxString() : wxString("\n")) + sLine;
+  }
+  return sLines;
+}
+
+bool ChangeCaption(const Changes& o) {
+  return o.Has(Property::Caption) || o.Has(Property::Bounds) || o.Has(Property::Font);
 }
 
 }  // namespace
@@ -66,7 +89,9 @@ wxRect CheckBoxPeer::NativePlace() const {
 }
 
 void CheckBoxPeer::Apply(const Changes& oChanges) {
-  if (oChanges.Has(Property::Caption)) moNative.SetLabel(ToWx(moBox.Caption()));
+  if (ChangeCaption(oChanges)) {
+    moNative.SetLabel(CaptionInside(moNative, moBox, moBox.Caption(), moRenderer.Unit()));
+  }
   ControlPeer::Apply(oChanges);
   if (oChanges.Has(Property::Value)) {
     moNative.Set3StateValue(static_cast<wxCheckBoxState>(moBox.Value()));
@@ -91,7 +116,9 @@ wxRect OptionButtonPeer::NativePlace() const {
 }
 
 void OptionButtonPeer::Apply(const Changes& oChanges) {
-  if (oChanges.Has(Property::Caption)) moNative.SetLabel(ToWx(moOption.Caption()));
+  if (ChangeCaption(oChanges)) {
+    moNative.SetLabel(CaptionInside(moNative, moOption, moOption.Caption(), moRenderer.Unit()));
+  }
   ControlPeer::Apply(oChanges);
   if (!oChanges.Has(Property::Value)) return;
   if (moOption.Value()) {

@@ -108,7 +108,7 @@ ScreenMetrics WxRenderer::Metrics() const {
 }
 
 wxMemoryDC& WxRenderer::Measure(const FontSpec& oFont) const {
-  if (!moMeasure.GetFont().IsOk() || !(oFont == moMeasureFont)) {
+  if (oFont != moMeasureFont) {
     moMeasure.SetFont(NativeFont(oFont));
     moMeasureFont = oFont;
   }

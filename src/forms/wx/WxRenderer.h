@@ -6,6 +6,7 @@
 #include <wx/dcmemory.h>
 
 #include <deque>
+#include <optional>
 #include <vector>
 
 #include "IRenderer.h"
@@ -85,7 +86,7 @@ class WxRenderer : public IRenderer {
   PictureCache moPictures;
   mutable wxBitmap moMeasureBitmap{1, 1};
   mutable wxMemoryDC moMeasure{moMeasureBitmap};
-  mutable FontSpec moMeasureFont;
+  mutable std::optional<FontSpec> moMeasureFont;  ///< none until the first text
   Toolkit* mpoToolkit = nullptr;
   std::deque<WxPeer*> moControls, moForms;  ///< that have to catch up
   std::vector<Loop> moLoops;
