@@ -255,14 +255,12 @@ TEST_F(WxTest, AFormFollowsItsWindow) {
 TEST_F(WxTest, ModalFormsNest) {
   FQuestion oQuestion(*poToolkit);
   int nStep = 0;
-  moRobot.WhenWaiting([&] {
+  moRobot.WhenModal([&](Form&) {
     moRobot.Click(moForm.cmdApply);  // is behind a modal form
     EXPECT_EQ(Take(), "");
-    moRobot.WhenWaiting([&] {
+    moRobot.WhenModal([&](Form& oInner) {
       ++nStep;
-      Form* const poInner = poToolkit->ModalForm();
-      ASSERT_NE(poInner, &oQuestion);
-      moRobot.Click(static_cast<FQuestion*>(poInner)->cmdYes);
+      moRobot.Click(static_cast<FQuestion&>(oInner).cmdYes);
     });
     moRobot.Click(oQuestion.cmdMore);
     EXPECT_EQ(oQuestion.nInner, 1);

@@ -102,23 +102,32 @@ void Robot::Type(const std::string& sText) {
 
 namespace {
 
-/// Waits until a loop runs, acts, and ends itself.
-class Act : public wxTimer {
+/// Waits for the form, acts, and ends itself.
+class ModalAct : public wxTimer {
  public:
-  explicit Act(std::function<void()> oAct) : moAct(std::move(oAct)) { StartOnce(150); }
+  ModalAct(Toolkit& oToolkit, std::function<void(Form&)> oAct)
+      : moToolkit(oToolkit), mpoBefore(oToolkit.ModalForm()), moAct(std::move(oAct)) {
+    Start(20);
+  }
 
  private:
   void Notify() override {
-    moAct();
+    Form* const po = moToolkit.ModalForm();
+    if (!po || po == mpoBefore) return;
+    Stop();
+    moAct(*po);
     delete this;
   }
-  std::function<void()> moAct;
+
+  Toolkit& moToolkit;
+  Form* mpoBefore;
+  std::function<void(Form&)> moAct;
 };
 
 }  // namespace
 
-void Robot::WhenWaiting(std::function<void()> oAct) {
-  new Act(std::move(oAct));
+void Robot::WhenModal(std::function<void(Form&)> oAct) {
+  new ModalAct(moToolkit, std::move(oAct));
 }
 
 void Robot::Photograph(const std::string& sPath) {

@@ -33,8 +33,8 @@ class Robot {
   /// A key with modifiers (wxMOD_...).
   void Key(int nKey, int nModifiers = 0);
   void Type(const std::string& sText);
-  /// Runs oAct once the program waits for events in a loop, such as that of a modal form.
-  void WhenWaiting(std::function<void()> oAct);
+  /// Runs oAct once another form is modal than now.
+  void WhenModal(std::function<void(Forms::Form&)> oAct);
 
   wxPoint ScreenPlace(Forms::Control& oControl, const wxPoint& oPlace) const;
   wxTopLevelWindow& FrameOf(Forms::Form& oForm) const;
