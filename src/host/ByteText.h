@@ -51,8 +51,8 @@ inline std::uint64_t LineHash(std::string_view sLine) {
   const std::size_t lCount = std::min(sLine.size(), sizeof lFirst);
   if (lCount > 0) std::memcpy(&lFirst, sLine.data(), lCount);
   if (lCount > 0) std::memcpy(&lLast, sLine.data() + sLine.size() - lCount, lCount);
-  const std::uint64_t lMixed = (lFirst + sLine.size()) * 0x9E3779B97F4A7C15U +
-                               lLast * 0xC2B2AE3D27D4EB4FU;
+  const std::uint64_t lMixed =
+      (lFirst + sLine.size()) * 0x9E3779B97F4A7C15U + lLast * 0xC2B2AE3D27D4EB4FU;
   return lMixed ^ (lMixed >> 29U) ^ (lMixed >> 47U);
 }
 

@@ -110,6 +110,7 @@ class Aligner {
 
   std::vector<Pair> UniquePairs(const std::vector<HashedLine>& oLines) const {
     std::vector<Pair> oPairs;
+    oPairs.reserve(oLines.size() / 2);
     for (std::size_t l = 0; l < oLines.size();) {
       std::size_t lEnd = l + 1;
       while (lEnd < oLines.size() && oLines[lEnd].lHash == oLines[l].lHash) ++lEnd;
@@ -126,7 +127,9 @@ class Aligner {
   }
 
   // The longest run of pairs whose old lines rise as well.
-  static std::vector<Pair> Rising(const std::vector<Pair>& oPairs) {
+  static std::vector<Pair> Rising(std::vector<Pair> oPairs) {
+    const auto Lower = [](const Pair& a, const Pair& b) { return a.lOld < b.lOld; };
+    if (std::is_sorted(oPairs.begin(), oPairs.end(), Lower)) return oPairs;
     std::vector<std::size_t> oBest;  // of each length the pair that ends it lowest
     std::vector<std::size_t> oBefore(oPairs.size());
     for (std::size_t l = 0; l < oPairs.size(); ++l) {

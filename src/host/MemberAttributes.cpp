@@ -109,8 +109,7 @@ const MemberAttributes::Found& MemberAttributes::Look(std::int32_t lMember) {
 bool MemberAttributes::IsBare(std::int32_t lMember) {
   if (moBare.lMember == lMember && moBare.lVersion == moLines.Version()) return moBare.bBare;
   moBare = {lMember, moLines.Version(), false};
-  std::size_t lGet = 0;
-  for (const ProcIndex::Declaration& oDeclaration : moIndex.Declarations(lMember, lGet)) {
+  for (const ProcIndex::Declaration& oDeclaration : moIndex.DeclarationsOf(lMember)) {
     std::int32_t l = oDeclaration.lLine;
     while (!moLines.At(l).bTail && l < moLines.Count() &&
            ContinuationMark(moLines.TextOf(l)) != std::string_view::npos) {
@@ -124,7 +123,9 @@ bool MemberAttributes::IsBare(std::int32_t lMember) {
 void MemberAttributes::LookAtCarriers() {
   moFound.oCarriers.clear();
   LexicalScan& oScan = moIndex.Scan();
-  for (const auto& [lLine, nKind] : moIndex.Declarations(moFound.lMember, moFound.lPreferred)) {
+  const ProcIndex::Declarations oDeclarations = moIndex.DeclarationsOf(moFound.lMember);
+  moFound.lPreferred = oDeclarations.lGet;
+  for (const auto& [lLine, nKind] : oDeclarations) {
     oScan.Start(lLine);
     moFound.oCarriers.push_back({oScan.LastLine(), nKind});
   }

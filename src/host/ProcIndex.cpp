@@ -324,10 +324,9 @@ std::int32_t ProcIndex::MemberCount() {
 
 SourceDocument::MemberInfo ProcIndex::MemberAt(std::int32_t lMember) {
   Update();
-  std::size_t lGet = 0;
   const Member& o = moMembers[Index(lMember) - 1];
   return {Text(NameOf(o)), o.nType, static_cast<std::int32_t>(o.eAccess),
-          Declarations(lMember, lGet).front().lLine};
+          DeclarationsOf(lMember).begin()->lLine};
 }
 
 bool ProcIndex::IsMember(std::int32_t lMember, TextView sName, std::int32_t nType) {
@@ -336,21 +335,24 @@ bool ProcIndex::IsMember(std::int32_t lMember, TextView sName, std::int32_t nTyp
   return o.nType == nType && Same(NameOf(o), sName);
 }
 
-std::vector<ProcIndex::Declaration> ProcIndex::Declarations(std::int32_t lMember,
-                                                            std::size_t& lGet) {
+ProcIndex::Declarations ProcIndex::DeclarationsOf(std::int32_t lMember) {
   Update();
-  lGet = 0;
   const Member& o = moMembers[Index(lMember) - 1];
-  std::vector<Declaration> oFound;
+  Declarations oFound;
+  const auto fPut = [&](const Declaration& oNew) {
+    std::size_t l = oFound.lCount++;
+    for (; l > 0 && oFound.aoPlace[l - 1].lLine > oNew.lLine; --l) {
+      oFound.aoPlace[l] = oFound.aoPlace[l - 1];
+    }
+    oFound.aoPlace[l] = oNew;
+  };
   for (ProcKind nKind = 0; nKind < 4; ++nKind) {
     const std::int32_t lScope = o.alScope[nKind];
-    if (lScope > 0) oFound.push_back({BodyLine(lScope), nKind});
+    if (lScope > 0) fPut({BodyLine(lScope), nKind});
   }
-  if (oFound.empty()) return {{Start(o.lScope) + o.lLine, 0}};
-  std::sort(oFound.begin(), oFound.end(),
-            [](const Declaration& a, const Declaration& b) { return a.lLine < b.lLine; });
-  for (std::size_t l = 0; l < oFound.size(); ++l) {
-    if (oFound[l].nKind == 3) lGet = l;
+  if (oFound.lCount == 0) fPut({Start(o.lScope) + o.lLine, 0});
+  for (std::size_t l = 0; l < oFound.lCount; ++l) {
+    if (oFound.aoPlace[l].nKind == 3) oFound.lGet = l;
   }
   return oFound;
 }

@@ -6,6 +6,7 @@
 // same procedure again, the module is scanned anew.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -43,9 +44,15 @@ class ProcIndex {
     std::int32_t lLine = 0;
     ProcKind nKind = 0;
   };
-  /// Where the member is declared, in file order: of a property one for each accessor.
-  /// lGet: index in the result of the Property Get, or 0.
-  std::vector<Declaration> Declarations(std::int32_t lMember, std::size_t& lGet);
+  /// Where a member is declared, in file order: of a property one place for each accessor.
+  struct Declarations {
+    std::array<Declaration, 4> aoPlace;
+    std::size_t lCount = 0;
+    std::size_t lGet = 0;  ///< index of the Property Get, or 0
+    const Declaration* begin() const { return aoPlace.data(); }
+    const Declaration* end() const { return aoPlace.data() + lCount; }
+  };
+  Declarations DeclarationsOf(std::int32_t lMember);
   LexicalScan& Scan() { return moScan; }
 
  private:

@@ -59,7 +59,10 @@ Text SourceDocument::ModuleAttribute(TextView sName) const {
 
 Text SourceDocument::Lines(std::int32_t lStart, std::int32_t lCount) const {
   mpImpl->CheckLines(lStart, lCount);
+  std::size_t lBytes = 0;
+  for (std::int32_t l = lStart; l < lStart + lCount; ++l) lBytes += mpImpl->oLines.At(l).lLength;
   Text sText;
+  sText.reserve(lBytes);
   for (std::int32_t l = lStart; l < lStart + lCount;) {
     if (l > lStart) sText += CrLf;
     // Lines that lie behind one another in the file with their CR LF are text as they are.
@@ -117,6 +120,7 @@ void SourceDocument::InsertLines(std::int32_t lLine, TextView sText) {
   if (lLine < 1) throw Failure(9);
   const std::string sBytes = PageBytes(sText, mpImpl->oPage);
   std::vector<std::string_view> asLine;
+  asLine.reserve(sBytes.size() / 16 + 2);
   LineSplit oSplit(sBytes);
   while (oSplit.Next()) asLine.push_back(oSplit.Text());
   // A line end at the end leaves an empty line behind itself.

@@ -64,7 +64,9 @@ void CTemplate::BatchStart() {
 }
 
 void CTemplate::BatchItem(TextView sModuleName, TextView sProcName) {
-  ReportError(u"Processing " + Text(sModuleName) + u'.' + Text(sProcName));
+  Text sMessage = u"Processing ";
+  sMessage.reserve(sMessage.size() + sModuleName.size() + 1 + sProcName.size());
+  ReportError(sMessage.append(sModuleName).append(1, u'.').append(sProcName));
   ++mlBatchItems;
 }
 
