@@ -5,12 +5,8 @@
 
 using namespace Forms;
 
-FAction::FAction(Toolkit& oToolkit, TextView sName, TextView sCaption, std::int32_t lHelpContext,
-                 TextView sPicture)
-    : FDialog(oToolkit, sName, u"FAction"),
-      msCaption(sCaption),
-      msPicture(sPicture),
-      mlHelpContext(lHelpContext) {
+FAction::FAction(Toolkit& oToolkit, TextView sName, TextView sCaption, std::int32_t lHelpContext)
+    : FDialog(oToolkit, sName, u"FAction"), msCaption(sCaption), mlHelpContext(lHelpContext) {
   cmdAction.OnElement(
       [this](CommandButton& o) { On(o.Click, [this, &o] { cmdAction_Click(o.Index()); }); });
   On(cmdCancel.Click, [this] { cmdAction_Click(0); });
@@ -21,7 +17,7 @@ void FAction::Design() {
   DesignWindow(msCaption, 4200, 3000);
   SetHelpContextID(mlHelpContext);
   Image1.SetBorderStyle(BorderStyle::None);
-  Image1.SetPicture(msPicture);
+  Image1.SetPicture(Name());
   Image1.Move(120, 240, 480, 480);
   DesignButtons();
 }

@@ -26,16 +26,15 @@ class FAction : public FDialog {
   Forms::CommandButton cmdCancel{*this, u"cmdCancel"}, cmdHelp{*this, u"cmdHelp"};
 
  protected:
-  /// The views have to last as long as the dialog.
-  FAction(Forms::Toolkit& oToolkit, TextView sName, TextView sCaption, std::int32_t lHelpContext,
-          TextView sPicture);
+  /// sName: also the key of the picture. sCaption: lasts as long as the dialog.
+  FAction(Forms::Toolkit& oToolkit, TextView sName, TextView sCaption, std::int32_t lHelpContext);
 
  private:
   void Design() override;
   void DesignButtons();
   void cmdAction_Click(std::int32_t Index);
 
-  TextView msCaption, msPicture;
+  TextView msCaption;
   std::int32_t mlHelpContext;
   eAction miAction = eAction::Cancel;
 };
@@ -43,36 +42,35 @@ class FAction : public FDialog {
 class FApplyPending : public FAction {
  public:
   explicit FApplyPending(Forms::Toolkit& oToolkit)
-      : FAction(oToolkit, u"FApplyPending", u"Apply Pending to VB Code", 2100, u"ApplyPending") {}
+      : FAction(oToolkit, u"FApplyPending", u"Apply Pending to VB Code", 2100) {}
 };
 
 class FCopySuggest : public FAction {
  public:
   explicit FCopySuggest(Forms::Toolkit& oToolkit)
-      : FAction(oToolkit, u"FCopySuggest", u"Copy Suggested to Pending", 2000, u"CopySuggest") {}
+      : FAction(oToolkit, u"FCopySuggest", u"Copy Suggested to Pending", 2000) {}
 };
 
 class FUndoPending : public FAction {
  public:
   explicit FUndoPending(Forms::Toolkit& oToolkit)
-      : FAction(oToolkit, u"FUndoPending", u"Discard Pending Properties", 2000, u"UndoPending") {}
+      : FAction(oToolkit, u"FUndoPending", u"Discard Pending Properties", 2000) {}
 };
 
 class FInsertLine : public FAction {
  public:
   explicit FInsertLine(Forms::Toolkit& oToolkit)
-      : FAction(oToolkit, u"FInsertLine", u"Insert Line Numbers", 2100, u"InsertLine") {}
+      : FAction(oToolkit, u"FInsertLine", u"Insert Line Numbers", 2100) {}
 };
 
 class FRemoveLine : public FAction {
  public:
   explicit FRemoveLine(Forms::Toolkit& oToolkit)
-      : FAction(oToolkit, u"FRemoveLine", u"Remove Line Numbers", 2100, u"RemoveLine") {}
+      : FAction(oToolkit, u"FRemoveLine", u"Remove Line Numbers", 2100) {}
 };
 
 class FRefreshTemplates : public FAction {
  public:
   explicit FRefreshTemplates(Forms::Toolkit& oToolkit)
-      : FAction(oToolkit, u"FRefreshTemplates", u"Refresh Error Handlers", 2100,
-                u"RefreshTemplates") {}
+      : FAction(oToolkit, u"FRefreshTemplates", u"Refresh Error Handlers", 2100) {}
 };

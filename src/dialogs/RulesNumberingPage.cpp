@@ -5,7 +5,7 @@ using RulesPage::NumberAtStart;
 
 namespace {
 
-constexpr std::int32_t lIndicator = 330;  ///< what a button or box takes ahead of its caption
+constexpr std::int32_t lIndicator = 285;  ///< what a button or box takes ahead of its caption
 
 /// The index of the button to turn on: that of the rule, or of its default for a number that
 /// stands for none.
@@ -13,14 +13,14 @@ std::int32_t IndexOf(std::int32_t lRule, std::int32_t lDefault) {
   return lRule >= 0 && lRule <= 2 ? lRule : lDefault;
 }
 
-/// Over the run of blanks in the caption of oBeside, one pixel inside its neighbours.
+/// Over the run of blanks in the caption of oBeside, apart from the words around it.
 void PlaceInGap(TextBox& oBox, const Control& oBeside, TextView sCaption) {
   const Text sPlain = PlainCaption(sCaption);
   const auto lGap = sPlain.find(u"  "), lBehind = sPlain.find_first_not_of(u' ', lGap);
   const ControlContainer& oFont = oBeside.Container();
   const std::int32_t lLeft = lIndicator + oFont.TextWidth(sPlain.substr(0, lGap));
   const std::int32_t lWidth = oFont.TextWidth(sPlain.substr(lGap, lBehind - lGap));
-  oBox.Move(oBeside.Left() + lLeft + 45, oBeside.Top() + 15, lWidth - 90, 330);
+  oBox.Move(oBeside.Left() + lLeft + 30, oBeside.Top() + 15, lWidth - 60, 330);
 }
 
 }  // namespace
