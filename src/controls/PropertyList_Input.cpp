@@ -6,7 +6,7 @@ using namespace Forms;
 
 namespace {
 
-constexpr std::int32_t RowHeight = 240, LineHeight = 195;
+constexpr std::int32_t LineHeight = 195;
 constexpr std::int32_t FarAway = -3000;
 /// From the line below a row up to the bottom of a list that opens above it.
 constexpr std::int32_t FlipOffset = 225;
