@@ -124,7 +124,24 @@ class ModalAct : public wxTimer {
   std::function<void(Form&)> moAct;
 };
 
+class LateKey : public wxTimer {
+ public:
+  LateKey(int nKey, int nModifiers) : mnKey(nKey), mnModifiers(nModifiers) { StartOnce(400); }
+
+ private:
+  void Notify() override {
+    wxUIActionSimulator().Char(mnKey, mnModifiers);
+    delete this;
+  }
+
+  int mnKey, mnModifiers;
+};
+
 }  // namespace
+
+void Robot::KeyIntoBox(int nKey, int nModifiers) {
+  new LateKey(nKey, nModifiers);
+}
 
 void Robot::WhenModal(std::function<void(Form&)> oAct) {
   new ModalAct(moToolkit, std::move(oAct));

@@ -36,6 +36,9 @@ class Robot {
   /// Runs oAct once another form is modal than now.
   void WhenModal(std::function<void(Forms::Form&)> oAct);
 
+  /// Presses a key once a native box or dialog had the time to come up.
+  void KeyIntoBox(int nKey, int nModifiers = 0);
+
   wxPoint ScreenPlace(Forms::Control& oControl, const wxPoint& oPlace) const;
   wxTopLevelWindow& FrameOf(Forms::Form& oForm) const;
   /// Writes the whole screen to a PNG file.

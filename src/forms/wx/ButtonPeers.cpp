@@ -61,7 +61,9 @@ CommandButtonPeer::CommandButtonPeer(WxRenderer& oRenderer, CommandButton& oButt
 }
 
 void CommandButtonPeer::Apply(const Changes& oChanges) {
-  if (oChanges.Has(Property::Caption)) moNative.SetLabel(ToWx(moButton.Caption()));
+  if (oChanges.Has(Property::Caption) || oChanges.Has(Property::Picture)) {
+    moNative.SetLabel(moButton.Picture().empty() ? ToWx(moButton.Caption()) : wxString());
+  }
   if (oChanges.Has(Property::Picture) && !moButton.Picture().empty()) {
     const int nPixels = moRenderer.Unit().Scaled(16);
     const wxBitmap& oBitmap =

@@ -23,6 +23,7 @@ class ControlPeer : public WxPeer {
   void Focus() override;
   void TakeFocus();
   wxWindow& Native() const { return *mpoWindow; }
+  wxWindow* Drawn() const override { return mpoWindow; }
   /// Whether the control itself does all with a key, because its window has no own way with it.
   virtual bool OwnsKey(const Stroke&) const { return false; }
   /// Handles a key that it owns.

@@ -27,15 +27,11 @@ long StyleOf(const Form& oForm) {
 
 }  // namespace
 
-void FormPeer::Window::SetPointer(const wxCursor& oCursor) {
-  SetCursor(oCursor);
-}
-
 FormPeer::FormPeer(WxRenderer& oRenderer, Form& oForm)
     : WxPeer(oRenderer),
       moForm(oForm),
-      moFrame(*new Window(nullptr, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
-                          StyleOf(oForm))),
+      moFrame(*new wxFrame(nullptr, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                           StyleOf(oForm))),
       moArea(*new Surface(&moFrame, oForm, oRenderer)),
       moMenus(oForm, moFrame) {
   Listen(moFrame, wxEVT_CHAR_HOOK, [this](wxKeyEvent& o) { OnKey(o); });

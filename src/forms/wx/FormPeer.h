@@ -12,22 +12,15 @@ namespace Forms {
 
 class FormPeer : public WxPeer, public IContainerPeer {
  public:
-  /// The frame as the renderer finds it again among all windows.
-  class Window : public wxFrame {
-   public:
-    using wxFrame::wxFrame;
-    /// A pointer over the whole form; an invalid one leaves it to the controls.
-    void SetPointer(const wxCursor& oCursor);
-  };
-
   FormPeer(WxRenderer& oRenderer, Form& oForm);
   ~FormPeer() override;
 
   void Changed(Property eProperty, std::int32_t lIndex) override;
   bool IsForm() const override { return true; }
+  wxWindow* Drawn() const override { return &moArea; }
   Surface& Area() override { return moArea; }
   void DrawGround(wxDC& oDC, const wxSize& oSize) override;
-  Window& Frame() const { return moFrame; }
+  wxFrame& Frame() const { return moFrame; }
   Edges MeasuredEdges() const;
 
  protected:
@@ -48,7 +41,7 @@ class FormPeer : public WxPeer, public IContainerPeer {
   void TellWindowState();
 
   Form& moForm;
-  Window& moFrame;
+  wxFrame& moFrame;
   Surface& moArea;
   FormMenus moMenus;
   bool mbMaximized = false, mbMinimized = false;  ///< what the form was told

@@ -29,7 +29,7 @@ int TreeViewPeer::SignLeft(const Node& oNode) const {
   return 2 + nLevel * Step();
 }
 
-int TreeViewPeer::RowsWidth() const {
+int TreeViewPeer::MeasureRows() const {
   int nWidth = 0;
   for (const Node* po : moTree.VisibleNodes()) {
     const int nText = Pane().GetTextExtent(ToWx(po->Text())).x;
@@ -96,6 +96,8 @@ void TreeViewPeer::GoToRow(int nRow, std::int32_t) {
 
 void TreeViewPeer::Apply(const Changes& oChanges) {
   RowsPeer::Apply(oChanges);
+  mnWidth = MeasureRows();  // in the font that was set by now
+  Pane().Reshape(Pane().RowHeight());
   if (oChanges.Has(Property::Selection) && FocusRow() >= 0) Pane().ShowRow(FocusRow());
   const std::int32_t lNode = ScrollTarget();
   if (lNode < 1 || lNode > moTree.Nodes().Count()) return;

@@ -12,7 +12,7 @@ class TreeViewPeer : public RowsPeer {
  public:
   TreeViewPeer(WxRenderer& oRenderer, TreeView& oTree);
   int RowCount() const override;
-  int RowsWidth() const override;
+  int RowsWidth() const override { return mnWidth; }
   void DrawRow(wxDC& oDC, int nRow, const wxRect& oRect) override;
 
  protected:
@@ -29,7 +29,10 @@ class TreeViewPeer : public RowsPeer {
   int SignLeft(const Node& oNode) const;
   int RowOf(const Node* poNode) const;
 
+  int MeasureRows() const;
+
   TreeView& moTree;
+  int mnWidth = 0;  ///< of the widest row
 };
 
 }  // namespace Forms

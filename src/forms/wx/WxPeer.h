@@ -12,6 +12,8 @@
 
 #include "IPeer.h"
 
+class wxWindow;
+
 namespace Forms {
 
 class WxRenderer;
@@ -46,6 +48,8 @@ class WxPeer : public IPeer {
   void CatchUp();
   /// Forms catch up behind what stands on them, so that a window is complete when it shows.
   virtual bool IsForm() const { return false; }
+  /// The window whose drawing can be locked; null for none.
+  virtual wxWindow* Drawn() const { return nullptr; }
   /// Expires with the peer.
   std::weak_ptr<void> Life() const { return mpLife; }
 

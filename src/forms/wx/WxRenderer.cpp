@@ -19,13 +19,17 @@ namespace Forms {
 
 WxRenderer::WxRenderer() : moUnits(NativeDetails::Resolution()) {
   NativeDetails::MakeCompact();
-  wxTheApp->Bind(wxEVT_IDLE, [this](wxIdleEvent& o) {
-    CatchUp();
-    o.Skip();
-  });
+  wxTheApp->Bind(wxEVT_IDLE, &WxRenderer::OnIdle, this);
 }
 
-WxRenderer::~WxRenderer() = default;
+WxRenderer::~WxRenderer() {
+  wxTheApp->Unbind(wxEVT_IDLE, &WxRenderer::OnIdle, this);
+}
+
+void WxRenderer::OnIdle(wxIdleEvent& oEvent) {
+  CatchUp();
+  oEvent.Skip();
+}
 
 void WxRenderer::Later(WxPeer& oPeer) {
   (oPeer.IsForm() ? moForms : moControls).push_back(&oPeer);
@@ -36,11 +40,22 @@ void WxRenderer::Forget(WxPeer& oPeer) {
   std::erase(moControls, &oPeer);
   std::erase(moForms, &oPeer);
   if (static_cast<WxPeer*>(mpoFocus) == &oPeer) mpoFocus = nullptr;
+  if (mpoLocked == &oPeer) mpoLocked = nullptr;
 }
 
 void WxRenderer::CatchUp() {
   if (mbCatchingUp) return;
-  mbCatchingUp = true;
+  BringUpToDate();
+  EndLoops();
+}
+
+void WxRenderer::BringUpToDate() {
+  // Ends with the function also when a handler of the form's Resize throws.
+  struct Flag {
+    explicit Flag(bool& b) : mb(b) { mb = true; }
+    ~Flag() { mb = false; }
+    bool& mb;
+  } const oFlag(mbCatchingUp);
   while (!moControls.empty() || !moForms.empty()) {
     auto& oQueue = moControls.empty() ? moForms : moControls;
     WxPeer* const po = oQueue.front();
@@ -48,8 +63,6 @@ void WxRenderer::CatchUp() {
     po->CatchUp();
   }
   ApplyFocus();
-  mbCatchingUp = false;
-  EndLoops();
 }
 
 void WxRenderer::ApplyFocus() {
@@ -134,19 +147,18 @@ Edges WxRenderer::FormEdges(const Form& oForm) const {
 }
 
 void WxRenderer::SetMousePointer(std::int32_t nPointer) {
-  const wxCursor oCursor = NativeCursor(nPointer);
-  wxSetCursor(oCursor);
-  for (auto* po : wxTopLevelWindows) {
-    if (auto* const poForm = dynamic_cast<FormPeer::Window*>(po)) poForm->SetPointer(oCursor);
-  }
+  // The system has one pointer that lies over all windows: that of a busy program.
+  const bool bBusy = nPointer == Pointer::Hourglass;
+  if (bBusy == wxIsBusy()) return;
+  bBusy ? wxBeginBusyCursor() : wxEndBusyCursor();
 }
 
 void WxRenderer::LockDrawing(Control* poControl) {
-  if (wxWindow* const po = std::exchange(mpoLocked, nullptr)) po->Thaw();
-  auto* const poPeer = poControl ? dynamic_cast<ControlPeer*>(poControl->Peer()) : nullptr;
-  if (!poPeer) return;
-  mpoLocked = &poPeer->Native();
-  mpoLocked->Freeze();
+  if (WxPeer* const po = std::exchange(mpoLocked, nullptr)) po->Drawn()->Thaw();
+  auto* const poPeer = poControl ? dynamic_cast<WxPeer*>(poControl->Peer()) : nullptr;
+  if (!poPeer || !poPeer->Drawn()) return;
+  mpoLocked = poPeer;
+  poPeer->Drawn()->Freeze();
 }
 
 void WxRenderer::SetClipboardText(TextView sText) {
@@ -155,6 +167,7 @@ void WxRenderer::SetClipboardText(TextView sText) {
     wxTheClipboard->Clear();
   } else {
     wxTheClipboard->SetData(new wxTextDataObject(ToField(sText)));
+    wxTheClipboard->Flush();  // stays behind the program's end
   }
   wxTheClipboard->Close();
 }

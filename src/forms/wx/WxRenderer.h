@@ -15,8 +15,8 @@
 
 class wxEventLoopBase;
 class wxHtmlHelpController;
+class wxIdleEvent;
 class wxTopLevelWindow;
-class wxWindow;
 
 namespace Forms {
 
@@ -76,6 +76,8 @@ class WxRenderer : public IRenderer {
     Form* poForm;
     wxEventLoopBase* poLoop;
   };
+  void OnIdle(wxIdleEvent& oEvent);
+  void BringUpToDate();
   bool Ends(const Loop& oLoop) const;
   void RunLoop(Form* poForm);
   void ApplyFocus();
@@ -91,7 +93,7 @@ class WxRenderer : public IRenderer {
   std::deque<WxPeer*> moControls, moForms;  ///< that have to catch up
   std::vector<Loop> moLoops;
   ControlPeer* mpoFocus = nullptr;
-  wxWindow* mpoLocked = nullptr;
+  WxPeer* mpoLocked = nullptr;
   bool mbCatchingUp = false;
   std::unique_ptr<wxHtmlHelpController> mpHelp;
   Text msHelpBook;
