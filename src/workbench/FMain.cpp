@@ -8,7 +8,7 @@
 using namespace Forms;
 
 FMain::FMain(Toolkit& oToolkit, Paper::Printers& oPrinters)
-    : Form(oToolkit, u"FMain"), moPrinters(oPrinters) {
+    : MainForm(oToolkit), moPrinters(oPrinters) {
   ConnectWindow();
   ConnectMenus();
   ConnectBrowser();

@@ -8,10 +8,9 @@
 // toolbar and selections into calls on them; the model answers by events, one per row, which fill
 // the tree and the lists. Everything in here refers to the model by handles only.
 //
-// Subjects, each in a file of its own: FMain_Shell (showing, loading, leaving), _Design (values of
-// design time), _Commands (which are enabled), _Template (opening and closing one), _Tree, _Lists,
-// _Sheet, _Code, _Bulk (commands on many procedures), _Select, _Guard (the hourglass and progress),
-// _Layout, _Panes, _Print.
+// Subjects, each in a file of its own: FMain_Shell (showing, loading, leaving), _Commands (which
+// are enabled), _Template (opening and closing one), _Tree, _Lists, _Sheet, _Code, _Bulk (commands
+// on many procedures), _Select, _Guard (the hourglass and progress), _Layout, _Panes, _Print.
 #pragma once
 
 #include <memory>
@@ -21,21 +20,9 @@
 #include "CXListView.h"
 #include "CXRecentFiles.h"
 #include "CXSplit.h"
-#include "Caption.h"
-#include "CodePane.h"
-#include "CommandButton.h"
 #include "FAction.h"
-#include "Form.h"
-#include "Frame.h"
 #include "Guard.h"
-#include "MainMenu.h"
-#include "MainToolbar.h"
-#include "PropertyList.h"
-#include "Scroller.h"
-#include "StatusBar.h"
-#include "TabStrip.h"
-#include "Timer.h"
-#include "TreeView.h"
+#include "MainForm.h"
 
 class Connect;
 namespace Paper {
@@ -45,7 +32,7 @@ namespace PropertySheet {
 struct Subject;
 }
 
-class FMain : public Forms::Form {
+class FMain : public MainForm {
  public:
   using Handle = CIDEHandler::Handle;
 
@@ -77,33 +64,6 @@ class FMain : public Forms::Form {
   /// null while no template is open, or one with errors is.
   CIDEHandler* Model() const { return oIDEHandler.get(); }
 
-  MainMenu oMenu{*this};
-  MainToolbar oToolbar{*this};
-  Forms::ImageList imlProjects{*this, u"imlProjects"};
-  Forms::Timer tmrStartUp{*this, u"tmrStartUp"};
-
-  ::Caption lblTree{*this, u"lblTree"};
-  Forms::TreeView tvwProjects{*this, u"tvwProjects"};
-  Forms::PictureBox picSplit1{*this, u"picSplit1"};
-  ::Caption lblList{*this, u"lblList"};
-  Forms::Label lblListViewSurrogate{*this, u"lblListViewSurrogate"};
-  Forms::ListView lvwMods{*this, u"lvwMods"}, lvwProcs{*this, u"lvwProcs"};
-  Forms::PictureBox picSplit3{*this, u"picSplit3"};
-  Forms::Frame fraErrors{*this, u"fraErrors"};
-  Forms::ControlArray<Forms::Label> lblErrors{fraErrors, u"lblErrors", 2};
-  Forms::CommandButton cmdHideErrors{fraErrors, u"cmdHideErrors"};
-  Scroller srlErrors{fraErrors, u"srlErrors"};
-  Forms::PictureBox picSplit2{*this, u"picSplit2"};
-  Forms::PictureBox picContainer{*this, u"picContainer"};
-  Forms::TabStrip tabView{picContainer, u"tabView"};
-  ::Caption lblProperties{picContainer, u"lblProperties"}, lblCode{picContainer, u"lblCode"},
-      lblResults{picContainer, u"lblResults"};
-  PropertyList prlProperties{picContainer, u"prlProperties"};
-  Forms::CodePane txtCode{picContainer, u"txtCode"};
-  Scroller srlResults{picContainer, u"srlResults"};
-  Forms::StatusBar StatusBar1{*this, u"StatusBar1"};
-  Forms::PictureBox picProgress{*this, u"picProgress"};
-
  private:
   enum class State : std::int32_t { NoTemplate = 0, Ready = 1, TemplateErrors = 2 };
 
@@ -128,12 +88,6 @@ class FMain : public Forms::Form {
   void ConnectBrowser();
   void ConnectPanes();
   void ConnectModel();
-
-  // FMain_Design.
-  void Design() override;
-  void DesignBrowser();
-  void DesignErrors();
-  void DesignPanes();
 
   // FMain_Shell.
   void Form_Load();
@@ -189,7 +143,7 @@ class FMain : public Forms::Form {
   void EnumComponentsEOF(Handle hProject);
   void tvwProjects_NodeClick();
   void ProcessNode(Forms::Node& oNode);
-  /// False: the template was closed meanwhile.
+  /// False: the template was closed meanwhile, or another node clicked.
   bool ShowComponent(TextView sNode);
   bool ShowModules(TextView sNode, std::int32_t lFolder);
   void mnuViewProjectTree_Click() { SwitchView(u"mnuViewProjectTree_Click", u"Tree"); }
@@ -285,7 +239,6 @@ class FMain : public Forms::Form {
   void mnuViewErrors_Click();
   void mnuEditClearResults_Click();
   void mnuEditClearErrors_Click();
-  void ColorErrorsTitle(bool bFocus);
 
   // FMain_Print.
   void mnuFilePrint_Click();

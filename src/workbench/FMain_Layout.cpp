@@ -80,11 +80,15 @@ void FMain::LayOutVertically() {
 void FMain::picContainer_Resize() {
   OnEvent(u"picContainer_Resize", [&] {
     tabView.Move(0, 0, picContainer.ScaleWidth(), picContainer.ScaleHeight());
-    const Rect o = tabView.ClientArea();
-    for (Control* po : std::initializer_list<Control*>{&lblProperties, &lblCode, &lblResults})
+    // Asked for anew for each part: painting one can let a newer size of the window in between.
+    for (Control* po : std::initializer_list<Control*>{&lblProperties, &lblCode, &lblResults}) {
+      const Rect o = tabView.ClientArea();
       po->Move(o.lLeft, o.lTop + 30, Held(o.lWidth), po->Height());
-    for (Control* po : std::initializer_list<Control*>{&prlProperties, &txtCode, &srlResults})
+    }
+    for (Control* po : std::initializer_list<Control*>{&prlProperties, &txtCode, &srlResults}) {
+      const Rect o = tabView.ClientArea();
       po->Move(o.lLeft, o.lTop + PaneTop, Held(o.lWidth), Held(o.lHeight - PaneTop));
+    }
   });
 }
 

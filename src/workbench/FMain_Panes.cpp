@@ -76,8 +76,3 @@ void FMain::ShowErrors() {
   fraErrors.SetVisible(true);
   if (srlErrors.Usable()) srlErrors.SetFocus();
 }
-
-void FMain::ColorErrorsTitle(bool bFocus) {
-  lblErrors(0).SetBackColor(bFocus ? SystemColor::ActiveTitleBar : SystemColor::InactiveTitleBar);
-  lblErrors(1).SetForeColor(bFocus ? SystemColor::TitleBarText : SystemColor::InactiveTitleBarText);
-}

@@ -102,12 +102,13 @@ void FMain::ProcessNode(Node& oNode) {
 }
 
 bool FMain::ShowComponent(TextView sNode) {
-  // The lists let waiting events through, and one of them may close the template.
+  // The lists let waiting events through; one of them may close the template or click elsewhere.
   const auto pModel = oIDEHandler;
   const auto pTemplate = oTemplate;
-  pModel->LoadComponent(mhComponent);
-  pModel->EnumProcedures(mhComponent);
-  if (oIDEHandler != pModel) return false;
+  const Handle hComponent = mhComponent;
+  pModel->LoadComponent(hComponent);
+  pModel->EnumProcedures(hComponent);
+  if (oIDEHandler != pModel || mhComponent != hComponent) return false;
   ShowObjectCount(lvwProcs);
   const Text sFile = Told([&] { return pModel->ComponentFileName(mhComponent); });
   StatusBar1.Panels(2).SetTag(sFile);
@@ -122,8 +123,9 @@ bool FMain::ShowComponent(TextView sNode) {
 bool FMain::ShowModules(TextView sNode, std::int32_t lFolder) {
   const auto pModel = oIDEHandler;
   const auto pTemplate = oTemplate;
-  pModel->EnumComponentsEx(mhProject, lFolder);
-  if (oIDEHandler != pModel) return false;
+  const Handle hProject = mhProject;
+  pModel->EnumComponentsEx(hProject, lFolder);
+  if (oIDEHandler != pModel || mhProject != hProject || mhComponent != 0) return false;
   ShowObjectCount(lvwMods);
   ShowPath(Told([&] { return pModel->ProjectFileName(mhProject); }));
   const Text sProject = u"Project '" + Told([&] { return pModel->ProjectName(mhProject); }) + u"'";

@@ -144,24 +144,11 @@ TEST_F(FMainTest, AModuleThatCantBeReadIsToldInItsPane) {
     EXPECT_EQ(Panel(1), "1 Object(s) Selected") << "another node recovers";
     EXPECT_TRUE(oMain.cmdHideErrors.UserClick());
     EXPECT_FALSE(oMain.fraErrors.Visible());
-  });
-}
-
-TEST_F(FMainTest, ErrorLinesTellOddNumbersAndOurOwnSource) {
-  Run([&] {
-    oIDE.AddProject(u"P", 0);
-    User().ChooseFile([&](FileDialog& o) {
-      o.asPath = {File("Template.dat")};
-      return DialogAnswer{.bConfirmed = true};
-    });
-    Add(u"MOne", u"");
-    oMain.oMenu.mnuFileOpenTemplate.UserPick();
     oMain.Model()->EnumProceduresError(1, LoadError{u"c", 0, u"d", u"TarvaneQuillon"});
     EXPECT_NE(Lines(oMain.srlErrors)
                   .find("  Number = 0 [yes! zero!]  Decsription = \"d\"  Source = "
                         "\"TarvaneQuillon\" ...but don't believe it :-)\r\n"),
-              std::string::npos)
-        << Lines(oMain.srlErrors);
+              std::string::npos);
   });
 }
 

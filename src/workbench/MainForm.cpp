@@ -1,6 +1,5 @@
-// The values of design time: sizes that Form_Load and Form_Resize don't set, looks, columns of the
-// tab order. Lengths in twips.
-#include "FMain.h"
+#include "MainForm.h"
+
 #include "Icons.h"
 #include "NodeKey.h"
 
@@ -8,7 +7,8 @@ using namespace Forms;
 
 namespace {
 
-constexpr std::int32_t TitleHeight = 285, BarWidth = 45, CountWidth = 2145, StartDelay = 100;
+constexpr std::int32_t TitleHeight = 285, PaneTitleHeight = 225, BarWidth = 45, CountWidth = 2145,
+                       StartDelay = 100;
 
 void DesignBar(PictureBox& oBar, std::int32_t nPointer) {
   oBar.SetBorderStyle(BorderStyle::None);
@@ -18,7 +18,7 @@ void DesignBar(PictureBox& oBar, std::int32_t nPointer) {
 
 }  // namespace
 
-void FMain::Design() {
+void MainForm::Design() {
   SetCaption(u"Tarvane Quillon");
   SetIcon(u"Quillon");
   Move(0, 0, 10800, 7200);
@@ -28,11 +28,12 @@ void FMain::Design() {
   tmrStartUp.SetEnabled(false);
   tmrStartUp.SetInterval(StartDelay);
   DesignBrowser();
+  DesignBars();
   DesignErrors();
   DesignPanes();
 }
 
-void FMain::DesignBrowser() {
+void MainForm::DesignBrowser() {
   lblTree.Move(0, 0, 3000, TitleHeight);
   lblList.Move(3045, 0, 3000, TitleHeight);
   tvwProjects.Move(0, 0, 3000, 3000);
@@ -49,6 +50,9 @@ void FMain::DesignBrowser() {
     po->SetSorted(true);
     po->SetVisible(false);
   }
+}
+
+void MainForm::DesignBars() {
   DesignBar(picSplit1, Pointer::SizeWE);
   DesignBar(picSplit2, Pointer::SizeWE);
   DesignBar(picSplit3, Pointer::SizeNS);
@@ -64,7 +68,7 @@ void FMain::DesignBrowser() {
   picProgress.Move(30, 0, 0, StatusBar1.Height() - 75);
 }
 
-void FMain::DesignErrors() {
+void MainForm::DesignErrors() {
   fraErrors.SetBorder(false);
   fraErrors.Move(3045, 3045, 3000, 1500);
   lblErrors(0).Move(0, 0, 3000, 255);
@@ -79,13 +83,19 @@ void FMain::DesignErrors() {
   ColorErrorsTitle(false);
 }
 
-void FMain::DesignPanes() {
+void MainForm::DesignPanes() {
   picContainer.SetBorderStyle(BorderStyle::None);
   picContainer.Move(6090, 0, 3000, 3000);
   tabView.Tabs().Add(1, u"Results", u"&Results");
+  for (auto* po : {&lblProperties, &lblCode, &lblResults}) po->Move(0, 0, 3000, PaneTitleHeight);
   txtCode.SetLineNumbers(false);
   for (Control* po :
        std::initializer_list<Control*>{&lblProperties, &prlProperties, &lblCode, &txtCode}) {
     po->SetVisible(false);
   }
+}
+
+void MainForm::ColorErrorsTitle(bool bFocus) {
+  lblErrors(0).SetBackColor(bFocus ? SystemColor::ActiveTitleBar : SystemColor::InactiveTitleBar);
+  lblErrors(1).SetForeColor(bFocus ? SystemColor::TitleBarText : SystemColor::InactiveTitleBarText);
 }
