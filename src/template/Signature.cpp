@@ -93,13 +93,13 @@ Signature::Signature(const std::vector<TemplateRow>& oTemplates,
     if (!oRow.bScript) continue;
     const Text& sPattern = oRow.sLike.Pattern();
     const bool bWide = sPattern.find_first_not_of(u"* '") == Text::npos;
-    moRows.push_back({&oRow, Fold(oRow.sLine), bWide});
-    if (!sPattern.empty() && sPattern.find_first_of(u"*?#[") == 0) mbAnyBegin = true;
-    if (!sPattern.empty() && sPattern.front() >= 0x80) mbAnyBegin = true;
-    if (!sPattern.empty() && sPattern.front() < 0x80) mabBegin[sPattern.front()] = true;
+    const Text sBegin = sPattern.substr(0, sPattern.find_first_of(u"*?#[ "));
+    moRows.push_back({&oRow, Fold(oRow.sLine), sBegin, bWide});
     if (l == oTemplate.lStart[SectionStart] + 1) mpFirst = &oRow;
   }
-  mbComments = !mbAnyBegin && mabBegin[u'\''] && std::ranges::count(mabBegin, true) == 1;
+  mbComments = std::all_of(moRows.begin(), moRows.end(), [](const Row& oRow) {
+    return oRow.pRow->sLike.IsEmpty() || oRow.sBegin.starts_with(u'\'');
+  });
 }
 
 Text Signature::Line(TextView sTemplate, bool bLocked) const {
@@ -145,20 +145,23 @@ std::optional<SignatureValue> Signature::Read(TextView sFolded) const {
   return std::nullopt;
 }
 
-bool Signature::MayBegin(char16_t cUnit) const {
-  return mbAnyBegin || cUnit >= 0x80 || mabBegin[cUnit] || mabBegin[LowerCase(cUnit)];
+bool Signature::MayBegin(TextView sLine) const {
+  return std::any_of(moRows.begin(), moRows.end(), [&](const Row& oRow) {
+    if (oRow.pRow->sLike.IsEmpty() || sLine.size() < oRow.sBegin.size()) return false;
+    return std::equal(oRow.sBegin.begin(), oRow.sBegin.end(), sLine.begin(),
+                      [](char16_t cLower, char16_t c) { return cLower == LowerCase(c); });
+  });
 }
 
 std::optional<SignatureValue> Signature::Find(TextView sProcCode) const {
-  // From one comment line to the next; with other signatures most lines are told by their first
-  // unit.
+  // From one comment line to the next; few lines need to be folded and compared whole.
   Text sFolded;
   for (std::size_t lStart = 0; lStart < sProcCode.size();) {
     if (mbComments) lStart = FindComment(sProcCode, lStart);
     const std::size_t lEnd = FindLineEnd(sProcCode, lStart);
     std::size_t lFirst = lStart;
     while (lFirst < lEnd && sProcCode[lFirst] == u' ') ++lFirst;
-    if (lFirst < lEnd && MayBegin(sProcCode[lFirst])) {
+    if (lFirst < lEnd && MayBegin(sProcCode.substr(lFirst, lEnd - lFirst))) {
       MXString::FoldLine(sProcCode.substr(lStart, lEnd - lStart), sFolded);
       if (auto oValue = Read(sFolded)) return oValue;
     }

@@ -4,7 +4,6 @@
 // Signature text: the name, "Name&Locked", or "Locked" alone.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -43,10 +42,11 @@ class Signature {
   struct Row {
     const LineRow* pRow;
     Text sFolded;  ///< the row's text, FullTrim, lower case
+    Text sBegin;   ///< what its pattern begins with, up to a blank or anything variable
     bool bWide;    ///< the pattern holds nothing to tell a signature from any comment
   };
-  /// False when no row's pattern can fit a line that begins, behind its blanks, with this unit.
-  bool MayBegin(char16_t cUnit) const;
+  /// False when no row's pattern can fit a line that begins, behind its blanks, like this.
+  bool MayBegin(TextView sLine) const;
   std::optional<SignatureValue> ReadRow(const Row& oRow, TextView sFolded) const;
 
   // The answer of IsReadable for the name asked last: a run asks for one name over and over.
@@ -56,7 +56,5 @@ class Signature {
 
   const LineRow* mpFirst = nullptr;
   std::vector<Row> moRows;
-  std::array<bool, 0x80> mabBegin{};  ///< by the first units of patterns that begin plainly
-  bool mbAnyBegin = false;            ///< a pattern begins with something else
-  bool mbComments = false;            ///< all patterns begin with an apostrophe
+  bool mbComments = false;  ///< all patterns begin with an apostrophe
 };
