@@ -29,7 +29,6 @@ void FRules::Design() {
 }
 
 bool FRules::Display() {
-  mbShown = false;
   Load();
   SelectLastTab();
   for (IRulesPage* po : moPages) po->Fill(MRules::oRules);

@@ -19,7 +19,7 @@ class FRules : public FOptionSheet {
   bool Display();
 
  private:
-  bool mbShown = false;
+  bool mbShown = false;  ///< the controls are filled
 
  public:
   Forms::ControlArray<Forms::Frame> fraOption{*this, u"fraOption", 6};  ///< 1 to 5, as the tabs

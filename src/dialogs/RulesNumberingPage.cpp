@@ -5,7 +5,9 @@ using RulesPage::NumberAtStart;
 
 namespace {
 
-constexpr std::int32_t lIndicator = 285;  ///< what a button or box takes ahead of its caption
+/// What a button or box takes ahead of its caption: window systems differ by about 50 both ways,
+/// which the margin of a box in a gap allows for.
+constexpr std::int32_t lIndicator = 240, lMargin = 60;
 
 /// The index of the button to turn on: that of the rule, or of its default for a number that
 /// stands for none.
@@ -20,7 +22,7 @@ void PlaceInGap(TextBox& oBox, const Control& oBeside, TextView sCaption) {
   const ControlContainer& oFont = oBeside.Container();
   const std::int32_t lLeft = lIndicator + oFont.TextWidth(sPlain.substr(0, lGap));
   const std::int32_t lWidth = oFont.TextWidth(sPlain.substr(lGap, lBehind - lGap));
-  oBox.Move(oBeside.Left() + lLeft + 30, oBeside.Top() + 15, lWidth - 60, 330);
+  oBox.Move(oBeside.Left() + lLeft + lMargin, oBeside.Top() + 15, lWidth - 2 * lMargin, 330);
 }
 
 }  // namespace

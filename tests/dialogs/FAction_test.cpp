@@ -20,6 +20,7 @@ void ExpectDialog(Toolkit& oToolkit, Script& oUser, const char* sCaption, std::i
                                "cmdCancel Cancel; cmdHelp &Help");
     EXPECT_EQ(o.HelpContextID(), lContext);
     EXPECT_FALSE(FindPicture(o.Image1.Picture(), 32).empty());
+    EXPECT_TRUE(o.cmdAction(1).Default());
     EXPECT_EQ(o.Width() * 10000 + o.Height(), 42003000);
     ExpectRoom(o);
     o.cmdHelp.UserClick();
@@ -73,15 +74,17 @@ TEST_F(FActionTest, ButtonsKeysAndTheCloseBoxAnswer) {
 }
 
 TEST_F(FActionTest, ThePointerIsFreeMeanwhileAndBusyAfterwards) {
-  moToolkit.Screen().SetMousePointer(Pointer::Hourglass);
   SetHelp(false);
-  User().Modal<FAction>([&](FAction& o) {
-    EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Default);
-    EXPECT_FALSE(o.cmdHelp.Enabled());
-    o.cmdCancel.UserClick();
-  });
-  FUndoPending(moToolkit).Display(true, true, true);
-  EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Hourglass);
+  for (const std::int32_t nBefore : {Pointer::Default, Pointer::Hourglass}) {
+    moToolkit.Screen().SetMousePointer(nBefore);
+    User().Modal<FAction>([&](FAction& o) {
+      EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Default);
+      EXPECT_FALSE(o.cmdHelp.Enabled());
+      o.cmdCancel.UserClick();
+    });
+    FUndoPending(moToolkit).Display(true, true, true);
+    EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Hourglass);
+  }
 }
 
 TEST_F(FActionTest, AllSixStandWhereTheLastOneWasLeft) {

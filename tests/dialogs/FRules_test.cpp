@@ -89,6 +89,11 @@ TEST_F(FRulesTest, EachTabShowsItsPageWithRoomForAllAndItsHelp) {
     }
     o.UserKey(u'N', Shift::Alt);
     EXPECT_TRUE(o.fraOption(4).Visible());
+    const Rect &oGap = o.oNumbering.txtWhatLines.Bounds(), &oRow = o.oNumbering.optWhat(1).Bounds();
+    EXPECT_GT(oGap.lLeft, oRow.lLeft + o.TextWidth(u"Every"));
+    EXPECT_LT(oGap.lLeft + oGap.lWidth, oRow.lLeft + 330 + o.TextWidth(u"Every          "));
+    EXPECT_LT(oGap.lTop, oRow.lTop + oRow.lHeight / 2);
+    EXPECT_GT(oGap.lTop + oGap.lHeight, oRow.lTop + oRow.lHeight / 2);
     o.UserKey(Key::Escape, 0);
   });
   EXPECT_EQ(Help(), "2750 2740 2730 2720 2710 ");
@@ -123,16 +128,18 @@ TEST_F(FRulesTest, OkWritesEachRuleAndNothingElseDoes) {
          o.oDefaults.cboTrace.UserSelect(1);
        },
        "Severity Default=1;Retry Default=3;Trace Default=1;Mod Two,Beta"},
-      {"template precedence", 2,
-       [](FRules& o) { o.oPrecedence.optTemplatePrecedence(1).UserClick(); },
-       "Template Precedence=-1;Mod Two,"},
-      {"severity precedence", 2,
-       [](FRules& o) { o.oPrecedence.optSeverityPrecedence(1).UserClick(); },
-       "Severity Precedence=-1;Mod Two,"},
-      {"retry precedence", 2, [](FRules& o) { o.oPrecedence.optRetryPrecedence(1).UserClick(); },
-       "Retry Precedence=-1;Mod Two,"},
-      {"trace precedence", 2, [](FRules& o) { o.oPrecedence.optTracePrecedence(1).UserClick(); },
-       "Trace Precedence=-1;Mod Two,"},
+      {"two precedences", 2,
+       [](FRules& o) {
+         o.oPrecedence.optTemplatePrecedence(1).UserClick();
+         o.oPrecedence.optRetryPrecedence(1).UserClick();
+       },
+       "Template Precedence=-1;Retry Precedence=-1;Mod Two,"},
+      {"the other two", 2,
+       [](FRules& o) {
+         o.oPrecedence.optSeverityPrecedence(1).UserClick();
+         o.oPrecedence.optTracePrecedence(1).UserClick();
+       },
+       "Severity Precedence=-1;Trace Precedence=-1;Mod Two,"},
       {"firewalls", 3, [](FRules& o) { o.oBoundary.chkFirewall.UserClick(); },
        "Boundary Firewall Precedence=-1;Mod Two,"},
       {"insert, every fifth", 4,
@@ -142,16 +149,16 @@ TEST_F(FRulesTest, OkWritesEachRuleAndNothingElseDoes) {
          o.oNumbering.txtWhatLines.SetText(u"5");
        },
        "Line Number Action=0;Line Number What=1;Line Number Interval=5;Mod Two,"},
-      {"no interval", 4, [](FRules& o) { o.oNumbering.txtWhatLines.SetText(u""); },
-       "Line Number Interval=0;Mod Two,"},
-      {"skips", 4,
+      {"no interval, some skips", 4,
        [](FRules& o) {
          o.oNumbering.optAction(2).UserClick();
+         o.oNumbering.txtWhatLines.SetText(u"");
          o.oNumbering.chkSkipData.UserClick();
          o.oNumbering.txtSkipShort.SetText(u"7 or so");
        },
-       "Line Number Action=2;Line Number Skip Data=0;Line Number Skip Short Size=7;Mod Two,"},
-      {"no skips", 4,
+       "Line Number Action=2;Line Number Interval=0;Line Number Skip Data=0;"
+       "Line Number Skip Short Size=7;Mod Two,"},
+      {"the other skips", 4,
        [](FRules& o) {
          o.oNumbering.chkSkipEnd.UserClick();
          o.oNumbering.chkSkipShort.UserClick();
