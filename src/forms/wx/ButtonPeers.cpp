@@ -61,9 +61,9 @@ CommandButtonPeer::CommandButtonPeer(WxRenderer& oRenderer, CommandButton& oButt
 }
 
 void CommandButtonPeer::Apply(const Changes& oChanges) {
-  if (oChanges.Has(Property::Caption) || oChanges.Has(Property::Picture)) {
-    moNative.SetLabel(moButton.Picture().empty() ? ToWx(moButton.Caption()) : wxString());
-  }
+  // A native button that never had a text is one for a picture; the empty text is one, too.
+  const wxString sCaption = ToWx(moButton.Caption());
+  if (moButton.Picture().empty() && moNative.GetLabel() != sCaption) moNative.SetLabel(sCaption);
   if (oChanges.Has(Property::Picture) && !moButton.Picture().empty()) {
     const int nPixels = moRenderer.Unit().Scaled(16);
     const wxBitmap& oBitmap =

@@ -44,29 +44,29 @@ int ListViewPeer::RowsWidth() const {
 
 void ListViewPeer::DrawRow(wxDC& oDC, int nRow, const wxRect& oRect) {
   const ListItem& oItem = moList.ListItems().Item(nRow + 1);
+  const std::int32_t lColumns = moList.ColumnHeaders().Count();
+  // Icons stand before the selection: blue ones would be lost in it.
+  const int nIcon = IconPixels(moList.SmallIcons()) + (moList.SmallIcons() ? CellMargin + 1 : 0);
+  wxRect oText(oRect);
+  oText.x += nIcon;
+  oText.width = (moList.FullRowSelect() || lColumns == 0 ? oRect.width : ColumnWidth(1)) - nIcon;
   const bool bShows = Pane().HasFocus() || !moList.HideSelection();
-  wxRect oGround(oRect);
-  if (!moList.FullRowSelect() && moList.ColumnHeaders().Count() > 0) {
-    oGround.width = ColumnWidth(1);
+  DrawRowGround(oDC, oText, bShows && oItem.Selected());
+  if (Pane().HasFocus() && moList.SelectedItem() == &oItem) {
+    wxRendererNative::Get().DrawFocusRect(&Pane(), oDC, oText);
   }
-  DrawRowGround(oDC, oGround, bShows && oItem.Selected());
   wxRect oCell(oRect);
-  for (std::int32_t i = 1; i <= moList.ColumnHeaders().Count(); ++i) {
+  for (std::int32_t i = 1; i <= lColumns; ++i) {
     oCell.width = ColumnWidth(i);
-    wxRect oText = wxRect(oCell).Deflate(CellMargin, 0);
+    const wxRect oInner = wxRect(oCell).Deflate(CellMargin, 0);
+    const int nBefore = i == 1 ? nIcon : 0;
     if (i == 1) {
       const wxDCClipper oClipper(oDC, oCell);
-      int nIcon = DrawIcon(oDC, moList.SmallIcons(), oItem.SmallIcon(), oText);
-      if (nIcon == 0) nIcon = IconPixels(moList.SmallIcons());
-      if (nIcon > 0) nIcon += 3;
-      oText.x += nIcon;
-      oText.width -= nIcon;
+      DrawIcon(oDC, moList.SmallIcons(), oItem.SmallIcon(), oInner);
     }
-    DrawTextIn(oDC, ToWx(oItem.Cell(i)), oText, wxALIGN_LEFT);
+    DrawTextIn(oDC, ToWx(oItem.Cell(i)),
+               {oInner.x + nBefore, oInner.y, oInner.width - nBefore, oInner.height}, wxALIGN_LEFT);
     oCell.x += oCell.width;
-  }
-  if (Pane().HasFocus() && moList.SelectedItem() == &oItem) {
-    wxRendererNative::Get().DrawFocusRect(&Pane(), oDC, oRect);
   }
 }
 
