@@ -94,8 +94,16 @@ TEST_F(BulkTest, ApplyRewritesTheScopeAndShowsTheNewState) {
 TEST_F(BulkTest, CopyAndDiscardChangePendingAlone) {
   oIDE.AddProject(u"P", 0);
   FakeComponent& oModule = Add(u"MOne", Bare);
+  oIDE.AddProject(u"Q", 0);
+  Add(u"MTwo", Bare);
   Run([&] {
     Click(u"MOne");
+    Choose<FCopySuggest>(4);
+    EXPECT_TRUE(oMain.oMenu.mnuPropsCopySuggest.UserPick());
+    EXPECT_NE(Tree().find("MTwo[Standard ModuleDirty]"), std::string::npos) << Tree();
+    Choose<FUndoPending>(4);
+    EXPECT_TRUE(oMain.oMenu.mnuPropsUndoPending.UserPick());
+    EXPECT_EQ(Tree().find("Dirty"), std::string::npos) << Tree();
     Choose<FCopySuggest>(2);
     EXPECT_TRUE(oMain.oMenu.mnuPropsCopySuggest.UserPick());
     EXPECT_NE(Rows(oMain.lvwProcs).find("MethodDirty|b|Sub|Public|Std|"), std::string::npos)

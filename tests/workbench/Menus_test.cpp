@@ -126,17 +126,20 @@ TEST_F(MenusTest, ViewChecksWhatIsShown) {
       std::string s;
       for (const Menu* po : oMain.oMenu.mnuView.Items())
         if (po->Checked()) s += ToUtf8(po->Name().substr(7)) + " ";
+      s += "|";
+      for (const Control* po : oMain.picContainer.Controls())
+        if (po->Visible()) s += " " + ToUtf8(po->Name());
       return s;
     };
-    EXPECT_EQ(Checked(), "ProjectTree Results ");
+    EXPECT_EQ(Checked(), "ProjectTree Results | tabView lblResults srlResults");
     oMain.oMenu.mnuViewProjectList.UserPick();
     oMain.oMenu.mnuViewCode.UserPick();
     oMain.oMenu.mnuViewErrors.UserPick();
     oMain.oMenu.mnuViewPending.UserPick();
-    EXPECT_EQ(Checked(), "ProjectList Code Errors Pending ");
+    EXPECT_EQ(Checked(), "ProjectList Code Errors Pending | tabView lblCode txtCode");
     oMain.oMenu.mnuViewErrors.UserPick();
     oMain.oMenu.mnuViewProperties.UserPick();
-    EXPECT_EQ(Checked(), "ProjectList Properties Pending ");
+    EXPECT_EQ(Checked(), "ProjectList Properties Pending | tabView lblProperties prlProperties");
     EXPECT_TRUE(oMain.oToolbar.ButtonEnabled(2) && !oMain.oToolbar.ButtonEnabled(3));
   });
 }

@@ -194,6 +194,10 @@ TEST_F(FMainTest, AnEditReachesWhoCanTakeItAndOnlyPending) {
         << "b is locked, c has its own handler";
     EXPECT_NE(Tree().find("MOne[Standard ModuleDirty]"), std::string::npos);
     EXPECT_EQ(oMain.prlProperties.Row(), 4);
+    EXPECT_EQ(oMain.Model()->Trace(oMain.lvwProcs.ListItems().Item(1).Tag()), 0)
+        << "no trace in declarations";
+    Edit(u"Locked", u"True");
+    EXPECT_TRUE(Rows(oMain.lvwProcs).ends_with("*Method|c|Sub|Public|(bespoke)\n"));
     Edit(u"Locked", u"False");
     Edit(u"Template", u"(none)");
     EXPECT_EQ(Rows(oMain.lvwProcs),
