@@ -3,8 +3,11 @@
 // has room.
 #pragma once
 
+#include <algorithm>
+
 #include "CheckBox.h"
 #include "CommandButton.h"
+#include "Form.h"
 #include "FormsFixture.h"
 #include "Frame.h"
 #include "Label.h"
