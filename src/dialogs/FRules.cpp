@@ -7,7 +7,8 @@ using namespace Forms;
 
 namespace {
 constexpr TextView CurrentTab = u"Current Tab";
-}
+constexpr std::int32_t alHelpContext[] = {2710, 2720, 2730, 2740, 2750};  // tabs in order
+}  // namespace
 
 FRules::FRules(Toolkit& oToolkit) : FOptionSheet(oToolkit, u"FRules") {
   On(tabOption.Click, [this] { tabOption_Click(); });
@@ -23,7 +24,7 @@ void FRules::Design() {
   for (std::int32_t i = 0; i <= fraOption.UBound(); ++i) {
     fraOption(i).SetVisible(false);
     fraOption(i).SetBorder(false);
-    fraOption(i).SetHelpContextID(2700 + 10 * i);
+    if (i > 0) fraOption(i).SetHelpContextID(alHelpContext[i - 1]);
   }
   for (IRulesPage* po : moPages) po->Design();
 }
