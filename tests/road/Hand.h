@@ -1,0 +1,75 @@
+// A user at a real window: the mouse as the window system delivers it, step by step while
+// the program runs in its own event loops.
+//
+//   Hand oHand("road");
+//   oHand.Step("the window stands", [&] { return Find(...); }, [&] { oHand.Click(oButton); });
+//   oHand.Start();  // inside RunDesktop, ahead of the program's main loop
+//   ...
+//   oHand.Stop();   // behind it
+//
+// A step waits until its condition holds, and then acts. One that waits too long ends the process
+// with a failure, behind a picture of the screen in the folder of the test programs. With
+// QUILLON_PICTURES in the environment there is a picture ahead of each step.
+#pragma once
+
+#include <wx/timer.h>
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "Control.h"
+#include "Menu.h"
+#include "Toolkit.h"
+
+class Hand {
+ public:
+  /// sName: of the pictures.
+  explicit Hand(std::string sName);
+  ~Hand();
+
+  void Step(std::string sWhat, std::function<bool()> oReady, std::function<void()> oAct);
+  void Start();
+  void Stop() { mpClock.reset(); }
+  /// Steps that haven't been done.
+  std::size_t Left() const { return moSteps.size(); }
+
+  /// In the middle of a control.
+  void Click(const Forms::Control& oControl);
+  /// Near its upper left corner, where a row of tabs has the first one.
+  void ClickFirstTab(const Forms::Control& oControl);
+  /// On a row of a list or a tree, from 0 in the order shown. nModifier: such as wxMOD_CONTROL.
+  void ClickRow(const Forms::Control& oControl, int nRow, int nModifier = wxMOD_NONE);
+  /// The title of a menu in the menu bar, by its access key.
+  void ClickMenu(const Forms::Form& oForm, char16_t cAccessKey);
+  /// An item of the menu that was dropped by ClickMenu.
+  void ClickItem(const Forms::Form& oForm, char16_t cMenuKey, char16_t cItemKey);
+  /// The whole screen.
+  void TakePicture(const std::string& sName) const;
+
+ private:
+  static constexpr int lTickMilliseconds = 100, lPatience = 200, lSettling = 3;  ///< in ticks
+  struct OneStep {
+    std::string sWhat;
+    std::function<bool()> oReady;
+    std::function<void()> oAct;
+  };
+  void Tick();
+  /// The left edge of a menu's title and the menu; null when the form has no such menu.
+  std::pair<int, const Forms::Menu*> FindMenu(const Forms::Form& oForm, char16_t cAccessKey) const;
+  void ClickAt(const wxPoint& oPlace, int nModifier);
+
+  class Clock;
+
+  std::string msName;
+  std::deque<OneStep> moSteps;
+  int mnWaited = 0, mnReady = 0;
+  int mnPicture = 0;
+  std::unique_ptr<wxTimer> mpClock;
+};
+
+/// The loaded form of that name, visible; null when there is none.
+Forms::Form* FormOf(const Forms::Toolkit& oToolkit, TextView sName);
+/// A component of a form by its name and its number in an array; null when there is none.
+Forms::Control* ControlOf(const Forms::Form& oForm, TextView sName, std::int32_t lIndex = -1);
