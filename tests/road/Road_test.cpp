@@ -131,12 +131,12 @@ class RoadTest : public testing::Test {
         sWhat, [] { return true; },
         [&o, cTitle, cEntry, this] { moHand.ClickItem(*o.ActiveForm(), cTitle, cEntry); });
   }
-  /// The button that Escape presses, or the only one.
+  /// The button that leaves a dialog without doing anything, or the only one.
   static const CommandButton& LeavingButton(const Form& oForm) {
     const CommandButton* poLast = nullptr;
     for (const Component* po : oForm.Components()) {
       const auto* poButton = dynamic_cast<const CommandButton*>(po);
-      if (poButton && poButton->Cancel()) return *poButton;
+      if (poButton && (poButton->Cancel() || po->Name() == u"cmdCancel")) return *poButton;
       if (poButton) poLast = poButton;
     }
     return *poLast;
