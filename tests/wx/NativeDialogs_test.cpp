@@ -73,6 +73,8 @@ TEST_F(NativeDialogsTest, AnErrorThatNobodyMetIsShownAndTheFormGoesOn) {
     moRobot.KeyIntoBox(WXK_RETURN);
     moRobot.FrameOf(moForm).SetSize(700, 500);
     moRobot.Settle();
+    moForm.mnuFile.SetVisible(false);  // the room inside changes while the window is brought up
+    EXPECT_EQ(FailureOf([&] { poToolkit->DoEvents(); }), 5);
   }
   Take();
   moRobot.Click(moForm.chkLocked);
