@@ -199,14 +199,23 @@ TEST_F(BulkTest, ProvingIsARuleThatLasts) {
   });
 }
 
-TEST_F(BulkTest, PrintingCancelledPrintsNothing) {
+TEST_F(BulkTest, PrintsWhatWasTickedOfTheProject) {
   oIDE.AddProject(u"P", 0);
+  Add(u"MOne", Bare);
   Run([&] {
     User().Modal<FPrintOption>([](FPrintOption& o) {
       o.chkProjectSummary.UserClick();
       o.cmdCancel.UserClick();
     });
     EXPECT_TRUE(oMain.oMenu.mnuFilePrint.UserPick());
+    EXPECT_EQ(sPrinted, "");
+    User().Modal<FPrintOption>([](FPrintOption& o) {
+      o.chkProjectSummary.UserClick();
+      o.chkProcSettings.UserClick();
+      o.cmdOK.UserClick();
+    });
+    EXPECT_TRUE(oMain.oMenu.mnuFilePrint.UserPick());
+    EXPECT_EQ(sPrinted, "Project Summary - P;Procedure Properties - P;");
     EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Default);
   });
 }

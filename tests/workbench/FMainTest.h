@@ -133,7 +133,12 @@ class FMainTest : public FormsTest {
   PaneIDE oIDE;
   Connect oConnect;
   NoQueues oQueues;
-  Paper::Printers oPrinters{[](TextView) { return Text(); }, oQueues};
+  std::string sPrinted;  ///< titles of the documents that asked for a file, and got none
+  Paper::Printers oPrinters{[this](TextView sTitle) {
+                              sPrinted += ToUtf8(sTitle) + ";";
+                              return std::nullopt;
+                            },
+                            oQueues};
   FMain oMain{moToolkit, oPrinters};
 
  private:
