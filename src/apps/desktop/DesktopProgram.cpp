@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 
 #include "CXChooseFile.h"
 #include "CXRecent.h"
@@ -34,13 +35,15 @@ std::string PictureBytes(const ButtonFaces& oFaces, TextView sKey, std::int32_t 
 }
 
 /// Where a printed document goes that no printer takes.
-Text AskPdfFile(Forms::Toolkit& oToolkit, TextView sTitle) {
+// Nothing for Cancel: that is no failure.
+std::optional<Text> AskPdfFile(Forms::Toolkit& oToolkit, TextView sTitle) {
   CXChooseFile oChoose(oToolkit);
   oChoose.Dialog = oToolkit.ActiveForm();
   oChoose.Title = u"Print to File";
   oChoose.FileName = Text(sTitle) + u".pdf";
   oChoose.OFilters = {u"PDF Files (*.pdf) | *.pdf"};
-  return oChoose.Show(true) ? oChoose.FileName : Text();
+  if (!oChoose.Show(true)) return std::nullopt;
+  return oChoose.FileName;
 }
 
 void TellSettingsProblems(Forms::Toolkit& oToolkit, const RegistryStore& oStore) {
