@@ -28,7 +28,7 @@ class MStartUpTest : public FormsTest {
     MStartUp::End();
     goRegistry = nullptr;
   }
-  MStartUp::Setup Setup(TextView sCommandLine = {}) {
+  MStartUp::Setup Given(TextView sCommandLine = {}) {
     return {moToolkit, Text(sCommandLine), moFolder / "quillon.log", {}, {}};
   }
 
@@ -38,7 +38,7 @@ class MStartUpTest : public FormsTest {
 
 TEST_F(MStartUpTest, EverythingStandsBehindMain) {
   MQuillon::asFolderName.clear();
-  EXPECT_TRUE(MStartUp::Main(Setup()));
+  EXPECT_TRUE(MStartUp::Main(Given()));
   EXPECT_NE(goError, &SilentErrorRuntime());
   EXPECT_NE(MStartUp::goErrorClient, nullptr);
   EXPECT_EQ(MQuillon::asFolderName.size(), 9U);
@@ -57,7 +57,7 @@ TEST_F(MStartUpTest, TraceIsAnExactWordOfTheCommandLine) {
        {Row{u"quillon-desktop", false}, Row{u"quillon-desktop /TRACE a.vbg", true},
         Row{u"x/TRACEy", true}, Row{u"/trace", false}}) {
     SCOPED_TRACE(ToUtf8(oRow.sCommandLine));
-    EXPECT_TRUE(MStartUp::Main(Setup(oRow.sCommandLine)));
+    EXPECT_TRUE(MStartUp::Main(Given(oRow.sCommandLine)));
     EXPECT_EQ(goError->TraceEnabled(), oRow.bTrace);
     MStartUp::End();
   }
@@ -65,7 +65,7 @@ TEST_F(MStartUpTest, TraceIsAnExactWordOfTheCommandLine) {
 
 TEST_F(MStartUpTest, FailureIsToldAndStartUpDoesNotRun) {
   MQuillon::asFolderName.clear();
-  MStartUp::Setup oSetup = Setup();
+  MStartUp::Setup oSetup = Given();
   oSetup.oMakeRuntime = [](IErrorDialog&) -> std::unique_ptr<IErrorRuntime> {
     throw Failure(429, u"ActiveX component can't create object", u"TarvaneA");
   };
@@ -96,7 +96,7 @@ TEST_F(MStartUpTest, BoxTellsAFailureAndTakesTheAnswer) {
       {"leave", ErrorIds::RetryLine, MsgBoxResult::Abort, ErrorIds::ActionLeave},
       {"no choice", ErrorIds::RetryNone, MsgBoxResult::Ok, ErrorIds::ActionLeave},
   };
-  EXPECT_TRUE(MStartUp::Main(Setup()));
+  EXPECT_TRUE(MStartUp::Main(Given()));
   for (const Row& oRow : aoRow) {
     SCOPED_TRACE(oRow.sName);
     User().MsgBox(oRow.eAnswer);
