@@ -55,7 +55,7 @@ TEST_F(MStartUpTest, TraceIsAnExactWordOfTheCommandLine) {
   };
   for (const Row& oRow :
        {Row{u"quillon-desktop", false}, Row{u"quillon-desktop /TRACE a.vbg", true},
-        Row{u"x/TRACEy", true}, Row{u"/trace", false}}) {
+        Row{u"x/TRACEy", true}, Row{u"/trace", false}, Row{u"quillon-desktop TRACE.vbg", false}}) {
     SCOPED_TRACE(ToUtf8(oRow.sCommandLine));
     EXPECT_TRUE(MStartUp::Main(Given(oRow.sCommandLine)));
     EXPECT_EQ(goError->TraceEnabled(), oRow.bTrace);
