@@ -281,20 +281,24 @@ std::int32_t ProcIndex::FindMember(TextView sName, std::uint32_t lHash, int nTyp
 }
 
 // A caller asks for the start, the head and the length of one procedure behind one another.
-std::int32_t ProcIndex::Find(TextView sName, ProcKind nKind) {
+std::int32_t ProcIndex::LookUp(TextView sName, bool bProperty) {
   Update();
-  if (nKind < 0 || nKind > 3) return 0;
-  if (moLast.lVersion != mlMembersVersion || !Same(moLast.sName, sName) ||
-      moLast.bProperty != (nKind != 0)) {
-    const std::int32_t lMember = FindMember(sName, HashOf(sName), nKind == 0 ? 1 : 2);
-    moLast = {Text(sName), lMember, mlMembersVersion, nKind != 0};
+  if (moLast.lVersion != mlMembersVersion || moLast.bProperty != bProperty ||
+      !Same(moLast.sName, sName)) {
+    const std::int32_t lMember = FindMember(sName, HashOf(sName), bProperty ? 2 : 1);
+    moLast = {Text(sName), lMember, mlMembersVersion, bProperty};
   }
-  return moLast.lMember < 0 ? 0 : moMembers[Index(moLast.lMember)].alScope[nKind];
+  return moLast.lMember;
+}
+
+std::int32_t ProcIndex::Find(TextView sName, ProcKind nKind) {
+  if (nKind < 0 || nKind > 3) return 0;
+  const std::int32_t lMember = LookUp(sName, nKind != 0);
+  return lMember < 0 ? 0 : moMembers[Index(lMember)].alScope[nKind];
 }
 
 bool ProcIndex::IsDeclare(TextView sName) {
-  Update();
-  const std::int32_t lMember = FindMember(sName, HashOf(sName), 1);
+  const std::int32_t lMember = LookUp(sName, false);
   return lMember >= 0 && moMembers[Index(lMember)].bDeclare;
 }
 

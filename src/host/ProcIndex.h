@@ -92,6 +92,7 @@ class ProcIndex {
   void Enter(std::int32_t lMember);
   void FillTable(std::size_t lSize);
   std::int32_t FindMember(TextView sName, std::uint32_t lHash, int nType) const;
+  std::int32_t LookUp(TextView sName, bool bProperty);
   TextView NameOf(const Member& oMember) const {
     return TextView(msNames).substr(oMember.lName, oMember.lNameLength);
   }
