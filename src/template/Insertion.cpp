@@ -172,7 +172,9 @@ Text InsertIntoDeclarations(const InsertionRequest& oRequest, const ProcText& oP
 
   const TemplateRow& oTemplate = *oRequest.pTemplate;
   const std::size_t lLines = oProc.Units() == 0 ? 0 : oProc.Count();
-  const std::size_t lPlace = oProc.Units() == 0 ? 0 : BehindOptions(oProc);
+  std::size_t lPlace = oProc.Units() == 0 ? 0 : BehindOptions(oProc);
+  // What follows the last line end of blank declarations is no line to stand behind.
+  if (lPlace > 0 && lPlace == lLines && oProc.Line(lPlace - 1).empty()) --lPlace;
   LineWriter oWriter;
   oWriter.Add(oProc, 0, lPlace);
   oWriter.Add(oRequest.pSignature->Line(oRequest.oValues.sTemplate, oRequest.bLocked));
