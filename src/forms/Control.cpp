@@ -47,7 +47,9 @@ Control::Control(ControlContainer& oContainer, TextView sName)
   oContainer.Add(*this);
 }
 
+// The peer looks at the control up to its own end.
 Control::~Control() {
+  Unrealize();
   if (!mpoContainer) return;
   Kit().ControlGone(*this);
   Parent().ForgetControl(*this);
