@@ -12,14 +12,6 @@ namespace {
 constexpr std::int32_t ItemCount = 9, SeparatorIndex = 10;
 constexpr double CaptionWidth = 2700;
 
-/// Fitted to the menu. Folders are cut out between backslashes.
-Text Shortened(TextView sPath, const MXString::TextWidth& oMeasure) {
-  const bool bSlashes = sPath.find(u'/') != TextView::npos;
-  const Text sParted = bSlashes ? MXString::StringReplace(sPath, u"/", u"\\") : Text(sPath);
-  const Text sCut = MXString::TrimPathToFit(sParted, oMeasure, CaptionWidth, false);
-  return bSlashes ? MXString::StringReplace(sCut, u"\\", u"/") : sCut;
-}
-
 void DropMissingFiles() {
   for (std::int32_t i = RecentFiles().Count(); i >= 1; --i) {
     if (!MXFile::FileExists(RecentFiles().Item(i))) RecentFiles().Remove(i);
@@ -74,8 +66,8 @@ void CXRecentFiles::ShowItem(std::int32_t lIndex) {
   if (lIndex > Count()) return;
   const Text sFile = Item(lIndex);
   const auto oMeasure = [this](TextView s) -> double { return mpoMenu->Parent().TextWidth(s); };
+  const Text sFitted = MXString::TrimPathToFit(sFile, oMeasure, CaptionWidth, false);
   // An ampersand of a path is no mark of an access key.
-  oItem.SetCaption(u"&" + ToText(lIndex) + u" " +
-                   MXString::StringReplace(Shortened(sFile, oMeasure), u"&", u"&&"));
+  oItem.SetCaption(u"&" + ToText(lIndex) + u" " + MXString::StringReplace(sFitted, u"&", u"&&"));
   oItem.SetTag(sFile);
 }

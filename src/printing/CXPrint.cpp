@@ -16,26 +16,6 @@ std::int32_t Rounded(double dValue) {
   return static_cast<std::int32_t>(std::nearbyint(dValue));
 }
 
-bool HasBackslash(TextView sText) {
-  return sText.find(u'\\') != TextView::npos;
-}
-
-Text Exchanged(TextView sText, char16_t cOld, char16_t cNew) {
-  Text sResult(sText);
-  std::replace(sResult.begin(), sResult.end(), cOld, cNew);
-  return sResult;
-}
-
-/// TrimPathToFit for paths of either kind: it knows the backslash alone, and would leave nothing of
-/// a path of slashes.
-Text FittedPath(TextView sPath, const MXString::TextWidth& oOutput, double dWidth) {
-  if (HasBackslash(sPath)) return MXString::TrimPathToFit(sPath, oOutput, dWidth, true);
-  const auto oSlashed = [&](TextView s) { return oOutput(Exchanged(s, u'\\', u'/')); };
-  const Text sFitted =
-      MXString::TrimPathToFit(Exchanged(sPath, u'/', u'\\'), oSlashed, dWidth, true);
-  return Exchanged(sFitted, u'\\', u'/');
-}
-
 }  // namespace
 
 CXPrint::~CXPrint() {
@@ -183,7 +163,7 @@ void CXPrint::SetColumnIsPath(std::int32_t lColumn, bool bIsPath) {
 Text CXPrint::Fitted(const Column& oColumn, TextView sValue) const {
   const MXString::TextWidth oOutput = [this](TextView s) { return moPrinter.TextWidth(s); };
   const auto dWidth = static_cast<double>(oColumn.lWidth);
-  if (oColumn.bIsPath) return FittedPath(sValue, oOutput, dWidth);
+  if (oColumn.bIsPath) return MXString::TrimPathToFit(sValue, oOutput, dWidth, true);
   return MXString::TrimToFit(sValue, oOutput, dWidth);
 }
 

@@ -88,24 +88,33 @@ bool AllIn(TextView sText, TextView sSet, TextView sExtra) {
   return oOther.IsValid() && !oOther.Matches(sText);
 }
 
+// Paths of this system and of the one whose projects they name: where a backslash stands, a slash
+// is a character of a name.
+TextView SeparatorOf(TextView sPath) {
+  return sPath.find(u'\\') != npos ? u"\\" : u"/";
+}
+
 Text CutMiddle(TextView sPath, const MXString::TextWidth& oOutput, double dWidth) {
-  const Text sRoot = MXString::StringBefore(sPath, u"\\");
-  const Text sFile = MXString::StringAfterLast(sPath, u"\\");
+  const TextView sSeparator = SeparatorOf(sPath);
+  const Text sRoot = MXString::StringBefore(sPath, sSeparator);
+  const Text sFile = MXString::StringAfterLast(sPath, sSeparator);
+  const Text sStart = Text(sRoot).append(sSeparator).append(u"...");
   Text sResult(sPath);
   for (std::size_t lSlash = sRoot.size(); oOutput(sResult) > dWidth;) {
-    lSlash = sPath.find(u'\\', lSlash + 1);
+    lSlash = sPath.find(sSeparator, lSlash + 1);
     if (lSlash == npos) {
-      sResult = sRoot + u"\\...\\" + sFile;
+      sResult = Text(sStart).append(sSeparator).append(sFile);
       break;
     }
-    sResult = (sRoot + u"\\...").append(sPath.substr(lSlash));
+    sResult = Text(sStart).append(sPath.substr(lSlash));
   }
   return oOutput(sResult) > dWidth ? sFile : sResult;
 }
 
 Text CutRoot(TextView sPath, const MXString::TextWidth& oOutput) {
-  const Text sFile = MXString::StringAfterLast(sPath, u"\\");
-  const Text sResult = u"...\\" + sFile;
+  const TextView sSeparator = SeparatorOf(sPath);
+  const Text sFile = MXString::StringAfterLast(sPath, sSeparator);
+  const Text sResult = Text(u"...").append(sSeparator).append(sFile);
   return oOutput(sResult) > oOutput(sPath) ? sFile : sResult;
 }
 
@@ -230,7 +239,7 @@ Text TrimToFit(TextView sText, const TextWidth& oOutput, double dWidth) {
 
 Text TrimPathToFit(TextView sPath, const TextWidth& oOutput, double dWidth, bool bAllowCut) {
   if (oOutput(sPath) <= dWidth) return Text(sPath);
-  const std::int32_t lFolders = StringCount(sPath, u"\\");
+  const std::int32_t lFolders = StringCount(sPath, SeparatorOf(sPath));
   if (lFolders == 0) return {};
   const Text sResult = lFolders == 1 ? CutRoot(sPath, oOutput) : CutMiddle(sPath, oOutput, dWidth);
   return bAllowCut ? TrimToFit(sResult, oOutput, dWidth) : sResult;

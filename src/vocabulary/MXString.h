@@ -40,6 +40,9 @@ std::int32_t LeadingSpaceCount(TextView sText);
 /// Gives the width of a text in the output object's units and current font.
 using TextWidth = std::function<double(TextView)>;
 Text TrimToFit(TextView sText, const TextWidth& oOutput, double dWidth);
+/// Takes folders out of the middle, and at last all of them: `C:\a\b\c.txt` becomes
+/// `C:\...\b\c.txt`, `C:\...\c.txt`, `c.txt`. A path without a backslash is parted by slashes; one
+/// with neither that doesn't fit becomes empty. bAllowCut: the file's name may be cut at its end.
 Text TrimPathToFit(TextView sPath, const TextWidth& oOutput, double dWidth, bool bAllowCut);
 
 }  // namespace MXString

@@ -83,23 +83,26 @@ TEST(MXString, KnowsDigitsAndLetters) {
 
 TEST(MXString, ShortensTextAndPathsToAWidth) {
   const TextWidth Units = [](TextView s) { return static_cast<double>(s.size()); };
-  // Width and path: cut as a text, as a path, as a path that may be cut.
-  ExpectRows(
+  // Width and path: cut as a text, as a path, as a path that may be cut; with either separator.
+  const TextView sRows =
       u"12^C:/a/b/c.txt~|C:/a/b/c.txt|C:/a/b/c.txt|C:/a/b/c.txt; "
       u"11^C:/a/b/c.txt~|C:/a/b/c...|c.txt|c.txt; "
       u"14^C:/long/b/c.txt~|C:/long/b/c...|C:/.../b/c.txt|C:/.../b/c.txt; "
       u"12^C:/long/b/c.txt~|C:/long/b...|C:/.../c.txt|C:/.../c.txt; "
       u"11^C:/long/b/c.txt~|C:/long/...|c.txt|c.txt; 2^C:/c.txt~||c.txt|; "
       u"9^longroot/c.txt~|longro...|.../c.txt|.../c.txt; 5^c.text~|c....||; "
-      u"7^C:/c.txt~|C:/c...|c.txt|c.txt; 4^C:/c.txt~|C...|c.txt|c...",
-      [&](TextView sRow) {
-        const double dWidth = std::stod(ToUtf8(StringBefore(sRow, u"^")));
-        const Text s = StringReplace(StringAfter(sRow, u"^"), u"/", u"\\");
-        return StringReplace(
-            Bars({u"", TrimToFit(s, Units, dWidth), TrimPathToFit(s, Units, dWidth, false),
-                  TrimPathToFit(s, Units, dWidth, true)}),
-            u"\\", u"/");
-      });
+      u"7^C:/c.txt~|C:/c...|c.txt|c.txt; 4^C:/c.txt~|C...|c.txt|c...; "
+      u"12^/long/b/c.txt~|/long/b/c...|/.../b/c.txt|/.../b/c.txt";
+  for (const Text& s :
+       {Text(sRows), StringReplace(sRows, u"/", u"\\"),
+        Text(u"14^C:\\long/x\\c.txt~|C:\\long/x\\c...|C:\\...\\c.txt|C:\\...\\c.txt")}) {
+    ExpectRows(s, [&](TextView sRow) {
+      const double dWidth = std::stod(ToUtf8(StringBefore(sRow, u"^")));
+      const Text sPath = StringAfter(sRow, u"^");
+      return Bars({u"", TrimToFit(sPath, Units, dWidth), TrimPathToFit(sPath, Units, dWidth, false),
+                   TrimPathToFit(sPath, Units, dWidth, true)});
+    });
+  }
 }
 
 TEST(Text, GoesToUtf8AndBackWithoutLoss) {
