@@ -5,6 +5,8 @@
 #include "FSave.h"
 #include "FormsFixture.h"
 #include "MQuillon.h"
+#include "MXHTMLHelp.h"
+#include "MXRegistry.h"
 #include "ProjectTree.h"
 #include "RegistryStore.h"
 
@@ -63,7 +65,10 @@ class FIDETest : public FormsTest {
                  "Type=Exe\r\nName=\"Shop\"\r\nModule=MMain; Main.bas\r\n"
                  "Class=COrder; Order.cls\r\n");
   }
-  ~FIDETest() override { goRegistry = nullptr; }
+  ~FIDETest() override {
+    MXHTMLHelp::SetHelpFile({});
+    goRegistry = nullptr;
+  }
 
   void Start(const std::string& sGroup = "Shop.vbp", std::int32_t nMode = 1) {
     moIDE.Start({sGroup.empty() ? Text() : PathText(sGroup), nMode});
@@ -122,6 +127,34 @@ TEST_F(FIDETest, OpensTheGroupAndConnectsTheAddInAMomentAfterItShows) {
   EXPECT_EQ(moIDE.Caption(), u"Shop.vbp - Tarvane Quillon");
   EXPECT_TRUE(moIDE.UserClose());
   EXPECT_EQ(msLog, "connect1 startup update disconnect gone ");
+}
+
+TEST_F(FIDETest, DamagedPlacesAndAMissingHelpFileLeaveAWindowThatWorks) {
+  const Text sKey = Text(u"HKEY_CURRENT_USER\\").append(MXRegistry::RootKey) + u"FIDE";
+  const std::int32_t lFar = 2147483647;
+  struct Row {
+    TextView sKey, sName;
+    std::int32_t lValue;
+  };
+  for (const Row& oRow : {Row{u"", u"Left", -lFar}, Row{u"", u"Top", lFar}, Row{u"", u"Width", 0},
+                          Row{u"", u"Height", 3}, Row{u"\\Split", u"Left", lFar}}) {
+    SCOPED_TRACE(ToUtf8(oRow.sName));
+    moStore.SetLong(sKey + Text(oRow.sKey), oRow.sName, oRow.lValue);
+    Start();
+    const Rect o = moIDE.Bounds();
+    EXPECT_TRUE(o.lLeft >= 0 && o.lTop >= 0 && o.lWidth > 2400 && o.lHeight > 2400);
+    EXPECT_TRUE(o.lLeft + o.lWidth <= 15360 && o.lTop + o.lHeight <= 11520);
+    EXPECT_GE(moIDE.picRight.Width(), 1400);
+    moIDE.UserClose();
+  }
+  Start();
+  MXHTMLHelp::SetHelpFile(PathText("gone.htb"));
+  User().MsgBox(MsgBoxResult::Ok);
+  EXPECT_TRUE(moIDE.mnuHelpContents.UserPick());
+  EXPECT_NE(LastBox().find("gone.htb"), std::string::npos);
+  MXHTMLHelp::SetHelpFile(PathText("Main.bas"));
+  EXPECT_TRUE(moIDE.mnuHelpContents.UserPick());
+  EXPECT_EQ(moRenderer.Opened().size(), 1U);
 }
 
 TEST_F(FIDETest, WithoutAGroupTakesTheLastOneAndElseAsks) {
@@ -309,6 +342,7 @@ TEST_F(FIDETest, SaveThatFailsIsToldAndNothingIsLost) {
   std::filesystem::permissions(moTree.Path("Main.bas"), std::filesystem::perms::owner_read);
   User().MsgBox(MsgBoxResult::Ok);
   EXPECT_FALSE(moIDE.SaveAll());
+  EXPECT_NE(LastBox().find("choose File, Save All again"), std::string::npos);
   EXPECT_NE(LastBox().find("Main.bas"), std::string::npos);
   EXPECT_EQ(LastBox().find("Order.cls"), std::string::npos);
   EXPECT_NE(moTree.Read("Order.cls"), sClassBytes);

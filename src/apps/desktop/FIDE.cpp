@@ -13,7 +13,7 @@ namespace {
 
 using namespace Forms;
 
-constexpr std::int32_t lBarWidth = 75, lLeastPane = 1500, lStatusPanel = 3000;
+constexpr std::int32_t lBarWidth = 75, lLeastPane = 1500, lStatusPanel = 3000, lLeastWindow = 2400;
 constexpr std::int32_t lUsualWidth = 12000, lUsualHeight = 8400;
 constexpr std::int32_t lRecentCount = 9;
 
@@ -80,7 +80,8 @@ void FIDE::ConnectEvents() {
   On(mnuAddInsLoad.Click, [this] {
     Handle(u"mnuAddInsLoad_Click", [&] { mpAddIn ? DisconnectAddIn() : ConnectAddIn(0); });
   });
-  On(mnuHelpContents.Click, [this] { MXHTMLHelp::ShowHelpTOC(App(), 0); });
+  On(mnuHelpContents.Click,
+     [this] { Handle(u"mnuHelpContents_Click", [&] { mnuHelpContents_Click(); }); });
   On(mnuHelpAbout.Click,
      [this] { Handle(u"mnuHelpAbout_Click", [&] { FAbout(App()).Display(this); }); });
 }
@@ -178,16 +179,26 @@ void FIDE::Form_Load() {
 
 void FIDE::RestorePlaces() {
   MXForm::Center(*this);
+  const Rect oUsual = Bounds();
   // A damaged place in the settings leaves the usual one.
+  const auto TakeUsual = [&] { Move(oUsual.lLeft, oUsual.lTop, oUsual.lWidth, oUsual.lHeight); };
   try {
     MXForm::RestorePosition(*this, mhReg, true);
     MXForm::RestorePosition(picSplit, mhRegSplit, false);
   } catch (const Failure&) {
-    Move(0, 0, lUsualWidth, lUsualHeight);
+    TakeUsual();
   }
+  if (Width() < lLeastWindow || Height() < lLeastWindow) TakeUsual();
   if (MXRegistry::GetRegLong(mhReg, u"State", 0) ==
       static_cast<std::int32_t>(Forms::WindowState::Maximized))
     SetWindowState(Forms::WindowState::Maximized);
+}
+
+void FIDE::mnuHelpContents_Click() {
+  if (MXHTMLHelp::HelpExists()) return MXHTMLHelp::ShowHelpTOC(App(), 0);
+  App().MsgBox(u"The help can't be shown: there is no file " + MXHTMLHelp::HelpFile() +
+                   u".\r\n\r\nInstall Tarvane Quillon again to get it back.",
+               MsgBoxButtons::OkOnly, MsgBoxIcon::Exclamation);
 }
 
 void FIDE::Form_Resize() {

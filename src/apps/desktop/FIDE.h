@@ -102,6 +102,7 @@ class FIDE : public Forms::Form {
   void RestorePlaces();
   void Form_Resize();
   void LayOutRight();
+  void mnuHelpContents_Click();
 
   // FIDE_Group.
   void tmrStart_Tick();

@@ -121,7 +121,7 @@ bool FIDE::SaveAll() {
   if (oResult.oFailed.empty()) return true;
   Tell(
       NoteText(u"These files could not be saved. They are as they were, and the changes stay in "
-               u"this window:",
+               u"this window. Remove the cause, then choose File, Save All again:",
                oResult.oFailed));
   return false;
 }
