@@ -14,6 +14,21 @@ std::int32_t Length(TextView sText) {
   return static_cast<std::int32_t>(sText.size());
 }
 
+/// How many units ahead of the caret an edit has too many. What the user put in ends at the caret;
+/// nothing else is taken, and no line end or pair in halves.
+std::int32_t Overrun(TextView sOld, TextView sNew, std::int32_t lCaret, std::int32_t lMaxLength) {
+  const std::int32_t lOver = Length(sNew) - lMaxLength;
+  if (lMaxLength <= 0 || lOver <= 0) return 0;
+  const auto lBehind = std::min(sOld.size(), sNew.size() - static_cast<std::size_t>(lCaret));
+  const TextView sAhead = sNew.substr(0, static_cast<std::size_t>(lCaret));
+  const auto it = std::mismatch(sOld.begin(), sOld.end() - static_cast<std::ptrdiff_t>(lBehind),
+                                sAhead.begin(), sAhead.end());
+  const auto lPutIn = static_cast<std::int32_t>(sAhead.end() - it.second);
+  if (lOver >= lPutIn) return lPutIn;
+  const char16_t cLast = sAhead[sAhead.size() - static_cast<std::size_t>(lOver) - 1];
+  return cLast == u'\r' || (cLast & 0xFC00) == 0xD800 ? lOver + 1 : lOver;
+}
+
 }  // namespace
 
 void TextBox::SetText(TextView sText) {
@@ -69,11 +84,16 @@ bool TextBox::UserText(TextView sText, std::int32_t lSelStart, std::int32_t lSel
     Changed(Property::Text);
     return false;
   }
-  // The peer shows this text already, so it isn't told.
-  const bool bNew = mo.sText != sText;
-  mo.sText = sText;
-  mo.lSelStart = std::clamp(lSelStart, 0, Length(sText));
-  mo.lSelLength = std::clamp(lSelLength, 0, Length(sText) - mo.lSelStart);
+  lSelStart = std::clamp(lSelStart, 0, Length(sText));
+  const std::int32_t lOver = Overrun(mo.sText, sText, lSelStart, mo.lMaxLength);
+  const ::Text sKept = ::Text(sText).erase(static_cast<std::size_t>(lSelStart - lOver),
+                                           static_cast<std::size_t>(lOver));
+  const bool bNew = mo.sText != sKept;
+  mo.sText = sKept;
+  mo.lSelStart = lSelStart - lOver;
+  mo.lSelLength = std::clamp(lSelLength, 0, Length(sKept) - mo.lSelStart);
+  // The peer isn't told of a text that it shows already.
+  if (lOver > 0) Changed(Property::Text);
   if (bNew) Raise(Change);
   return true;
 }

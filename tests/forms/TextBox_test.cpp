@@ -95,6 +95,18 @@ TEST_F(TextBoxTest, UserEdits) {
          o.SetMaxLength(0);
        },
        "a12||cd"},
+      {"nor by the native control", 1, 1,
+       [this](TextBox& o) {
+         o.SetMaxLength(5);
+         o.UserText(u"aaa12cd", 5);
+         EXPECT_EQ(Shown(), "aaa||cd");
+         o.UserText(u"aaa\r\ncd", 5);  // a line end goes as a whole
+         EXPECT_EQ(Shown(), "aaa||cd");
+         o.SetMaxLength(2);
+         o.UserText(u"aacd", 2);  // code may set more: the user takes away
+         o.SetMaxLength(0);
+       },
+       "aa||cd"},
       {"KeyPress changes and drops", 4, 0,
        [](TextBox& o) {
          auto oLink = o.KeyPress.Connect([](std::int32_t& n) { n = n == u'x' ? 0 : n + 1; });
