@@ -2,6 +2,32 @@
 
 using namespace Forms;
 
+Chooser::Chooser(ControlContainer& oContainer, TextView sName) : UserControl(oContainer, sName) {
+  On(cmdDrop.MouseDown, [this](auto...) {
+    lstChoices.SetVisible(true);
+    lstChoices.SetFocus();
+  });
+  On(lstChoices.KeyDown, [this](std::int32_t nKeyCode, std::int32_t) {
+    if (nKeyCode != Key::Return && nKeyCode != Key::Escape) return;
+    txtEntry.SetText(lstChoices.Text());
+    txtEntry.SetFocus();
+    lstChoices.SetVisible(false);
+  });
+}
+
+void Chooser::Design() {
+  SetKeyPreview(true);
+  txtEntry.Move(0, 0, 1260, 240);
+  cmdDrop.Move(1260, 0, 255, 240);
+  cmdDrop.SetTabStop(false);
+  lstChoices.SetVisible(false);
+  lstChoices.SetTabStop(false);
+  for (const auto* psKind : {u"None", u"VB", u"Firewall", u"ActiveX"}) lstChoices.AddItem(psKind);
+  // A pixel around entries of 195 twips each.
+  const std::int32_t lPixel = Kit().Screen().TwipsPerPixelY();
+  lstChoices.Move(0, 240, 1515, 2 * lPixel + 195 * lstChoices.ListCount());
+}
+
 FEverything::FEverything(Toolkit& oToolkit) : Form(oToolkit, u"FEverything") {
   oLog.Watch(mnuOpen.Click, "Open");
   oLog.Watch(mnuProof.Click, "Proof");
@@ -24,6 +50,8 @@ FEverything::FEverything(Toolkit& oToolkit) : Form(oToolkit, u"FEverything") {
   oLog.Watch(lvwRows.DblClick, "DblClick");
   oLog.Watch(lstFew.Click, "Few");
   oLog.Watch(tabPages.Click, "Page");
+  oLog.Watch(choKind.cmdDrop.Click, "Drop");
+  oLog.Watch(choKind.KeyDown, "Key");
   oLog.Watch(tmrOnce.Tick, "Tick");
   oLog.Watch(Resize, "Resize");
 }
@@ -100,6 +128,10 @@ void FEverything::DesignLists() {
   for (std::int32_t i = 1; i <= 40; ++i) {
     lvwRows.ListItems().Add(u"Row " + ToText(i), u"Method").SetSubItems(1, u"Standard");
   }
+  choKind.Move(9500, 1900, 1600, 1500);
+  lblMore(0).SetCaption(u"More");
+  lblMore(0).Move(9500, 3500, 1500, 195);
+  chkMore(0).Move(9500, 3750, 1500, 255);
   lstFew.Move(7900, 1900, 1500, 2900);
   for (const auto* psLine : {u"One", u"Two", u"Three"}) lstFew.AddItem(psLine);
 }

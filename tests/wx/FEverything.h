@@ -23,6 +23,19 @@
 #include "TreeView.h"
 #include "UserControl.h"
 
+/// A control of several parts: an entry with a button that drops a list over what is below.
+class Chooser : public Forms::UserControl {
+ public:
+  Chooser(Forms::ControlContainer& oContainer, TextView sName);
+
+  Forms::TextBox txtEntry{*this, u"txtEntry"};
+  Forms::CommandButton cmdDrop{*this, u"cmdDrop"};
+  Forms::ListBox lstChoices{*this, u"lstChoices"};
+
+ private:
+  void Design() override;
+};
+
 class FEverything : public Forms::Form {
  public:
   explicit FEverything(Forms::Toolkit& oToolkit);
@@ -50,6 +63,9 @@ class FEverything : public Forms::Form {
   Forms::TabStrip tabPages{*this, u"tabPages"};
   Forms::CodePane codText{*this, u"codText"};
   Forms::StatusBar staBelow{*this, u"staBelow"};
+  Forms::ControlArray<Forms::Label> lblMore{*this, u"lblMore"};
+  Forms::ControlArray<Forms::CheckBox> chkMore{*this, u"chkMore"};
+  Chooser choKind{*this, u"choKind"};
   Forms::Timer tmrOnce{*this, u"tmrOnce"};
 
  private:

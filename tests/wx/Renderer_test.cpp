@@ -137,6 +137,20 @@ TEST_F(WxTest, ManyLinesKeepTheirEndsAndGrowAtTheEnd) {
   EXPECT_EQ(oBox.SelStart(), 21);
 }
 
+TEST_F(WxTest, NoMoreThanMaxLengthIsTyped) {
+  for (TextBox* po : {&moForm.txtName, &moForm.txtResults}) {
+    SCOPED_TRACE(ToUtf8(po->Name()));
+    po->SetText(u"aab");
+    po->SetMaxLength(4);
+    po->SetFocus();
+    po->SetSelStart(1);
+    moRobot.Type("aa");
+    EXPECT_EQ(ToUtf8(po->Text()), "aaab");
+    EXPECT_EQ(NativeOf<wxTextCtrl>(*po).GetValue(), "aaab");
+    EXPECT_EQ(NativeOf<wxTextCtrl>(*po).GetInsertionPoint(), 2);
+  }
+}
+
 TEST_F(WxTest, RowsOfATableAreSelectedAsUsual) {
   ListView& oList = moForm.lvwRows;
   const int nRow = RowHeightOf(oList), nHead = NativeOf<RowsPane>(oList).RowAt(0) == -1 ? 40 : 0;
@@ -208,6 +222,77 @@ TEST_F(WxTest, ListsAnswerToKeysAndLetters) {
   moRobot.Key(WXK_DOWN);
   EXPECT_EQ(ToUtf8(moForm.cboKind.Text()), "ActiveX");
   EXPECT_EQ(Take(), "Kind Kind");
+}
+
+TEST_F(WxTest, AListThatAButtonDropsHasTheFocusAndShowsAllItsEntries) {
+  Chooser& oChooser = moForm.choKind;
+  ListBox& oList = oChooser.lstChoices;
+  moForm.cmdCancel.SetCancel(false);  // would have Escape
+  moRobot.Click(oChooser.cmdDrop);
+  EXPECT_EQ(moForm.ActiveControl(), &oList);
+  EXPECT_TRUE(NativeOf<wxWindow>(oList).HasFocus());
+  EXPECT_EQ(Take(), "");  // the press is no click any more
+  EXPECT_GE(NativeOf<RowsPane>(oList).PageRows(), oList.ListCount());
+  EXPECT_FALSE(NativeOf<wxWindow>(oList).HasScrollbar(wxVERTICAL));
+  EXPECT_GE(RowHeightOf(oList), NativeOf<wxWindow>(oList).GetCharHeight());
+  moRobot.Key(WXK_DOWN);
+  moRobot.Key(WXK_DOWN);
+  EXPECT_EQ(ToUtf8(oList.Text()), "VB");
+  moRobot.Key(WXK_ESCAPE);
+  EXPECT_FALSE(oList.Visible());
+  EXPECT_EQ(ToUtf8(oChooser.txtEntry.Text()), "VB");
+  EXPECT_EQ(moForm.ActiveControl(), &oChooser.txtEntry);
+  EXPECT_EQ(Take(), "Key Key Key");
+  moRobot.Click(moForm.cmdApply);  // buttons that keep the focus click
+  EXPECT_EQ(Take(), "Apply");
+}
+
+TEST_F(WxTest, AUserControlKeepsTheFocusThatItHoldsItself) {
+  moForm.choKind.txtEntry.SetFocus();
+  moForm.choKind.Control::SetFocus();
+  moRobot.Key(WXK_DOWN);
+  EXPECT_EQ(moForm.ActiveControl(), &moForm.choKind);
+  moForm.choKind.txtEntry.SetVisible(false);  // as a row without a value has it
+  moRobot.Key(WXK_DOWN);
+  EXPECT_EQ(moForm.ActiveControl(), &moForm.choKind);
+  EXPECT_EQ(Take(), "Key Key");
+}
+
+TEST_F(WxTest, AFormWithoutAControlForTheFocusHearsKeys) {
+  FQuestion oQuestion(*poToolkit);
+  moForm.oLog.Watch(oQuestion.KeyDown, "Form");
+  oQuestion.Show();
+  moRobot.Click(oQuestion);
+  oQuestion.cmdYes.SetVisible(false);
+  oQuestion.cmdMore.SetVisible(false);
+  moRobot.Key(WXK_DOWN);
+  EXPECT_EQ(Take(), "Form");
+  oQuestion.Unload();
+}
+
+TEST_F(WxTest, ElementsOfArraysComeAndGoWhileTheirFormShows) {
+  const auto Ink = [this] {
+    moRobot.Settle();
+    return NativeOf<wxWindow>(moForm.chkMore(0)).GetParent()->GetChildren().size();
+  };
+  const std::size_t lBefore = Ink();
+  for (std::int32_t i = 1; i <= 3; ++i) {
+    moForm.lblMore.Load(i).SetTop(3500 + 480 * i);
+    moForm.chkMore.Load(i).SetTop(3750 + 480 * i);
+    moForm.lblMore(i).SetVisible(true);
+    moForm.chkMore(i).SetVisible(true);
+  }
+  EXPECT_EQ(Ink(), lBefore + 3);
+  moRobot.Click(moForm.chkMore(2));
+  EXPECT_TRUE(moForm.chkMore(2).Checked());
+  moForm.lblMore(1).SetCaption(u"Ends with a change that nobody has painted");
+  for (std::int32_t i = 1; i <= 3; ++i) {
+    moForm.lblMore.Unload(i);
+    moForm.chkMore.Unload(i);
+  }
+  EXPECT_EQ(Ink(), lBefore);
+  ASSERT_TRUE(moForm.ActiveControl());
+  EXPECT_TRUE(moForm.ActiveControl()->Usable());
 }
 
 TEST_F(WxTest, TheMouseSelectsLinesOfCode) {

@@ -60,6 +60,14 @@ CommandButtonPeer::CommandButtonPeer(WxRenderer& oRenderer, CommandButton& oButt
   });
 }
 
+// A press whose handler gave the focus away is over: the native button would take the focus back,
+// and its click behind the release once more.
+void CommandButtonPeer::OnMouse(wxMouseEvent& oEvent) {
+  const auto pLife = Life();
+  ControlPeer::OnMouse(oEvent);
+  if (!pLife.expired() && oEvent.LeftDown() && !moButton.HasFocus()) oEvent.Skip(false);
+}
+
 void CommandButtonPeer::Apply(const Changes& oChanges) {
   // A native button that never had a text is one for a picture; the empty text is one, too.
   const wxString sCaption = ToWx(moButton.Caption());

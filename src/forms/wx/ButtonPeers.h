@@ -19,6 +19,7 @@ class CommandButtonPeer : public ControlPeer {
 
  protected:
   void Apply(const Changes& oChanges) override;
+  void OnMouse(wxMouseEvent& oEvent) override;
 
  private:
   CommandButton& moButton;

@@ -3,6 +3,8 @@
 #include <wx/choice.h>
 #include <wx/dc.h>
 
+#include <algorithm>
+
 #include "ComboBox.h"
 #include "Drawing.h"
 #include "Form.h"
@@ -44,7 +46,19 @@ void ListBoxPeer::GoToRow(int nRow, std::int32_t nShift) {
   moList.UserSelect(nRow, nShift);
 }
 
-void ListBoxPeer::Apply(const Changes& oChanges) {
+wxRect ListBoxPeer::NativePlace() const {
+  // A line of the font that forms are laid out for is lower than those of other systems.
+  constexpr double dTwipsPerPoint = 195 / 8.25;
+  wxRect o = RowsPeer::NativePlace();
+  const double dEntries = RowCount() * moList.Font().dSize * dTwipsPerPoint;
+  if (moRenderer.Unit().Pixels(static_cast<std::int32_t>(dEntries)) <= o.height)
+    o.height = std::max(o.height, RowCount() * RowPixels());
+  return o;
+}
+
+void ListBoxPeer::Apply(const Changes& oChanged) {
+  Changes oChanges = oChanged;
+  if (oChanges.Has(Property::Items)) oChanges.Note(Property::Bounds);
   RowsPeer::Apply(oChanges);
   if (oChanges.Has(Property::Selection) && FocusRow() >= 0) Pane().ShowRow(FocusRow());
 }

@@ -22,7 +22,9 @@ class ListBoxPeer : public RowsPeer {
   void DragRow(int nRow) override;
   int FocusRow() const override;
   void GoToRow(int nRow, std::int32_t nShift) override;
-  int RowSpace() const override { return 1; }
+  int RowSpace() const override { return 0; }
+  /// As high as its rows where forms reckon that all of them fit.
+  wxRect NativePlace() const override;
 
  private:
   ListBox& moList;

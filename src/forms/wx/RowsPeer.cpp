@@ -38,7 +38,7 @@ void RowsPeer::UseKey(const Stroke& oStroke) {
 void RowsPeer::Draw(wxDC& oDC) {
   oDC.SetPen(wxPen(NativeColor(SystemColor::ButtonShadow)));
   oDC.SetBrush(*wxTRANSPARENT_BRUSH);
-  oDC.DrawRectangle(Place());
+  oDC.DrawRectangle(NativePlace().Inflate(1));
 }
 
 void RowsPeer::OnMouse(wxMouseEvent& oEvent) {
@@ -70,7 +70,7 @@ void RowsPeer::Apply(const Changes& oChanges) {
   if (oChanges.Has(Property::Colors)) {
     moPane.SetBackgroundColour(NativeColor(moControl.BackColor()));
   }
-  moPane.Reshape(moPane.GetCharHeight() + 2 * RowSpace());
+  moPane.Reshape(RowPixels());
 }
 
 void RowsPeer::DrawRowGround(wxDC& oDC, const wxRect& oRect, bool bSelected) const {

@@ -36,6 +36,7 @@ class RowsPeer : public ControlPeer, public IRows, public ILightPeer {
   virtual void GoToRow(int /*nRow*/, std::int32_t /*nShift*/) {}
   /// Room above and below a row's text.
   virtual int RowSpace() const { return 2; }
+  int RowPixels() const { return moPane.GetCharHeight() + 2 * RowSpace(); }
 
   void Apply(const Changes& oChanges) override;
   RowsPane& Pane() const { return moPane; }

@@ -16,6 +16,8 @@ Surface::Surface(wxWindow* poParent, ControlContainer& oContainer, WxRenderer& o
   SetBackgroundStyle(wxBG_STYLE_PAINT);
   Create(poParent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
          wxBORDER_NONE | wxCLIP_CHILDREN | wxFULL_REPAINT_ON_RESIZE | wxWANTS_CHARS);
+  // Without it a surface with controls on it hands the native focus on to one of them.
+  SetCanFocus(oContainer.CanFocus());
   Bind(wxEVT_PAINT, &Surface::OnPaint, this);
   for (const auto& oTag : {wxEVT_LEFT_DOWN, wxEVT_LEFT_UP, wxEVT_LEFT_DCLICK, wxEVT_RIGHT_DOWN,
                            wxEVT_RIGHT_UP, wxEVT_MIDDLE_DOWN, wxEVT_MIDDLE_UP, wxEVT_MOTION}) {
