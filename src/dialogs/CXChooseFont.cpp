@@ -13,7 +13,7 @@ constexpr std::int32_t LargestSize = 144;
 }  // namespace
 
 bool CXChooseFont::Show() {
-  if (MinSize > 0 && MaxSize < MinSize) MaxSize = LargestSize;
+  if (MinSize != 0 && MaxSize < MinSize) MaxSize = LargestSize;
   FontDialog oDialog;
   oDialog.poOwner = Dialog;
   oDialog.oFont = OFont.value_or(FontSpec{});

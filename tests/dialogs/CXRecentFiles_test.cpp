@@ -3,11 +3,7 @@
 
 #include <filesystem>
 
-#include "CXRecent.h"
-#include "Form.h"
-#include "FormsFixture.h"
-#include "MXRegistry.h"
-#include "RegistryStore.h"
+#include "DialogTest.h"
 #include "TempFolder.h"
 
 namespace {
@@ -22,61 +18,50 @@ struct FMenus : Form {
   Menu mnuExit{mnuFile, u"mnuExit"};
 };
 
-class CXRecentFilesTest : public FormsTest {
+class CXRecentFilesTest : public DialogTest {
  protected:
   CXRecentFilesTest() {
-    goRegistry = &moStore;
-    ResetRecentFiles();
-    mhKey = MXRegistry::OpenRegKey(MXRegistry::HKEY_CURRENT_USER, u"Recent",
-                                   MXRegistry::KEY_ALL_ACCESS);
     moForm.Load();
     moRecent.Initialize(moForm.mnuRecent, mhKey);
-  }
-  ~CXRecentFilesTest() override {
-    ResetRecentFiles();
-    goRegistry = nullptr;
   }
   Text Make(const std::string& sName) {
     TempFolder::Write(moFolder / sName, "x");
     return FromUtf8(moFolder / sName);
   }
+  void Add(const std::string& sNames) {
+    for (const char c : sNames) moRecent.Add(Make(std::string(1, c)));
+  }
   /// The captions that show behind the first item, with DIR for the test's folder.
   std::string Shown() const {
     std::string sAll;
-    for (const Menu* po : moForm.mnuFile.Items()) {
+    for (const Menu* po : moForm.mnuFile.Items())
       if (po->Visible() && po->Index() >= 1) sAll += "[" + ToUtf8(po->Caption()) + "]";
-    }
-    for (std::size_t i; (i = sAll.find(moFolder.Path())) != std::string::npos;) {
+    for (std::size_t i; (i = sAll.find(moFolder.Path())) != std::string::npos;)
       sAll.replace(i, moFolder.Path().size(), "DIR");
-    }
     return sAll;
   }
 
   TempFolder moFolder;
-  RegistryStore moStore;
-  std::int32_t mhKey = 0;
+  std::int32_t mhKey =
+      MXRegistry::OpenRegKey(MXRegistry::HKEY_CURRENT_USER, u"Recent", MXRegistry::KEY_ALL_ACCESS);
   FMenus moForm{moToolkit, u"FMenus"};
   CXRecentFiles moRecent;
 };
 
 TEST_F(CXRecentFilesTest, NewestFirstWithASeparatorBelow) {
   EXPECT_EQ(Shown(), "");
-  EXPECT_EQ(moRecent.Add(Make("a.dat")), 1);
+  EXPECT_EQ(moRecent.Add(Make("a")), 1);
   moRecent.SetProperty(1, u"Proc", u"Alpha");
-  moRecent.Add(Make("b.dat"));
-  EXPECT_EQ(Shown(), "[&1 DIR/b.dat][&2 DIR/a.dat][-]");
-  EXPECT_EQ(moForm.mnuRecent(2).Tag(), Make("a.dat"));
-  moRecent.Add(Make("a.dat"));
+  Add("b");
+  EXPECT_EQ(Shown(), "[&1 DIR/b][&2 DIR/a][-]");
+  EXPECT_EQ(moForm.mnuRecent(2).Tag(), Make("a"));
+  Add("a");
   EXPECT_EQ(moRecent.Property(1, u"Proc"), u"Alpha");
-  EXPECT_EQ(moRecent.Count(), 2);
-  EXPECT_EQ(Shown(), "[&1 DIR/a.dat][&2 DIR/b.dat][-]");
+  EXPECT_EQ(Shown(), "[&1 DIR/a][&2 DIR/b][-]");
   EXPECT_EQ(moForm.mnuRecent(0).Caption(), u"<recent>");
   EXPECT_EQ(FailureOf([&] { moRecent.SetProperty(3, u"Proc", u"x"); }), 9);
-}
-
-TEST_F(CXRecentFilesTest, AtMostNineShowWhateverTheListHolds) {
   RecentFiles().SetMaxCount(12);
-  for (const char c : std::string("abcdefghijkl")) moRecent.Add(Make(std::string(1, c)));
+  Add("cdefghijkl");
   EXPECT_EQ(moRecent.Count(), 12);
   EXPECT_EQ(Shown(),
             "[&1 DIR/l][&2 DIR/k][&3 DIR/j][&4 DIR/i][&5 DIR/h][&6 DIR/g][&7 DIR/f][&8 DIR/e]"
@@ -84,7 +69,7 @@ TEST_F(CXRecentFilesTest, AtMostNineShowWhateverTheListHolds) {
 }
 
 TEST_F(CXRecentFilesTest, FilesThatAreGoneVanishFromMenuAndStore) {
-  for (const char c : std::string("abc")) moRecent.Add(Make(std::string(1, c)));
+  Add("abc");
   std::filesystem::remove(moFolder / "b");
   std::filesystem::remove(moFolder / "c");
   std::filesystem::create_directory(moFolder / "c");  // no file any more
@@ -100,8 +85,7 @@ TEST_F(CXRecentFilesTest, FilesThatAreGoneVanishFromMenuAndStore) {
 TEST_F(CXRecentFilesTest, LongPathsLoseFoldersAndAmpersandsMarkNothing) {
   // 30 characters fit.
   std::filesystem::create_directory(moFolder / "folder");
-  moRecent.Add(Make("folder/Template.dat"));
-  moRecent.Add(Make("R&D.dat"));
+  for (const char* s : {"folder/Template.dat", "R&D.dat"}) moRecent.Add(Make(s));
   const Text sLong = Make(std::string(40, 'n'));
   moRecent.Add(sLong);
   EXPECT_EQ(Shown(),

@@ -2,9 +2,7 @@
 #include "CXChooseFile.h"
 #include "CXChooseFont.h"
 #include "CXChoosePage.h"
-#include "FormsFixture.h"
-#include "IPrintQueues.h"
-#include "Printers.h"
+#include "DialogTest.h"
 
 namespace {
 
@@ -12,7 +10,7 @@ using namespace Forms;
 
 constexpr DialogAnswer Ok{true, 0}, Cancel{false, 0}, Failed{false, 12291};
 
-class CommonDialogsTest : public FormsTest {
+class CommonDialogsTest : public DialogTest {
  protected:
   /// Shows the dialog with that answer, and gives what it was asked.
   FileDialog Ask(bool bSave, const DialogAnswer& oAnswer = Cancel, std::vector<Text> asPath = {}) {
@@ -27,46 +25,45 @@ class CommonDialogsTest : public FormsTest {
     EXPECT_EQ(moFile.Show(bSave), oAnswer.bConfirmed);
     return oAsked;
   }
-  std::string Filters(std::vector<Text> asFilter) {
-    moFile.OFilters = std::move(asFilter);
-    std::string sAll;
-    for (const auto& o : Ask(false).aoFilter) {
-      sAll += "<" + ToUtf8(o.sDescription) + "," + ToUtf8(o.sPattern) + ">";
-    }
-    return sAll;
+  static std::vector<Text> Split(const std::string& sTexts) {
+    std::vector<Text> as;
+    std::istringstream o(sTexts);
+    for (std::string s; std::getline(o, s, ';');) as.push_back(FromUtf8(s));
+    return as;
   }
   CXChooseFile moFile{moToolkit};
 };
 
 TEST_F(CommonDialogsTest, FiltersArePairsPartedByEitherMark) {
-  EXPECT_EQ(Filters({}), "");
-  EXPECT_EQ(Filters({u"Template Files (*.dat) | *.dat"}), "<Template Files (*.dat),*.dat>");
-  EXPECT_EQ(Filters({u"A:*.a", u"B|*.b;*.c"}), "<A,*.a><B,*.b;*.c>");
-  EXPECT_EQ(Filters({u"A|*.a|B:*.b"}), "<A,*.a><B,*.b>");
-  EXPECT_EQ(Filters({u"A|*.a", u"no pattern"}), "<A,*.a>");
+  const std::pair<std::vector<Text>, const char*> aoRow[] = {
+      {{}, ""},
+      {{u"Template Files (*.dat) | *.dat"}, "<Template Files (*.dat),*.dat>"},
+      {{u"A:*.a", u"B|*.b;*.c"}, "<A,*.a><B,*.b;*.c>"},
+      {{u"A|*.a|B:*.b"}, "<A,*.a><B,*.b>"},
+      {{u"A|*.a", u"no pattern"}, "<A,*.a>"}};
+  for (const auto& [asFilter, sFilters] : aoRow) {
+    moFile.OFilters = asFilter;
+    std::string sAll;
+    for (const auto& o : Ask(false).aoFilter)
+      sAll += "<" + ToUtf8(o.sDescription) + "," + ToUtf8(o.sPattern) + ">";
+    EXPECT_EQ(sAll, sFilters);
+  }
 }
 
 TEST_F(CommonDialogsTest, ChosenFiles) {
-  const struct {
-    const char* sName;
-    std::vector<Text> asPath;
-    TextView sDirectory, sFileName;
-    std::vector<Text> asName;
-  } aoRow[] = {
-      {"one", {u"/home/a b/T.dat"}, u"/home/a b/", u"/home/a b/T.dat", {}},
-      {"one with backslashes", {u"C:\\T\\T.dat"}, u"C:\\T\\", u"C:\\T\\T.dat", {}},
-      {"a backslash in a name", {u"/h/a\\b"}, u"/h/", u"/h/a\\b", {}},
-      {"several", {u"/h/a", u"/h/b"}, u"/h/", u"", {u"a", u"b"}},
-      {"several, of two folders", {u"/h/a", u"/x/b"}, u"/h/", u"", {u"a", u"/x/b"}},
-  };
-  for (const auto& o : aoRow) {
-    SCOPED_TRACE(o.sName);
+  // Their paths; the folder, the one file, and the several ones.
+  for (const auto& as : Rows(R"(
+         one                     | /home/a b/T.dat | /home/a b/ | /home/a b/T.dat |
+         one with backslashes    | C:\T\T.dat      | C:\T\      | C:\T\T.dat      |
+         a backslash in a name   | /h/a\b          | /h/        | /h/a\b          |
+         several                 | /h/a;/h/b       | /h/        |                 | a;b
+         several, of two folders | /h/a;/x/b       | /h/        |                 | a;/x/b)")) {
+    SCOPED_TRACE(as[0]);
     moFile.FileName = u"old";
     moFile.FileNames = {u"old"};
-    Ask(false, Ok, o.asPath);
-    EXPECT_EQ(moFile.Directory, o.sDirectory);
-    EXPECT_EQ(moFile.FileName, o.sFileName);
-    EXPECT_EQ(moFile.FileNames, o.asName);
+    Ask(false, Ok, Split(as[1]));
+    EXPECT_EQ(ToUtf8(moFile.Directory + u" " + moFile.FileName), as[2] + " " + as[3]);
+    EXPECT_EQ(moFile.FileNames, Split(as[4]));
     EXPECT_TRUE(moFile.FilterIndex == 2 && moFile.ReadOnly);
   }
 }
@@ -75,27 +72,27 @@ TEST_F(CommonDialogsTest, CancelChangesNothingAndAFailureIsThrown) {
   moFile.MultiSelect = true;
   moFile.FileName = u"old";
   moFile.Directory = u"/old/";
-  FileDialog oAsked = Ask(false, Cancel, {u"/new/T.dat"});
-  EXPECT_TRUE(oAsked.bFileMustExist && oAsked.bMultiSelect && !oAsked.bOverwritePrompt);
-  oAsked = Ask(true);
-  EXPECT_TRUE(!oAsked.bFileMustExist && !oAsked.bMultiSelect && oAsked.bOverwritePrompt);
+  for (const bool bSave : {false, true}) {
+    const FileDialog o = Ask(bSave, Cancel, {u"/new/T.dat"});
+    EXPECT_TRUE(o.bFileMustExist != bSave && o.bMultiSelect != bSave &&
+                o.bOverwritePrompt == bSave);
+    EXPECT_TRUE(o.bHideReadOnly && !o.bReadOnly && o.lFilterIndex == 1);
+  }
   EXPECT_EQ(moFile.FileName + moFile.Directory, u"old/old/");
-  EXPECT_EQ(moFile.FilterIndex, 1);
   User().ChooseFile([](FileDialog&) { return Failed; });
   try {
     moFile.Show(true);
     FAIL();
   } catch (const Failure& o) {
     EXPECT_EQ(o.Number(), 12291);
-    EXPECT_EQ(o.Description(), u"Common Dialog Error 12291");
-    EXPECT_EQ(o.Source(), u"comdlg32.dll");
+    EXPECT_EQ(o.Description() + u", " + o.Source(), u"Common Dialog Error 12291, comdlg32.dll");
   }
 }
 
 TEST_F(CommonDialogsTest, FontsWithLimits) {
   // Given, and what the dialog is asked.
   const std::int32_t alRow[][4] = {{0, 0, 0, 0},   {6, 72, 6, 72},    {6, 0, 6, 144},
-                                   {0, 72, 0, 72}, {20, 10, 20, 144}, {-5, -7, 0, 0}};
+                                   {0, 72, 0, 72}, {20, 10, 20, 144}, {-5, -7, 0, 144}};
   for (const auto& al : alRow) {
     CXChooseFont oChoose(moToolkit);
     oChoose.MinSize = al[0];
@@ -105,19 +102,14 @@ TEST_F(CommonDialogsTest, FontsWithLimits) {
       EXPECT_TRUE(o.lMinSize == al[2] && o.lMaxSize == al[3]) << al[0] << ' ' << al[1];
       EXPECT_TRUE(o.bScreen && o.bPrinter && !o.bScript);
       o.oFont.dSize = 10.5;
+      o.lColor = 255;
       return bConfirm ? Ok : Cancel;
     });
     EXPECT_EQ(oChoose.Show(), bConfirm);
     EXPECT_EQ(oChoose.OFont.value_or(FontSpec{}).dSize, bConfirm ? 10.5 : 8.25);
+    EXPECT_EQ(oChoose.OColor, bConfirm ? 255 : 0);
   }
 }
-
-struct Queues : Paper::IPrintQueues {
-  std::vector<Paper::PrintQueue> List() override { return {{"office", true}, {"hall"}}; }
-  std::int32_t PaperSizeOf(const std::string&) override { return 9; }
-  Paper::Strips StripsOf(const std::string&, std::int32_t) override { return {}; }
-  void Submit(const std::string&, const std::string&, TextView, std::int32_t) override {}
-};
 
 class PageTest : public CommonDialogsTest {
  protected:
@@ -132,23 +124,21 @@ class PageTest : public CommonDialogsTest {
     });
     return moPage.Show();
   }
-  Queues moQueues;
-  Paper::Printers moPrinters{nullptr, moQueues};
   CXChoosePage moPage{moToolkit, moPrinters};
   PageDialog moAsked;
 };
 
 TEST_F(PageTest, TheChosenPrinterBecomesTheCurrentOne) {
   moPage.LeftMargin = 500;
-  EXPECT_FALSE(Show(u"hall", 1, Cancel));
-  EXPECT_EQ(moAsked.sDeviceName, u"office");
+  EXPECT_FALSE(Show(u"office", 1, Cancel));
+  EXPECT_EQ(moAsked.sDeviceName, u"hall & stairs");
   EXPECT_EQ(moAsked.lPaperSize, 9);
   EXPECT_EQ(moAsked.eUnit, MarginUnit::ThousandthsOfInch);
   EXPECT_EQ(moPage.LeftMargin, 500);
-  EXPECT_TRUE(Show(Text(u"hall\0rest", 9), 1));
+  EXPECT_TRUE(Show(Text(u"office\0rest", 11), 1));
   EXPECT_EQ(moPage.LeftMargin, 600);
-  EXPECT_EQ(moPage.DeviceName, u"hall");
-  EXPECT_EQ(moPrinters.Current().DeviceName(), u"hall");
+  EXPECT_EQ(moPage.DeviceName, u"office");
+  EXPECT_EQ(moPrinters.Current().DeviceName(), u"office");
   EXPECT_EQ(moPrinters.Current().PaperSize(), 1);
   EXPECT_EQ(moPrinters.Current().Orientation(), 2);
   EXPECT_TRUE(Show(u"gone", 5));
@@ -157,11 +147,11 @@ TEST_F(PageTest, TheChosenPrinterBecomesTheCurrentOne) {
 
 TEST_F(PageTest, ThePrinterStaysOnDemandAndPaperThatItLacksIsAFailure) {
   moPage.SetDefaultPrinter = false;
-  EXPECT_TRUE(Show(u"hall", 1));
-  EXPECT_EQ(moPrinters.Current().DeviceName(), u"office");
+  EXPECT_TRUE(Show(u"office", 1));
+  EXPECT_EQ(moPrinters.Current().DeviceName(), u"hall & stairs");
   moPage.SetDefaultPrinter = true;
   moPage.ScaleMode = CXChoosePage::Millimeters;
-  EXPECT_EQ(FailureOf([&] { Show(u"hall", 31000); }), 380);
+  EXPECT_EQ(FailureOf([&] { Show(u"office", 31000); }), 380);
   EXPECT_EQ(moAsked.eUnit, MarginUnit::HundredthsOfMillimeter);
   EXPECT_EQ(moPage.LeftMargin, 200);
 }

@@ -4,11 +4,8 @@
 
 #include <limits>
 
-#include "Form.h"
-#include "FormsFixture.h"
-#include "MXRegistry.h"
+#include "DialogTest.h"
 #include "PictureBox.h"
-#include "RegistryStore.h"
 
 namespace {
 
@@ -17,23 +14,22 @@ using namespace Forms;
 constexpr std::int32_t Most = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t None = -9;
 
-class MXFormTest : public FormsTest {
+class MXFormTest : public DialogTest {
  protected:
-  MXFormTest() {
-    goRegistry = &moStore;
-    mhKey = MXRegistry::OpenRegKey(MXRegistry::HKEY_CURRENT_USER, u"Places",
-                                   MXRegistry::KEY_ALL_ACCESS);
-    moForm.Move(300, 450, 4001, 3000);
-  }
-  ~MXFormTest() override { goRegistry = nullptr; }
+  MXFormTest() { moForm.Move(300, 450, 4001, 3000); }
   std::int32_t Kept(TextView sName) { return MXRegistry::GetRegLong(mhKey, sName, None); }
-  void Keep(TextView sName, std::int32_t lValue) {
-    MXRegistry::DeleteRegValue(mhKey, sName);
-    if (lValue != None) MXRegistry::SetRegLong(mhKey, sName, lValue);
+  void Keep(const Rect& o) {
+    for (const auto& [sName, lValue] : {std::pair{u"Left", o.lLeft},
+                                        {u"Top", o.lTop},
+                                        {u"Width", o.lWidth},
+                                        {u"Height", o.lHeight}}) {
+      MXRegistry::DeleteRegValue(mhKey, sName);
+      if (lValue != None) MXRegistry::SetRegLong(mhKey, sName, lValue);
+    }
   }
 
-  RegistryStore moStore;
-  std::int32_t mhKey = 0;
+  std::int32_t mhKey =
+      MXRegistry::OpenRegKey(MXRegistry::HKEY_CURRENT_USER, u"Places", MXRegistry::KEY_ALL_ACCESS);
   Form moForm{moToolkit, u"FPlaced"};
   PictureBox picBar{moForm, u"picBar"};
 };
@@ -56,22 +52,18 @@ TEST_F(MXFormTest, KeptPlacesComeBackOntoTheScreen) {
     Rect oKept;
     bool bSize;
     Rect oPlace;
-  } aoRow[] = {
-      {"nothing kept", {None, None, None, None}, true, {300, 450, 4001, 3000}},
-      {"size not asked for", {15, 30, 6000, 4500}, false, {15, 30, 4001, 3000}},
-      {"one part kept", {None, 30, None, None}, true, {300, 30, 4001, 3000}},
-      {"a twip off the edge", {11360, 8521, None, None}, true, {11359, 8520, 4001, 3000}},
-      {"off every screen", {Most, -Most, None, None}, true, {11359, 0, 4001, 3000}},
-      {"larger than the screen", {100, 100, 20000, 12000}, true, {0, 0, 20000, 12000}},
-      {"no size at all", {15, 30, -1, -Most}, true, {15, 30, 4001, 3000}},
-      {"as large as can be", {15, 30, Most, Most}, true, {0, 0, Most, Most}},
-  };
+  } aoRow[] = {{"nothing kept", {None, None, None, None}, true, {300, 450, 4001, 3000}},
+               {"size not asked for", {15, 30, 6000, 4500}, false, {15, 30, 4001, 3000}},
+               {"one part kept", {None, 30, None, None}, true, {300, 30, 4001, 3000}},
+               {"before the screen", {-700, -1, None, None}, true, {0, 0, 4001, 3000}},
+               {"a twip off the edge", {11360, 8521, None, None}, true, {11359, 8520, 4001, 3000}},
+               {"off every screen", {Most, -Most, None, None}, true, {11359, 0, 4001, 3000}},
+               {"larger than the screen", {100, 100, 20000, 12000}, true, {0, 0, 20000, 12000}},
+               {"no size at all", {15, 30, -1, -Most}, true, {15, 30, 4001, 3000}},
+               {"as large as can be", {15, 30, Most, Most}, true, {0, 0, Most, Most}}};
   for (const auto& o : aoRow) {
     SCOPED_TRACE(o.sName);
-    Keep(u"Left", o.oKept.lLeft);
-    Keep(u"Top", o.oKept.lTop);
-    Keep(u"Width", o.oKept.lWidth);
-    Keep(u"Height", o.oKept.lHeight);
+    Keep(o.oKept);
     moForm.Move(300, 450, 4001, 3000);
     MXForm::RestorePosition(moForm, mhKey, o.bSize);
     EXPECT_EQ(moForm.Bounds(), o.oPlace);
