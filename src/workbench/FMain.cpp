@@ -112,10 +112,15 @@ void FMain::ConnectPanes() {
 void FMain::ConnectModel() {
   CIDEHandler& o = *oIDEHandler;
   auto& oLinks = moModelLinks;
-  oLinks.push_back(o.ProgressStart.Connect([this] { ProgressStart(); }));
-  oLinks.push_back(o.ProgressEnd.Connect([this] { ProgressEnd(); }));
-  oLinks.push_back(o.Progress.Connect(
-      [this](std::int16_t nPercent, TextView sCaption) { Progress(nPercent, sCaption); }));
+  oLinks.push_back(o.ProgressStart.Connect([this] {
+    if (!mbRowProgress) ProgressStart();
+  }));
+  oLinks.push_back(o.ProgressEnd.Connect([this] {
+    if (!mbRowProgress) ProgressEnd();
+  }));
+  oLinks.push_back(o.Progress.Connect([this](std::int16_t nPercent, TextView sCaption) {
+    if (!mbRowProgress) Progress(nPercent, sCaption);
+  }));
   oLinks.push_back(o.EnumProjectsProc.Connect(
       [this](Handle h, TextView sTitle, auto nType) { EnumProjectsProc(h, sTitle, nType); }));
   oLinks.push_back(

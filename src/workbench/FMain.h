@@ -217,6 +217,9 @@ class FMain : public MainForm {
   void ProgressStart();
   void ProgressEnd();
   void Progress(std::int16_t Percent, TextView Caption);
+  /// Progress over rows of a list, if there are enough of them to wait for. Until its end the model
+  /// is silent about what it loads on the way.
+  class RowProgress;
 
   // FMain_Layout.
   /// Brings bars with damaged stored places back to the given ones.
@@ -267,6 +270,7 @@ class FMain : public MainForm {
   std::int32_t mlSelectedCount = 0;
   bool mbErrors = false;
   bool mbPendingCode = false;
+  bool mbRowProgress = false;
   std::int16_t miEventDepth = 0;
   Text msSavedPanel1, msSavedPanel2;
   std::int32_t mhRegForm = 0, mhRegRecent = 0, mhRegSplit1 = 0, mhRegSplit2 = 0, mhRegSplit3 = 0,

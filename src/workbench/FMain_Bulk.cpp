@@ -19,6 +19,32 @@ bool FMain::HasScope() const {
   return oIDEHandler && oIDEHandler->ProjectCount() >= 1;
 }
 
+class FMain::RowProgress {
+ public:
+  RowProgress(FMain& oMain, std::size_t lRows) : moMain(oMain), mlRows(lRows) {
+    constexpr std::size_t RowsWorthProgress = 30;
+    if (lRows < RowsWorthProgress) return;
+    moMain.ProgressStart();
+    moMain.mbRowProgress = true;
+  }
+  RowProgress(const RowProgress&) = delete;
+  RowProgress& operator=(const RowProgress&) = delete;
+  ~RowProgress() {
+    if (!moMain.mbRowProgress) return;
+    moMain.mbRowProgress = false;
+    if (moMain.Loaded()) moMain.ProgressEnd();
+  }
+  void Next(TextView sCaption) {
+    ++mlRow;
+    if (moMain.mbRowProgress)
+      moMain.Progress(static_cast<std::int16_t>(mlRow * 100 / mlRows), sCaption);
+  }
+
+ private:
+  FMain& moMain;
+  std::size_t mlRows, mlRow = 0;
+};
+
 template <class Visit>
 void FMain::WalkScope(eAction eScope, Visit&& oVisit) {
   if (eScope == eAction::Project) return oVisit(0, 0, mhProject, false);
@@ -26,13 +52,18 @@ void FMain::WalkScope(eAction eScope, Visit&& oVisit) {
   ListView* poList = ListInFront();
   if (eScope == eAction::Cancel || !poList) return;
   // Taken down first: what a row leads to may change the list.
-  std::vector<Handle> ahRow;
+  std::vector<std::pair<Handle, Text>> oRows;
   for (std::int32_t i = 1; i <= poList->ListItems().Count(); ++i) {
     const ListItem& oRow = poList->ListItems().Item(i);
     if (oRow.Tag() > 0 && (oRow.Selected() || eScope == eAction::Module))
-      ahRow.push_back(oRow.Tag());
+      oRows.push_back({oRow.Tag(), oRow.Text()});
   }
-  for (const Handle h : ahRow) ShowsProcs() ? oVisit(h, 0, 0, false) : oVisit(0, h, 0, false);
+  const Text sModule = ShowsProcs() ? oIDEHandler->ComponentName(mhComponent) + u"." : Text();
+  RowProgress oProgress(*this, oRows.size());
+  for (const auto& [h, sName] : oRows) {
+    ShowsProcs() ? oVisit(h, 0, 0, false) : oVisit(0, h, 0, false);
+    oProgress.Next(sModule + sName);
+  }
 }
 
 void FMain::RefreshAfter(eAction eScope) {

@@ -1,5 +1,7 @@
 #include "WxPeer.h"
 
+#include <wx/window.h>
+
 #include <utility>
 
 #include "WxRenderer.h"
@@ -28,6 +30,15 @@ void WxPeer::LaterAll() {
 }
 
 void WxPeer::Refresh() {
+  // A painting at once takes milliseconds, and a loop may ask for thousands. Nobody sees more than
+  // some thirty pictures a second: what comes sooner shows with the next events.
+  constexpr std::chrono::milliseconds oPicture(30);
+  const auto oNow = std::chrono::steady_clock::now();
+  if (oNow < moNextPicture) {
+    if (wxWindow* const po = Drawn()) po->Refresh();
+    return;
+  }
+  moNextPicture = oNow + oPicture;
   const auto pLife = Life();
   moRenderer.CatchUp();
   if (!pLife.expired()) PaintNow();

@@ -8,6 +8,7 @@
 #include <wx/event.h>
 
 #include <bitset>
+#include <chrono>
 #include <memory>
 
 #include "IPeer.h"
@@ -77,6 +78,7 @@ class WxPeer : public IPeer {
  private:
   Changes moChanges;
   std::int32_t mlScroll = -1;
+  std::chrono::steady_clock::time_point moNextPicture;
   // Shared because native handlers look at it behind the peer's end.
   std::shared_ptr<void> mpLife = std::make_shared<char>();
 };
