@@ -168,7 +168,7 @@ class Bench {
     Say("applied", Since(moMark));
     const ScreenWatch::Result o = moWatch.Stop();
     std::printf("%-44s %8zu\n", "pictures of the status bar", o.lChanges + 1);
-    Say("the longest time without a new one", o.dLongest);
+    Say("the longest time without a new picture", o.dLongest);
     Exit();
   }
   void AnswerScope() {
