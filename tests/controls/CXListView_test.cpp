@@ -5,6 +5,7 @@
 #include "FormsFixture.h"
 #include "MXRegistry.h"
 #include "RegistryStore.h"
+#include "TableRows.h"
 
 namespace {
 
@@ -33,26 +34,20 @@ class CXListViewTest : public FormsTest {
 };
 
 TEST_F(CXListViewTest, WidthsComeFromTheStoreTheCallerOrTheList) {
-  const struct {
-    const char* sName;
-    TextView sLayout;
-    std::int32_t lKept, lDefault, lWidth;
-    TextView sTag;
-  } aoRow[] = {
-      {"kept", u"Any", 700, 1500, 700, u""},
-      {"kept, but without layout", u"", 700, 1500, 1500, u"1500"},
-      {"the list's own", u"", 700, -1, 1440, u"1440"},
-      {"kept -1", u"Any", -1, 1500, 1500, u""},
-      {"kept rubbish", u"Any", -77, -1, 1440, u""},
-  };
-  for (const auto& o : aoRow) {
-    SCOPED_TRACE(o.sName);
-    SetRegLong(mhKey, u"ColWidth1", o.lKept);
+  // The layout, the kept width and the caller's; the width that comes of it, and the tag.
+  for (const auto& as : Rows(R"(
+         kept                     | Any | 700 | 1500 | 700  |
+         kept, but without layout |     | 700 | 1500 | 1500 | 1500
+         the list's own           |     | 700 | -1   | 1440 | 1440
+         kept -1                  | Any | -1  | 1500 | 1500 |
+         kept rubbish             | Any | -77 | -1   | 1440 |)")) {
+    SCOPED_TRACE(as[0]);
+    SetRegLong(mhKey, u"ColWidth1", std::stoi(as[2]));
     moList.SetListView(lvw);
-    moList.SetLayout(o.sLayout);
-    moList.AddHeading(u"Name", o.lDefault);
-    EXPECT_EQ(Column(1).Width(), o.lWidth);
-    EXPECT_EQ(Column(1).Tag(), o.sTag);
+    moList.SetLayout(FromUtf8(as[1]));
+    moList.AddHeading(u"Name", std::stoi(as[3]));
+    EXPECT_EQ(std::to_string(Column(1).Width()), as[4]);
+    EXPECT_EQ(ToUtf8(Column(1).Tag()), as[5]);
   }
 }
 

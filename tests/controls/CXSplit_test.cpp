@@ -7,6 +7,7 @@
 #include "FormsFixture.h"
 #include "Frame.h"
 #include "Parts.h"
+#include "TableRows.h"
 #include "TextBox.h"
 
 namespace {
@@ -69,24 +70,17 @@ class CXSplitTest : public FormsTest {
 };
 
 TEST_F(CXSplitTest, DragsEndInsideTheLimits) {
-  const struct {
-    const char* sName;
-    bool bSnap;
-    std::int32_t lBy;
-    const char* sLook;
-  } aoRow[] = {
-      {"up to the margin", true, -2700, "300: 300, 360 0 5640 2000"},
-      {"one into the margin", true, -2701, "0: 0 hidden, 60 0 5940 2000"},
-      {"without snap", false, -2701, "300: 300, 360 0 5640 2000"},
-      {"up to the right margin", true, 2640, "5640: 5640, 5700 0 300 2000"},
-      {"one into it", true, 2641, "5940: 5940, 6000 0 0 2000 hidden"},
-  };
   moSplit.Split(oBar, SplitBar::Vertical);
-  for (const auto& o : aoRow) {
-    SCOPED_TRACE(o.sName);
-    moSplit.SetMarginSnap(o.bSnap);
-    Drag(o.lBy);
-    EXPECT_EQ(Look(), o.sLook);
+  for (const auto& as : Rows(R"(
+         up to the margin       | -2700 | 300: 300, 360 0 5640 2000
+         one into the margin    | -2701 | 0: 0 hidden, 60 0 5940 2000
+         without snap           | -2701 | 300: 300, 360 0 5640 2000
+         up to the right margin | 2640  | 5640: 5640, 5700 0 300 2000
+         one into it            | 2641  | 5940: 5940, 6000 0 0 2000 hidden)")) {
+    SCOPED_TRACE(as[0]);
+    moSplit.SetMarginSnap(as[0] != "without snap");
+    Drag(std::stoi(as[1]));
+    EXPECT_EQ(Look(), as[2]);
     Drag(3000 - oBar.Left());
     EXPECT_EQ(Look(), "3000: 3000, 3060 0 2940 2000");
   }

@@ -24,10 +24,12 @@ TEST_F(PanesTest, TheTitleStaysInTheMiddleOfItsBorder) {
   lblTitle.Move(0, 0, 2000, 300);
   EXPECT_EQ(Part<Label>(lblTitle, u"lblCaption").Top(), 37);
   const char* asEdge[] = {"0 0 0 285", "15 0 1985 0", "1985 0 1985 285", "0 285 2000 285"};
+  EXPECT_TRUE(lblTitle.Border());
   lblTitle.SetBorder(false);
   for (std::int32_t i = 0; i < 4; ++i) {
     const auto& oEdge = Part<Line>(lblTitle, u"linBorder", i);
     EXPECT_EQ(PlaceOf(oEdge), asEdge[i]);
+    EXPECT_EQ(oEdge.BorderColor(), i < 2 ? SystemColor::ButtonShadow : SystemColor::Highlight3D);
     EXPECT_FALSE(oEdge.Visible());
   }
 }

@@ -5,6 +5,7 @@
 #include "Form.h"
 #include "FormsFixture.h"
 #include "Parts.h"
+#include "TableRows.h"
 
 namespace {
 
@@ -47,7 +48,7 @@ class PropertyListTest : public FormsTest {
   CommandButton& Arrow() { return Get<CommandButton>(u"cmdPopup"); }
   ListBox& List() { return Get<ListBox>(u"lstPopup"); }
   std::string Tips() {
-    return ToUtf8(Get(u"lblTip", 1).Caption() + u"|" + Get(u"lblTip", 2).Caption());
+    return ToUtf8(Get(u"lblTip", 1).Caption() + u"," + Get(u"lblTip", 2).Caption());
   }
   static void Press(Control& o, std::int32_t nButton = Button::Left) {
     o.UserMouseDown(nButton, 0, 15, 15);
@@ -67,21 +68,28 @@ TEST_F(PropertyListTest, PlacesFollowNamesAndSize) {
   EXPECT_FALSE(Get<Line>(u"linVert").Visible());
   Fill();
   EXPECT_TRUE(Get(u"lblName", 1).Font().bBold && !Get(u"lblName", 2).Font().bBold);
-  const struct {
-    TextView sPart;
-    std::int32_t lIndex;
-    const char *sPlace, *sNarrow;
-  } aoRow[] = {{u"lblName", 1, "30 45 780 240", "30 45 780 240"},
-               {u"lblValue", 2, "840 300 5130 240", "840 300 300 240"},
-               {u"lblNote", 2, "1840 300 1500 240", "1840 300 1500 240"},
-               {u"linHorz", 2, "0 525 6000 525", "0 525 15 525"},
-               {u"linVert", -1, "810 0 810 1290", "810 0 810 1290"},
-               {u"cmdPopup", -1, "5715 -1000 255 240", "885 -1000 255 240"},
-               {u"lblTip", 0, "30 1320 5940 1650", "30 1320 0 0"},
-               {u"lblTip", 2, "45 1575 5910 1395", "45 1575 0 0"}};
-  for (const auto& o : aoRow) EXPECT_EQ(PlaceOf(Get<Control>(o.sPart, o.lIndex)), o.sPlace);
-  oSheet.Move(0, 0, 15, 15);  // narrower than the names
-  for (const auto& o : aoRow) EXPECT_EQ(PlaceOf(Get<Control>(o.sPart, o.lIndex)), o.sNarrow);
+  // A part, its index, its place, and that in a sheet narrower than the names.
+  const auto asPart = Rows(R"(
+         lblName   | 1  | 30 45 780 240        | 30 45 780 240
+         lblValue  | 2  | 840 300 5130 240     | 840 300 300 240
+         lblNote   | 2  | 1840 300 1500 240    | 1840 300 1500 240
+         linHorz   | 2  | 0 525 6000 525       | 0 525 15 525
+         linVert   | -1 | 810 0 810 1290       | 810 0 810 1290
+         txtValue  | -1 | 840 -1000 5130 240   | 840 -1000 300 240
+         cmdPopup  | -1 | 5715 -1000 255 240   | 885 -1000 255 240
+         lblTip    | 0  | 30 1320 5940 1650    | 30 1320 0 0
+         lblTip    | 1  | 45 1335 3000 195     | 45 1335 3000 195
+         lblTip    | 2  | 45 1575 5910 1395    | 45 1575 0 0
+         linBorder | 0  | 0 0 0 2985           | 0 0 0 0
+         linBorder | 5  | 15 15 5970 15        |
+         linBorder | 6  | 15 2970 5970 2970    |
+         linBorder | 7  | 0 2985 5985 2985     | 0 0 0 0)");
+  const auto PlaceOfPart = [&](const std::vector<std::string>& as) {
+    return PlaceOf(Get<Control>(FromUtf8(as[0]), std::stoi(as[1])));
+  };
+  for (const auto& as : asPart) EXPECT_EQ(PlaceOfPart(as), as[2]) << as[0];
+  oSheet.Move(0, 0, 15, 15);
+  for (const auto& as : asPart) EXPECT_TRUE(as[3].empty() || PlaceOfPart(as) == as[3]) << as[0];
   oSheet.ShowProperties();
   EXPECT_EQ(Value(2).Width(), 0);
   EXPECT_EQ(moToolkit.LockedControl(), nullptr);
@@ -89,27 +97,22 @@ TEST_F(PropertyListTest, PlacesFollowNamesAndSize) {
 
 TEST_F(PropertyListTest, EachKindOfRowOffersItsOwn) {
   Fill();
-  const struct {
-    const char* sName;
-    bool bText, bArrow;
-    const char *sPlace, *sTips;
-    std::int32_t lListed;
-  } aoRow[] = {
-      {"heading", false, false, "840 -1000 5130 240", "Pending|", -1},
-      {"list", true, true, "840 -3000 5130 240", "Boundary|Where errors stop.", 1},
-      {"text", true, false, "840 555 5130 240", "Comment|", 1},
-      {"disabled text", false, false, "840 810 5130 240", "|", 1},
-      {"disabled list", true, false, "840 -3000 5130 240", "|", -1},
-  };
-  for (std::int16_t nRow = 0; const auto& o : aoRow) {
-    SCOPED_TRACE(o.sName);
+  // Text box and arrow, the place of the box, the tips, the line that is chosen in the list.
+  for (std::int16_t nRow = 0; const auto& as : Rows(R"(
+         heading       |       | 840 -1000 5130 240 | Pending,                    | -1
+         list          | box v | 840 -3000 5130 240 | Boundary,Where errors stop. | 1
+         text          | box   | 840 555 5130 240   | Comment,                    | 1
+         disabled text |       | 840 810 5130 240   | ,                           | 1
+         disabled list | box   | 840 -3000 5130 240 | ,                           | -1)")) {
+    SCOPED_TRACE(as[0]);
     oSheet.SetRow(++nRow);
-    EXPECT_TRUE(Box().Visible() == o.bText && Arrow().Visible() == o.bArrow);
-    EXPECT_EQ(PlaceOf(Box()), o.sPlace);
-    EXPECT_EQ(Tips(), o.sTips);
-    EXPECT_EQ(List().ListIndex(), o.lListed);
+    EXPECT_EQ(std::string(Box().Visible() ? "box" : "") + (Arrow().Visible() ? " v" : ""), as[1]);
+    EXPECT_EQ(PlaceOf(Box()), as[2]);
+    EXPECT_EQ(Tips(), as[3]);
+    EXPECT_EQ(std::to_string(List().ListIndex()), as[4]);
     EXPECT_EQ(oSheet.HasFocus(), nRow > 1);
     EXPECT_EQ(Get(u"lblName", nRow).BackColor(), SystemColor::Highlight);
+    EXPECT_NE(Get(u"lblName", nRow == 1 ? 2 : 1).BackColor(), SystemColor::Highlight);
   }
   for (const int nRow : {6, 0, -1}) oSheet.SetRow(static_cast<std::int16_t>(nRow));
   EXPECT_EQ(oSheet.Row(), 5);
@@ -211,7 +214,7 @@ TEST_F(PropertyListTest, AClearedAndAReloadedSheetIsEmpty) {
   EXPECT_EQ(oSheet.RowCount(), 0);
   Fill();  // loads the form, hidden: a row can be selected without the focus
   oSheet.SetRow(2);
-  EXPECT_EQ(Tips() + moLog.Take(), "Boundary|Where errors stop.");
+  EXPECT_EQ(Tips() + moLog.Take(), "Boundary,Where errors stop.");
   EXPECT_EQ(FailureOf([&] { oSheet.AddRow(u"x", u"", PropertyType::List, true, nullptr, u"", 0); }),
             5);
 }

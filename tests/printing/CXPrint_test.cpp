@@ -1,29 +1,22 @@
 // Letter paper, 12240 x 15840; letters 100 wide (bold 120), rows 200 high. With margins of 500 and
 // the header's 500 the body runs from 1000 down to 14840: 69 rows of 200 and 40 twips.
-#include "CXPrint.h"
-
-#include <gtest/gtest.h>
-
-#include <functional>
-
-#include "Failure.h"
-#include "MXDate.h"
-#include "RecordingDevice.h"
+#include "PrintTest.h"
 
 namespace {
 
-struct CXPrintTest : testing::Test {
-  RecordingDevice oDevice;
-  Paper::Printer oPrinter{oDevice};
-  std::function<std::int64_t()> fnOldNow = MXDate::fnNow;
-  ~CXPrintTest() override { MXDate::fnNow = fnOldNow; }
+struct CXPrintTest : PrintTest {
+  /// A line, and then room for lTwips more.
+  void FillBut(CXPrint& oPrint, int lTwips) {
+    oPrint.PrintLine(u"x");
+    oPrinter.SetCurrentY(14840 - lTwips);
+  }
+  static std::vector<Text> Split(const std::string& sTexts) {
+    std::vector<Text> as;
+    std::istringstream o(sTexts + ";");
+    for (std::string s; std::getline(o, s, ';');) as.push_back(FromUtf8(s));
+    return as;
+  }
 };
-
-/// Lines to the body's end but for lTwips.
-void FillBut(CXPrint& oPrint, Paper::Printer& oPrinter, int lTwips) {
-  oPrint.PrintLine(u"x");
-  oPrinter.SetCurrentY(14840 - lTwips);
-}
 
 TEST_F(CXPrintTest, WritesThreeTextsAboveAndBelow) {
   CXPrint oPrint(oPrinter);
@@ -43,63 +36,54 @@ TEST_F(CXPrintTest, WritesThreeTextsAboveAndBelow) {
 }
 
 TEST_F(CXPrintTest, ReplacesMarksEachTimeATextIsWritten) {
-  setenv("TZ", "UTC", 1);
-  MXDate::fnNow = [] { return 1717609509; };
   CXPrint oPrint(oPrinter);
   oPrint.Header(u"Page &[Page]", u"&[page] [Page]", u"&[Page]&[Page]");
   oPrint.Footer(u"&[Date] &[Time]", u"", u"");
-  for (int i = 0; i < 3; ++i) FillBut(oPrint, oPrinter, 100);
+  for (int i = 0; i < 3; ++i) FillBut(oPrint, 100);
   oPrint.Finish();
-  EXPECT_EQ(oDevice.sRows,
-            "\nPage 1|&[page] [Page]|11\nx\n05-Jun-24 17:45"
-            "\nPage 2|&[page] [Page]|22\nx\n05-Jun-24 17:45"
-            "\nPage 3|&[page] [Page]|33\nx\n05-Jun-24 17:45");
+  std::string sPages;
+  for (const std::string s : {"1", "2", "3"})
+    sPages += "\nPage " + s + "|&[page] [Page]|" + s + s + "\nx\n05-Jun-24 17:45";
+  EXPECT_EQ(oDevice.sRows, sPages);
 }
 
 TEST_F(CXPrintTest, BreaksPagesWhereTheBodyEnds) {
-  struct Row {
-    const char* sName;
-    int lRoom;
-    std::function<void(CXPrint&)> oWork;
-    const char* sRows;
-  };
-  for (const Row& oRow : {
-           Row{"nothing printed", -1, [](CXPrint&) {}, "\nF"},
-           Row{"a line that ends on the limit", 200, [](CXPrint& o) { o.PrintLine(u"y"); },
-               "\nH\nx\ny\nF"},
-           Row{"a twip more", 199, [](CXPrint& o) { o.PrintLine(u"y"); }, "\nH\nx\nF\nH\ny\nF"},
-           Row{"space after counts", 299,
-               [](CXPrint& o) { o.SpaceAfter = 0.5f, o.PrintLine(u"y"); }, "\nH\nx\nF\nH\ny\nF"},
-           Row{"two lines in one", 399, [](CXPrint& o) { o.PrintLine(u"y\r\nz"); },
-               "\nH\nx\nF\nH\ny\nz\nF"},
-           Row{"a row of columns", 199, [](CXPrint& o) { o.PrintColumns({u"y"}); },
-               "\nH\nx\nF\nH\ny\nF"},
-           Row{"ten lines fit", 2000, [](CXPrint& o) { o.CheckPage(10), o.PrintLine(u"y"); },
-               "\nH\nx\ny\nF"},
-           Row{"ten lines don't", 1999, [](CXPrint& o) { o.CheckPage(10), o.PrintLine(u"y"); },
-               "\nH\nx\nF\nH\ny\nF"},
-           // 3 lines of 200 x 1.0013: 600.78; each rounded by itself they would fit into 600.
-           Row{"lines are rounded together", 600,
-               [](CXPrint& o) { o.SpaceAfter = 0.0013f, o.CheckPage(3), o.PrintLine(u"y"); },
-               "\nH\nx\nF\nH\ny\nF"},
-       }) {
-    SCOPED_TRACE(oRow.sName);
-    RecordingDevice oRecord;
-    Paper::Printer oOwnPrinter(oRecord);
-    CXPrint oPrint(oOwnPrinter);
+  // Room below a first line, space after, lines to check, a line or columns; rows of all pages.
+  // 3 lines of 200 x 1.0013 are 600.78; each rounded by itself they would fit into 600.
+  for (const auto& as : Rows(R"(
+         nothing printed             |      |        |    |     | F
+         a line that ends on the limit | 200 | 0     |    | y   | H x y F
+         a twip more                 | 199  | 0      |    | y   | H x F H y F
+         space after counts          | 299  | 0.5    |    | y   | H x F H y F
+         two lines in one            | 399  | 0      |    | y;z | H x F H y z F
+         a row of columns            | 199  | 0      |    | row | H x F H row F
+         ten lines fit               | 2000 | 0      | 10 | y   | H x y F
+         ten lines don't             | 1999 | 0      | 10 | y   | H x F H y F
+         lines are rounded together  | 600  | 0.0013 | 3  | y   | H x F H y F)")) {
+    SCOPED_TRACE(as[0]);
+    CXPrint oPrint(oPrinter);
     oPrint.Header(u"H", u"", u"");
     oPrint.Footer(u"F", u"", u"");
     oPrint.SetColumns({0});
-    if (oRow.lRoom >= 0) FillBut(oPrint, oOwnPrinter, oRow.lRoom);
-    oRow.oWork(oPrint);
+    if (!as[1].empty()) {
+      FillBut(oPrint, std::stoi(as[1]));
+      oPrint.SpaceAfter = std::stof(as[2]);
+      if (!as[3].empty()) oPrint.CheckPage(static_cast<std::int16_t>(std::stoi(as[3])));
+      if (as[4] == "row")
+        oPrint.PrintColumns({u"row"});
+      else
+        oPrint.PrintLine(as[4] == "y;z" ? u"y\r\nz" : u"y");
+    }
     oPrint.Finish();
-    EXPECT_EQ(oRecord.sRows, oRow.sRows);
+    std::string sRows = TakeRows().substr(1);
+    std::replace(sRows.begin(), sRows.end(), '\n', ' ');
+    EXPECT_EQ(sRows, as[5]);
   }
 }
 
 TEST_F(CXPrintTest, LeavesNoBlankAtTheTopOfAPage) {
   CXPrint oPrint(oPrinter);
-  FillBut(oPrint, oPrinter, 200);
+  FillBut(oPrint, 200);
   oPrint.PrintBlank();
   EXPECT_EQ(oPrinter.CurrentY(), 14840) << "the last line may be blank";
   oPrint.PrintBlank();
@@ -117,7 +101,6 @@ TEST_F(CXPrintTest, DecidesTheHeightOfARowItself) {
     oPrint.PrintLine(u"x");
     const double dY = oPrinter.CurrentY();
     oPrint.PrintBlank();
-    EXPECT_EQ(oPrinter.CurrentY() - dY, lHeight) << dSpace;
     oPrint.PrintLine(u"x");
     EXPECT_EQ(oPrinter.CurrentY() - dY, 2 * lHeight) << dSpace;
   }
@@ -138,50 +121,41 @@ TEST_F(CXPrintTest, KeepsMarginsOnWhatTheDeviceCanPrint) {
 }
 
 TEST_F(CXPrintTest, CutsWhatDoesNotFitItsColumn) {
-  const Text sPath = u"C:\\alpha\\beta\\c.txt", sSlashed = u"/alpha/beta/c.txt";
-  struct Row {
-    const char* sName;
-    std::vector<std::int32_t> alPosition;
-    int nPathColumn;
-    std::vector<Text> asValue;
-    const char* sRow;
-  };
-  for (const Row& oRow : {
-           Row{"100 short of the next column",
-               {0, 1000, 2000},
-               -1,
-               {u"123456789", u"1234567890", u"to the end"},
-               "123456789|123456...|to the end"},
-           Row{"bold is wider", {0, 1000}, -2, {u"12345678"}, "1234...*"},
-           Row{"to the right margin", {0, 10240}, -1, {u"", u"12345678901"}, "1234567..."},
-           Row{"too close for anything", {0, 80, 500}, -1, {u"a", u"b", u"c"}, "b|c"},
-           Row{"beyond the page", {0, 20000}, -1, {u"a", u"b"}, "a"},
-           Row{"fewer values", {0, 1000, 2000}, -1, {u"a"}, "a"},
-           Row{"more values", {0, 1000}, -1, {u"a", u"b", u"c"}, "a|b"},
-           Row{"a path loses folders", {0, 1700}, 0, {sPath}, "C:\\...\\c.txt"},
-           Row{"and so does one of slashes", {0, 1500}, 0, {sSlashed}, "/.../c.txt"},
-           Row{"a path is cut at last", {0, 500}, 0, {u"a/verylong.txt"}, "v..."},
-           Row{"a text isn't a path", {0, 1700}, -1, {sPath}, "C:\\alpha\\beta..."},
-       }) {
-    SCOPED_TRACE(oRow.sName);
-    RecordingDevice oRecord;
-    Paper::Printer oOwnPrinter(oRecord);
-    CXPrint oPrint(oOwnPrinter);
-    oPrint.SetColumns(oRow.alPosition);
-    oPrint.FontBold = oRow.nPathColumn == -2;
-    if (oRow.nPathColumn >= 0) oPrint.SetColumnIsPath(oRow.nPathColumn, true);
-    oPrint.PrintColumns(oRow.asValue);
-    EXPECT_EQ(oRecord.sRows, "\n" + std::string(oRow.sRow));
+  // The second column's place and the third's, bold or a path, values, and what is printed.
+  for (const auto& as : Rows(R"(
+         100 short of the next column | 1000 | 2000 | | 123456789;1234567890;to the end
+                                    | 123456789;123456...;to the end
+         bold is wider              | 1000  |     | bold | 12345678      | 1234...*
+         to the right margin        | 10240 |     |      | ;12345678901  | 1234567...
+         too close for anything     | 80    | 500 |      | a;b;c         | b;c
+         beyond the page            | 20000 |     |      | a;b           | a
+         fewer values               | 1000  | 2000 |     | a             | a
+         more values                | 1000  |     |      | a;b;c         | a;b
+         a path loses folders       | 1700  |     | path | C:\alpha\beta\c.txt | C:\...\c.txt
+         and so does one of slashes | 1500  |     | path | /alpha/beta/c.txt | /.../c.txt
+         a path is cut at last      | 500   |     | path | a/verylong.txt | v...
+         a text isn't a path        | 1700  |     |      | C:\alpha\beta\c.txt | C:\alpha\beta...)")) {
+    SCOPED_TRACE(as[0]);
+    CXPrint oPrint(oPrinter);
+    std::vector<std::int32_t> alPosition{0, std::stoi(as[1])};
+    if (!as[2].empty()) alPosition.push_back(std::stoi(as[2]));
+    oPrint.SetColumns(alPosition);
+    oPrint.FontBold = as[3] == "bold";
+    oPrint.SetColumnIsPath(0, as[3] == "path");
+    oPrint.PrintColumns(Split(as[4]));
+    std::string sRows = TakeRows().substr(1);
+    std::replace(sRows.begin(), sRows.end(), '|', ';');
+    EXPECT_EQ(sRows, as[5]);
   }
 }
 
 TEST_F(CXPrintTest, ForgetsPathsWithNewColumnsAndKnowsItsColumns) {
   CXPrint oPrint(oPrinter);
-  oPrint.SetColumns({0, 1000});
-  oPrint.SetColumnIsPath(1, true);
-  EXPECT_TRUE(oPrint.ColumnIsPath(1));
-  oPrint.SetColumns({0, 1000});
-  EXPECT_FALSE(oPrint.ColumnIsPath(1));
+  for (const bool bWasPath : {true, false}) {
+    oPrint.SetColumns({0, 1000});
+    if (bWasPath) oPrint.SetColumnIsPath(1, true);
+    EXPECT_EQ(oPrint.ColumnIsPath(1), bWasPath);
+  }
   EXPECT_THROW(oPrint.SetColumnIsPath(2, true), Failure);
   EXPECT_THROW(oPrint.ColumnIsPath(-1), Failure);
 }
