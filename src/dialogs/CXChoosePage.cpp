@@ -40,6 +40,10 @@ PageDialog CXChoosePage::Request() {
   oDialog.bDisableOrientation = DisableOrientation;
   oDialog.bDisablePaper = DisablePaper;
   oDialog.bDisablePrinter = DisablePrinter;
+  for (std::int32_t i = 1; i <= moPrinters.Count(); ++i)
+    oDialog.asDevice.push_back(moPrinters.DeviceName(i));
+  for (const Paper::PaperForm& o : Paper::PaperForms())
+    oDialog.aoPaper.push_back({o.eSize, Text(o.sName)});
   const Paper::Printer& oPrinter = moPrinters.Current();
   oDialog.sDeviceName = oPrinter.DeviceName();
   oDialog.lPaperSize = oPrinter.PaperSize();

@@ -43,15 +43,22 @@ struct FontDialog {
 
 enum class MarginUnit { Default, ThousandthsOfInch, HundredthsOfMillimeter };
 
+struct PaperChoice {
+  std::int32_t lSize = 0;
+  Text sName;
+};
+
 struct PageDialog {
   Form* poOwner = nullptr;
   MarginUnit eUnit = MarginUnit::Default;
   std::int32_t lLeft = 0, lTop = 0, lRight = 0, lBottom = 0;  ///< in and out
   bool bDisableMargins = false, bDisableOrientation = false, bDisablePaper = false,
        bDisablePrinter = false;
-  Text sDeviceName;               ///< in and out
-  std::int32_t lPaperSize = 0;    ///< in and out; the system's number, 0 for its default
-  std::int32_t lOrientation = 1;  ///< in and out; 1 upright, 2 across
+  std::vector<Text> asDevice;        ///< the printers to choose from
+  std::vector<PaperChoice> aoPaper;  ///< the sizes of paper, by the system's numbers
+  Text sDeviceName;                  ///< in and out
+  std::int32_t lPaperSize = 0;       ///< in and out; the system's number, 0 for its default
+  std::int32_t lOrientation = 1;     ///< in and out; 1 upright, 2 across
 };
 
 }  // namespace Forms

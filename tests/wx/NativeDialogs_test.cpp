@@ -1,5 +1,8 @@
 // Boxes, the help and errors that nobody met.
+#include <wx/dialog.h>
 #include <wx/filename.h>
+#include <wx/html/helpfrm.h>
+#include <wx/notebook.h>
 #include <wx/toplevel.h>
 #include <wx/wfstream.h>
 #include <wx/zipstrm.h>
@@ -9,7 +12,16 @@
 
 using namespace Forms;
 
-class NativeDialogsTest : public WxTest {};
+class NativeDialogsTest : public WxTest {
+ protected:
+  /// The notebook beside the page of the help.
+  static wxNotebook* FindNotebook(wxWindow& oWindow) {
+    if (auto* po = dynamic_cast<wxNotebook*>(&oWindow)) return po;
+    for (wxWindow* po : oWindow.GetChildren())
+      if (auto* poFound = FindNotebook(*po)) return poFound;
+    return nullptr;
+  }
+};
 
 TEST_F(NativeDialogsTest, BoxesAnswerByTheirButtons) {
   struct Row {
@@ -62,6 +74,47 @@ TEST_F(NativeDialogsTest, ACancelledDialogLeavesItsFields) {
   EXPECT_EQ(oFont.oFont, FontSpec());
 }
 
+TEST_F(NativeDialogsTest, ThePageSetUpOffersPaperMarginsAndPrinters) {
+  PageDialog o;
+  o.eUnit = MarginUnit::ThousandthsOfInch;
+  o.lLeft = 1234, o.lTop = 777, o.lRight = 1, o.lBottom = -5;
+  o.aoPaper = {{1, u"Letter"}, {9, u"A4"}, {11, u"A5"}};
+  o.asDevice = {u"Hall & stairs", u"PDF file"};
+  o.lPaperSize = 9;
+  o.sDeviceName = u"Hall & stairs";
+  const auto Answer = [&](int nButton, const std::vector<std::pair<int, int>>& aoKey) {
+    moRobot.WhenDialog([&](wxDialog& oDialog) {
+      for (const auto& [nKey, nModifiers] : aoKey) moRobot.Key(nKey, nModifiers);
+      moRobot.Click(*oDialog.FindWindow(nButton));
+      if (!oDialog.IsModal()) return;
+      ADD_FAILURE() << "still open";
+      oDialog.EndModal(wxID_CANCEL);
+    });
+    return poToolkit->ChoosePage(o).bConfirmed;
+  };
+  const auto Shown = [&] {
+    std::string s;
+    for (const std::int32_t l :
+         {o.lLeft, o.lTop, o.lRight, o.lBottom, o.lPaperSize, o.lOrientation})
+      s += std::to_string(l) + ' ';
+    return s + ToUtf8(o.sDeviceName);
+  };
+  EXPECT_TRUE(Answer(wxID_OK, {}));
+  EXPECT_EQ(Shown(), "1234 777 1 -5 9 1 Hall & stairs");
+  const std::vector<std::pair<int, int>> aoEdits = {
+      {'S', wxMOD_ALT}, {WXK_DOWN, 0},    {'N', wxMOD_ALT}, {WXK_DOWN, 0},
+      {'A', wxMOD_ALT}, {'T', wxMOD_ALT}, {WXK_UP, 0}};
+  EXPECT_FALSE(Answer(wxID_CANCEL, aoEdits));
+  EXPECT_EQ(Shown(), "1234 777 1 -5 9 1 Hall & stairs");
+  EXPECT_TRUE(Answer(wxID_OK, aoEdits));
+  EXPECT_EQ(Shown(), "1234 877 1 -5 11 2 PDF file");
+  o.bDisableMargins = o.bDisableOrientation = o.bDisablePaper = o.bDisablePrinter = true;
+  o.eUnit = MarginUnit::HundredthsOfMillimeter;
+  o.lPaperSize = 0;  // none of those offered
+  EXPECT_TRUE(Answer(wxID_OK, {{'S', wxMOD_ALT}, {WXK_UP, 0}, {'N', wxMOD_ALT}, {WXK_UP, 0}}));
+  EXPECT_EQ(Shown(), "1234 877 1 -5 0 2 PDF file");
+}
+
 TEST_F(NativeDialogsTest, AnErrorThatNobodyMetIsShownAndTheFormGoesOn) {
   {
     const auto oLink = moForm.cmdApply.Click.Connect([] { throw Failure(5); });
@@ -101,7 +154,19 @@ TEST_F(NativeDialogsTest, TheHelpOpensABookAndRefusesWhatIsNone) {
   EXPECT_FALSE(oRenderer.ShowHelp(u"/nowhere/Book.chm", HelpCommand::Contents, 0, nullptr));
   EXPECT_TRUE(oRenderer.ShowHelp(sFile, HelpCommand::Contents, 7, &moForm));
   moRobot.Settle();
+  const auto PageShown = [] {
+    for (wxWindow* po : wxTopLevelWindows)
+      if (auto* poHelp = dynamic_cast<wxHtmlHelpFrame*>(po)) {
+        const wxNotebook& oPages = *FindNotebook(*poHelp);
+        return oPages.GetPageText(static_cast<std::size_t>(oPages.GetSelection()));
+      }
+    return wxString();
+  };
+  EXPECT_EQ(PageShown(), "Contents");
+  EXPECT_TRUE(oRenderer.ShowHelp(sFile, HelpCommand::Search, 0, &moForm));
+  EXPECT_EQ(PageShown(), "Search");
   EXPECT_TRUE(oRenderer.ShowHelp(sFile, HelpCommand::Index, 0, &moForm));
+  EXPECT_EQ(PageShown(), "Index");
   // Under the name that the program knows, with the ending of another platform.
   const Text sOther = sFile.substr(0, sFile.size() - 3) + u"chm";
   EXPECT_TRUE(oRenderer.ShowHelp(sOther, HelpCommand::Contents, 0, nullptr));

@@ -3,6 +3,7 @@
 #include <wx/bitmap.h>
 #include <wx/dcmemory.h>
 #include <wx/dcscreen.h>
+#include <wx/dialog.h>
 #include <wx/image.h>
 #include <wx/stopwatch.h>
 #include <wx/timer.h>
@@ -58,6 +59,15 @@ void Robot::MoveTo(Control& oControl, const wxPoint& oPlace) {
 void Robot::Click(Control& oControl) {
   const Units& oUnits = static_cast<WxRenderer&>(moToolkit.Renderer()).Unit();
   ClickAt(oControl, {oUnits.Pixels(oControl.Width()) / 2, oUnits.Pixels(oControl.Height()) / 2});
+}
+
+void Robot::Click(wxWindow& oWindow) {
+  const wxRect o = oWindow.GetScreenRect();
+  Settle();
+  moHands.MouseMove(o.GetPosition() + wxPoint(o.width / 2, o.height / 2));
+  Settle();
+  moHands.MouseClick();
+  Settle();
 }
 
 void Robot::ClickAt(Control& oControl, const wxPoint& oPlace, int nButton) {
@@ -124,6 +134,25 @@ class ModalAct : public wxTimer {
   std::function<void(Form&)> moAct;
 };
 
+class DialogAct : public wxTimer {
+ public:
+  explicit DialogAct(std::function<void(wxDialog&)> oAct) : moAct(std::move(oAct)) { Start(20); }
+
+ private:
+  void Notify() override {
+    for (wxWindow* po : wxTopLevelWindows) {
+      auto* const poDialog = dynamic_cast<wxDialog*>(po);
+      if (!poDialog || !poDialog->IsModal() || !poDialog->IsShownOnScreen()) continue;
+      Stop();
+      moAct(*poDialog);
+      delete this;
+      return;
+    }
+  }
+
+  std::function<void(wxDialog&)> moAct;
+};
+
 class LateKey : public wxTimer {
  public:
   LateKey(int nKey, int nModifiers) : mnKey(nKey), mnModifiers(nModifiers) { StartOnce(400); }
@@ -145,6 +174,10 @@ void Robot::KeyIntoBox(int nKey, int nModifiers) {
 
 void Robot::WhenModal(std::function<void(Form&)> oAct) {
   new ModalAct(moToolkit, std::move(oAct));
+}
+
+void Robot::WhenDialog(std::function<void(wxDialog&)> oAct) {
+  new DialogAct(std::move(oAct));
 }
 
 void Robot::Photograph(const std::string& sPath) {

@@ -9,6 +9,7 @@
 
 #include "Control.h"
 
+class wxDialog;
 class wxTopLevelWindow;
 
 namespace Forms {
@@ -27,6 +28,8 @@ class Robot {
 
   /// Presses and releases in the middle of a control, or at a place in pixels from its corner.
   void Click(Forms::Control& oControl);
+  /// A window that no control stands behind.
+  void Click(wxWindow& oWindow);
   void ClickAt(Forms::Control& oControl, const wxPoint& oPlace, int nButton = wxMOUSE_BTN_LEFT);
   void DoubleClickAt(Forms::Control& oControl, const wxPoint& oPlace);
   void Drag(Forms::Control& oControl, const wxPoint& oFrom, const wxPoint& oTo);
@@ -35,6 +38,8 @@ class Robot {
   void Type(const std::string& sText);
   /// Runs oAct once another form is modal than now.
   void WhenModal(std::function<void(Forms::Form&)> oAct);
+  /// Runs oAct once a dialog of the window library shows.
+  static void WhenDialog(std::function<void(wxDialog&)> oAct);
 
   /// Presses a key once a native box or dialog had the time to come up.
   void KeyIntoBox(int nKey, int nModifiers = 0);

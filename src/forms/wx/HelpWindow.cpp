@@ -5,6 +5,8 @@
 #include <wx/fs_zip.h>
 #include <wx/html/helpctrl.h>
 #include <wx/html/helpfrm.h>
+#include <wx/html/helpwnd.h>
+#include <wx/notebook.h>
 
 #include "NativeDetails.h"
 #include "NativeText.h"
@@ -21,6 +23,17 @@ wxString BookOf(const wxString& sFile) {
   if (oName.GetExt().IsSameAs("chm", false)) oName.SetExt("htb");
   return wxFileExists(oName.GetFullPath()) ? oName.GetFullPath() : wxString();
 }
+
+/// The library shows its search page only with the results of a search. The page's place is for
+/// derived windows to know.
+class SearchPage : public wxHtmlHelpWindow {
+ public:
+  static void Show(wxHtmlHelpWindow& o) {
+    (o.*&SearchPage::m_NavigNotebook)
+        ->SetSelection(static_cast<std::size_t>(o.*&SearchPage::m_SearchPage));
+    (o.*&SearchPage::m_SearchText)->SetFocus();
+  }
+};
 
 }  // namespace
 
@@ -47,6 +60,7 @@ bool WxRenderer::ShowHelp(TextView sFile, HelpCommand eCommand, std::int32_t lCo
   if (wxHtmlHelpFrame* const poFrame = mpHelp->GetFrame()) {
     NativeDetails::FreeFromModal(*poFrame);
     poFrame->Raise();
+    if (bShown && eCommand == HelpCommand::Search) SearchPage::Show(*mpHelp->GetHelpWindow());
   }
   return bShown;
 }

@@ -2,12 +2,10 @@
 #include <wx/filedlg.h>
 #include <wx/fontdlg.h>
 #include <wx/msgdlg.h>
-#include <wx/printdlg.h>
-
-#include <cmath>
 
 #include "FormPeer.h"
 #include "NativeText.h"
+#include "PageSetupDialog.h"
 #include "WxRenderer.h"
 
 namespace Forms {
@@ -78,34 +76,6 @@ long FileStyle(const FileDialog& o) {
          (o.bFileMustExist ? wxFD_FILE_MUST_EXIST : 0);
 }
 
-/// A unit of the dialog's lengths in millimetres.
-double Millimetres(MarginUnit e) {
-  return e == MarginUnit::HundredthsOfMillimeter ? 0.01 : 0.0254;
-}
-
-wxPoint ToMillimetres(std::int32_t lX, std::int32_t lY, double dUnit) {
-  return {static_cast<int>(std::lround(lX * dUnit)), static_cast<int>(std::lround(lY * dUnit))};
-}
-
-/// Whole millimetres are all that the native dialog keeps: what the user left alone stays exact.
-void TakeLength(std::int32_t& lLength, int nMillimetres, double dUnit) {
-  if (std::lround(lLength * dUnit) == nMillimetres) return;
-  lLength = static_cast<std::int32_t>(std::lround(nMillimetres / dUnit));
-}
-
-wxPageSetupDialogData PageData(const PageDialog& o, double dUnit) {
-  wxPageSetupDialogData oData;
-  oData.SetMarginTopLeft(ToMillimetres(o.lLeft, o.lTop, dUnit));
-  oData.SetMarginBottomRight(ToMillimetres(o.lRight, o.lBottom, dUnit));
-  oData.EnableMargins(!o.bDisableMargins);
-  oData.EnableOrientation(!o.bDisableOrientation);
-  oData.EnablePaper(!o.bDisablePaper);
-  oData.EnablePrinter(!o.bDisablePrinter);
-  oData.GetPrintData().SetOrientation(o.lOrientation == 2 ? wxLANDSCAPE : wxPORTRAIT);
-  oData.GetPrintData().SetPrinterName(ToWx(o.sDeviceName));
-  return oData;
-}
-
 }  // namespace
 
 MsgBoxResult WxRenderer::MsgBox(const MsgBoxRequest& oRequest) {
@@ -171,18 +141,9 @@ DialogAnswer WxRenderer::ChooseFont(FontDialog& o) {
 
 DialogAnswer WxRenderer::ChoosePage(PageDialog& o) {
   CatchUp();
-  const double dUnit = Millimetres(o.eUnit);
-  wxPageSetupDialogData oData = PageData(o, dUnit);
-  wxPageSetupDialog oNative(WindowOf(o.poOwner), &oData);
+  PageSetupDialog oNative(WindowOf(o.poOwner), o);
   if (oNative.ShowModal() != wxID_OK) return {};
-  const wxPageSetupDialogData& oChosen = oNative.GetPageSetupData();
-  const wxPoint oTopLeft = oChosen.GetMarginTopLeft(),
-                oBottomRight = oChosen.GetMarginBottomRight();
-  TakeLength(o.lLeft, oTopLeft.x, dUnit);
-  TakeLength(o.lTop, oTopLeft.y, dUnit);
-  TakeLength(o.lRight, oBottomRight.x, dUnit);
-  TakeLength(o.lBottom, oBottomRight.y, dUnit);
-  o.lOrientation = oChosen.GetPrintData().GetOrientation() == wxLANDSCAPE ? 2 : 1;
+  oNative.Take(o);
   return {true, 0};
 }
 
