@@ -1,6 +1,7 @@
 #include "DiskIDE.h"
 
 #include <optional>
+#include <utility>
 
 #include "CodePage.h"
 #include "GroupReader.h"
@@ -32,6 +33,7 @@ class FileIDE : public DiskIDE, public VBE {
     GroupReader oReader(moFinder, moSettings);
     for (const std::string& sPath : asPath) oReader.Read(sPath);
     moNotes = std::move(oReader.Notes());
+    moSources = std::move(oReader.Sources());
     for (GroupReader::Project& oProject : oReader.Projects()) AddProject(oProject);
   }
 
@@ -79,6 +81,8 @@ class FileIDE : public DiskIDE, public VBE {
       if (eDisk == StoredDocument::Disk::Reread) oResult.asReread.push_back(pDocument->Path());
       if (eDisk == StoredDocument::Disk::Conflict) oResult.asConflict.push_back(pDocument->Path());
     }
+    for (GroupReader::Source& oSource : moSources)
+      if (IsAnother(oSource)) oResult.asProject.push_back(oSource.sPath);
     if (poShown) ShowCode(poShown);
     return oResult;
   }
@@ -99,6 +103,16 @@ class FileIDE : public DiskIDE, public VBE {
   CodePane* ActiveCodePane() override { return moPane ? &*moPane : nullptr; }
 
  private:
+  /// True when the file holds something else than it did when it was last looked at, or is gone.
+  bool IsAnother(GroupReader::Source& o) {
+    IFileOps::Stat oNow;
+    const bool bThere = moSettings.poFiles->GetStat(o.sPath, oNow) == 0;
+    if (bThere && oNow.lSize == o.oStat.lSize && oNow.lModified == o.oStat.lModified) return false;
+    std::string sNow;
+    if (bThere && moSettings.poFiles->ReadAll(o.sPath, sNow) != 0) return false;
+    o.oStat = oNow;
+    return std::exchange(o.sBytes, sNow) != sNow;
+  }
   void AddProject(GroupReader::Project& oRead) {
     HostProject& oProject = moProjects.Add(std::make_unique<HostProject>(
         std::move(oRead.oFile), std::move(oRead.sPath), moFinder, moStore));
@@ -115,6 +129,7 @@ class FileIDE : public DiskIDE, public VBE {
   HostAddins moAddins;
   std::optional<HostCodePane> moPane;
   std::vector<Note> moNotes;
+  std::vector<GroupReader::Source> moSources;
 };
 
 }  // namespace

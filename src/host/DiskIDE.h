@@ -71,11 +71,12 @@ class DiskIDE {
 
   struct Refreshed {
     std::vector<std::string> asReread, asConflict;
+    std::vector<std::string> asProject;  ///< group and project files, each once a change
   };
   /// Reads again what another program has changed on disk since it was read. Code modules, members
   /// and designer controls of those files must not be used any more: their components give new
   /// ones. Files with unsaved changes are conflicts: they keep these in memory, and Save refuses
-  /// them. Project files aren't read again.
+  /// them. Groups and projects that changed are told and not read again: that is Open's business.
   virtual Refreshed Refresh() = 0;
 
   /// A click on a command bar control, as a person would (tests and the desktop program).

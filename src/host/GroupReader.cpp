@@ -35,7 +35,10 @@ void GroupReader::AddNote(const std::string& sFile, std::size_t lLine, Text sMes
 }
 
 Text GroupReader::ReadText(const std::string& sPath) {
+  IFileOps::Stat oStat;
+  moSettings.poFiles->GetStat(sPath, oStat);
   std::string sBytes = ReadSource(sPath, *moSettings.poFiles);
+  moSources.push_back({sPath, sBytes, oStat});
   if (sBytes.starts_with("\xEF\xBB\xBF") && !moSettings.bForcePage) sBytes.erase(0, 3);
   const CodePage& oPage =
       moSettings.bForcePage ? *moSettings.poAnsi : CodePage::Detect(sBytes, *moSettings.poAnsi);

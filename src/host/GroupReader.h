@@ -18,6 +18,13 @@ class GroupReader {
     ProjectFile oFile;
   };
 
+  /// A group or project file as it was read.
+  struct Source {
+    std::string sPath;
+    std::string sBytes;
+    IFileOps::Stat oStat;  ///< ahead of the read, so that a change during it shows
+  };
+
   GroupReader(PathFinder& oFinder, const ReadSettings& oSettings)
       : moFinder(oFinder), moSettings(oSettings) {}
   /// Failure 53, 70, 75, 76 or 321 when the path can't be opened or gives no project. What is
@@ -26,6 +33,7 @@ class GroupReader {
 
   std::vector<Project>& Projects() { return moProjects; }
   std::vector<DiskIDE::Note>& Notes() { return moNotes; }
+  std::vector<Source>& Sources() { return moSources; }
 
  private:
   void ReadFolder(const std::string& sPath);
@@ -41,4 +49,5 @@ class GroupReader {
   std::unordered_set<std::string> moSeen;  // identities of the projects
   std::vector<Project> moProjects;
   std::vector<DiskIDE::Note> moNotes;
+  std::vector<Source> moSources;
 };

@@ -374,6 +374,10 @@ TEST_F(FIDETest, FilesOfOtherProgramsAreReadAgainOrTold) {
   EXPECT_EQ(moIDE.paneCode.Line(1), u"' mine");
   InAddIn([](VBE&) {});  // it isn't told again
   EXPECT_EQ(User().Boxes().size(), 1U);
+  User().MsgBox(MsgBoxResult::Ok);
+  InAddIn([&](VBE&) { moTree.Write("Shop.vbp", moTree.Read("Shop.vbp") + "Title=\"Shop\"\r\n"); });
+  EXPECT_NE(LastBox().find("Shop.vbp"), std::string::npos);
+  EXPECT_NE(LastBox().find("File, Reload Group"), std::string::npos);
   AnswerSave(&FSave::cmdDiscard);
   EXPECT_TRUE(moIDE.mnuFileReload.UserPick());
   Select(u"MMain");

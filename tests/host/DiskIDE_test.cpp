@@ -247,6 +247,24 @@ TEST(DiskIDE, ReadsAgainWhatAnotherProgramChanged) {
   }
 }
 
+TEST(DiskIDE, TellsOfProjectFilesThatAnotherProgramChanged) {
+  ProjectTree oTree;
+  const std::string sProject = oTree.Write("p.vbp", "Type=Exe\nModule=H; h.bas\n");
+  const std::string sGroup = oTree.Write("g.vbg", "VBGROUP 5.0\nStartupProject=p.vbp\n");
+  oTree.Write("h.bas", Code);
+  auto pIDE = DiskIDE::Open(sGroup, {});
+  using Paths = std::vector<std::string>;
+  EXPECT_EQ(pIDE->Refresh().asProject, Paths());
+  oTree.Write("p.vbp", "Type=Exe\nModule=H; h.bas\n");  // the same bytes at another time
+  EXPECT_EQ(pIDE->Refresh().asProject, Paths());
+  oTree.Write("p.vbp", "Type=Exe\nModule=H; h.bas\nModule=L; l.bas\n");
+  EXPECT_EQ(pIDE->Refresh().asProject, Paths{sProject});
+  EXPECT_EQ(pIDE->Refresh().asProject, Paths());
+  std::filesystem::remove(sGroup);
+  EXPECT_EQ(pIDE->Refresh().asProject, Paths{sGroup});
+  EXPECT_EQ(pIDE->Refresh().asProject, Paths());
+}
+
 TEST(DiskIDE, ReadsNamesInTheCodePageOfTheProject) {
   ProjectTree oTree;
   oTree.Write("\xE8\xA1\xA8.bas", Code);

@@ -139,6 +139,7 @@ class FIDE : public Forms::Form {
   /// Looks at the disk, and tells of new conflicts.
   void Refresh();
   void TellConflicts(const std::vector<std::string>& asConflict);
+  void TellProjects(const std::vector<std::string>& asProject);
   void Tell(TextView sText);
 
   ButtonFaces& moFaces;

@@ -100,6 +100,16 @@ void FIDE::Refresh() {
   ShowCode();
   ShowGroupState();
   TellConflicts(oRefreshed.asConflict);
+  TellProjects(oRefreshed.asProject);
+}
+
+void FIDE::TellProjects(const std::vector<std::string>& asProject) {
+  if (asProject.empty()) return;
+  Text sList;
+  for (const std::string& sPath : asProject) sList += u"\r\n" + TextOfPath(sPath);
+  Tell(u"Another program has changed or removed these project files:\r\n" + sList +
+       u"\r\n\r\nThe window still shows the projects as they were. To work with them as they are "
+       u"now, save your changes and choose File, Reload Group.");
 }
 
 void FIDE::TellConflicts(const std::vector<std::string>& asConflict) {
