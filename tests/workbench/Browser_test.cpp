@@ -9,24 +9,23 @@ namespace {
 using namespace Forms;
 
 TEST(NodeKey, IsReadByTheViewThatMadeIt) {
-  using NodeKey::Fields;
-  struct Row {
+  using NodeKey::Fields, NodeKey::Folder, NodeKey::List, NodeKey::Project, NodeKey::Read,
+      NodeKey::Tree;
+  const struct {
     const char* sName;
-    Text sKey, sView;
+    Text sKey;
+    TextView sView;
     Fields oFields;
+  } aoRow[] = {
+      {"project", Project(3), Tree, {3, 0, 0}},
+      {"project, no folders", Project(3), List, {3, 0, 0}},
+      {"folder", Folder(3, 2), Tree, {3, 2, 0}},
+      {"component", NodeKey::Component(Tree, 3, 2, 17), Tree, {3, 2, 17}},
+      {"component, no folders", NodeKey::Component(List, 3, 2, 17), List, {3, 0, 17}},
+      {"no key", u"", Tree, {0, 0, 0}},
+      {"no numbers", u"VBProject.x.9999999999.-1.", Tree, {0, 0, 0}},
   };
-  for (const Row& oRow : {
-           Row{"project", NodeKey::Project(3), u"Tree", {3, 0, 0}},
-           Row{"project, no folders", NodeKey::Project(3), u"List", {3, 0, 0}},
-           Row{"folder", NodeKey::Folder(3, 2), u"Tree", {3, 2, 0}},
-           Row{"component", NodeKey::Component(u"Tree", 3, 2, 17), u"Tree", {3, 2, 17}},
-           Row{"component, no folders", NodeKey::Component(u"List", 3, 2, 17), u"List", {3, 0, 17}},
-           Row{"no key", u"", u"Tree", {0, 0, 0}},
-           Row{"no numbers", u"VBProject.x.9999999999.-1.", u"Tree", {0, 0, 0}},
-       }) {
-    SCOPED_TRACE(oRow.sName);
-    EXPECT_EQ(NodeKey::Read(oRow.sKey, oRow.sView), oRow.oFields);
-  }
+  for (const auto& oRow : aoRow) EXPECT_EQ(Read(oRow.sKey, oRow.sView), oRow.oFields) << oRow.sName;
 }
 
 TEST_F(FMainTest, TreeShowsProjectsAndComponentsInBothViews) {
@@ -36,56 +35,60 @@ TEST_F(FMainTest, TreeShowsProjectsAndComponentsInBothViews) {
   Add(u"MArk", u"");
   Add(u"Odd", u"", 13);
   oIDE.AddProject(u"Till", 0);
-  Add(u"MArk", u"");
+  Add(u"MArk", u"Sub t()\nEnd Sub");
   Run([&] {
     EXPECT_EQ(Tree(),
               "*Shop[ActiveX DLL](Forms[Closed Folder](FTwo[Form Module]) Modules[Closed "
               "Folder](MArk[Standard Module] mZoo[Standard Module]) Odd[]) "
               "Till[Standard EXE](Modules[Closed Folder](MArk[Standard Module]))");
+    Node& oShop = *oMain.tvwProjects.Nodes().Roots().front();
+    EXPECT_TRUE(oShop.Expanded());
+    EXPECT_EQ(oShop.Children().front()->ExpandedImage(), u"Open Folder");
     Click(u"Modules");
-    EXPECT_TRUE(oMain.oMenu.mnuViewProjectList.UserPick());
+    Pick(u"ViewProjectList");
     EXPECT_EQ(Tree(),
               "*Shop[ActiveX DLL](FTwo[Form Module] MArk[Standard Module] mZoo[Standard Module] "
               "Odd[]) Till[Standard EXE](MArk[Standard Module])")
         << "the folder's project";
     Click(u"mZoo");
-    EXPECT_TRUE(oMain.oMenu.mnuViewProjectTree.UserPick());
-    EXPECT_NE(Tree().find(" *mZoo["), std::string::npos) << Tree();
+    Pick(u"ViewProjectTree");
+    ExpectHolds(Tree(), " *mZoo[");
     EXPECT_EQ(oMain.lblList.GetCaption(), u"Procedures of Module 'mZoo'");
+    Node& oTill = *oMain.tvwProjects.Nodes().Roots().back();
+    EXPECT_TRUE(oMain.tvwProjects.UserNodeClick(*oTill.Children().front()->Children().front()));
+    Pick(u"ViewProjectList");
+    EXPECT_TRUE(Tree().ends_with("(*MArk[Standard Module])")) << "not the other MArk";
+    EXPECT_EQ(Rows(oMain.lvwProcs), "*Declarations|(declarations)\nMethod|t|Sub|Public\n");
   });
 }
 
 TEST_F(FMainTest, NodesDecideWhatTheListsShow) {
   oIDE.AddProject(u"Shop", 2).sFileName = u"/a/Shop.vbp";
-  FakeComponent& oClass = Add(u"CBox", u"", ComponentClass);
-  oClass.nInstancing = 5;
+  Add(u"CBox", u"", ComponentClass).nInstancing = 5;
   const std::string sFixed = oFolder / "MFix.bas";
   TempFolder::Write(sFixed, "x");
   chmod(sFixed.c_str(), 0444);
   Add(u"MFix", u"").asFile = {FromUtf8(sFixed)};
-  FakeComponent& oNew = Add(u"MNew", u"");
-  oNew.asFile = {u""};
+  Add(u"MNew", u"").asFile = {u""};
   Run([&] {
-    struct Row {
-      const char *sNode, *sTitle, *sRows, *sPanels;
-    };
-    for (const Row& oRow : {
-             Row{"Class Modules", "Class Modules of Project 'Shop'",
-                 "*Class Module|CBox|Class Module|MultiUse|/src/CBox.bas\n",
-                 "1 Object(s) /a/Shop.vbp"},
-             Row{"Shop", "Modules of Project 'Shop'", "3", "3 Object(s) /a/Shop.vbp"},
-             Row{"MNew", "Procedures of Module 'MNew'", "*Declarations|(declarations)\n",
-                 "1 Object(s) Selected "},
-         }) {
-      SCOPED_TRACE(oRow.sNode);
-      Click(FromUtf8(oRow.sNode));
-      EXPECT_EQ(ToUtf8(oMain.lblList.GetCaption()), oRow.sTitle);
-      EXPECT_EQ(Panel(1) + " " + Panel(2), oRow.sPanels);
-      ListView& oFront = oMain.lvwMods.Visible() ? oMain.lvwMods : oMain.lvwProcs;
-      const std::string sRows = Rows(oFront);
-      EXPECT_EQ(*oRow.sRows == '3' ? "3" : sRows, oRow.sRows);
+    const auto Check = [&](TextView sNode, const char* sTitle, const std::string& sRows,
+                           const char* sPanels) {
+      SCOPED_TRACE(sTitle);
+      Click(sNode);
+      oMain.SetWidth(oMain.Width() - 15);  // the path follows the window
+      EXPECT_EQ(ToUtf8(oMain.lblList.GetCaption()), sTitle);
+      EXPECT_EQ(Panel(1) + " " + Panel(2), sPanels);
+      const std::string sShown = Rows(oMain.lvwMods.Visible() ? oMain.lvwMods : oMain.lvwProcs);
+      EXPECT_EQ(sRows.empty() ? "" : sShown, sRows);
       EXPECT_NE(oMain.lvwMods.Visible(), oMain.lvwProcs.Visible());
-    }
+    };
+    Check(u"Class Modules", "Class Modules of Project 'Shop'",
+          "*Class Module|CBox|Class Module|MultiUse|/src/CBox.bas\n", "1 Object(s) /a/Shop.vbp");
+    Check(u"Shop", "Modules of Project 'Shop'", "", "3 Object(s) /a/Shop.vbp");
+    Check(u"CBox", "Procedures of Class 'CBox'", "*Declarations|(declarations)\n",
+          "1 Object(s) Selected /src/CBox.bas");
+    Check(u"MNew", "Procedures of Module 'MNew'", "*Declarations|(declarations)\n",
+          "1 Object(s) Selected ");
     Click(u"Modules");
     const std::string sRows = Rows(oMain.lvwMods);
     EXPECT_TRUE(sRows.starts_with("*Standard Module|MFix|Standard Module|ReadOnly|2")) << sRows;
@@ -94,7 +97,6 @@ TEST_F(FMainTest, NodesDecideWhatTheListsShow) {
 }
 
 TEST_F(FMainTest, ProcedureRowsTellTypeScopeAndPendingValues) {
-  oIDE.AddProject(u"P", 0);
   Add(u"FOne",
       u"Const Sev = tvnSeverityFatal\n'@ Mod\n"
       u"Private Sub cmd_Click()\n'@ Std&Locked\n    On Error GoTo Trap\nTrap:\n"
@@ -111,24 +113,34 @@ TEST_F(FMainTest, ProcedureRowsTellTypeScopeAndPendingValues) {
   });
 }
 
-TEST_F(FMainTest, AClickOnTheProcessedNodeReloadsNothing) {
-  oIDE.AddProject(u"P", 0);
+TEST_F(FMainTest, TheSheetFollowsTheMouseAndTheArrowKeysAlone) {
   Add(u"MOne", u"Sub a()\nEnd Sub\nSub b()\nEnd Sub");
   Run([&] {
     Click(u"MOne");
     Select(oMain.lvwProcs, {2, 3});
     Click(u"MOne");
-    EXPECT_EQ(Panel(1), "2 Object(s) Selected");
+    EXPECT_EQ(Panel(1), "2 Object(s) Selected") << "the processed node reloads nothing";
     EXPECT_TRUE(oMain.tvwProjects.HasFocus());
+    const auto Keyed = [&](ListView& oList, std::int32_t nKey, std::int32_t lRow) {
+      EXPECT_TRUE(oList.UserSelection({lRow}, lRow));
+      oList.UserKeyUp(nKey, 0);
+      return Panel(1) + " " + ToUtf8(oMain.lblProperties.GetCaption());
+    };
+    EXPECT_EQ(Keyed(oMain.lvwProcs, Key::Home, 2), "2 Object(s) Selected Selection");
+    EXPECT_EQ(Keyed(oMain.lvwProcs, Key::Down, 2), "1 Object(s) Selected MOne.a");
+    EXPECT_EQ(Keyed(oMain.lvwProcs, Key::Up, 3), "1 Object(s) Selected MOne.b");
+    Click(u"Modules");
+    EXPECT_EQ(Keyed(oMain.lvwMods, Key::Home, 1), "1 Object(s) ");
+    EXPECT_EQ(Keyed(oMain.lvwMods, Key::Down, 1), "1 Object(s) Selected ");
   });
 }
 
 TEST_F(FMainTest, AModuleThatCantBeReadIsToldInItsPane) {
-  oIDE.AddProject(u"P", 0);
   Add(u"MBad", u"");
   Add(u"MOne", u"Sub a()\nEnd Sub");
   oIDE.oLog.Fail("CodeModule of MBad", 0);
   Run([&] {
+    const auto& oTitle = oMain.lblErrors;
     EXPECT_FALSE(oMain.fraErrors.Visible());
     Click(u"MBad");
     EXPECT_EQ(Lines(oMain.srlErrors),
@@ -138,41 +150,38 @@ TEST_F(FMainTest, AModuleThatCantBeReadIsToldInItsPane) {
               "Your Project Code or Components may be in a non-runnable state which VB "
               "Extensibility is unhappy with\r\n");
     EXPECT_TRUE(oMain.fraErrors.Visible() && oMain.srlErrors.HasFocus() == false);
+    EXPECT_EQ(oTitle(0).BackColor(), SystemColor::InactiveTitleBar);
     EXPECT_EQ(Rows(oMain.lvwProcs) + Rows(oMain.lvwMods), "hiddenhidden");
     EXPECT_EQ(Panel(1), "0 Object(s)");
     Click(u"MOne");
     EXPECT_EQ(Panel(1), "1 Object(s) Selected") << "another node recovers";
+    EXPECT_TRUE(oTitle(1).UserMouseDown(Button::Left, 0, 0, 0));
+    EXPECT_EQ(oTitle(0).BackColor(), SystemColor::ActiveTitleBar) << "the pane has the focus";
     EXPECT_TRUE(oMain.cmdHideErrors.UserClick());
     EXPECT_FALSE(oMain.fraErrors.Visible());
     oMain.Model()->EnumProceduresError(1, LoadError{u"c", 0, u"d", u"TarvaneQuillon"});
-    EXPECT_NE(Lines(oMain.srlErrors)
-                  .find("  Number = 0 [yes! zero!]  Decsription = \"d\"  Source = "
-                        "\"TarvaneQuillon\" ...but don't believe it :-)\r\n"),
-              std::string::npos);
+    ExpectHolds(Lines(oMain.srlErrors),
+                "  Number = 0 [yes! zero!]  Decsription = \"d\"  Source = \"TarvaneQuillon\" "
+                "...but don't believe it :-)\r\n");
   });
 }
 
 TEST_F(FMainTest, ColumnsSortAndTurnAround) {
-  oIDE.AddProject(u"P", 0);
   Add(u"MOne", u"Sub b()\nEnd Sub\nFunction a()\nEnd Function\nSub C()\nEnd Sub");
   Run([&] {
     Click(u"MOne");
     const auto Names = [&](std::int32_t lColumn) {
       EXPECT_TRUE(oMain.lvwProcs.UserColumnClick(lColumn));
-      std::string s;
-      for (std::int32_t i = 1; i <= 4; ++i)
-        s += ToUtf8(oMain.lvwProcs.ListItems().Item(i).Text()) + " ";
-      return s;
+      return Each(1, 4, [&](auto i) { return oMain.lvwProcs.ListItems().Item(i).Text(); });
     };
-    EXPECT_EQ(Names(1), "C b a (declarations) ");
-    EXPECT_EQ(Names(1), "(declarations) a b C ");
-    EXPECT_EQ(Names(2), "(declarations) a b C ") << "by type: none, Function, Sub, Sub";
-    EXPECT_EQ(Names(2).substr(4), "a (declarations) ");
+    EXPECT_EQ(Names(1), "C|b|a|(declarations)|");
+    EXPECT_EQ(Names(1), "(declarations)|a|b|C|");
+    EXPECT_EQ(Names(2), "(declarations)|a|b|C|") << "by type: none, Function, Sub, Sub";
+    EXPECT_EQ(Names(2).substr(4), "a|(declarations)|");
   });
 }
 
-TEST_F(FMainTest, ADoubleClickGoesDownToTheProcedures) {
-  oIDE.AddProject(u"P", 0);
+TEST_F(FMainTest, ADoubleClickGoesDownToTheProceduresAndColumnWidthsComeBack) {
   Add(u"MOne", u"");
   Add(u"MTwo", u"");
   Run([&] {
@@ -180,15 +189,7 @@ TEST_F(FMainTest, ADoubleClickGoesDownToTheProcedures) {
     EXPECT_TRUE(oMain.lvwMods.UserSelect(2));
     EXPECT_TRUE(oMain.lvwMods.UserDblClick());
     EXPECT_EQ(oMain.lblList.GetCaption(), u"Procedures of Module 'MTwo'");
-    EXPECT_NE(Tree().find("*MTwo"), std::string::npos);
-  });
-}
-
-TEST_F(FMainTest, ColumnWidthsComeBack) {
-  oIDE.AddProject(u"P", 0);
-  Add(u"MOne", u"");
-  Run([&] {
-    Click(u"MOne");
+    ExpectHolds(Tree(), "*MTwo");
     EXPECT_TRUE(oMain.lvwProcs.UserColumnWidth(2, 1234));
   });
   Run([&] {

@@ -1,8 +1,8 @@
 // The main window without a display over an IDE in memory, with settings in memory and a template
 // file of its own: what every test here starts from.
 //
-//   Add(u"MOne", "Sub a()\nEnd Sub");
-//   Run([&] { Click(u"MOne"); EXPECT_EQ(Rows(oMain.lvwProcs), ...); });
+//   Add(u"MOne", u"Sub a()\nEnd Sub");
+//   Run([&] { Click(u"MOne"); Pick(u"ViewCode"); EXPECT_EQ(Rows(oMain.lvwProcs), ...); });
 //
 // Run shows the window, lets the start-up timer fire, acts, and leaves by the program.
 #pragma once
@@ -24,10 +24,13 @@ class Connect {};
 
 class NoQueues : public Paper::IPrintQueues {
  public:
-  std::vector<Paper::PrintQueue> List() override { return {}; }
+  std::vector<Paper::PrintQueue> List() override {
+    return bFails ? throw Failure(482) : std::vector<Paper::PrintQueue>();
+  }
   std::int32_t PaperSizeOf(const std::string&) override { return 0; }
   Paper::Strips StripsOf(const std::string&, std::int32_t) override { return {}; }
   void Submit(const std::string&, const std::string&, TextView, std::int32_t) override {}
+  bool bFails = false;
 };
 
 /// An IDE with a code pane in front, or one that fails when it is asked for its projects.
@@ -52,6 +55,7 @@ class FMainTest : public FormsTest {
     MRules::Initialize();
     MOptions::Initialize();
     MQuillon::Initialize();
+    TempFolder::Write(oFolder / "Tarvane.htb", "");
     SetHelp(true);
     moToolkit.SetPath(FromUtf8(oFolder.Path()));
     TempFolder::Write(oFolder / "Template.dat", ToUtf8(TestTemplates));
@@ -63,37 +67,65 @@ class FMainTest : public FormsTest {
     MXHTMLHelp::SetHelpFile({});
   }
   void SetHelp(bool bExists) {
-    MXHTMLHelp::SetHelpFile(FromUtf8(bExists ? oFolder / "Template.dat" : "nowhere.chm"));
+    MXHTMLHelp::SetHelpFile(FromUtf8(oFolder / (bExists ? "Tarvane.htb" : "gone.htb")));
   }
   Text File(const std::string& sName) const { return FromUtf8(oFolder / sName); }
+  /// To the project P, unless the test has made another one.
   FakeComponent& Add(TextView sName, TextView sCode, std::int32_t nType = ComponentStdModule) {
+    if (oIDE.Count() == 0) oIDE.AddProject(u"P", 0);
     FakeComponent& o = oIDE.Add(Text(sName), nType, sCode);
     o.asFile = {u"/src/" + Text(sName) + u".bas"};
     return o;
   }
 
-  template <class Act>
-  void Run(Act&& oAct) {
+  void Run(const std::function<void()>& oAct) { Run(oIDE, oMain, oAct); }
+  void Run(VBE& oOver, FMain& oWindow, const std::function<void()>& oAct) {
     User().Modal<FMain>([&](FMain& o) {
+      EXPECT_EQ(o.Caption(), u"Tarvane Quillon") << "no template before the window is there";
       moRenderer.Advance(100);
       oAct();
-      if (o.Loaded()) {
-        o.Hide();
-        o.Unload();
-      }
+      if (o.Loaded()) o.Hide();
+      o.Unload();
     });
-    oMain.Display(oIDE, oConnect);
+    oWindow.Display(oOver, oConnect);
+  }
+  /// Leaves by the menu though something is pending.
+  void Leave() {
+    User().MsgBox(Forms::MsgBoxResult::Ok);
+    Pick(u"FileExit");
+  }
+  /// The user picks the item `mnu` with that name.
+  void Pick(TextView sName) {
+    bool bPicked = false;
+    for (const Forms::Menu* poTop : std::vector(oMain.Menus()))
+      for (Forms::Menu* po : std::vector(poTop->Items()))
+        bPicked = bPicked || (po->Name() == u"mnu" + Text(sName) && po->UserPick());
+    EXPECT_TRUE(bPicked) << ToUtf8(sName);
+  }
+  /// A press of that button of the toolbar.
+  void Press(ToolbarButton eButton) {
+    auto& o = oMain.oToolbar.picButton(static_cast<std::int32_t>(eButton));
+    EXPECT_TRUE(o.UserMouseDown(Forms::Button::Left, 0, 0, 0));
+    EXPECT_TRUE(o.UserMouseUp(Forms::Button::Left, 0, 0, 0));
+  }
+  /// The answer to the next question for a template file; sDirectory: where it is to begin.
+  void ChooseTemplate(const std::string& sName, std::optional<Text> sDirectory = {}) {
+    User().ChooseFile([this, sName, sDirectory](Forms::FileDialog& o) {
+      EXPECT_EQ(o.sTitle, u"Open Template");
+      EXPECT_EQ(o.aoFilter.at(0).sDescription + u"|" + o.aoFilter.at(0).sPattern,
+                u"Template Files (*.dat)|*.dat");
+      EXPECT_EQ(o.sDirectory, sDirectory.value_or(o.sDirectory));
+      o.asPath = {File(sName)};
+      return Forms::DialogAnswer{.bConfirmed = true};
+    });
   }
   /// A click on the first node of that text.
   void Click(TextView sText) {
     Forms::Nodes& oNodes = oMain.tvwProjects.Nodes();
-    for (std::int32_t i = 1; i <= oNodes.Count(); ++i) {
-      if (oNodes.Item(i).Text() == sText) {
-        EXPECT_TRUE(oMain.tvwProjects.UserNodeClick(oNodes.Item(i)));
-        return;
-      }
-    }
-    ADD_FAILURE() << "no node " << ToUtf8(sText);
+    std::int32_t i = 1;
+    while (i <= oNodes.Count() && oNodes.Item(i).Text() != sText) ++i;
+    ASSERT_LE(i, oNodes.Count()) << "no node " << ToUtf8(sText);
+    EXPECT_TRUE(oMain.tvwProjects.UserNodeClick(oNodes.Item(i)));
   }
   /// The user selects these rows with the mouse, all at once.
   static void Select(Forms::ListView& oList, const std::vector<std::int32_t>& alRow) {
@@ -103,6 +135,16 @@ class FMainTest : public FormsTest {
   }
   void Edit(TextView sName, TextView sValue) { oMain.prlProperties.PropertyChange(sName, sValue); }
 
+  /// What oTell gives for each number, each followed by "|".
+  template <class Tell>
+  static std::string Each(std::int32_t lFirst, std::int32_t lLast, Tell&& oTell) {
+    std::string s;
+    for (std::int32_t i = lFirst; i <= lLast; ++i) s += ToUtf8(oTell(i)) + "|";
+    return s;
+  }
+  static void ExpectHolds(const std::string& sAll, const char* sPart) {
+    EXPECT_NE(sAll.find(sPart), std::string::npos) << sAll;
+  }
   std::string Panel(std::int32_t i) { return ToUtf8(oMain.StatusBar1.Panels(i).Text()); }
   std::string Tab() const {
     const auto* po = oMain.tabView.SelectedItem();

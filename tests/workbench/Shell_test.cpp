@@ -9,41 +9,30 @@ namespace {
 using namespace Forms;
 
 TEST_F(FMainTest, LeavingAsksWhenSomethingIsPending) {
-  struct Row {
+  const struct {
     const char* sName;
-    bool bExit, bDirty;
+    bool bDirty;
     MsgBoxResult eAnswer;
     bool bOpen;
-  };
-  for (const Row& oRow : {
-           Row{"exit, nothing pending", true, false, MsgBoxResult::Ok, false},
-           Row{"exit, kept", true, true, MsgBoxResult::Cancel, true},
-           Row{"exit, discarded", true, true, MsgBoxResult::Ok, false},
-           Row{"close box, nothing pending", false, false, MsgBoxResult::Ok, false},
-           Row{"close box, kept", false, true, MsgBoxResult::Cancel, true},
-           Row{"close box, discarded", false, true, MsgBoxResult::Ok, false},
-       }) {
-    SCOPED_TRACE(oRow.sName);
-    PaneIDE oOwn;
-    oOwn.Add(u"MOne", ComponentStdModule, u"Sub a()\nEnd Sub");
-    const std::size_t nBoxes = User().Boxes().size();
-    User().Modal<FMain>([&](FMain& o) {
-      moRenderer.Advance(100);
-      Click(u"MOne");
-      if (oRow.bDirty) {
-        Edit(u"Locked", u"True");
-        User().MsgBox(oRow.eAnswer);
-      }
-      oRow.bExit ? oMain.oMenu.mnuFileExit.UserPick() : oMain.UserClose();
-      EXPECT_EQ(o.Loaded(), oRow.bOpen);
-      EXPECT_EQ(oMain.Model() != nullptr, oRow.bOpen);
-      if (o.Loaded()) o.Hide();
-      o.Unload();
-    });
-    oMain.Display(oOwn, oConnect);
-    EXPECT_EQ(oMain.poConnect(), &oConnect);
-    ASSERT_EQ(User().Boxes().size() - nBoxes, oRow.bDirty ? 1U : 0U);
-    if (!oRow.bDirty) continue;
+  } aoRow[] = {{"nothing pending", false, MsgBoxResult::Ok, false},
+               {"kept", true, MsgBoxResult::Cancel, true},
+               {"discarded", true, MsgBoxResult::Ok, false}};
+  Add(u"MOne", u"Sub a()\nEnd Sub");
+  for (const bool bExit : {true, false}) {
+    for (const auto& oRow : aoRow) {
+      SCOPED_TRACE(oRow.sName);
+      const std::size_t nBoxes = User().Boxes().size();
+      Run([&] {
+        Click(u"MOne");
+        if (oRow.bDirty) Edit(u"Locked", u"True");
+        if (oRow.bDirty) User().MsgBox(oRow.eAnswer);
+        bExit ? Pick(u"FileExit") : static_cast<void>(oMain.UserClose());
+        EXPECT_EQ(oMain.Loaded(), oRow.bOpen);
+        EXPECT_EQ(oMain.Model() != nullptr, oRow.bOpen);
+      });
+      EXPECT_EQ(oMain.poConnect(), &oConnect);
+      ASSERT_EQ(User().Boxes().size() - nBoxes, oRow.bDirty ? 1U : 0U);
+    }
     const MsgBoxRequest& oBox = User().Boxes().back();
     EXPECT_EQ(oBox.sPrompt + u"|" + oBox.sTitle, u"Discard Pending Properties?|Tarvane Quillon");
     EXPECT_EQ(oBox.eButtons, MsgBoxButtons::OkCancel);
@@ -60,15 +49,20 @@ TEST_F(FMainTest, PlacesComeBackAndTheRestBeginsAnew) {
     oMain.picSplit1.UserMouseDown(Button::Left, 0, 0, 0);
     oMain.picSplit1.UserMouseMove(Button::Left, 0, -1500, 0);
     oMain.picSplit1.UserMouseUp(Button::Left, 0, 0, 0);
-    oMain.oMenu.mnuViewProjectList.UserPick();
-    oMain.oMenu.mnuViewErrors.UserPick();
+    Pick(u"ViewProjectList");
+    Pick(u"ViewErrors");
     oPlace = oMain.Bounds();
     lBar = oMain.picSplit1.Left();
     EXPECT_EQ(oMain.tvwProjects.Width(), lBar);
     EXPECT_EQ(oMain.lvwMods.Left(), lBar + oMain.picSplit1.Width());
     EXPECT_EQ(oMain.lvwMods.Left() + oMain.lvwMods.Width(), oMain.picSplit2.Left());
+    oMain.EventPush(Pointer::Hourglass);  // as a failure leaves it
   });
   Run([&] {
+    EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Default);
+    oMain.EventPush(Pointer::Hourglass);
+    EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Hourglass) << "the outermost one";
+    oMain.EventPop();
     EXPECT_EQ(oMain.Bounds(), oPlace);
     EXPECT_EQ(oMain.picSplit1.Left(), lBar);
     EXPECT_EQ(oMain.tvwProjects.Tag(), u"Tree");
@@ -77,49 +71,48 @@ TEST_F(FMainTest, PlacesComeBackAndTheRestBeginsAnew) {
 }
 
 TEST_F(FMainTest, DamagedPlacesGiveAUsableWindow) {
-  struct Row {
-    const char *sKey, *sName;
-    std::int32_t lValue;
-  };
+  constexpr std::int32_t lFar = 2147483647;
   const auto Fits = [&] {
     const FMain& o = oMain;
     return o.tvwProjects.Width() >= 600 && o.lvwMods.Width() >= 600 &&
            o.picContainer.Width() >= 600 && o.picSplit1.Left() < o.picSplit2.Left() &&
            o.picContainer.Left() + o.picContainer.Width() <= o.ScaleWidth() &&
-           o.picSplit3.Top() < o.ScaleHeight() && o.picSplit1.Width() < 100;
+           o.picSplit3.Top() < o.ScaleHeight() && o.picSplit1.Width() < 100 && o.Left() >= 0 &&
+           o.Top() >= 0 && o.Left() + o.Width() <= 15360 && o.Top() + o.Height() <= 11520;
   };
-  for (const Row& oRow : {
-           Row{"FMain", "Left", -2147483647},
-           Row{"FMain", "Width", 0},
-           Row{"FMain", "State", 1},
-           Row{"FMain", "State", 77},
-           Row{"FMain", "State", 2},
-           Row{"FMain\\Split1", "Left", 2147483647},
-           Row{"FMain\\Split1", "Width", 9000},
-           Row{"FMain\\Split2", "Left", -5},
-           Row{"FMain\\Split2", "Left", 40},
-           Row{"FMain\\Split3", "Top", 2147483647},
-           Row{"FMain\\ModList", "ColWidth1", -7},
-       }) {
-    SCOPED_TRACE(std::string(oRow.sKey) + " " + oRow.sName + " " + std::to_string(oRow.lValue));
-    RegistryStore oOwn;
+  const auto Check = [&](TextView sKey, TextView sName, std::int32_t lValue) {
+    SCOPED_TRACE(ToUtf8(sKey) + " " + ToUtf8(sName) + " " + std::to_string(lValue));
+    RegistryStore oOwn(oFolder / "settings.reg");
     goRegistry = &oOwn;
-    oOwn.SetLong(Text(u"HKEY_CURRENT_USER\\").append(MXRegistry::RootKey) + FromUtf8(oRow.sKey),
-                 FromUtf8(oRow.sName), oRow.lValue);
+    oOwn.SetLong(Text(u"HKEY_CURRENT_USER\\").append(MXRegistry::RootKey).append(sKey), sName,
+                 lValue);
+    // Settings that can't be saved don't keep the window from closing.
+    std::filesystem::remove(oFolder / "settings.reg");
+    std::filesystem::create_directory(oFolder / "settings.reg");
     Run([&] {
       EXPECT_TRUE(Fits());
       EXPECT_NE(oMain.WindowState(), WindowState::Minimized);
-      EXPECT_EQ(oMain.WindowState() == WindowState::Maximized, oRow.lValue == 2);
+      EXPECT_EQ(oMain.WindowState() == WindowState::Maximized, lValue == 2);
       EXPECT_EQ(oMain.lvwMods.ColumnHeaders().Count(), 6);
-      oMain.oMenu.mnuViewErrors.UserPick();
+      Pick(u"ViewErrors");
       EXPECT_TRUE(Fits());
     });
+    EXPECT_FALSE(oMain.Loaded());
+    EXPECT_TRUE(std::filesystem::remove(oFolder / "settings.reg"));
     goRegistry = &oStore;
-  }
+  };
+  for (const std::int32_t lPlace : {-lFar, lFar}) Check(u"FMain", u"Left", lPlace);
+  Check(u"FMain", u"Top", lFar);
+  Check(u"FMain", u"Width", 0);
+  for (const std::int32_t eState : {1, 2, 77}) Check(u"FMain", u"State", eState);
+  Check(u"FMain\\Split1", u"Left", lFar);
+  Check(u"FMain\\Split1", u"Width", 9000);
+  for (const std::int32_t lPlace : {-5, 40}) Check(u"FMain\\Split2", u"Left", lPlace);
+  Check(u"FMain\\Split3", u"Top", lFar);
+  Check(u"FMain\\ModList", u"ColWidth1", -7);
 }
 
 TEST_F(FMainTest, GuardCountsAndProgressBorrowsThePanels) {
-  oIDE.AddProject(u"P", 0);
   Text sCode;
   for (char c = 'a'; c <= 'z'; ++c)
     for (char d = 'a'; d <= 'b'; ++d)
@@ -142,16 +135,14 @@ TEST_F(FMainTest, GuardCountsAndProgressBorrowsThePanels) {
       return oMain.picProgress.Width();
     };
     EXPECT_EQ(Bar(100), oMain.StatusBar1.Panels(1).Width()) << "on a hidden bar";
-    const std::string sPanels = "1 Object(s) P.vbp";
     Click(u"Modules");
     oMain.Model()->ProgressStart();
     EXPECT_TRUE(oMain.picProgress.Visible() && oMain.picProgress.Width() == 0);
-    EXPECT_EQ(Bar(50), 1072);
-    EXPECT_EQ(Bar(-1), 1072);
-    EXPECT_EQ(Bar(101), 1072);
+    for (const std::int16_t nPercent : std::initializer_list<std::int16_t>{50, -1, 101})
+      EXPECT_EQ(Bar(nPercent), 1072) << nPercent;
     EXPECT_EQ(Panel(1) + "|" + Panel(2), "|MBig.50");
     oMain.Model()->ProgressEnd();
-    EXPECT_EQ(Panel(1) + " " + Panel(2), sPanels);
+    EXPECT_EQ(Panel(1) + " " + Panel(2), "1 Object(s) P.vbp");
     const auto nBefore = moRenderer.Refreshes(oMain.picProgress);
     Click(u"MBig");
     EXPECT_EQ(moRenderer.Refreshes(oMain.picProgress) - nBefore, 52);
@@ -163,35 +154,36 @@ TEST_F(FMainTest, ToolbarPressesReleasesAndFrames) {
   oIDE.AddProject(u"P", 0);
   Run([&] {
     const MainToolbar& o = oMain.oToolbar;
+    EXPECT_EQ(Each(0, 6, [&](auto i) { return ToText(o.picButton(i).Left()); }),
+              "15|450|885|1230|1665|2010|2445|");
+    EXPECT_EQ(
+        Each(0, 3,
+             [&](auto i) { return ToText(o.linSep1(i).X1()) + u"+" + ToText(o.linSep2(i).X1()); }),
+        "375+390|810+825|1590+1605|2370+2385|");
     PictureBox& oList = o.picButton(3);
-    EXPECT_EQ(oList.Left(), 1230);
-    EXPECT_EQ(o.linSep1(2).X1(), 1590);
-    EXPECT_EQ(o.picButton(6).Left(), 2445);
-    const auto Places = [&] {
-      return std::to_string(oList.Left()) + "," + std::to_string(oList.Top()) +
-             (o.linTop.BorderColor() == SystemColor::ButtonShadow ? " pressed" : "") +
-             (o.linTop.Visible() ? " framed" : "") + " " + ToUtf8(oMain.tvwProjects.Tag());
+    const auto Check = [&](auto oAct, std::int32_t nButton, std::int32_t lX, std::int32_t lY,
+                           const char* sPlaces) {
+      (oList.*oAct)(nButton, 0, lX, lY);
+      EXPECT_EQ(std::to_string(oList.Left()) + "," + std::to_string(oList.Top()) +
+                    (o.linTop.BorderColor() == SystemColor::ButtonShadow ? " pressed" : "") +
+                    (o.linTop.Visible() ? " framed" : "") + " " + ToUtf8(oMain.tvwProjects.Tag()),
+                sPlaces)
+          << lX;
     };
-    oList.UserMouseMove(0, 0, 150, 150);
-    EXPECT_EQ(Places(), "1230,60 framed Tree");
+    const auto Move = &Control::UserMouseMove, Down = &Control::UserMouseDown,
+               Up = &Control::UserMouseUp;
+    Check(Move, 0, 150, 150, "1230,60 framed Tree");
+    Check(Down, Button::Right, 10, 10, "1230,60 framed Tree");
+    Check(Down, Button::Left, 10, 10, "1245,75 pressed framed Tree");
+    Check(Move, Button::Left, -15, -15, "1245,75 pressed framed Tree");  // still over its place
+    Check(Move, Button::Left, -16, 0, "1230,60 framed Tree");
+    Check(Up, Button::Left, -16, 0, "1230,60 framed Tree");  // let go outside: no command
+    Check(Down, Button::Left, 10, 10, "1245,75 pressed framed Tree");
+    Check(Move, Button::Left, 400, 10, "1230,60 framed Tree");
+    Check(Move, Button::Left, 20, 10, "1245,75 pressed framed Tree");
+    Check(Up, Button::Left, 20, 10, "1230,60 framed List");
     EXPECT_EQ(o.linRight.X1(), 1545);
     EXPECT_EQ(o.linBottom.X2(), 1560);
-    oList.UserMouseDown(Button::Right, 0, 10, 10);
-    EXPECT_EQ(Places(), "1230,60 framed Tree");
-    oList.UserMouseDown(Button::Left, 0, 10, 10);
-    EXPECT_EQ(Places(), "1245,75 pressed framed Tree");
-    oList.UserMouseMove(Button::Left, 0, -15, -15);
-    EXPECT_EQ(Places(), "1245,75 pressed framed Tree") << "still over its place";
-    oList.UserMouseMove(Button::Left, 0, -16, 0);
-    EXPECT_EQ(Places(), "1230,60 framed Tree");
-    oList.UserMouseUp(Button::Left, 0, -16, 0);
-    EXPECT_EQ(Places(), "1230,60 framed Tree") << "let go outside: no command";
-    oList.UserMouseDown(Button::Left, 0, 10, 10);
-    oList.UserMouseMove(Button::Left, 0, 400, 10);
-    oList.UserMouseMove(Button::Left, 0, 20, 10);
-    EXPECT_EQ(Places(), "1245,75 pressed framed Tree");
-    oList.UserMouseUp(Button::Left, 0, 20, 10);
-    EXPECT_EQ(Places(), "1230,60 framed List");
     EXPECT_FALSE(oList.UserMouseDown(Button::Left, 0, 0, 0)) << "off now";
     oMain.UserMouseMove(0, 0, 5000, 200);
     EXPECT_FALSE(o.linTop.Visible() || o.linRight.Visible());
@@ -210,14 +202,20 @@ TEST_F(FMainTest, PartsFollowTheWindow) {
     const Rect oClient = oMain.tabView.ClientArea(), oPane = oMain.srlResults.Bounds();
     EXPECT_EQ(oPane,
               (Rect{oClient.lLeft, oClient.lTop + 255, oClient.lWidth, oClient.lHeight - 255}));
-    oMain.oMenu.mnuViewErrors.UserPick();
+    oMain.picSplit3.SetTop(oMain.StatusBar1.Top() - 100);
+    Pick(u"ViewErrors");
+    EXPECT_EQ(oMain.picSplit3.Top(), oMain.StatusBar1.Top() - 645) << "room for the pane";
     EXPECT_EQ(oMain.fraErrors.Top() + oMain.fraErrors.Height(), oMain.ScaleHeight() - lBar);
     EXPECT_EQ(oMain.lvwMods.Top() + oMain.lvwMods.Height(), oMain.picSplit3.Top());
     EXPECT_EQ(oMain.srlErrors.Width(), oMain.fraErrors.Width());
     EXPECT_EQ(oMain.cmdHideErrors.Left(), oMain.fraErrors.Width() - 255);
     const std::int32_t lTree = oMain.tvwProjects.Height();
-    oMain.SetHeight(3000);
+    Pick(u"ViewErrors");
+    oMain.SetHeight(2800);
     EXPECT_EQ(oMain.tvwProjects.Height(), lTree) << "too low for a layout";
+    const std::int32_t lTop = oMain.picSplit3.Top();
+    Pick(u"ViewErrors");
+    EXPECT_EQ(oMain.picSplit3.Top(), lTop) << "the list keeps its least height";
     oMain.SetWidth(1000);
     EXPECT_EQ(oMain.picContainer.Width(), 0);
     EXPECT_EQ(oMain.StatusBar1.Panels(2).Width(), 2000);
@@ -226,21 +224,38 @@ TEST_F(FMainTest, PartsFollowTheWindow) {
 }
 
 TEST_F(FMainTest, RulesAndFontsTakeEffectAtOnce) {
-  oIDE.AddProject(u"P", 0);
   Add(u"MOne", u"Sub a()\nEnd Sub");
   moRenderer.RemoveFont(u"Gone");
   MOptions::oCodeFont = {u"Gone", 14, true, false};
+  MOptions::oResultsFont = MOptions::oErrorFont = {u"Arial", 13, true, true};
   Run([&] {
     EXPECT_EQ(oMain.txtCode.Font().sName, u"Courier New") << "its own, for want of the other";
     EXPECT_EQ(oMain.txtCode.Font().dSize, 14);
     Click(u"MOne");
-    User().Modal<FRules>([](FRules& o) { o.cmdOK.UserClick(); });
-    EXPECT_TRUE(oMain.oMenu.mnuRulesDefine.UserPick());
-    User().Modal<FOptions>([](FOptions& o) { o.cmdCancel.UserClick(); });
-    EXPECT_TRUE(oMain.oMenu.mnuToolsOptions.UserPick());
+    Select(oMain.lvwProcs, {2});
+    const auto Fatals = [&] {
+      return std::ranges::count_if(oMain.prlProperties.Controls(), [](const Control* po) {
+        const auto* poCell = dynamic_cast<const Label*>(po);
+        return poCell && poCell->Visible() && poCell->Caption() == u"Fatal";
+      });
+    };
+    EXPECT_EQ(Fatals(), 0);
+    User().Modal<FRules>(
+        [](FRules& o) { o.oDefaults.cboSeverity.UserSelect(2), o.cmdOK.UserClick(); });
+    Pick(u"RulesDefine");
+    EXPECT_EQ(Fatals(), 1) << "suggested";
+    for (const bool bOk : {false, true}) {
+      User().Modal<FOptions>([&](FOptions& o) { (bOk ? o.cmdOK : o.cmdCancel).UserClick(); });
+      Pick(u"ToolsOptions");
+      for (const Scroller* po : {&oMain.srlResults, &oMain.srlErrors}) {
+        const auto oFont = static_cast<const TextBox*>(po->Controls().front())->Font();
+        EXPECT_EQ(oFont.dSize, 13) << "from the start";
+        EXPECT_EQ(oFont.bBold && oFont.bItalic, bOk);
+      }
+    }
     EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Default);
   });
-  MOptions::oCodeFont = {};
+  MOptions::oCodeFont = MOptions::oResultsFont = MOptions::oErrorFont = {};
 }
 
 }  // namespace
