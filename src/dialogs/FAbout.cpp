@@ -2,6 +2,7 @@
 
 #include "Guard.h"
 #include "MXForm.h"
+#include "Put.h"
 #include "Toolkit.h"
 
 using namespace Forms;
@@ -35,8 +36,7 @@ void FAbout::Design() {
   lblVersion.SetFontBold(true);
   lblLegal.Move(900, 480, 4500, 240);
   lblWarning.Move(180, 1080, 5220, 840);
-  cmdOK.Move(4200, 2040, 1200, 375);
-  cmdOK.SetCaption(u"OK");
+  Put(cmdOK, u"OK", {4200, 2040, 1200, 375});
   cmdOK.SetDefault(true);
   cmdOK.SetCancel(true);
 }

@@ -1,6 +1,7 @@
 #include "FAction.h"
 
 #include "MXHTMLHelp.h"
+#include "Put.h"
 #include "Toolkit.h"
 
 using namespace Forms;
@@ -27,15 +28,12 @@ void FAction::DesignButtons() {
                                     u"Current &Project", u"&All Projects"};
   cmdAction(0).SetVisible(false);  // the buttons count from 1, as the answers do
   for (std::int32_t i = 1; i <= 4; ++i) {
-    cmdAction(i).SetCaption(asCaption[i]);
-    cmdAction(i).Move(720, 240 + (i - 1) * 540, 2040, 420);
+    Put(cmdAction(i), asCaption[i], {720, 240 + (i - 1) * 540, 2040, 420});
   }
   cmdAction(1).SetDefault(true);
-  cmdCancel.SetCaption(u"Cancel");
+  Put(cmdCancel, u"Cancel", {2880, 240, 1080, 420});
   cmdCancel.SetCancel(true);
-  cmdCancel.Move(2880, 240, 1080, 420);
-  cmdHelp.SetCaption(u"&Help");
-  cmdHelp.Move(2880, 780, 1080, 420);
+  Put(cmdHelp, u"&Help", {2880, 780, 1080, 420});
 }
 
 eAction FAction::Display(bool bSelection, bool bModule, bool bAll) {

@@ -6,6 +6,7 @@
 #include "CXChooseFont.h"
 #include "Guard.h"
 #include "MXHTMLHelp.h"
+#include "Put.h"
 
 using namespace Forms;
 
@@ -35,13 +36,11 @@ FontBox::FontBox(ControlContainer& oContainer)
 }
 
 void FontBox::Design(TextView sCaption, std::int32_t lTop) {
-  fraFont.SetCaption(sCaption);
-  fraFont.Move(120, lTop, 5640, 900);
+  Put(fraFont, sCaption, {120, lTop, 5640, 900});
   lblFont.SetUseMnemonic(false);
   lblFont.SetWordWrap(false);
   lblFont.Move(150, 300, 4080, 510);
-  cmdFont.SetCaption(u"Change...");
-  cmdFont.Move(4320, 300, 1200, 420);
+  Put(cmdFont, u"Change...", {4320, 300, 1200, 420});
 }
 
 void FontBox::Fill(const MOptions::Font& oOption) {

@@ -3,6 +3,7 @@
 #include "Guard.h"
 #include "MXHTMLHelp.h"
 #include "PageSetup.h"
+#include "Put.h"
 
 using namespace Forms;
 
@@ -25,31 +26,22 @@ void FPrintOption::Design() {
   SetHelpContextID(HelpContext);
   lblPrinter.SetUseMnemonic(false);  // queues may have an ampersand in their names
   lblPrinter.Move(150, 150, 5460, 420);
-  fraWhat.SetCaption(u"Print What");
-  fraWhat.Move(120, 630, 5520, 1950);
-  chkProjectSummary.SetCaption(u"Project &Summary");
-  chkProjectSummary.Move(150, 300, 5220, 330);
-  chkProcSettings.SetCaption(u"Procedure Property &Settings for");
-  chkProcSettings.Move(150, 690, 5220, 330);
-  optProcSettingsModule.SetCaption(u"Current &Module");
-  optProcSettingsModule.Move(480, 1080, 4890, 330);
+  Put(fraWhat, u"Print What", {120, 630, 5520, 1950});
+  Put(chkProjectSummary, u"Project &Summary", {150, 300, 5220, 330});
+  Put(chkProcSettings, u"Procedure Property &Settings for", {150, 690, 5220, 330});
+  Put(optProcSettingsModule, u"Current &Module", {480, 1080, 4890, 330});
   optProcSettingsModule.SetValue(true);
-  optProcSettingsProject.SetCaption(u"Current &Project");
-  optProcSettingsProject.Move(480, 1470, 4890, 330);
+  Put(optProcSettingsProject, u"Current &Project", {480, 1470, 4890, 330});
   DesignButtons();
 }
 
 void FPrintOption::DesignButtons() {
-  cmdPrintSetup.SetCaption(u"Page Set&up...");
-  cmdOK.SetCaption(u"OK");
+  Put(cmdPrintSetup, u"Page Set&up...", {120, 2730, 1560, 420});
+  Put(cmdOK, u"OK", {2250, 2730, 1080, 420});
   cmdOK.SetDefault(true);
-  cmdCancel.SetCaption(u"Cancel");
+  Put(cmdCancel, u"Cancel", {3435, 2730, 1080, 420});
   cmdCancel.SetCancel(true);
-  cmdHelp.SetCaption(u"&Help");
-  cmdPrintSetup.Move(120, 2730, 1560, 420);
-  cmdOK.Move(2250, 2730, 1080, 420);
-  cmdCancel.Move(3435, 2730, 1080, 420);
-  cmdHelp.Move(4620, 2730, 1020, 420);
+  Put(cmdHelp, u"&Help", {4620, 2730, 1020, 420});
 }
 
 PrintChoice FPrintOption::Display() {

@@ -5,6 +5,7 @@
 #include "LikePattern.h"
 #include "MXHTMLHelp.h"
 #include "MXRegistry.h"
+#include "Put.h"
 #include "Toolkit.h"
 
 using namespace Forms;
@@ -55,18 +56,14 @@ void FSelectCustom::Design() {
   SetHelpContextID(HelpContext);
   DesignTypes();
   DesignPattern();
-  cmdOK.SetCaption(u"OK");
+  Put(cmdOK, u"OK", {2490, 3840, 1080, 420});
   cmdOK.SetDefault(true);
-  cmdCancel.SetCaption(u"Cancel");
-  cmdHelp.SetCaption(u"&Help");
-  cmdOK.Move(2490, 3840, 1080, 420);
-  cmdCancel.Move(3675, 3840, 1080, 420);
-  cmdHelp.Move(4860, 3840, 1020, 420);
+  Put(cmdCancel, u"Cancel", {3675, 3840, 1080, 420});
+  Put(cmdHelp, u"&Help", {4860, 3840, 1020, 420});
 }
 
 void FSelectCustom::DesignTypes() {
-  fraTypes.SetCaption(u"Procedure Types");
-  fraTypes.Move(120, 120, 2820, 2700);
+  Put(fraTypes, u"Procedure Types", {120, 120, 2820, 2700});
   const struct {
     CheckBox& oBox;
     TextView sCaption;
@@ -79,8 +76,8 @@ void FSelectCustom::DesignTypes() {
                {chkGet, u"&Get", true}};
   std::int32_t lTop = 300;
   for (const auto& o : aoRow) {
-    o.oBox.SetCaption(o.sCaption);
-    o.oBox.Move(o.bUnderProperty ? 480 : 150, lTop, o.bUnderProperty ? 2190 : 2520, 330);
+    Put(o.oBox, o.sCaption,
+        {o.bUnderProperty ? 480 : 150, lTop, o.bUnderProperty ? 2190 : 2520, 330});
     o.oBox.SetChecked(o.bUnderProperty);
     o.oBox.SetEnabled(!o.bUnderProperty);
     lTop += 390;
@@ -88,12 +85,10 @@ void FSelectCustom::DesignTypes() {
 }
 
 void FSelectCustom::DesignPattern() {
-  fraEvent.SetCaption(u"&Event Hanlder Types");
-  fraEvent.Move(3060, 120, 2820, 2700);
+  Put(fraEvent, u"&Event Hanlder Types", {3060, 120, 2820, 2700});
   lstEvent.SetMultiSelect(MultiSelect::Simple);
   lstEvent.Move(150, 300, 2520, 2250);
-  fraPattern.SetCaption(u"Procedures Li&ke");
-  fraPattern.Move(120, 2910, 5760, 810);
+  Put(fraPattern, u"Procedures Li&ke", {120, 2910, 5760, 810});
   txtPattern.Move(150, 300, 5460, 360);
 }
 

@@ -1,6 +1,7 @@
 #include "RulesBoundaryPage.h"
 
 #include "MQuillon.h"
+#include "Put.h"
 #include "Toolkit.h"
 
 using namespace Forms;
@@ -13,25 +14,23 @@ RulesBoundaryPage::RulesBoundaryPage(ControlContainer& oPage, const bool& bShown
 }
 
 void RulesBoundaryPage::Design() {
-  fraDefault.SetCaption(u"Boundary Default");
-  fraDefault.Move(120, 60, 5700, 1500);
-  chkBoundaryExpert.SetCaption(
+  Put(fraDefault, u"Boundary Default", {120, 60, 5700, 1500});
+  Put(chkBoundaryExpert,
       u"Do you want Quillons' Property &Expert to suggest Boundary Property Values based on "
-      u"Project Analysis (recommended)?");
-  chkBoundaryExpert.Move(150, 270, 5400, 630);
-  lblBoundary.SetCaption(u"Or do you want Quillon to suggest &this Default Boundary?");
-  lblBoundary.Move(450, 960, 3240, 420);
+      u"Project Analysis (recommended)?",
+      {150, 270, 5400, 630});
+  Put(lblBoundary, u"Or do you want Quillon to suggest &this Default Boundary?",
+      {450, 960, 3240, 420});
   cboBoundary.Move(3780, 990, 1770, 330);
-  fraPrecedence.SetCaption(u"Boundary Precedence");
-  fraPrecedence.Move(120, 1620, 5700, 1200);
-  chkFirewall.SetCaption(
+  Put(fraPrecedence, u"Boundary Precedence", {120, 1620, 5700, 1200});
+  Put(chkFirewall,
       u"Do you want Quillon to suggest Leaving Current &Firewall Boundary Values that you have "
-      u"set?");
-  chkFirewall.Move(150, 240, 5400, 420);
-  chkBoundary.SetCaption(
+      u"set?",
+      {150, 240, 5400, 420});
+  Put(chkBoundary,
       u"Do you want Quillon to suggest Replacing &Other Current Boundary Values (recommended with "
-      u"Property Expert)?");
-  chkBoundary.Move(150, 720, 5400, 420);
+      u"Property Expert)?",
+      {150, 720, 5400, 420});
 }
 
 void RulesBoundaryPage::Fill(const MRules::Values& oRules) {

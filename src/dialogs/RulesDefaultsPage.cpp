@@ -1,6 +1,7 @@
 #include "RulesDefaultsPage.h"
 
 #include "MQuillon.h"
+#include "Put.h"
 
 using namespace Forms;
 using namespace RulesPage;
@@ -24,15 +25,13 @@ RulesDefaultsPage::RulesDefaultsPage(ControlContainer& oPage)
 
 void RulesDefaultsPage::Design() {
   constexpr std::int32_t lFirstRow = 300, lRow = 500;
-  lblDefaults.SetCaption(u"What Default Values do you want Quillon to suggest for Properties?");
-  lblDefaults.Move(120, 30, 5760, 420);
-  fraModule.SetCaption(u"Module Defaults");
-  fraModule.Move(120, 480, 2790, 2340);
+  Put(lblDefaults, u"What Default Values do you want Quillon to suggest for Properties?",
+      {120, 30, 5760, 420});
+  Put(fraModule, u"Module Defaults", {120, 480, 2790, 2340});
   Place(lblModTemplate, u"&Template", cboModTemplate, lFirstRow);
   Place(lblModSeverity, u"&Severity", cboModSeverity, lFirstRow + lRow);
   Place(lblModRetry, u"&Retry", cboModRetry, lFirstRow + 2 * lRow);
-  fraProc.SetCaption(u"Procedure Defaults");
-  fraProc.Move(3030, 480, 2790, 2340);
+  Put(fraProc, u"Procedure Defaults", {3030, 480, 2790, 2340});
   Place(lblProcTemplate, u"T&emplate", cboProcTemplate, lFirstRow);
   Place(lblSeverity, u"Se&verity", cboSeverity, lFirstRow + lRow);
   Place(lblRetry, u"Retr&y", cboRetry, lFirstRow + 2 * lRow);

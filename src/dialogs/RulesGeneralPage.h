@@ -3,16 +3,15 @@
 
 #include "CheckBox.h"
 #include "Frame.h"
+#include "Put.h"
 #include "RulesPage.h"
 
 class RulesGeneralPage : public IRulesPage {
  public:
   explicit RulesGeneralPage(Forms::ControlContainer& oPage) : fraReadOnly(oPage, u"fraReadOnly") {}
   void Design() override {
-    fraReadOnly.SetCaption(u"ReadOnly Files");
-    fraReadOnly.Move(120, 60, 5700, 810);
-    chkSkipReadOnly.SetCaption(u"Always &Skip ReadOnly Files");
-    chkSkipReadOnly.Move(150, 300, 5400, 360);
+    Put(fraReadOnly, u"ReadOnly Files", {120, 60, 5700, 810});
+    Put(chkSkipReadOnly, u"Always &Skip ReadOnly Files", {150, 300, 5400, 360});
   }
   void Fill(const MRules::Values& oRules) override {
     chkSkipReadOnly.SetChecked(oRules.bSkipReadOnly);

@@ -1,5 +1,7 @@
 #include "RulesNumberingPage.h"
 
+#include "Put.h"
+
 using namespace Forms;
 using RulesPage::NumberAtStart;
 
@@ -54,27 +56,19 @@ void RulesNumberingPage::DesignOptions() {
   constexpr TextView asAction[] = {u"&Insert/Refresh", u"&Leave", u"&Remove"};
   constexpr TextView asWhat[] = {u"&Every Line", u"E&very          Lines",
                                  u"L&ogic Control Statements Only"};
-  fraAction.SetCaption(u"Line Numbering Action");
-  fraAction.Move(120, 60, 2190, 1410);
-  fraWhat.SetCaption(u"What to Line Number");
-  fraWhat.Move(2430, 60, 3390, 1410);
+  Put(fraAction, u"Line Numbering Action", {120, 60, 2190, 1410});
+  Put(fraWhat, u"What to Line Number", {2430, 60, 3390, 1410});
   for (std::int32_t i = 0; i < 3; ++i) {
-    optAction(i).SetCaption(asAction[i]);
-    optAction(i).Move(150, 255 + i * 375, 1890, 360);
-    optWhat(i).SetCaption(asWhat[i]);
-    optWhat(i).Move(150, 255 + i * 375, 3120, 360);
+    Put(optAction(i), asAction[i], {150, 255 + i * 375, 1890, 360});
+    Put(optWhat(i), asWhat[i], {150, 255 + i * 375, 3120, 360});
   }
 }
 
 void RulesNumberingPage::DesignSkip() {
-  fraSkip.SetCaption(u"What to Skip");
-  fraSkip.Move(120, 1530, 5700, 1290);
-  chkSkipData.SetCaption(u"D&ata Declarations");
-  chkSkipData.Move(150, 240, 5400, 330);
-  chkSkipEnd.SetCaption(u"&Simple End Statements");
-  chkSkipEnd.Move(150, 570, 5400, 330);
-  chkSkipShort.SetCaption(u"Procedures s&horter than            Lines");
-  chkSkipShort.Move(150, 900, 5400, 345);
+  Put(fraSkip, u"What to Skip", {120, 1530, 5700, 1290});
+  Put(chkSkipData, u"D&ata Declarations", {150, 240, 5400, 330});
+  Put(chkSkipEnd, u"&Simple End Statements", {150, 570, 5400, 330});
+  Put(chkSkipShort, u"Procedures s&horter than            Lines", {150, 900, 5400, 345});
   txtSkipShort.SetEnabled(false);
 }
 

@@ -7,6 +7,7 @@
 
 #include "CXLookup.h"
 #include "MQuillon.h"
+#include "Put.h"
 
 using namespace Forms;
 
@@ -22,8 +23,7 @@ void Fill(ComboBox& oCombo, const CXLookup* poLookup, TextView sName, std::int32
 }  // namespace
 
 void Place(Label& oLabel, TextView sCaption, ComboBox& oCombo, std::int32_t lTop) {
-  oLabel.SetCaption(sCaption);
-  oLabel.Move(120, lTop + 60, 900, 240);
+  Put(oLabel, sCaption, {120, lTop + 60, 900, 240});
   oCombo.Move(1050, lTop, 1620, 330);
 }
 

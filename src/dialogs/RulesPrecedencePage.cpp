@@ -1,21 +1,20 @@
 #include "RulesPrecedencePage.h"
 
+#include "Put.h"
+
 using namespace Forms;
 
 namespace {
 
 void Place(Label& oLabel, TextView sCaption, Frame& oFrame, std::int32_t lTop) {
-  oLabel.SetCaption(sCaption);
-  oLabel.Move(150, lTop + 60, 1020, 240);
+  Put(oLabel, sCaption, {150, lTop + 60, 1020, 240});
   oFrame.SetBorder(false);
   oFrame.Move(1200, lTop, 4290, 360);
 }
 
 void Place(RulesPrecedencePage::Pair& oPair, TextView sLeave, TextView sReplace) {
-  oPair(0).SetCaption(sLeave);
-  oPair(0).Move(0, 0, 1800, 360);
-  oPair(1).SetCaption(sReplace);
-  oPair(1).Move(1890, 0, 2400, 360);
+  Put(oPair(0), sLeave, {0, 0, 1800, 360});
+  Put(oPair(1), sReplace, {1890, 0, 2400, 360});
 }
 
 }  // namespace
@@ -24,12 +23,11 @@ RulesPrecedencePage::RulesPrecedencePage(ControlContainer& oPage)
     : lblPrecedence(oPage, u"lblPrecedence"), fraPrecedence(oPage, u"fraPrecedence") {}
 
 void RulesPrecedencePage::Design() {
-  lblPrecedence.SetCaption(
+  Put(lblPrecedence,
       u"Do you want Quillon to suggest Leaving Current Property values or to suggest Replacing "
-      u"values according to the Default Value Rules?");
-  lblPrecedence.Move(120, 30, 5760, 630);
-  fraPrecedence.SetCaption(u"Property Value Precedence");
-  fraPrecedence.Move(120, 690, 5700, 2130);
+      u"values according to the Default Value Rules?",
+      {120, 30, 5760, 630});
+  Put(fraPrecedence, u"Property Value Precedence", {120, 690, 5700, 2130});
   Place(lblTemplatePrecedence, u"&Template", fraTemplatePrecedence, 300);
   Place(optTemplatePrecedence, u"Leave Current", u"Replace with Default");
   Place(lblSeverityPrecedence, u"&Severity", fraSeverityPrecedence, 750);
