@@ -54,7 +54,10 @@ bool GuardScope::RepeatsFailedStep() {
 
 void GuardScope::EndOfRoutine() {
   Failure oFailure = FailureInFlight();
-  Report(oFailure, moRoutine);
+  // No step that could be tried again or passed over: whoever is asked isn't offered either.
+  Routine oOnlyLeaves = moRoutine;
+  oOnlyLeaves.eRetry = ErrorIds::RetryNone;
+  Report(oFailure, oOnlyLeaves);
   goError->CloseError(static_cast<std::int16_t>(moRoutine.eBoundary));
   if (moRoutine.eBoundary == ErrorIds::BoundaryNone) throw oFailure;
 }

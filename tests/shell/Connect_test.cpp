@@ -38,7 +38,7 @@ class ConnectTest : public FormsTest {
     for (std::int32_t i = 2; i <= Bars().Count(); ++i) {
       HostCommandBar& oBar = Bars().Item(i);
       sShown += ' ' + ToUtf8(oBar.Name()) + (oBar.Visible() ? "+" : "-") +
-                std::to_string(oBar.Protection()) + ':';
+                std::to_string(oBar.Protection()) + " at " + std::to_string(oBar.Position()) + ':';
       for (std::int32_t j = 1; j <= oBar.Controls().Count(); ++j)
         sShown += ToUtf8(oBar.Controls().Item(j).TooltipText()) +
                   oBar.Controls().Item(j).Face().sBytes + '|';
@@ -62,29 +62,27 @@ class ConnectTest : public FormsTest {
   FMain* mpoLast = nullptr;
 };
 
-constexpr const char* sMenus = "Tarvane Quillon...| Tarvane+1:Tarvane Quillon...Quillon|";
+constexpr const char* sMenus = "Tarvane Quillon...| Tarvane+1 at 1:Tarvane Quillon...Quillon|";
 
 TEST_F(ConnectTest, ModeDecidesWhatConnectionBrings) {
-  struct Row {
-    std::int32_t nMode;
-    const char* sShown;
-    bool bWindow;
-  };
-  const Row aoRow[] = {
-      {0, sMenus, false}, {1, sMenus, false}, {2, "", true}, {3, "", false}, {-1, "", false}};
-  for (const Row& oRow : aoRow) {
-    SCOPED_TRACE(oRow.nMode);
-    if (oRow.bWindow) ExpectMain();
+  const auto Check = [&](std::int32_t nMode, const char* sShown, bool bWindow) {
+    SCOPED_TRACE(nMode);
+    if (bWindow) ExpectMain();
     const int lBefore = mlShown;
-    OnConnection(oRow.nMode);
-    EXPECT_EQ(Shown(), oRow.sShown);
-    EXPECT_EQ(mlShown > lBefore, oRow.bWindow);
+    OnConnection(nMode);
+    EXPECT_EQ(Shown(), sShown);
+    EXPECT_EQ(mlShown > lBefore, bWindow);
     EXPECT_NE(moConnect.Main(), nullptr);
     moConnect.OnAddInsUpdate();
     moConnect.OnDisconnection(0);
     EXPECT_EQ(Shown(), "");
     EXPECT_EQ(moConnect.Main(), nullptr);
-  }
+  };
+  Check(0, sMenus, false);
+  Check(1, sMenus, false);
+  Check(2, "", true);
+  Check(3, "", false);
+  Check(-1, "", false);
 }
 
 TEST_F(ConnectTest, SecondConnectionKeepsTheFirstIDEAndWindow) {
@@ -122,26 +120,16 @@ TEST_F(ConnectTest, ToolbarKeepsItsPlace) {
   moConnect.OnDisconnection(1);
   EXPECT_EQ(moStore.ValueNames(sKey).size(), 5U);
   EXPECT_EQ(moStore.GetLong(sKey, u"Visible"), -1);
-  OnConnection(0);
-  const HostCommandBar& oAgain = Bars().Item(u"Tarvane");
-  EXPECT_EQ(oAgain.Position(), 4);
-  EXPECT_EQ(oAgain.RowIndex(), 2);
-  EXPECT_EQ(oAgain.Left(), -7);
-  EXPECT_EQ(oAgain.Top(), 90);
-}
-
-TEST_F(ConnectTest, AnythingButZeroIsVisible) {
-  struct Row {
-    std::int32_t lStored;
-    bool bVisible;
-  };
-  for (const Row& oRow : {Row{0, false}, Row{1, true}, Row{-1, true}, Row{7, true}}) {
-    SCOPED_TRACE(oRow.lStored);
-    moStore.SetLong(sKey, u"Visible", oRow.lStored);
-    OnConnection(1);
-    EXPECT_EQ(Bars().Item(u"Tarvane").Visible(), oRow.bVisible);
+  for (const std::int32_t lVisible : {0, 1, -1, 7}) {
+    SCOPED_TRACE(lVisible);
+    moStore.SetLong(sKey, u"Visible", lVisible);
+    OnConnection(0);
+    const HostCommandBar& o = Bars().Item(u"Tarvane");
+    EXPECT_EQ(o.Visible(), lVisible != 0) << "whatever isn't 0";
+    EXPECT_EQ(std::vector({o.Position(), o.RowIndex(), o.Left(), o.Top()}),
+              std::vector({4, 2, -7, 90}));
     moConnect.OnDisconnection(0);
-    EXPECT_EQ(moStore.GetLong(sKey, u"Visible"), oRow.bVisible ? -1 : 0);
+    EXPECT_EQ(moStore.GetLong(sKey, u"Visible"), lVisible != 0 ? -1 : 0);
   }
 }
 
@@ -160,27 +148,24 @@ TEST_F(ConnectTest, ClicksOnMenuAndButtonShowTheOneMainWindow) {
 
 /// A toolbar whose button can't take a picture.
 TEST_F(ConnectTest, StepThatFailsIsReportedAndTheRestStandsIfTheUserGoesOn) {
-  struct Row {
-    const char* sName;
-    MsgBoxResult eAnswer;
-    const char* sShown;
-  };
-  const Row aoRow[] = {
-      {"Ignore", MsgBoxResult::Ignore, "Tarvane Quillon...| Tarvane+1:Tarvane Quillon...|"},
-      {"Abort", MsgBoxResult::Abort, "Tarvane Quillon...| Tarvane-1:Tarvane Quillon...|"},
-  };
   ASSERT_TRUE(MStartUp::Main({moToolkit, u"", "/dev/null", {}, {}}));
   Bars().SetClipboard([] { return Picture(); });
-  for (const Row& oRow : aoRow) {
-    SCOPED_TRACE(oRow.sName);
-    User().MsgBox(oRow.eAnswer);
-    if (oRow.eAnswer == MsgBoxResult::Ignore) User().MsgBox(oRow.eAnswer);  // for the button
+  const auto Check = [&](MsgBoxResult eAnswer, const char* sShown) {
+    User().MsgBox(eAnswer);
+    if (eAnswer == MsgBoxResult::Ignore) User().MsgBox(eAnswer);  // for the button
     OnConnection(1);
-    EXPECT_EQ(Shown(), oRow.sShown);
+    EXPECT_EQ(Shown(), sShown);
     EXPECT_EQ(User().Boxes().back().sPrompt.find(u"No picture is on the clipboard"), 0U);
+    EXPECT_EQ(User().Boxes().back().eButtons, MsgBoxButtons::AbortRetryIgnore);
     moConnect.OnDisconnection(0);
     EXPECT_EQ(Shown(), "");
-  }
+  };
+  Check(MsgBoxResult::Ignore, "Tarvane Quillon...| Tarvane+1 at 1:Tarvane Quillon...|");
+  Check(MsgBoxResult::Abort, "Tarvane Quillon...| Tarvane-1 at 1:Tarvane Quillon...|");
+  User().MsgBox(MsgBoxResult::Ok);
+  Connect(moToolkit, moPrinters).OnAddInsUpdate();  // not connected
+  EXPECT_EQ(User().Boxes().back().eButtons, MsgBoxButtons::OkOnly)
+      << "nothing that the IDE repeats";
 }
 
 TEST_F(ConnectTest, EndOfTheApplicationLeavesTheProgramAroundIt) {

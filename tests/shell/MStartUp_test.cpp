@@ -7,6 +7,7 @@
 #include "ErrorRuntime.h"
 #include "ExceptionFilter.h"
 #include "FormsFixture.h"
+#include "Guard.h"
 #include "MQuillon.h"
 #include "MXHTMLHelp.h"
 #include "PrintedErrorDialog.h"
@@ -36,9 +37,26 @@ class MStartUpTest : public FormsTest {
   TempFolder moFolder;
 };
 
+/// Notes how it is set up.
+struct NotedRuntime : ErrorRuntime {
+  using ErrorRuntime::ErrorRuntime;
+  void SetErrorClient(IErrorClient* po) override { Note(u"client", po != nullptr); }
+  void SetDevelopmentMode(bool b) override { Note(u"development", b); }
+  void Start() override { Note(u"start", true); }
+  void SetApplicationName(std::u16string_view s) override { Note(s, true); }
+  void SetApplicationPath(std::u16string_view s) override { Note(s, true); }
+  void SetTraceEnabled(bool b) override { Note(u"trace", b); }
+  void Note(TextView s, bool b) { sNoted += ToUtf8(s) + (b ? " " : " off "); }
+  static inline std::string sNoted;
+};
+
 TEST_F(MStartUpTest, EverythingStandsBehindMain) {
   MQuillon::asFolderName.clear();
-  EXPECT_TRUE(MStartUp::Main(Given()));
+  MStartUp::Setup oSetup = Given();
+  oSetup.oMakeRuntime = [](IErrorDialog& o) { return std::make_unique<NotedRuntime>(o); };
+  EXPECT_TRUE(MStartUp::Main(oSetup));
+  EXPECT_EQ(NotedRuntime::sNoted,
+            "client TarvaneQuillon /opt/quillon development off trace off start ");
   EXPECT_NE(goError, &SilentErrorRuntime());
   EXPECT_NE(MStartUp::goErrorClient, nullptr);
   EXPECT_EQ(MQuillon::asFolderName.size(), 9U);
@@ -49,16 +67,10 @@ TEST_F(MStartUpTest, EverythingStandsBehindMain) {
 }
 
 TEST_F(MStartUpTest, TraceIsAnExactWordOfTheCommandLine) {
-  struct Row {
-    TextView sCommandLine;
-    bool bTrace;
-  };
-  for (const Row& oRow :
-       {Row{u"quillon-desktop", false}, Row{u"quillon-desktop /TRACE a.vbg", true},
-        Row{u"x/TRACEy", true}, Row{u"/trace", false}, Row{u"quillon-desktop TRACE.vbg", false}}) {
-    SCOPED_TRACE(ToUtf8(oRow.sCommandLine));
-    EXPECT_TRUE(MStartUp::Main(Given(oRow.sCommandLine)));
-    EXPECT_EQ(goError->TraceEnabled(), oRow.bTrace);
+  for (const TextView s : {u"quillon-desktop", u"/trace", u"quillon-desktop TRACE.vbg",
+                           u"quillon-desktop /TRACE a.vbg", u"x/TRACEy"}) {
+    EXPECT_TRUE(MStartUp::Main(Given(s)));
+    EXPECT_EQ(goError->TraceEnabled(), s.ends_with(u"a.vbg") || s.ends_with(u"y")) << ToUtf8(s);
     MStartUp::End();
   }
 }
@@ -84,31 +96,28 @@ TEST_F(MStartUpTest, FailureIsToldAndStartUpDoesNotRun) {
 }
 
 TEST_F(MStartUpTest, BoxTellsAFailureAndTakesTheAnswer) {
-  struct Row {
-    const char* sName;
-    std::int32_t eRetry;
-    MsgBoxResult eAnswer;
-    std::int32_t eAction;
-  };
-  const Row aoRow[] = {
-      {"again", ErrorIds::RetryLine, MsgBoxResult::Retry, ErrorIds::ActionRetry},
-      {"go on", ErrorIds::RetryProcedure, MsgBoxResult::Ignore, ErrorIds::ActionNext},
-      {"leave", ErrorIds::RetryLine, MsgBoxResult::Abort, ErrorIds::ActionLeave},
-      {"no choice", ErrorIds::RetryNone, MsgBoxResult::Ok, ErrorIds::ActionLeave},
-  };
   EXPECT_TRUE(MStartUp::Main(Given()));
-  for (const Row& oRow : aoRow) {
-    SCOPED_TRACE(oRow.sName);
-    User().MsgBox(oRow.eAnswer);
+  const auto Check = [&](std::int32_t eRetry, MsgBoxResult eAnswer, std::int32_t eExpected) {
+    SCOPED_TRACE(eRetry);
+    User().MsgBox(eAnswer);
     std::int32_t eAction = 0;
     goError->ReportError(Failure(61), u"CXRecent", u"Save", {}, ErrorIds::BoundaryVB,
-                         ErrorIds::SeverityNormal, oRow.eRetry, eAction);
-    EXPECT_EQ(eAction, oRow.eAction);
+                         ErrorIds::SeverityNormal, eRetry, eAction);
+    EXPECT_EQ(eAction, eExpected);
     const std::string sPrompt = ToUtf8(User().Boxes().back().sPrompt);
     EXPECT_EQ(sPrompt.find("Disk Full\r\n\r\nDisk full\r\n\r\nFree some disk space"), 0U)
         << sPrompt;
     EXPECT_NE(sPrompt.find("Error 61 in CXRecent.Save"), std::string::npos);
-  }
+  };
+  Check(ErrorIds::RetryLine, MsgBoxResult::Retry, ErrorIds::ActionRetry);
+  Check(ErrorIds::RetryProcedure, MsgBoxResult::Ignore, ErrorIds::ActionNext);
+  Check(ErrorIds::RetryLine, MsgBoxResult::Abort, ErrorIds::ActionLeave);
+  Check(ErrorIds::RetryNone, MsgBoxResult::Ok, ErrorIds::ActionLeave);
+  EXPECT_NE(TempFolder::Read(moFolder / "quillon.log").find("Application Version"),
+            std::string::npos);
+  User().MsgBox(MsgBoxResult::Ok);
+  Guard({u"FMain", u"mnuFile_Click", ErrorIds::BoundaryVB}, [](GuardScope&) { throw Failure(5); });
+  EXPECT_EQ(User().Boxes().back().eButtons, MsgBoxButtons::OkOnly) << "no step to repeat";
 }
 
 /// Runs the deed in a process of its own, under a log, and gives the signal that ended it.
@@ -139,38 +148,27 @@ int Deeper(volatile char* pcAbove) {
 }
 
 TEST(ExceptionFilter, RecordsTheEndAndLeavesItToTheSystem) {
-  struct Row {
-    const char* sName;
-    void (*oDeed)();
-    int nSignal;
-    const char* sRecord;
-  };
-  const Row aoRow[] = {
-      {"segmentation", [] { raise(SIGSEGV); }, SIGSEGV, "Signal SIGSEGV"},
-      {"stack overflow",
-       [] {
-         volatile char c = 0;
-         Deeper(&c);
-       },
-       SIGSEGV, "Signal SIGSEGV"},
-      {"abort", [] { std::abort(); }, SIGABRT, "Signal SIGABRT"},
-      {"arithmetic", [] { raise(SIGFPE); }, SIGFPE, "Signal SIGFPE"},
-      {"illegal instruction", [] { raise(SIGILL); }, SIGILL, "Signal SIGILL"},
-      {"bus error", [] { raise(SIGBUS); }, SIGBUS, "Signal SIGBUS"},
-      {"exception", [] { Uncaught([] { throw Failure(53, u"No such file"); }); }, SIGABRT,
-       "Unhandled exception: No such file"},
-      {"unknown exception", [] { Uncaught([] { throw 1; }); }, SIGABRT, "Unhandled exception"},
-  };
-  for (const Row& oRow : aoRow) {
-    SCOPED_TRACE(oRow.sName);
+  const auto Check = [](void (*oDeed)(), int nSignal, const std::string& sRecord) {
+    SCOPED_TRACE(sRecord);
     TempFolder oFolder;
-    EXPECT_EQ(EndOf(oFolder / "log", oRow.oDeed), oRow.nSignal);
+    EXPECT_EQ(EndOf(oFolder / "log", oDeed), nSignal);
     const std::string sLog = TempFolder::Read(oFolder / "log");
     EXPECT_EQ(std::count(sLog.begin(), sLog.end(), '\n'), 1) << sLog;
-    EXPECT_NE(sLog.find(std::string("Exception\t-\t-\t-\t") + oRow.sRecord + '\n'),
-              std::string::npos)
-        << sLog;
-  }
+    EXPECT_NE(sLog.find("Exception\t-\t-\t-\t" + sRecord + '\n'), std::string::npos) << sLog;
+  };
+  Check([] { raise(SIGSEGV); }, SIGSEGV, "Signal SIGSEGV");
+  const auto Overflows = [] {
+    volatile char c = 0;
+    Deeper(&c);
+  };
+  Check(Overflows, SIGSEGV, "Signal SIGSEGV");
+  Check([] { std::abort(); }, SIGABRT, "Signal SIGABRT");
+  Check([] { raise(SIGFPE); }, SIGFPE, "Signal SIGFPE");
+  Check([] { raise(SIGILL); }, SIGILL, "Signal SIGILL");
+  Check([] { raise(SIGBUS); }, SIGBUS, "Signal SIGBUS");
+  Check([] { Uncaught([] { throw Failure(53, u"No such file"); }); }, SIGABRT,
+        "Unhandled exception: No such file");
+  Check([] { Uncaught([] { throw 1; }); }, SIGABRT, "Unhandled exception");
 }
 
 }  // namespace
