@@ -35,6 +35,8 @@ TEST_F(PanesTest, TheTitleStaysInTheMiddleOfItsBorder) {
 }
 
 TEST_F(PanesTest, OldTextFallsAwayInBlocks) {
+  srlText.Move(150, 150, 3000, 1500);
+  EXPECT_EQ(PlaceOf(oBox), "0 0 3000 1500");
   srlText.Add(Text(1024, u'a'));
   srlText.Add(Text(32000 - 1026 - 2, u'b'));
   srlText.Add(u"");  // at 32000 characters: no cut yet

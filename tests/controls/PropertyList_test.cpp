@@ -68,6 +68,8 @@ TEST_F(PropertyListTest, PlacesFollowNamesAndSize) {
   EXPECT_FALSE(Get<Line>(u"linVert").Visible());
   Fill();
   EXPECT_TRUE(Get(u"lblName", 1).Font().bBold && !Get(u"lblName", 2).Font().bBold);
+  EXPECT_TRUE(Get(u"lblNote", 2).Visible() && !Get(u"lblNote", 2).Enabled());
+  EXPECT_FALSE(Get(u"lblNote", 3).Visible());  // an empty one would lie over the value
   // A part, its index, its place, and that in a sheet narrower than the names.
   const auto asPart = Rows(R"(
          lblName   | 1  | 30 45 780 240        | 30 45 780 240

@@ -54,7 +54,7 @@ struct ReportsTest : PrintTest {
 TEST_F(ReportsTest, SummaryGroupsComponentsByFolderAndTheirFiles) {
   FakeProject& oProject = oModel.oIDE.AddProject(u"Shop", 2);
   oProject.sFileName = File("Shop.vbp", 0444);
-  oModel.oIDE.Add(u"MZoo", ComponentStdModule, u"").asFile = {FromUtf8(oFolder / "Gone.bas")};
+  oModel.oIDE.Add(u"MZoo", ComponentStdModule, u"").asFile = {u"/" + Text(90, u'x') + u"/Gone.bas"};
   FakeComponent& oClass = oModel.oIDE.Add(u"CBox", ComponentClass, u"");
   oClass.nInstancing = 5;
   oModel.oIDE.Add(u"mArk", ComponentStdModule, u"").asFile = {u""};
@@ -70,7 +70,7 @@ TEST_F(ReportsTest, SummaryGroupsComponentsByFolderAndTheirFiles) {
                         "\nModule*|Type*|Instancing*|ReadOnly*|Modified*|FileName*" +
                         "\nFMain|Form Module|" + sWhen + "|FMain.frm\n" + sWhen + "|FMain.frx\n" +
                         sWhen + "|FMain.log\nmArk|Standard Module|n/a|n/a|n/a" +
-                        "\nMZoo|Standard Module|n/a|Gone.bas\nCBox|Class Module|MultiUse" +
+                        "\nMZoo|Standard Module|n/a|/.../Gone.bas\nCBox|Class Module|MultiUse" +
                         "\nProject Summary" + Foot);
   // Half a line closes each component; the rows of one stand tight.
   std::string sPlaces;
