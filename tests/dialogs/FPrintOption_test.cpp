@@ -22,6 +22,9 @@ TEST_F(FPrintOptionTest, WhatIsTickedIsTheAnswerUnlessCancelled) {
          cancelled  | chkProjectSummary; chkProcSettings | opt OK | Escape |
          one unticked again | chkProjectSummary; chkProcSettings; chkProjectSummary
                     | opt OK | close |
+         settings unticked again
+                    | chkProcSettings; optProcSettingsProject; chkProcSettings; chkProjectSummary
+                    | OK | Return | summary
          both unticked again | chkProcSettings; chkProcSettings; !cmdOK | | cmdCancel |)")) {
     SCOPED_TRACE(as[0]);
     const PrintChoice oChoice = Open(FPrintOption(moToolkit, moPrinters), [&](FPrintOption& o) {
