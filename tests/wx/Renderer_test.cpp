@@ -315,6 +315,7 @@ TEST_F(WxTest, MenusDropCheckAndGrow) {
   EXPECT_EQ(Take(), "Recent");
   EXPECT_FALSE(moForm.mnuOpen.Enabled());
   moForm.mnuProof.SetChecked(true);
+  moForm.lvwRows.SetFocus();  // which has its own way with keys
   moRobot.Settle();
   moRobot.Key('F', wxMOD_ALT);
   moRobot.Key('P');

@@ -25,6 +25,12 @@ long StyleOf(const Form& oForm) {
   return nStyle;
 }
 
+/// What drops a menu unless the form has another use for it.
+bool LeadsToMenus(const Stroke& o) {
+  const bool bCharacter = o.nKeyCode >= '0' && o.nKeyCode <= 'Z';
+  return o.nShift == Shift::Alt ? bCharacter : o.nKeyCode == Key::F1 + 9;
+}
+
 }  // namespace
 
 FormPeer::FormPeer(WxRenderer& oRenderer, Form& oForm)
@@ -145,7 +151,7 @@ void FormPeer::OnKey(wxKeyEvent& oEvent) {
   Control* const poActive = moForm.ActiveControl();
   auto* const poPeer = poActive ? dynamic_cast<ControlPeer*>(poActive->Peer()) : nullptr;
   if (poPeer) poPeer->BeforeKey();
-  if (poPeer && poPeer->OwnsKey(oStroke)) {
+  if (poPeer && poPeer->OwnsKey(oStroke) && !LeadsToMenus(oStroke)) {
     poPeer->UseKey(oStroke);
   } else if (!moForm.UserKey(oStroke.nKeyCode, oStroke.nShift)) {
     oEvent.Skip();

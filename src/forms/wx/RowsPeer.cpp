@@ -17,7 +17,7 @@ RowsPeer::RowsPeer(WxRenderer& oRenderer, Control& oControl)
   Adopt(moPane);
   Listen(moPane, wxEVT_CHAR, [this](wxKeyEvent& o) {
     const char16_t cTyped = static_cast<char16_t>(CharacterOf(o));
-    if (cTyped >= Key::Space) moControl.UserType({&cTyped, 1});
+    cTyped >= Key::Space ? void(moControl.UserType({&cTyped, 1})) : o.Skip();
   });
 }
 
