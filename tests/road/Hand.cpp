@@ -1,5 +1,6 @@
 #include "Hand.h"
 
+#include <wx/app.h>
 #include <wx/menu.h>
 #include <wx/uiaction.h>
 
@@ -9,6 +10,7 @@
 #include "ContainerPeer.h"
 #include "Form.h"
 #include "FormPeer.h"
+#include "FrontWindow.h"
 #include "Menu.h"
 #include "NativeText.h"
 #include "RowsPane.h"
@@ -32,11 +34,33 @@ wxRect PlaceOf(const Control& oControl) {
 /// There is no timer before the window system has started.
 class Hand::Clock : public wxTimer {
  public:
-  explicit Clock(Hand& oHand) : moHand(oHand) { Start(lTickMilliseconds); }
-  void Notify() override { moHand.Tick(); }
+  explicit Clock(Hand& oHand) : moHand(oHand) {
+    wxTheApp->Bind(wxEVT_MENU_OPEN, &Clock::OnMenu, this);
+    wxTheApp->Bind(wxEVT_MENU_CLOSE, &Clock::OnMenu, this);
+    StartOnce(lTickMilliseconds);
+  }
+  ~Clock() override {
+    wxTheApp->Unbind(wxEVT_MENU_OPEN, &Clock::OnMenu, this);
+    wxTheApp->Unbind(wxEVT_MENU_CLOSE, &Clock::OnMenu, this);
+  }
+  bool MenuShows() const { return mbMenu; }
 
  private:
+  // The next tick comes a while behind this one, however long it took: in between the program
+  // paints and catches up, on a busy machine too. A step may lead into a loop that the ticks go on
+  // in.
+  void Notify() override {
+    StartOnce(lTickMilliseconds);
+    moHand.Tick();
+    StartOnce(lTickMilliseconds);
+  }
+  void OnMenu(wxMenuEvent& o) {
+    o.Skip();
+    mbMenu = o.GetEventType() == wxEVT_MENU_OPEN;
+  }
+
   Hand& moHand;
+  bool mbMenu = false;
 };
 
 Hand::Hand(std::string sName) : msName(std::move(sName)) {}
@@ -47,15 +71,35 @@ void Hand::Start() {
   mpClock = std::make_unique<Clock>(*this);
 }
 
+void Hand::Stop() {
+  mpClock.reset();
+}
+
 void Hand::Step(std::string sWhat, std::function<bool()> oReady, std::function<void()> oAct) {
   moSteps.push_back({std::move(sWhat), std::move(oReady), std::move(oAct)});
+}
+
+void Hand::KeyUntil(std::string sWhat, int nKey, std::function<bool()> oHolds) {
+  constexpr int nPresses = 50;
+  moSteps.push_back(KeyStep(std::move(sWhat), nKey, std::move(oHolds), nPresses));
+}
+
+Hand::OneStep Hand::KeyStep(std::string sWhat, int nKey, std::function<bool()> oHolds,
+                            int nPresses) {
+  return {sWhat, [] { return true; },
+          [=, this] {
+            if (oHolds()) return;
+            if (nPresses == 0) Fail(sWhat);
+            Key(nKey);
+            moSteps.push_front(KeyStep(sWhat, nKey, oHolds, nPresses - 1));
+          }};
 }
 
 // A step may lead into a modal loop in which the next one comes: it is taken off the list first.
 void Hand::Tick() {
   if (moSteps.empty()) return;
-  // What the condition sees may be ahead of what is on the screen.
-  mnReady = moSteps.front().oReady() ? mnReady + 1 : 0;
+  // What the condition sees may be ahead of what is on the screen, and that ahead of the server.
+  mnReady = FocusFrontWindow() && moSteps.front().oReady() ? mnReady + 1 : 0;
   if (mnReady > lSettling) {
     const OneStep oStep = std::move(moSteps.front());
     moSteps.pop_front();
@@ -63,10 +107,14 @@ void Hand::Tick() {
     if (std::getenv("QUILLON_PICTURES")) TakePicture(msName + '-' + std::to_string(++mnPicture));
     oStep.oAct();
   } else if (++mnWaited > lPatience) {
-    std::fprintf(stderr, "Waited in vain: %s\n", moSteps.front().sWhat.c_str());
-    TakePicture(msName + "-failure");
-    std::_Exit(1);
+    Fail(moSteps.front().sWhat);
   }
+}
+
+void Hand::Fail(const std::string& sWhat) const {
+  std::fprintf(stderr, "Waited in vain: %s\n", sWhat.c_str());
+  TakePicture(msName + "-failure");
+  std::_Exit(1);
 }
 
 void Hand::ClickAt(const wxPoint& oPlace, int nModifier) {
@@ -82,16 +130,20 @@ void Hand::Click(const Control& oControl) {
   ClickAt(oPlace.GetPosition() + wxPoint(oPlace.width / 2, oPlace.height / 2), wxMOD_NONE);
 }
 
-void Hand::ClickFirstTab(const Control& oControl) {
-  ClickAt(PlaceOf(oControl).GetPosition() + wxPoint(20, 12), wxMOD_NONE);
-}
-
 void Hand::ClickRow(const Control& oControl, int nRow, int nModifier) {
   auto& oPane = dynamic_cast<RowsPane&>(dynamic_cast<ControlPeer&>(*oControl.Peer()).Native());
   oPane.ShowRow(nRow);
   int nY = 0;
   while (oPane.RowAt(nY) < nRow) ++nY;
   ClickAt(oPane.ClientToScreen(wxPoint(60, nY + oPane.RowHeight() / 2)), nModifier);
+}
+
+void Hand::Key(int nKey, int nModifiers) {
+  wxUIActionSimulator().Char(nKey, nModifiers);
+}
+
+bool Hand::MenuShows() const {
+  return mpClock->MenuShows();
 }
 
 // The window library tells no places of menus: they are reckoned from texts and the theme that the

@@ -1,5 +1,5 @@
-// A user at a real window: the mouse as the window system delivers it, step by step while
-// the program runs in its own event loops.
+// A user at a real window: the mouse and the keyboard as the window system delivers them, step by
+// step while the program runs in its own event loops.
 //
 //   Hand oHand("road");
 //   oHand.Step("the window stands", [&] { return Find(...); }, [&] { oHand.Click(oButton); });
@@ -30,32 +30,39 @@ class Hand {
   ~Hand();
 
   void Step(std::string sWhat, std::function<bool()> oReady, std::function<void()> oAct);
+  /// Presses a key again and again until the condition holds.
+  void KeyUntil(std::string sWhat, int nKey, std::function<bool()> oHolds);
   void Start();
-  void Stop() { mpClock.reset(); }
+  void Stop();
   /// Steps that haven't been done.
   std::size_t Left() const { return moSteps.size(); }
 
   /// In the middle of a control.
   void Click(const Forms::Control& oControl);
-  /// Near its upper left corner, where a row of tabs has the first one.
-  void ClickFirstTab(const Forms::Control& oControl);
   /// On a row of a list or a tree, from 0 in the order shown. nModifier: such as wxMOD_CONTROL.
   void ClickRow(const Forms::Control& oControl, int nRow, int nModifier = wxMOD_NONE);
   /// The title of a menu in the menu bar, by its access key.
   void ClickMenu(const Forms::Form& oForm, char16_t cAccessKey);
   /// An item of the menu that was dropped by ClickMenu.
   void ClickItem(const Forms::Form& oForm, char16_t cMenuKey, char16_t cItemKey);
+  /// A key with modifiers (wxMOD_...), for the window in front.
+  void Key(int nKey, int nModifiers = wxMOD_NONE);
+  /// Whether a menu has dropped.
+  bool MenuShows() const;
   /// The whole screen.
   void TakePicture(const std::string& sName) const;
 
  private:
-  static constexpr int lTickMilliseconds = 100, lPatience = 200, lSettling = 3;  ///< in ticks
+  static constexpr int lTickMilliseconds = 25;
+  static constexpr int lPatience = 1200, lSettling = 3;  ///< in ticks
   struct OneStep {
     std::string sWhat;
     std::function<bool()> oReady;
     std::function<void()> oAct;
   };
   void Tick();
+  OneStep KeyStep(std::string sWhat, int nKey, std::function<bool()> oHolds, int nPresses);
+  [[noreturn]] void Fail(const std::string& sWhat) const;
   /// The left edge of a menu's title and the menu; null when the form has no such menu.
   std::pair<int, const Forms::Menu*> FindMenu(const Forms::Form& oForm, char16_t cAccessKey) const;
   void ClickAt(const wxPoint& oPlace, int nModifier);
@@ -66,7 +73,7 @@ class Hand {
   std::deque<OneStep> moSteps;
   int mnWaited = 0, mnReady = 0;
   int mnPicture = 0;
-  std::unique_ptr<wxTimer> mpClock;
+  std::unique_ptr<Clock> mpClock;
 };
 
 /// The loaded form of that name, visible; null when there is none.

@@ -1,5 +1,5 @@
 // The windowed program as its user sees it, on a real renderer: the whole road of a request by
-// the mouse, held against what the command line makes of the same request.
+// mouse and keyboard, held against what the command line makes of the same request.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -13,6 +13,7 @@
 #include "Label.h"
 #include "ListBox.h"
 #include "TempFolder.h"
+#include "TextBox.h"
 
 namespace {
 
@@ -59,6 +60,11 @@ class RoadTest : public testing::Test {
   static FMain* Main(const Toolkit& oToolkit) {
     return dynamic_cast<FMain*>(FormOf(oToolkit, u"FMain"));
   }
+  /// Whether the results are in front and tell it.
+  static bool Results(const FMain& oMain, TextView sPart) {
+    const auto& oText = dynamic_cast<const TextBox&>(*oMain.srlResults.Controls().front());
+    return oText.Showing() && oText.Text().find(sPart) != Text::npos;
+  }
   /// The row of a node in the order shown; -1 without one.
   static int RowOf(const TreeView& oTree, TextView sText) {
     const auto oNodes = oTree.VisibleNodes();
@@ -79,32 +85,63 @@ class RoadTest : public testing::Test {
     }
     return 0;
   }
-  /// Chooses a value of the sheet from its list by the mouse.
-  void ChooseValue(Toolkit& o, TextView sName, TextView sValue) {
+  /// Goes to a row of the sheet, and drops its list.
+  void DropList(Toolkit& o, TextView sName, const std::function<void()>& oGo) {
     const std::string sWhat = ToUtf8(sName);
     moHand.Step(
-        sWhat + " is in the sheet", [&o, sName] { return SheetRow(*Main(o), sName) > 0; },
-        [&o, sName, this] {
-          moHand.Click(*ControlOf(*Main(o), u"lblValue", SheetRow(*Main(o), sName)));
-        });
+        sWhat + " is in the sheet", [&o, sName] { return SheetRow(*Main(o), sName) > 0; }, oGo);
     moHand.Step(
-        sWhat + " has a button", [&o] { return ControlOf(*Main(o), u"cmdPopup")->Showing(); },
+        sWhat + " has a button",
+        [&o, sName] {
+          const FMain& oMain = *Main(o);
+          return oMain.prlProperties.Row() == SheetRow(oMain, sName) &&
+                 ControlOf(oMain, u"cmdPopup")->Showing();
+        },
         [&o, this] { moHand.Click(*ControlOf(*Main(o), u"cmdPopup")); });
     moHand.Step(
-        sWhat + " has a list", [&o] { return ControlOf(*Main(o), u"lstPopup")->Showing(); },
+        sWhat + " has a list", [&o] { return ControlOf(*Main(o), u"lstPopup")->HasFocus(); },
+        [] {});
+  }
+  void WaitForValue(Toolkit& o, TextView sName, TextView sValue) {
+    moHand.Step(
+        ToUtf8(sName) + " is " + ToUtf8(sValue),
+        [&o, sName, sValue] {
+          const auto* po = ControlOf(*Main(o), u"lblValue", SheetRow(*Main(o), sName));
+          return dynamic_cast<const Label&>(*po).Caption() == sValue &&
+                 !ControlOf(*Main(o), u"lstPopup")->Showing();
+        },
+        [] {});
+  }
+  /// Chooses a value of the sheet from its list by the mouse.
+  void ClickValue(Toolkit& o, TextView sName, TextView sValue) {
+    DropList(o, sName, [&o, sName, this] {
+      moHand.Click(*ControlOf(*Main(o), u"lblValue", SheetRow(*Main(o), sName)));
+    });
+    moHand.Step(
+        "the list is there", [] { return true; },
         [&o, sValue, this] {
           auto& oList = dynamic_cast<ListBox&>(*ControlOf(*Main(o), u"lstPopup"));
           for (std::int32_t i = 0; i < oList.ListCount(); ++i)
             if (oList.List(i) == sValue) return moHand.ClickRow(oList, i);
           ADD_FAILURE() << "no such value: " << ToUtf8(sValue);
         });
+    WaitForValue(o, sName, sValue);
+  }
+  /// Walks over the headings to a row, leaves its list once as it was, and then chooses the value
+  /// that begins with the letter.
+  void TypeValue(Toolkit& o, TextView sName, TextView sOld, TextView sValue) {
+    const auto Row = [&o] { return Main(o)->prlProperties.Row(); };
+    moHand.KeyUntil("the first heading", WXK_UP, [Row] { return Row() == 1; });
+    moHand.KeyUntil(ToUtf8(sName), WXK_DOWN,
+                    [&o, Row, sName] { return Row() == SheetRow(*Main(o), sName); });
+    DropList(o, sName, [] {});
     moHand.Step(
-        sWhat + " is pending",
-        [&o, sName, sValue] {
-          const auto* po = ControlOf(*Main(o), u"lblValue", SheetRow(*Main(o), sName));
-          return dynamic_cast<const Label&>(*po).Caption() == sValue;
-        },
-        [] {});
+        "the list is to be left", [] { return true; }, [this] { moHand.Key(WXK_ESCAPE); });
+    WaitForValue(o, sName, sOld);
+    DropList(o, sName, [] {});
+    moHand.Step(
+        "the list takes letters", [] { return true; }, [sValue, this] { moHand.Key(sValue[0]); });
+    WaitForValue(o, sName, sValue);
   }
   /// Opens the main window from the stand-in with CPrices selected.
   void OpenMain(Toolkit& o) {
@@ -119,7 +156,7 @@ class RoadTest : public testing::Test {
         "the main window shows the component",
         [&o] { return Main(o) && RowOf(Main(o)->lvwProcs, u"Append") >= 0; }, [] {});
   }
-  /// Picks an item of the window in front, both told by their access keys.
+  /// Picks an item of the window in front by the mouse, menu and item told by their access keys.
   void Pick(const Toolkit& o, char cMenu, char cItem) {
     const std::string sWhat = std::string("the menu ") + cMenu + " and its item " + cItem;
     const auto cTitle = static_cast<char16_t>(cMenu | 0x20);
@@ -128,8 +165,17 @@ class RoadTest : public testing::Test {
         sWhat, [] { return true; },
         [&o, cTitle, this] { moHand.ClickMenu(*o.ActiveForm(), cTitle); });
     moHand.Step(
-        sWhat, [] { return true; },
+        sWhat + ", dropped", [this] { return moHand.MenuShows(); },
         [&o, cTitle, cEntry, this] { moHand.ClickItem(*o.ActiveForm(), cTitle, cEntry); });
+  }
+  /// The same by these keys.
+  void TypePick(char cMenu, char cItem) {
+    const std::string sWhat = std::string("the keys ") + cMenu + " and " + cItem;
+    moHand.Step(
+        sWhat, [] { return true; }, [cMenu, this] { moHand.Key(cMenu, wxMOD_ALT); });
+    moHand.Step(
+        sWhat + ", dropped", [this] { return moHand.MenuShows(); },
+        [cItem, this] { moHand.Key(cItem); });
   }
   /// The button that leaves a dialog without doing anything, or the only one.
   static const CommandButton& LeavingButton(const Form& oForm) {
@@ -146,12 +192,17 @@ class RoadTest : public testing::Test {
   Hand moHand{testing::UnitTest::GetInstance()->current_test_info()->name()};
 };
 
-TEST_F(RoadTest, RequestByMouseGivesTheFilesOfTheCommandLine) {
+TEST_F(RoadTest, RequestByMouseAndKeysGivesTheFilesOfTheCommandLine) {
   Run([this](Toolkit& o) {
     OpenMain(o);
+    moHand.KeyUntil("the list has the focus", WXK_TAB,
+                    [&o] { return Main(o)->ActiveControl() == &Main(o)->lvwProcs; });
     moHand.Step(
-        "first row", [] { return true; },
-        [&o, this] { moHand.ClickRow(Main(o)->lvwProcs, RowOf(Main(o)->lvwProcs, u"Append")); });
+        "the last row", [] { return true; }, [this] { moHand.Key(WXK_END); });
+    moHand.KeyUntil("first row", WXK_UP, [&o] {
+      const ListItem* const po = Main(o)->lvwProcs.SelectedItem();
+      return po && po->Text() == u"Append";
+    });
     moHand.Step(
         "second row", [&o] { return Main(o)->lvwProcs.SelectedItem()->Text() == u"Append"; },
         [&o, this] {
@@ -168,26 +219,30 @@ TEST_F(RoadTest, RequestByMouseGivesTheFilesOfTheCommandLine) {
         },
         [] {});
     moHand.Step(
-        "the results are in front", [] { return true; },
-        [&o, this] { moHand.ClickFirstTab(Main(o)->tabView); });
+        "the results are in front", [] { return true; }, [this] { moHand.Key('P', wxMOD_ALT); });
     moHand.Step(
         "the sheet is in front", [&o] { return Main(o)->prlProperties.Showing(); }, [] {});
-    ChooseValue(o, u"Template", u"Standard");
-    ChooseValue(o, u"Boundary", u"Firewall");
-    moHand.Step(
-        "the values are pending", [] { return true; },
-        [&o, this] { moHand.Click(Main(o)->oToolbar.picButton(5)); });
+    ClickValue(o, u"Template", u"Standard");
+    TypeValue(o, u"Boundary", u"", u"Firewall");
+    TypePick('T', 'A');
     moHand.Step(
         "the scope is asked for", [&o] { return FormOf(o, u"FApplyPending") != nullptr; },
-        [&o, this] { moHand.Click(*ControlOf(*FormOf(o, u"FApplyPending"), u"cmdAction", 1)); });
+        [this] { moHand.Key(WXK_ESCAPE); });
+    moHand.Step(
+        "nothing was applied",
+        [&o] { return !FormOf(o, u"FApplyPending") && Results(*Main(o), u"0 Procedures"); },
+        [&o, this] { moHand.Click(Main(o)->oToolbar.picButton(5)); });
+    moHand.Step(
+        "the scope is asked for again", [&o] { return FormOf(o, u"FApplyPending") != nullptr; },
+        [this] { moHand.Key(WXK_RETURN); });
     moHand.Step(
         "the results are there",
-        [&o] { return !FormOf(o, u"FApplyPending") && Main(o)->srlResults.Showing(); }, [] {});
-    Pick(o, 'F', 'X');
+        [&o] { return !FormOf(o, u"FApplyPending") && Results(*Main(o), u"2 Procedures"); },
+        [this] { moHand.Key('Q', wxMOD_CONTROL); });
     moHand.Step(
         "the stand-in shows what changed",
         [&o] { return !Main(o) && IDE(o)->mnuFileSave.Enabled(); }, [] {});
-    Pick(o, 'F', 'S');
+    TypePick('F', 'S');
     moHand.Step(
         "all is saved", [&o] { return !IDE(o)->mnuFileSave.Enabled(); }, [] {});
     Pick(o, 'F', 'X');
@@ -206,12 +261,20 @@ TEST_F(RoadTest, EveryDialogOpensAndCloses) {
   struct Row {
     char cMenu, cItem;
     TextView sForm;
+    bool bKeys;  ///< opened by them; tabs of the window have some of the access keys first
   };
   static const Row aoRow[] = {
-      {'F', 'P', u"FPrintOption"}, {'S', 'C', u"FSelectCustom"}, {'R', 'D', u"FRules"},
-      {'P', 'C', u"FCopySuggest"}, {'P', 'D', u"FUndoPending"},  {'T', 'A', u"FApplyPending"},
-      {'T', 'I', u"FInsertLine"},  {'T', 'M', u"FRemoveLine"},   {'T', 'R', u"FRefreshTemplates"},
-      {'T', 'O', u"FOptions"},     {'H', 'A', u"FAbout"},
+      {'F', 'P', u"FPrintOption", true},
+      {'S', 'C', u"FSelectCustom", true},
+      {'R', 'D', u"FRules", false},
+      {'P', 'C', u"FCopySuggest", false},
+      {'P', 'D', u"FUndoPending", false},
+      {'T', 'A', u"FApplyPending", true},
+      {'T', 'I', u"FInsertLine", true},
+      {'T', 'M', u"FRemoveLine", false},
+      {'T', 'R', u"FRefreshTemplates", true},
+      {'T', 'O', u"FOptions", true},
+      {'H', 'A', u"FAbout", true},
   };
   Run([this](Toolkit& o) {
     OpenMain(o);
@@ -219,12 +282,15 @@ TEST_F(RoadTest, EveryDialogOpensAndCloses) {
       const std::string sForm = ToUtf8(oRow.sForm);
       moHand.Step(
           "the way is free for " + sForm, [&o] { return o.ModalForm() == Main(o); }, [] {});
-      Pick(o, oRow.cMenu, oRow.cItem);
+      oRow.bKeys ? TypePick(oRow.cMenu, oRow.cItem) : Pick(o, oRow.cMenu, oRow.cItem);
       moHand.Step(
           sForm, [&o, &oRow] { return FormOf(o, oRow.sForm) != nullptr; }, [] {});
       moHand.Step(
           sForm + " has been seen", [] { return true; },
-          [&o, this] { moHand.Click(LeavingButton(*o.ModalForm())); });
+          [&o, &oRow, this] {
+            const CommandButton& oButton = LeavingButton(*o.ModalForm());
+            oRow.bKeys&& oButton.Cancel() ? moHand.Key(WXK_ESCAPE) : moHand.Click(oButton);
+          });
     }
     moHand.Step(
         "the last dialog is closed", [&o] { return o.ModalForm() == Main(o); }, [] {});
