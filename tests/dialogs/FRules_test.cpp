@@ -49,12 +49,13 @@ TEST_F(FRulesTest, OkWritesEachRuleAndNothingElseDoes) {
          nothing       | tabOption=1 | 1 | Mod Two,
          module        | tabOption=1; cboModSeverity=2; cboModRetry=1; cboModTemplate=0 | 1
                        | Module Severity Default=3;Module Retry Default=2;,
-         procedure     | tabOption=1; cboProcTemplate=2; cboSeverity=0; cboRetry=2; cboTrace=1 | 1
-                       | Severity Default=1;Retry Default=3;Trace Default=1;Mod Two,Beta
+         procedure     | tabOption=1; cboProcTemplate=2; cboSeverity=2; cboRetry=1; cboTrace=1 | 1
+                       | Severity Default=3;Retry Default=2;Trace Default=1;Mod Two,Beta
          precedences   | tabOption=2; optTemplatePrecedence(1); optRetryPrecedence(1) | 2
                        | Template Precedence=-1;Retry Precedence=-1;Mod Two,
-         other two     | tabOption=2; optSeverityPrecedence(1); optTracePrecedence(1) | 2
-                       | Severity Precedence=-1;Trace Precedence=-1;Mod Two,
+         others        | tabOption=2; optTemplatePrecedence(1); optSeverityPrecedence(1) | 2
+                       | Template Precedence=-1;Severity Precedence=-1;Mod Two,
+         tracing       | tabOption=2; optTracePrecedence(1) | 2 | Trace Precedence=-1;Mod Two,
          firewalls     | tabOption=3; chkFirewall | 3 | Boundary Firewall Precedence=-1;Mod Two,
          default       | tabOption=3; chkBoundaryExpert; cboBoundary=2 | 3
                        | Boundary Expert=0;Boundary Default=3;Mod Two,
@@ -62,10 +63,10 @@ TEST_F(FRulesTest, OkWritesEachRuleAndNothingElseDoes) {
                        | Line Number Action=0;Line Number What=1;Line Number Interval=5;Mod Two,
          no interval   | tabOption=4; optAction(2); optWhat(1); txtWhatLines=; optWhat(2) | 4
                        | Line Number Action=2;Line Number What=2;Line Number Interval=0;Mod Two,
-         some skips    | tabOption=4; chkSkipData; txtSkipShort=7 or so | 4
-                       | Line Number Skip Data=0;Line Number Skip Short Size=7;Mod Two,
-         other skips   | tabOption=4; chkSkipEnd; chkSkipShort | 4
-                       | Line Number Skip End=0;Line Number Skip Short=0;Mod Two,
+         some skips    | tabOption=4; chkSkipData; txtSkipShort=7 or so; chkSkipShort | 4
+         | Line Number Skip Data=0;Line Number Skip Short=0;Line Number Skip Short Size=7;Mod Two,
+         other skips   | tabOption=4; chkSkipEnd; chkSkipData | 4
+                       | Line Number Skip Data=0;Line Number Skip End=0;Mod Two,
          read-only     | tabOption=5; chkSkipReadOnly | 5 | Skip ReadOnly=0;Mod Two,)")) {
     for (const bool bOk : {false, true}) {
       SCOPED_TRACE(as[0] + (bOk ? ", OK" : ", Cancel"));

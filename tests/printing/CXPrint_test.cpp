@@ -134,7 +134,7 @@ TEST_F(CXPrintTest, CutsWhatDoesNotFitItsColumn) {
          a path loses folders       | 1700  |     | path | C:\alpha\beta\c.txt | C:\...\c.txt
          and so does one of slashes | 1500  |     | path | /alpha/beta/c.txt | /.../c.txt
          a path is cut at last      | 500   |     | path | a/verylong.txt | v...
-         a text isn't a path        | 1700  |     |      | C:\alpha\beta\c.txt | C:\alpha\beta...)")) {
+         a text isn't a path        | 1700 | | | C:\alpha\beta\c.txt | C:\alpha\beta...)")) {
     SCOPED_TRACE(as[0]);
     CXPrint oPrint(oPrinter);
     std::vector<std::int32_t> alPosition{0, std::stoi(as[1])};
