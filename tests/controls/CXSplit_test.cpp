@@ -22,49 +22,39 @@ struct LineBox : TextBox {
   }
 };
 
-class FSplit : public Form {
- public:
-  using Form::Form;
-  Frame fraBox{*this, u"fraBox"};
-  TextBox txtA{fraBox, u"txtA"}, txtB{fraBox, u"txtB"};
-  LineBox linB{fraBox, u"linB"};
-  PictureBox picSplit{fraBox, u"picSplit"};
-
- private:
-  void Design() override {
+class CXSplitTest : public FormsTest {
+ protected:
+  CXSplitTest() {
     fraBox.Move(0, 0, 6000, 6000);
     txtA.Move(0, 0, 3000, 3000);
     txtB.Move(3060, 0, 2940, 2000);
     linB.Move(3060, 3100, 2940, 2800);
-    picSplit.Move(3000, 0, 60, 3000);
-  }
-};
-
-class CXSplitTest : public FormsTest {
- protected:
-  CXSplitTest() {
+    oBar.Move(3000, 0, 60, 3000);
     moForm.Show();
-    moSplit.AddASide(moForm.txtA);
-    moSplit.AddBSide(moForm.txtB);
+    moSplit.AddASide(txtA);
+    moSplit.AddBSide(txtB);
     moLog.Watch(moSplit.AfterSplit, "split");
   }
   void Drag(std::int32_t lX, std::int32_t nButton = Button::Left) {
     oBar.UserMouseDown(nButton, 0, 15, 15);
     if (oBar.BackColor() == SystemColor::ButtonShadow) moLog.Note("pressed");
     oBar.UserMouseMove(nButton, 0, lX, 15);
-    if (moForm.txtA.Width() == oBar.Left()) moLog.Note("followed");
+    if (txtA.Width() == oBar.Left()) moLog.Note("followed");
     oBar.UserMouseUp(nButton, 0, 15, 15);
     EXPECT_EQ(oBar.BackColor(), SystemColor::ButtonFace);
   }
   /// The bar, the sides, and whether they show.
   std::string Look() {
-    return std::to_string(oBar.Left()) + ": " + std::to_string(moForm.txtA.Width()) +
-           (moForm.txtA.Visible() ? "" : " hidden") + ", " + PlaceOf(moForm.txtB) +
-           (moForm.txtB.Visible() ? "" : " hidden");
+    return std::to_string(oBar.Left()) + ": " + std::to_string(txtA.Width()) +
+           (txtA.Visible() ? "" : " hidden") + ", " + PlaceOf(txtB) +
+           (txtB.Visible() ? "" : " hidden");
   }
 
-  FSplit moForm{moToolkit, u"FSplit"};
-  PictureBox& oBar = moForm.picSplit;
+  Form moForm{moToolkit, u"FSplit"};
+  Frame fraBox{moForm, u"fraBox"};
+  TextBox txtA{fraBox, u"txtA"}, txtB{fraBox, u"txtB"};
+  LineBox linB{fraBox, u"linB"};
+  PictureBox oBar{fraBox, u"picSplit"};
   CXSplit moSplit;
   EventLog moLog;
 };
@@ -84,7 +74,7 @@ TEST_F(CXSplitTest, DragsEndInsideTheLimits) {
     Drag(3000 - oBar.Left());
     EXPECT_EQ(Look(), "3000: 3000, 3060 0 2940 2000");
   }
-  moForm.txtB.SetWidth(4000);  // reaches beyond the container
+  txtB.SetWidth(4000);  // reaches beyond the container
   Drag(3500);
   EXPECT_EQ(oBar.Left(), 5940);
 }
@@ -110,7 +100,7 @@ TEST_F(CXSplitTest, PlacesThatCannotBe) {
   }
   moLog.Take();
   oBar.SetLeft(3000);
-  moForm.txtB.Move(660, 0, 0, 2000);  // room for one margin only
+  txtB.Move(660, 0, 0, 2000);  // room for one margin only
   Drag(-300);
   EXPECT_EQ(oBar.Left(), 3000);
   EXPECT_EQ(moLog.Take(), "pressed");
@@ -122,12 +112,12 @@ TEST_F(CXSplitTest, AControlThatRoundsItsSizeKeepsItsFarEdge) {
   CXSplit oSplit;
   EXPECT_EQ(FailureOf([&] { oSplit.DoSplit(); }), 91);
   EXPECT_EQ(FailureOf([&] { oSplit.Split(oBar, SplitBar::Horizontal); }), 9);
-  oSplit.AddASide(moForm.txtB);
-  oSplit.AddBSide(moForm.linB);
+  oSplit.AddASide(txtB);
+  oSplit.AddBSide(linB);
   oBar.Move(3060, 2150, 2940, 60);
   oSplit.Split(oBar, SplitBar::Horizontal);
-  EXPECT_EQ(PlaceOf(moForm.txtB), "3060 0 2940 2150");
-  EXPECT_EQ(PlaceOf(moForm.linB), "3060 2300 2940 3600");
+  EXPECT_EQ(PlaceOf(txtB), "3060 0 2940 2150");
+  EXPECT_EQ(PlaceOf(linB), "3060 2300 2940 3600");
 }
 
 }  // namespace

@@ -11,20 +11,11 @@ namespace {
 
 using namespace Forms;
 
-class FSheet : public Form {
- public:
-  using Form::Form;
-  TextBox txtOther{*this, u"txtOther"};
-  PropertyList prl{*this, u"prl"};
-
- private:
-  void Design() override { prl.Move(0, 0, 6000, 3000); }
-};
-
 class PropertyListTest : public FormsTest {
  protected:
   PropertyListTest() {
     for (const TextView s : {u"None", u"VB", u"Firewall"}) moChoices.Add(s, ++mlId, u"");
+    oSheet.Move(0, 0, 6000, 3000);
     moForm.Show();
     moLink = oSheet.PropertyChange.Connect([this](TextView sName, TextView sValue) {
       moLog.Note(ToUtf8(sName) + "=" + ToUtf8(sValue));
@@ -56,8 +47,9 @@ class PropertyListTest : public FormsTest {
 
   CXLookup moChoices;
   std::int32_t mlId = 0;
-  FSheet moForm{moToolkit, u"FSheet"};
-  PropertyList& oSheet = moForm.prl;
+  Form moForm{moToolkit, u"FSheet"};
+  TextBox txtOther{moForm, u"txtOther"};
+  PropertyList oSheet{moForm, u"prl"};
   EventLog moLog;
   Connection moLink;
 };
@@ -133,7 +125,7 @@ TEST_F(PropertyListTest, ArrowKeysGoOverAllRowsAndTheFocusShows) {
   }
   EXPECT_EQ(sRows, "11234554");
   EXPECT_EQ(moLog.Take(), "");
-  moForm.txtOther.UserFocus();
+  txtOther.UserFocus();
   EXPECT_EQ(Get(u"lblName", 4).BackColor(), SystemColor::ButtonFace);
   oSheet.UserFocus();
   EXPECT_EQ(Get(u"lblName", 4).BackColor(), SystemColor::Highlight);
