@@ -49,7 +49,8 @@ class TextBox : public WithState<Control, TextBoxState> {
   Signal<> Change;
 
   /// The native control's text after an edit of the user's, with the caret; raises Change. A locked
-  /// box refuses, and the peer has to take the old text back; what is beyond MaxLength it takes out.
+  /// box refuses, and the peer has to take the old text back; what is beyond MaxLength it takes
+  /// out.
   bool UserText(TextView sText, std::int32_t lSelStart, std::int32_t lSelLength = 0);
   bool UserSelection(std::int32_t lSelStart, std::int32_t lSelLength);
   /// The commands of the clipboard, as by Ctrl+X, Ctrl+C and Ctrl+V; a line end ends what a

@@ -97,7 +97,10 @@ Hand::OneStep Hand::KeyStep(std::string sWhat, int nKey, std::function<bool()> o
 
 // A step may lead into a modal loop in which the next one comes: it is taken off the list first.
 void Hand::Tick() {
-  if (moSteps.empty()) return;
+  if (moSteps.empty()) {
+    if (++mnWaited > lPatience) Fail("the end of the program");
+    return;
+  }
   // What the condition sees may be ahead of what is on the screen, and that ahead of the server.
   mnReady = FocusFrontWindow() && moSteps.front().oReady() ? mnReady + 1 : 0;
   if (mnReady > lSettling) {
