@@ -63,8 +63,8 @@ wxSizer* PageSetupDialog::PaperBox(const PageDialog& o) {
   auto* const poBox = NewBox(*this, "Paper", o.bDisablePaper, wxHORIZONTAL);
   mpoPaper = NewLabelled<wxChoice>(*poBox, poBox->GetStaticBox(), "&Size:");
   for (const PaperChoice& oPaper : o.aoPaper) {
-    mpoPaper->Append(ToWx(oPaper.sName));
-    if (oPaper.lSize == o.lPaperSize) mpoPaper->SetSelection(mpoPaper->GetCount() - 1);
+    const int nRow = mpoPaper->Append(ToWx(oPaper.sName));
+    if (oPaper.lSize == o.lPaperSize) mpoPaper->SetSelection(nRow);
   }
   return poBox;
 }
@@ -108,8 +108,8 @@ wxSizer* PageSetupDialog::PrinterBox(const PageDialog& o) {
   auto* const poBox = NewBox(*this, "Printer", o.bDisablePrinter, wxHORIZONTAL);
   mpoPrinter = NewLabelled<wxChoice>(*poBox, poBox->GetStaticBox(), "&Name:");
   for (const Text& sDevice : o.asDevice) {
-    mpoPrinter->Append(ToWx(sDevice));
-    if (sDevice == o.sDeviceName) mpoPrinter->SetSelection(mpoPrinter->GetCount() - 1);
+    const int nRow = mpoPrinter->Append(ToWx(sDevice));
+    if (sDevice == o.sDeviceName) mpoPrinter->SetSelection(nRow);
   }
   return poBox;
 }
