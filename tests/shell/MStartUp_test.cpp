@@ -8,7 +8,9 @@
 #include "ExceptionFilter.h"
 #include "FormsFixture.h"
 #include "Guard.h"
+#include "MOptions.h"
 #include "MQuillon.h"
+#include "MRules.h"
 #include "MXHTMLHelp.h"
 #include "PrintedErrorDialog.h"
 #include "RegistryStore.h"
@@ -52,6 +54,9 @@ struct NotedRuntime : ErrorRuntime {
 
 TEST_F(MStartUpTest, EverythingStandsBehindMain) {
   MQuillon::asFolderName.clear();
+  const Text sRoot = u"HKEY_CURRENT_USER\\Software\\Morvelle\\Tarvane\\Quillon\\";
+  moStore.SetLong(sRoot + u"Rules", u"Severity Default", 3);
+  moStore.SetLong(sRoot + u"Options", u"Error Font Size", 21);
   MStartUp::Setup oSetup = Given();
   oSetup.oMakeRuntime = [](IErrorDialog& o) { return std::make_unique<NotedRuntime>(o); };
   EXPECT_TRUE(MStartUp::Main(oSetup));
@@ -60,6 +65,9 @@ TEST_F(MStartUpTest, EverythingStandsBehindMain) {
   EXPECT_NE(goError, &SilentErrorRuntime());
   EXPECT_NE(MStartUp::goErrorClient, nullptr);
   EXPECT_EQ(MQuillon::asFolderName.size(), 9U);
+  EXPECT_EQ(MRules::oRules.eSeverityDefault * 100 + MOptions::oErrorFont.lSize, 321);
+  MRules::oRules = {};
+  MOptions::oErrorFont = {};
   EXPECT_EQ(MXHTMLHelp::HelpFile(), u"/opt/quillon/Tarvane.htb");
   EXPECT_EQ(moToolkit.HelpFile(), u"/opt/quillon/Tarvane.htb");
   MStartUp::End();
@@ -116,8 +124,13 @@ TEST_F(MStartUpTest, BoxTellsAFailureAndTakesTheAnswer) {
   EXPECT_NE(TempFolder::Read(moFolder / "quillon.log").find("Application Version"),
             std::string::npos);
   User().MsgBox(MsgBoxResult::Ok);
-  Guard({u"FMain", u"mnuFile_Click", ErrorIds::BoundaryVB}, [](GuardScope&) { throw Failure(5); });
+  const std::size_t lBoxes = User().Boxes().size();
+  for (int i = 0; i < 2; ++i)
+    Guard({u"FMain", u"Form_Load", ErrorIds::BoundaryVB, ErrorIds::SeverityFatal},
+          [](GuardScope&) { throw Failure(5); });
+  EXPECT_EQ(User().Boxes().size(), lBoxes + 1) << "the application ends with the first";
   EXPECT_EQ(User().Boxes().back().eButtons, MsgBoxButtons::OkOnly) << "no step to repeat";
+  EXPECT_EQ(User().Boxes().back().eIcon, MsgBoxIcon::Critical);
 }
 
 /// Runs the deed in a process of its own, under a log, and gives the signal that ended it.

@@ -51,6 +51,8 @@ TEST_F(BulkTest, DialogsOfferTheScopesThatAreThere) {
   Check(u"MOne", {1}, "on|on|on||");
   Check(u"MOne", {}, "|on|on||");
   Check(u"MFix", {1}, "||on||");  // passed over by the rules
+  MRules::oRules.bSkipReadOnly = false;
+  Check(u"MFix", {1}, "on|on|on||");
   oIDE.AddProject(u"Q", 0);
   Check(u"MOne", {1}, "on|on|on|on|");
 }
@@ -183,6 +185,10 @@ TEST_F(BulkTest, PrintsWhatWasTickedOfTheProject) {
       EXPECT_EQ(sPrinted, bOk ? "Project Summary - P;Procedure Properties - P;" : "");
       EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Default);
     }
+    oQueues.bFails = true;
+    EXPECT_EQ(FailureOf([&] { oPrinters.Refresh(); }), 482);
+    Press(ToolbarButton::Print);
+    EXPECT_FALSE(oMain.oToolbar.ButtonEnabled(1)) << "no dialog without a printer";
   });
 }
 

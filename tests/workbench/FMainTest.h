@@ -69,6 +69,9 @@ class FMainTest : public FormsTest {
   void SetHelp(bool bExists) {
     MXHTMLHelp::SetHelpFile(FromUtf8(oFolder / (bExists ? "Tarvane.htb" : "gone.htb")));
   }
+  static Text Key(TextView sName) {
+    return Text(u"HKEY_CURRENT_USER\\").append(MXRegistry::RootKey).append(sName);
+  }
   Text File(const std::string& sName) const { return FromUtf8(oFolder / sName); }
   /// To the project P, unless the test has made another one.
   FakeComponent& Add(TextView sName, TextView sCode, std::int32_t nType = ComponentStdModule) {
@@ -81,13 +84,16 @@ class FMainTest : public FormsTest {
   void Run(const std::function<void()>& oAct) { Run(oIDE, oMain, oAct); }
   void Run(VBE& oOver, FMain& oWindow, const std::function<void()>& oAct) {
     User().Modal<FMain>([&](FMain& o) {
+      moRenderer.Advance(99);
       EXPECT_EQ(o.Caption(), u"Tarvane Quillon") << "no template before the window is there";
-      moRenderer.Advance(100);
+      moRenderer.Advance(1);
+      EXPECT_EQ(MXHTMLHelp::poOwner, &o);
       oAct();
       if (o.Loaded()) o.Hide();
       o.Unload();
     });
     oWindow.Display(oOver, oConnect);
+    EXPECT_TRUE(!MXHTMLHelp::poOwner && !MQuillon::oLookupBoundary);
   }
   /// Leaves by the menu though something is pending.
   void Leave() {

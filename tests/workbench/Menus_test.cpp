@@ -184,6 +184,9 @@ TEST_F(MenusTest, HelpOpensItsPages) {
         moRenderer.Opened(),
         (std::vector<Text>{sFile + u"|0|0", sFile + u"|1|0", sFile + u"|2|0", sFile + u"|0|1800",
                            u"https://tarvane.example/quillon", sFile + u"|0|0"}));
+    SetHelp(false);
+    oMain.oMenu.mnuHelp.UserDrop();
+    EXPECT_FALSE(oMain.oToolbar.ButtonEnabled(6)) << "the file has gone";
     bool bShown = false;
     User().Modal<FAbout>([&](FAbout& o) { bShown = true, o.Hide(); });
     Pick(u"HelpAbout");

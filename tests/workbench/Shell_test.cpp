@@ -48,6 +48,7 @@ TEST_F(FMainTest, PlacesComeBackAndTheRestBeginsAnew) {
     oMain.Move(300, 450, 9000, 6000);
     oMain.picSplit1.UserMouseDown(Button::Left, 0, 0, 0);
     oMain.picSplit1.UserMouseMove(Button::Left, 0, -1500, 0);
+    EXPECT_NE(oMain.tvwProjects.Width(), oMain.picSplit1.Left()) << "not before the end";
     oMain.picSplit1.UserMouseUp(Button::Left, 0, 0, 0);
     Pick(u"ViewProjectList");
     Pick(u"ViewErrors");
@@ -58,6 +59,9 @@ TEST_F(FMainTest, PlacesComeBackAndTheRestBeginsAnew) {
     EXPECT_EQ(oMain.lvwMods.Left() + oMain.lvwMods.Width(), oMain.picSplit2.Left());
     oMain.EventPush(Pointer::Hourglass);  // as a failure leaves it
   });
+  EXPECT_EQ(oStore.GetLong(Key(u"FMain\\Split1"), u"Left"), lBar);
+  for (const TextView s : {u"FMain", u"FMain\\Split2", u"FMain\\Split3"})
+    EXPECT_GT(oStore.GetLong(Key(s), u"Width").value_or(0), 0) << ToUtf8(s);
   Run([&] {
     EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Default);
     oMain.EventPush(Pointer::Hourglass);
@@ -84,8 +88,7 @@ TEST_F(FMainTest, DamagedPlacesGiveAUsableWindow) {
     SCOPED_TRACE(ToUtf8(sKey) + " " + ToUtf8(sName) + " " + std::to_string(lValue));
     RegistryStore oOwn(oFolder / "settings.reg");
     goRegistry = &oOwn;
-    oOwn.SetLong(Text(u"HKEY_CURRENT_USER\\").append(MXRegistry::RootKey).append(sKey), sName,
-                 lValue);
+    oOwn.SetLong(Key(sKey), sName, lValue);
     // Settings that can't be saved don't keep the window from closing.
     std::filesystem::remove(oFolder / "settings.reg");
     std::filesystem::create_directory(oFolder / "settings.reg");
@@ -143,6 +146,9 @@ TEST_F(FMainTest, GuardCountsAndProgressBorrowsThePanels) {
     EXPECT_EQ(Panel(1) + "|" + Panel(2), "|MBig.50");
     oMain.Model()->ProgressEnd();
     EXPECT_EQ(Panel(1) + " " + Panel(2), "1 Object(s) P.vbp");
+    oMain.Model()->ProgressStart();
+    oMain.EventPop();
+    EXPECT_FALSE(oMain.picProgress.Visible()) << "though the walk has not told its end";
     const auto nBefore = moRenderer.Refreshes(oMain.picProgress);
     Click(u"MBig");
     EXPECT_EQ(moRenderer.Refreshes(oMain.picProgress) - nBefore, 52);
@@ -182,8 +188,12 @@ TEST_F(FMainTest, ToolbarPressesReleasesAndFrames) {
     Check(Move, Button::Left, 400, 10, "1230,60 framed Tree");
     Check(Move, Button::Left, 20, 10, "1245,75 pressed framed Tree");
     Check(Up, Button::Left, 20, 10, "1230,60 framed List");
-    EXPECT_EQ(o.linRight.X1(), 1545);
-    EXPECT_EQ(o.linBottom.X2(), 1560);
+    const auto Points = [](const Line& oLine) {
+      return ToUtf8(ToText(oLine.X1()) + u"," + ToText(oLine.Y1()) + u"," + ToText(oLine.X2()) +
+                    u"," + ToText(oLine.Y2()) + u" ");
+    };
+    EXPECT_EQ(Points(o.linLeft) + Points(o.linRight) + Points(o.linTop) + Points(o.linBottom),
+              "1215,45,1215,360 1545,45,1545,360 1215,45,1545,45 1215,360,1560,360 ");
     EXPECT_FALSE(oList.UserMouseDown(Button::Left, 0, 0, 0)) << "off now";
     oMain.UserMouseMove(0, 0, 5000, 200);
     EXPECT_FALSE(o.linTop.Visible() || o.linRight.Visible());
@@ -194,7 +204,20 @@ TEST_F(FMainTest, PartsFollowTheWindow) {
   oIDE.AddProject(u"P", 0);
   Run([&] {
     const std::int32_t lBar = oMain.StatusBar1.Height();
+    EXPECT_EQ(oMain.picSplit1.Left(), oMain.ScaleWidth() / 3);
+    EXPECT_EQ(oMain.picSplit2.Left(), oMain.ScaleWidth() / 3 * 2);
+    EXPECT_EQ(oMain.picSplit3.Top(), oMain.ScaleHeight() / 3 * 2);
     oMain.Move(0, 0, 12000, 8000);
+    const Control* const apoPart[] = {
+        &oMain.picContainer, &oMain.picSplit1,   &oMain.picSplit2, &oMain.lblTree,
+        &oMain.lblList,      &oMain.tvwProjects, &oMain.lvwProcs,  &oMain.lblListViewSurrogate};
+    EXPECT_EQ(Each(0, 7, [&](auto i) { return ToText(apoPart[i]->Top()); }),
+              "360|375|375|390|390|690|690|690|");
+    EXPECT_EQ(oMain.picSplit2.Height(), oMain.ScaleHeight() - 420 - lBar);
+    EXPECT_EQ(oMain.picSplit1.Height(), oMain.tvwProjects.Height() + 330);
+    EXPECT_EQ(oMain.picProgress.Top(), oMain.ScaleHeight() - lBar + 45);
+    EXPECT_EQ(oMain.oToolbar.linToolbarTop(0).X2(), oMain.ScaleWidth());
+    EXPECT_EQ(oMain.lblResults.Top(), oMain.tabView.ClientArea().lTop + 30);
     EXPECT_EQ(oMain.tvwProjects.Height(), oMain.ScaleHeight() - 690 - lBar);
     EXPECT_EQ(oMain.lvwMods.Height(), oMain.tvwProjects.Height());
     EXPECT_EQ(oMain.picContainer.Left() + oMain.picContainer.Width(), oMain.ScaleWidth());
@@ -208,6 +231,7 @@ TEST_F(FMainTest, PartsFollowTheWindow) {
     EXPECT_EQ(oMain.fraErrors.Top() + oMain.fraErrors.Height(), oMain.ScaleHeight() - lBar);
     EXPECT_EQ(oMain.lvwMods.Top() + oMain.lvwMods.Height(), oMain.picSplit3.Top());
     EXPECT_EQ(oMain.srlErrors.Width(), oMain.fraErrors.Width());
+    EXPECT_EQ(oMain.srlErrors.Height(), oMain.fraErrors.Height() - 270);
     EXPECT_EQ(oMain.cmdHideErrors.Left(), oMain.fraErrors.Width() - 255);
     const std::int32_t lTree = oMain.tvwProjects.Height();
     Pick(u"ViewErrors");
@@ -216,6 +240,10 @@ TEST_F(FMainTest, PartsFollowTheWindow) {
     const std::int32_t lTop = oMain.picSplit3.Top();
     Pick(u"ViewErrors");
     EXPECT_EQ(oMain.picSplit3.Top(), lTop) << "the list keeps its least height";
+    oMain.picSplit1.UserMouseDown(Button::Left, 0, 0, 0);
+    oMain.picSplit1.UserMouseMove(Button::Left, 0, -9000, 0);
+    oMain.picSplit1.UserMouseUp(Button::Left, 0, 0, 0);
+    EXPECT_EQ(oMain.tvwProjects.Width(), 600) << "the margin";
     oMain.SetWidth(1000);
     EXPECT_EQ(oMain.picContainer.Width(), 0);
     EXPECT_EQ(oMain.StatusBar1.Panels(2).Width(), 2000);
@@ -244,6 +272,7 @@ TEST_F(FMainTest, RulesAndFontsTakeEffectAtOnce) {
         [](FRules& o) { o.oDefaults.cboSeverity.UserSelect(2), o.cmdOK.UserClick(); });
     Pick(u"RulesDefine");
     EXPECT_EQ(Fatals(), 1) << "suggested";
+    EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Default);
     for (const bool bOk : {false, true}) {
       User().Modal<FOptions>([&](FOptions& o) { (bOk ? o.cmdOK : o.cmdCancel).UserClick(); });
       Pick(u"ToolsOptions");

@@ -64,6 +64,7 @@ TEST_F(FMainTest, OpeningShowsTheReportAndTheNodeOfTheCodeInFront) {
 TEST_F(FMainTest, ABadTemplateLeavesTheWindowToOpenAnother) {
   Add(u"MOne", u"Sub a()\nEnd Sub");
   TempFolder::Write(oFolder / "Bad.dat", "<#Nonsense>\r\n");
+  oStore.SetString(Key(u"FMain"), u"Open Template Path", File("gone"));
   Run([&] {
     Click(u"MOne");
     const struct {
@@ -84,7 +85,10 @@ TEST_F(FMainTest, ABadTemplateLeavesTheWindowToOpenAnother) {
     Press(ToolbarButton::Open);
     EXPECT_EQ(Tree(), "*P[Standard EXE](Modules[Closed Folder](MOne[Standard Module]))");
     EXPECT_EQ(oMain.tabView.Tabs().Count(), 3);
+    EXPECT_EQ(MRules::oRules.sDefaultModTemplate + MRules::oRules.sDefaultProcTemplate, u"ModStd");
   });
+  EXPECT_EQ(MRules::oRules.sDefaultModTemplate + MRules::oRules.sDefaultProcTemplate, u"");
+  EXPECT_EQ(oStore.GetString(Key(u"FMain"), u"Open Template Path"), File(""));
 }
 
 TEST_F(FMainTest, AGroupThatCantBeReadIsToldAndTheWindowStaysUsable) {
