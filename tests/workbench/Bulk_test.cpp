@@ -132,6 +132,8 @@ TEST_F(BulkTest, CancelLeavesAZeroSummaryAndNoChange) {
     Click(u"MOne");
     Pick(u"ViewProperties");
     Copy(0);
+    User().Modal<FCopySuggest>([](FCopySuggest& o) { o.UserClose(); });
+    Press(ToolbarButton::Copy);
     EXPECT_EQ(Tab(), "Properties");
     Refresh(0);
     EXPECT_EQ(Tab(), "Results");
