@@ -27,14 +27,6 @@ Text TraceText(TextView sName, std::int32_t eTrace) {
                                              : MQuillon::oLookupTrace->LookupDisplayName(eTrace);
 }
 
-Text Exchanged(TextView sText, char16_t cFrom, char16_t cTo) {
-  Text s(sText);
-  for (char16_t& c : s) {
-    if (c == cFrom) c = cTo;
-  }
-  return s;
-}
-
 }  // namespace
 
 void FMain::HideLists() {
@@ -162,12 +154,7 @@ void FMain::ShowPath(TextView sPath) {
 void FMain::FitPath() {
   constexpr std::int32_t PanelEdges = 360;
   Panel& oPanel = StatusBar1.Panels(2);
-  // Paths are shortened at backslashes; those of other systems have slashes.
-  const Text& sPath = oPanel.Tag();
-  const bool bSlashes = sPath.find(u'\\') == Text::npos;
-  const Text sFit = MXString::TrimPathToFit(
-      bSlashes ? Exchanged(sPath, u'/', u'\\') : sPath,
-      [&](TextView s) { return static_cast<double>(TextWidth(s)); }, oPanel.Width() - PanelEdges,
-      true);
-  oPanel.SetText(bSlashes ? Exchanged(sFit, u'\\', u'/') : sFit);
+  oPanel.SetText(MXString::TrimPathToFit(
+      oPanel.Tag(), [&](TextView s) { return static_cast<double>(TextWidth(s)); },
+      oPanel.Width() - PanelEdges, true));
 }

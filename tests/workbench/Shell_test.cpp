@@ -1,5 +1,8 @@
 // Showing and leaving the window, what it keeps, the guard with its progress, the toolbar, the
 // layout.
+#include <numeric>
+
+#include "FAction.h"
 #include "FMainTest.h"
 #include "FOptions.h"
 #include "FRules.h"
@@ -153,6 +156,32 @@ TEST_F(FMainTest, GuardCountsAndProgressBorrowsThePanels) {
     Click(u"MBig");
     EXPECT_EQ(moRenderer.Refreshes(oMain.picProgress) - nBefore, 52);
     EXPECT_FALSE(oMain.picProgress.Visible());
+  });
+}
+
+TEST_F(FMainTest, ACommandOnManyRowsShowsProgressOverThem) {
+  Text sLarge;
+  for (std::int32_t i = 1; i <= 30; ++i) sLarge += u"Sub a" + ToText(i) + u"()\nEnd Sub\n";
+  Add(u"MLarge", sLarge);
+  for (std::int32_t i = 1; i <= 29; ++i) Add(u"MSmall" + ToText(i), {});
+  Run([&] {
+    const auto Painted = [&](Forms::ListView& oList, std::int32_t lFirst, std::int32_t lRows) {
+      std::vector<std::int32_t> alRow(static_cast<std::size_t>(lRows));
+      std::iota(alRow.begin(), alRow.end(), lFirst);
+      Select(oList, alRow);
+      User().Modal<FUndoPending>([](FUndoPending& o) { o.cmdAction(1).UserClick(); });
+      const auto nBefore = moRenderer.Refreshes(oMain.picProgress);
+      const std::string sPanel = Panel(2);
+      Pick(u"PropsUndoPending");
+      EXPECT_EQ(Panel(2), sPanel);
+      EXPECT_FALSE(oMain.picProgress.Visible());
+      return moRenderer.Refreshes(oMain.picProgress) - nBefore;
+    };
+    Click(u"Modules");
+    EXPECT_EQ(Painted(oMain.lvwMods, 2, 29), 0) << "too few to wait for";
+    EXPECT_EQ(Painted(oMain.lvwMods, 1, 30), 30) << "and none for what MLarge loads";
+    Click(u"MLarge");
+    EXPECT_EQ(Painted(oMain.lvwProcs, 1, 31), 31);
   });
 }
 
