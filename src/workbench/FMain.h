@@ -272,6 +272,7 @@ class FMain : public MainForm {
   bool mbPendingCode = false;
   bool mbRowProgress = false;
   std::int16_t miEventDepth = 0;
+  bool mbPanelsSaved = false;
   Text msSavedPanel1, msSavedPanel2;
   std::int32_t mhRegForm = 0, mhRegRecent = 0, mhRegSplit1 = 0, mhRegSplit2 = 0, mhRegSplit3 = 0,
                mhRegModList = 0, mhRegProcList = 0;

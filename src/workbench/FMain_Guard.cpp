@@ -1,4 +1,6 @@
 // Operations inside one another, and the progress of a load over the status bar.
+#include <utility>
+
 #include "FMain.h"
 #include "Toolkit.h"
 
@@ -27,6 +29,7 @@ void FMain::ProgressStart() {
   msSavedPanel1 = StatusBar1.Panels(1).Text();
   StatusBar1.Panels(1).SetText({});
   msSavedPanel2 = StatusBar1.Panels(2).Text();
+  mbPanelsSaved = true;
   StatusBar1.Panels(2).SetText({});
   picProgress.SetWidth(0);
   picProgress.SetVisible(true);
@@ -43,6 +46,8 @@ void FMain::Progress(std::int16_t Percent, TextView Caption) {
 void FMain::ProgressEnd() {
   picProgress.SetVisible(false);
   picProgress.SetWidth(0);
+  // The model tells the end of small loads, too, which had no start.
+  if (!std::exchange(mbPanelsSaved, false)) return;
   StatusBar1.Panels(1).SetText(msSavedPanel1);
   StatusBar1.Panels(2).SetText(msSavedPanel2);
 }

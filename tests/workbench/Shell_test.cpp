@@ -169,10 +169,10 @@ TEST_F(FMainTest, ACommandOnManyRowsShowsProgressOverThem) {
       std::vector<std::int32_t> alRow(static_cast<std::size_t>(lRows));
       std::iota(alRow.begin(), alRow.end(), lFirst);
       Select(oList, alRow);
-      User().Modal<FUndoPending>([](FUndoPending& o) { o.cmdAction(1).UserClick(); });
+      User().Modal<FCopySuggest>([](FCopySuggest& o) { o.cmdAction(1).UserClick(); });
       const auto nBefore = moRenderer.Refreshes(oMain.picProgress);
       const std::string sPanel = Panel(2);
-      Pick(u"PropsUndoPending");
+      Pick(u"PropsCopySuggest");
       EXPECT_EQ(Panel(2), sPanel);
       EXPECT_FALSE(oMain.picProgress.Visible());
       return moRenderer.Refreshes(oMain.picProgress) - nBefore;
