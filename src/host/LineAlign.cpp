@@ -1,6 +1,7 @@
 #include "LineAlign.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "ByteText.h"
 
@@ -9,15 +10,33 @@ namespace {
 // Between anchors an equal line is looked for that far only, to stay linear.
 constexpr std::size_t Window = 32;
 
-struct HashedLine {
-  std::size_t lHash;
-  std::uint32_t lIndex;
-  bool bNew;
-};
-
 struct Pair {
   std::size_t lNew;
   std::size_t lOld;
+};
+
+/// How often the lines of one hash stand on each side, and where the last of them does.
+struct Seen {
+  std::size_t lHash = 0;
+  std::uint32_t lNewCount = 0, lOldCount = 0;
+  std::uint32_t lOld = 0;
+};
+
+/// The lines of both sides by their hashes.
+class SeenLines {
+ public:
+  explicit SeenLines(std::size_t lLines) : moSlots(std::bit_ceil(2 * lLines)) {}
+  Seen& operator[](std::size_t lHash) {
+    std::size_t l = lHash & (moSlots.size() - 1);
+    while (moSlots[l].lNewCount + moSlots[l].lOldCount > 0 && moSlots[l].lHash != lHash) {
+      l = (l + 1) & (moSlots.size() - 1);
+    }
+    moSlots[l].lHash = lHash;
+    return moSlots[l];
+  }
+
+ private:
+  std::vector<Seen> moSlots;
 };
 
 class Aligner {
@@ -94,36 +113,25 @@ class Aligner {
   }
 
   // Lines that are unique on both sides, as many of them as keep their order.
-  std::vector<Pair> Anchors(const Pair& oFrom, const Pair& oTo) {
-    std::vector<HashedLine> oLines;
-    oLines.reserve(oTo.lNew - oFrom.lNew + oTo.lOld - oFrom.lOld);
-    for (std::size_t l = oFrom.lNew; l < oTo.lNew; ++l) {
-      oLines.push_back({LineHash(masNew[l]), static_cast<std::uint32_t>(l), true});
-    }
+  std::vector<Pair> Anchors(const Pair& oFrom, const Pair& oTo) const {
+    SeenLines oSeen(oTo.lNew - oFrom.lNew + oTo.lOld - oFrom.lOld);
     for (std::size_t l = oFrom.lOld; l < oTo.lOld; ++l) {
-      oLines.push_back({LineHash(masOld[l]), static_cast<std::uint32_t>(l), false});
+      Seen& o = oSeen[LineHash(masOld[l])];
+      ++o.lOldCount;
+      o.lOld = static_cast<std::uint32_t>(l);
     }
-    std::sort(oLines.begin(), oLines.end(),
-              [](const auto& a, const auto& b) { return a.lHash < b.lHash; });
-    return Rising(UniquePairs(oLines));
-  }
-
-  std::vector<Pair> UniquePairs(const std::vector<HashedLine>& oLines) const {
+    std::vector<std::size_t> alHash;
+    alHash.reserve(oTo.lNew - oFrom.lNew);
+    for (std::size_t l = oFrom.lNew; l < oTo.lNew; ++l) {
+      alHash.push_back(LineHash(masNew[l]));
+      ++oSeen[alHash.back()].lNewCount;
+    }
     std::vector<Pair> oPairs;
-    oPairs.reserve(oLines.size() / 2);
-    for (std::size_t l = 0; l < oLines.size();) {
-      std::size_t lEnd = l + 1;
-      while (lEnd < oLines.size() && oLines[lEnd].lHash == oLines[l].lHash) ++lEnd;
-      if (lEnd == l + 2 && oLines[l].bNew != oLines[l + 1].bNew) {
-        const HashedLine& oNew = oLines[oLines[l].bNew ? l : l + 1];
-        const HashedLine& oOld = oLines[oLines[l].bNew ? l + 1 : l];
-        if (Equal(oNew.lIndex, oOld.lIndex)) oPairs.push_back({oNew.lIndex, oOld.lIndex});
-      }
-      l = lEnd;
+    for (std::size_t l = oFrom.lNew; l < oTo.lNew; ++l) {
+      const Seen& o = oSeen[alHash[l - oFrom.lNew]];
+      if (o.lNewCount == 1 && o.lOldCount == 1 && Equal(l, o.lOld)) oPairs.push_back({l, o.lOld});
     }
-    std::sort(oPairs.begin(), oPairs.end(),
-              [](const Pair& a, const Pair& b) { return a.lNew < b.lNew; });
-    return oPairs;
+    return Rising(std::move(oPairs));
   }
 
   // The longest run of pairs whose old lines rise as well.

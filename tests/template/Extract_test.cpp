@@ -41,6 +41,15 @@ TEST(Extract, ReadsSettingsBackFromCode) {
     SCOPED_TRACE(oRow.sName);
     EXPECT_EQ(Read(oTest.oEngine, oRow.sCode), oRow.sSettings);
   }
+  // The word is found wherever it stands in a long text, and words like it aren't.
+  for (const TextView sHead : {u"' ", u"rrr' CurrentError"}) {
+    for (std::size_t lAhead = 100; lAhead < 400; ++lAhead) {
+      const Text sAhead = Text(sHead) + Text(lAhead, u'x') + u"|";
+      EXPECT_EQ(Read(oTest.oEngine, sAhead + u"On eRRor GoTo H"), "(bespoke) L1 B0 R0 T0")
+          << lAhead;
+      EXPECT_EQ(Read(oTest.oEngine, sAhead + u"Narrower Errol"), " L1 B0 R0 T0") << lAhead;
+    }
+  }
   CTemplate oEmpty(oTest.oRules);
   EXPECT_EQ(Read(oEmpty, u"'Sig: Plain"), " L1 B0 R0 T0");
 }
