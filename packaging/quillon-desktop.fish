@@ -6,4 +6,4 @@ complete -c quillon-desktop -l settings -rka "(__fish_complete_suffix .reg)" -d 
 complete -c quillon-desktop -l log -rF -d "Log failures to this file"
 complete -c quillon-desktop -s h -l help -d "Print the options"
 complete -c quillon-desktop -l version -d "Print the version"
-complete -c quillon-desktop -l template -rka "(__fish_complete_suffix .dat)" -d "Template file"
+complete -c quillon-desktop -s t -l template -rka "(__fish_complete_suffix .dat)" -d "Template file"

@@ -126,7 +126,7 @@ _quillon_desktop() {
   local cur=${COMP_WORDS[COMP_CWORD]}
   COMPREPLY=()
   if [[ $cur == -* ]]; then
-    _quillon_words --connect --help --log --settings --template --version
+    _quillon_words --connect -h --help --log --settings -t --template --version
   elif ! _quillon_value "${COMP_WORDS[COMP_CWORD - 1]}" ''; then
     _quillon_files 'vbg|vbp'
   fi

@@ -91,7 +91,7 @@ _quillon_program() {
 _quillon_desktop() {
   _arguments '--connect[how the add-in is connected]:mode:(startup external)' \
     '--settings[settings file]:settings file:_files -g "*.(#i)reg(-.)"' \
-    '--template[template file]:template file:_files -g "*.(#i)dat(-.)"' \
+    '(-t --template)'{-t,--template}'[template file]:template file:_files -g "*.(#i)dat(-.)"' \
     '1:group:_quillon_projects'
 }
 

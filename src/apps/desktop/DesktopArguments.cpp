@@ -50,7 +50,7 @@ std::optional<int> ReadDesktopArguments(int argc, char** argv, DesktopArguments&
           "--settings", [&](const std::string& sFile) { oArguments.oSettingsFile = sFile; },
           "Settings file instead of the user's own")
       ->type_name("FILE");
-  oApp.add_option("--template", oArguments.sTemplateFile,
+  oApp.add_option("-t,--template", oArguments.sTemplateFile,
                   "Template file (else the one that was used last)")
       ->type_name("FILE")
       ->check(CLI::Validator(CLI::ExistingFile).description(""));
