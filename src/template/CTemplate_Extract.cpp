@@ -18,7 +18,8 @@ bool IsR(char16_t c) {
 bool HoldsTwoR(TextView sText) {
   std::uint16_t nFound = 0;
   for (std::size_t i = 1; i < sText.size(); ++i) {
-    nFound = static_cast<std::uint16_t>(nFound | (IsR(sText[i - 1]) & IsR(sText[i])));
+    const int nFirst = IsR(sText[i - 1]), nSecond = IsR(sText[i]);
+    nFound = static_cast<std::uint16_t>(nFound | (nFirst & nSecond));
   }
   return nFound != 0;
 }
