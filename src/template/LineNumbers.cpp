@@ -55,10 +55,10 @@ class Numbering {
       const bool bInComment = bContinued && bComment;
       const TextView sCode = bInComment ? TextView() : RightTrim(MXStringVB::TrimVBComments(sLine));
       CheckMargin(sCode);
-      const bool bContinues = Continues(sLine);
-      CountStatement(Trim(sCode), bContinues);
+      bContinued = Continues(sLine);
       bComment = bInComment || CommentStart(sLine) < sLine.size();
-      bContinued = bContinues;
+      if (bComment || !bContinued)
+        CountStatement(sCode);  // a comment goes on without its statement
     }
   }
 
@@ -68,15 +68,17 @@ class Numbering {
     mbShift = !MXStringVB::IsVBLineLabel(sCode, bAlone);
   }
 
-  void CountStatement(TextView sCode, bool bContinues) {
-    if (sCode.empty() || bContinues) return;
-    if (!MXStringVB::IsVBProcDataDeclaration(LowerCase(sCode))) ++mlStatements;
+  void CountStatement(TextView sCode) {
+    const Text sStatement = FoldCode(sCode);
+    if (sStatement.empty()) return;
+    if (!MXStringVB::IsVBProcDataDeclaration(sStatement)) ++mlStatements;
   }
 
   void Number(const LogicalLines& oLogical) {
     const TextView sLogical = oLogical.Statement();
+    const bool bWanted = Wants(sLogical);  // asked for each statement: it may open a Select Case
     // A number that the user wrote as a label keeps its line; it is not given out twice.
-    if (HasOwnNumber(sLogical) || !Wants(sLogical)) {
+    if (!bWanted || HasOwnNumber(sLogical)) {
       WritePlain(oLogical, oLogical.First());
     } else {
       WriteNumbered(oLogical);

@@ -1,20 +1,26 @@
 #include "LogicalLine.h"
 
+#include <algorithm>
+
 #include "MXStringVB.h"
 #include "ProcText.h"
+
+Text FoldCode(TextView sCode) {
+  Text sFolded = LowerCase(sCode);
+  std::replace(sFolded.begin(), sFolded.end(), u'\t', u' ');
+  return Text(Trim(sFolded));
+}
 
 bool LogicalLines::Next() {
   if (mlNext >= masLine.size()) return false;
   mlFirst = mlNext;
   Text sJoined;
   while (mlNext + 1 < masLine.size() && Continues(masLine[mlNext])) {
-    TextView sLine = Trim(masLine[mlNext]);
-    while (sLine.back() == u'\t') sLine = RightTrim(sLine.substr(0, sLine.size() - 1));
+    const TextView sLine = TrimWhite(masLine[mlNext]);
     sJoined.append(sLine.substr(0, sLine.size() - 1));  // the underscore goes, its blank stays
     ++mlNext;
   }
-  sJoined.append(Trim(masLine[mlNext++]));
-  const TextView sCode = MXStringVB::TrimVBComments(sJoined);
-  msStatement = LowerCase(Trim(MXStringVB::TrimVBLiterals(sCode)));
+  sJoined.append(TrimWhite(masLine[mlNext++]));
+  msStatement = FoldCode(MXStringVB::TrimVBLiterals(MXStringVB::TrimVBComments(sJoined)));
   return true;
 }

@@ -9,6 +9,9 @@
 
 #include "Text.h"
 
+/// Code in the form in which statements are classified: trimmed, lower case, each tab a blank.
+Text FoldCode(TextView sCode);
+
 class LogicalLines {
  public:
   /// The lines must outlive this object and may be changed only behind Last().
@@ -16,7 +19,7 @@ class LogicalLines {
 
   /// Goes to the next logical line; false behind the last.
   bool Next();
-  /// Its text: continuations joined, comment and literals cut, trimmed, lower case.
+  /// Its text: continuations joined, comment and literals cut, folded.
   TextView Statement() const { return msStatement; }
   /// Indices from 0 of its first and last physical line.
   std::size_t First() const { return mlFirst; }

@@ -11,12 +11,6 @@ bool IsWhite(char16_t cUnit) {
   return cUnit == u' ' || cUnit == u'\t';
 }
 
-TextView TrimWhite(TextView sText) {
-  while (!sText.empty() && IsWhite(sText.front())) sText.remove_prefix(1);
-  while (!sText.empty() && IsWhite(sText.back())) sText.remove_suffix(1);
-  return sText;
-}
-
 char16_t Lower(char16_t cUnit) {
   if (cUnit < 0x80) return static_cast<char16_t>(cUnit + (cUnit >= u'A' && cUnit <= u'Z' ? 32 : 0));
   return LowerCase(cUnit);
@@ -188,6 +182,12 @@ std::size_t CommentStart(TextView sLine) {
         cUnit == u':' || (bStatementStart && (IsWhite(cUnit) || (cUnit >= u'0' && cUnit <= u'9')));
   }
   return sLine.size();
+}
+
+TextView TrimWhite(TextView sText) {
+  while (!sText.empty() && IsWhite(sText.front())) sText.remove_prefix(1);
+  while (!sText.empty() && IsWhite(sText.back())) sText.remove_suffix(1);
+  return sText;
 }
 
 bool IsBlank(TextView sLine) {

@@ -20,6 +20,8 @@ bool Continues(TextView sLine);
 /// the line's length when it has none.
 std::size_t CommentStart(TextView sLine);
 bool IsBlank(TextView sLine);
+/// Without the blanks and tabs at both ends.
+TextView TrimWhite(TextView sText);
 
 class ProcText {
  public:

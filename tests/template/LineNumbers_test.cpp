@@ -63,6 +63,14 @@ const Row Rows[] = {
     {"numbers written as labels stay and are not given twice", u"1: x = 1|    y| 5 z",
      "    1: x = 1|2       y|     5 z"},
     {"tabs", u"\tx = 1", "1   \tx = 1"},
+    {"the first Case behind a tab", u"\tSelect Case x|\tCase 1|\t Case\t2",
+     "1   \tSelect Case x|    \tCase 1|2   \t Case\t2"},
+    {"a declaration and nothing behind tabs", u"\tDim a|\t|\tx", "    \tDim a|    \t|1   \tx"},
+    {"a number beside tabs stays", u"1\tx|\t2 y|\t3\tz", "    1\tx|    \t2 y|    \t3\tz"},
+    {"the first Case of a Select Case with a number of its own", u"1: Select Case x|    Case 1",
+     "1: Select Case x|    Case 1"},
+    {"a continued comment doesn't hide its statement", u"    x ' a _|    b|    y ' c",
+     "1   x ' a _|    b|2   y ' c", 0, true, 2},
 };
 
 TEST(LineNumbers, ArePutInByTheRulesAndTwiceEqualsOnce) {
