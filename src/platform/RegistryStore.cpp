@@ -38,6 +38,7 @@ struct RegistryStore::Impl {
   std::vector<Change> oChanges;
   std::vector<Text> asCreated;
   int lBatches = 0;
+  std::unique_ptr<FileLock> pLock;  ///< held by a batch that rests on what it read
 
   std::string ReadFile() const {
     IFileOps::Stat oStat;
@@ -59,23 +60,41 @@ struct RegistryStore::Impl {
   }
 
   void Save() {
-    if (!oChanges.empty() && !sPath.empty()) MergeIntoFile();
+    std::unique_ptr<FileLock> pHeld = std::move(pLock);  // let go of however this ends
+    if (!oChanges.empty() && !sPath.empty()) {
+      if (!pHeld) pHeld = Lock();
+      MergeIntoFile();
+    }
     oChanges.clear();
   }
 
-  void MergeIntoFile() {
+  std::unique_ptr<FileLock> Lock() const {
     std::string sTarget;
     if (oFiles.Resolve(sPath, sTarget) != 0) sTarget = sPath;
     std::error_code oIgnored;
     const auto oFolder = std::filesystem::path(sTarget).parent_path();
     if (!oFolder.empty()) std::filesystem::create_directories(oFolder, oIgnored);
-    const FileLock oLock(sTarget + ".lock");
-    const std::string sOld = ReadFile();
-    RegistryDocument oMerged(sOld);
+    return std::make_unique<FileLock>(sTarget + ".lock");
+  }
+
+  RegistryDocument Merged(const std::string& sBytes) const {
+    RegistryDocument oMerged(sBytes);
     for (const Change& oChange : oChanges) oChange.PutInto(oMerged);
+    return oMerged;
+  }
+
+  void MergeIntoFile() {
+    const std::string sOld = ReadFile();
+    RegistryDocument oMerged = Merged(sOld);
     const std::string sNew = oMerged.Bytes();
     if (sNew != sOld) AtomicFile::Replace(sPath, sNew, oFiles);
     oDocument = std::move(oMerged);
+  }
+
+  void LockAndRead() {
+    if (sPath.empty()) return;
+    if (!pLock) pLock = Lock();
+    oDocument = Merged(ReadFile());
   }
 
   const RegistryValue* Find(TextView sKey, TextView sName, std::uint32_t lType) const {
@@ -90,7 +109,8 @@ RegistryStore::RegistryStore(std::string sPath, IFileOps* poFiles)
                       RegistryDocument(),
                       {},
                       {},
-                      0}) {
+                      0,
+                      nullptr}) {
   if (!Path().empty()) mpImpl->oDocument = RegistryDocument(mpImpl->ReadFile());
 }
 
@@ -166,6 +186,10 @@ void RegistryStore::Batch::Commit() {
   if (!mbOpen) return;
   mbOpen = false;
   if (--moStore.mpImpl->lBatches == 0) moStore.mpImpl->Save();
+}
+
+void RegistryStore::Batch::LockAndRead() {
+  moStore.mpImpl->LockAndRead();
 }
 
 RegistryStore* goRegistry = nullptr;

@@ -58,6 +58,9 @@ class RegistryStore {
     explicit Batch(RegistryStore& oStore);
     ~Batch();  ///< saves if Commit wasn't called; a failure is then reported only
     void Commit();
+    /// Locks the file until the outermost Batch ends and reads it again: for writes that rest on
+    /// values read, which another program could change in between. Failure with the path.
+    void LockAndRead();
 
    private:
     RegistryStore& moStore;

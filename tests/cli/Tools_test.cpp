@@ -130,4 +130,17 @@ TEST(Rules, AreKeptInTheFileThatWasNamed) {
   EXPECT_HOLDS(sKept, std::string("\"Mine\"=hex(b):01"));
 }
 
+TEST(Rules, ThatAnotherProgramSetMeanwhileStay) {
+  WorkFolder oPlace;
+  const std::string sFile = " --settings ../io/team.reg ", sLock = "../io/team.reg.lock";
+  oPlace.Run(
+      "rules reset" + sFile + "; exec 9<" + sLock + "; flock 9; " QUILLON_BIN_DIR "/quillon" +
+      sFile + "rules set 'Trace Default=1' 9<&- & sleep 0.3; " +
+      "sed -i 's/^\"Severity Default\"=dword:00000002/\"Severity Default\"=dword:00000003/' " +
+      "../io/team.reg; flock -u 9; wait");
+  const std::string sShown = oPlace.Run("rules show" + sFile).sOut;
+  EXPECT_HOLDS(sShown, std::string("\nSeverity Default=3\n"));
+  EXPECT_HOLDS(sShown, std::string("\nTrace Default=1\n"));
+}
+
 }  // namespace

@@ -223,4 +223,23 @@ TEST_F(RegistryStoreTest, TwoProgramsThatWriteAtOnceLoseNothing) {
   EXPECT_EQ(oStore.GetLong(sKey, u"parent99"), std::nullopt);
 }
 
+TEST_F(RegistryStoreTest, ProgramsThatWriteWhatTheyReadLoseNothing) {
+  const auto count = [&] {
+    RegistryStore oStore(sPath);
+    for (int i = 0; i < 100; ++i) {
+      RegistryStore::Batch oBatch(oStore);
+      oBatch.LockAndRead();
+      oStore.SetLong(sKey, u"Count", oStore.GetLong(sKey, u"Count").value_or(0) + 1);
+    }
+  };
+  const pid_t lChild = fork();
+  if (lChild == 0) {
+    count();
+    _exit(0);
+  }
+  count();
+  waitpid(lChild, nullptr, 0);
+  EXPECT_EQ(RegistryStore(sPath).GetLong(sKey, u"Count"), 200);
+}
+
 }  // namespace

@@ -60,11 +60,22 @@ void Show(Session& oSession) {
   }
 }
 
+/// The rules as set or reset asks for them.
+MRules::Values Wanted(const Arguments& oArguments) {
+  MRules::Values oValues = oArguments.sAction == "set" ? MRules::oRules : MRules::Values();
+  for (const std::string& sSet : oArguments.asValue) Set(sSet, oValues);
+  return oValues;
+}
+
+/// All rules are written, so they are read again first: another program may have set one since.
 /// The names of the default templates are stored with the rules, beside the most recent template
 /// file. They are known only while that file is open, so they go back as they were.
-void Store(const MRules::Values& oValues) {
+void Store(const Arguments& oArguments) {
   RegistryStore::Batch oBatch(*goRegistry);
-  MRules::oRules = oValues;
+  oBatch.LockAndRead();
+  ResetRecentFiles();
+  MRules::GetRules();
+  MRules::oRules = Wanted(oArguments);
   MRules::oRules.sDefaultModTemplate = RecentFiles().Property(1, u"DefaultModTemplate");
   MRules::oRules.sDefaultProcTemplate = RecentFiles().Property(1, u"DefaultProcTemplate");
   MRules::SetRules();
@@ -79,8 +90,7 @@ int RulesCommand(Session& oSession) {
     Show(oSession);
     return 0;
   }
-  MRules::Values oValues = oArguments.sAction == "set" ? MRules::oRules : MRules::Values();
-  for (const std::string& sSet : oArguments.asValue) Set(sSet, oValues);
-  if (!oArguments.bDryRun) Store(oValues);
+  Wanted(oArguments);  // refuses what can't be before anything is locked
+  if (!oArguments.bDryRun) Store(oArguments);
   return 0;
 }
