@@ -240,13 +240,16 @@ class ProcedureRemoval {
             ? &(*moRequest.pLines)[static_cast<std::size_t>(moTemplate.lTraceExit)]
             : nullptr;
     const Text sTraceExit = pTrace ? TraceExits::GetTraceExit(*pTrace, moRequest.oValues) : Text();
+    if (sTraceExit.empty()) pTrace = nullptr;
+    LikePattern oCut;
+    const LikePattern* pPattern = pTrace ? &TraceExits::Pattern(*pTrace, oCut) : nullptr;
     bool bInComment = false;
     for (std::size_t i = lFirst; i < lEnd; ++i) {
       Text sLine(moProc.Line(i));
       if (bNumbers && (i == lFirst || !moProc.IsContinued(i)))
         MXStringVB::RemoveVBLineNumber(sLine);
-      if (pTrace && !bInComment && MayHoldTrace(i, sLine, pTrace->sLike)) {
-        sLine = TraceExits::Remove(sLine, moRequest.oValues.sBaseType, sTraceExit, pTrace->sLike);
+      if (pTrace && !bInComment && MayHoldTrace(i, sLine, *pPattern)) {
+        sLine = TraceExits::Remove(sLine, moRequest.oValues.sBaseType, sTraceExit, *pPattern);
       }
       bInComment = Continues(moProc.Line(i)) && (bInComment || CommentStart(sLine) < sLine.size());
       oWriter.Add(sLine);

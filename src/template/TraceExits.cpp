@@ -38,72 +38,104 @@ Text Fold(TextView sText) {
   return sFolded;
 }
 
-/// Length of the part of a statement behind which another statement may begin on the same line:
+/// Lengths of the parts of a statement behind which another statement may begin on the same line:
 /// behind Then, Else or a line number. Longest first; 0 isn't among them.
-std::vector<std::size_t> StatementStarts(TextView sPiece) {
-  const Text sMasked = MXStringVB::MaskVBLiterals(LowerCase(sPiece), u"x");
-  std::vector<std::size_t> alStart;
-  for (TextView sWord : {u" then ", u" else ", u"else "}) {
-    for (std::size_t l = sMasked.find(sWord); l != Text::npos; l = sMasked.find(sWord, l + 1)) {
-      if (sWord.front() != u' ' && l > 0) continue;
-      alStart.push_back(l + sWord.size());
-    }
-  }
-  const std::size_t lNumber = sMasked.find_first_not_of(u"0123456789");
-  if (lNumber != 0 && lNumber != Text::npos && sMasked[lNumber] == u' ') {
-    alStart.push_back(sMasked.find_first_not_of(u' ', lNumber));
-  }
-  std::erase(alStart, Text::npos);
-  std::sort(alStart.rbegin(), alStart.rend());
-  return alStart;
-}
+struct StatementStarts {
+  std::vector<std::size_t> alBranch;
+  std::size_t lBehindNumber = 0;  ///< 0: no line number
 
-/// The pieces of a line joined again without those that fit the pattern. lTraceCount: how many
-/// statements the trace exit itself has.
-Text DropFitting(const TextArray& asPiece, std::size_t lCount, std::size_t lTraceCount,
-                 const LikePattern& oPattern) {
-  Text sResult;
-  const auto Joined = [&](std::size_t lFirst, std::size_t lSkip) {
-    Text sJoined(TextView(asPiece[lFirst]).substr(lSkip));
-    for (std::size_t k = 1; k < lTraceCount; ++k)
-      sJoined.append(Separator).append(asPiece[lFirst + k]);
-    return Fold(sJoined);
-  };
-  for (std::size_t i = 1; i <= lCount;) {
-    const TextView sPiece = asPiece[i];
-    const bool bRoom = i + lTraceCount - 1 <= lCount;
-    if (bRoom && oPattern.Matches(Joined(i, 0))) {
-      if (i == 1)
-        sResult.append(
-            sPiece.substr(0, static_cast<std::size_t>(MXString::LeadingSpaceCount(sPiece))));
-      i += lTraceCount;
-      continue;
-    }
-    std::size_t lKeep = 0;
-    if (bRoom && i + lTraceCount <= lCount) {  // a statement must follow behind Then or Else
-      for (std::size_t lStart : StatementStarts(sPiece)) {
-        if (!oPattern.Matches(Joined(i, lStart))) continue;
-        lKeep = lStart;
-        break;
+  explicit StatementStarts(TextView sPiece) {
+    const Text sMasked = MXStringVB::MaskVBLiterals(LowerCase(sPiece), u"x");
+    for (TextView sWord : {u" then ", u" else ", u"then ", u"else "}) {
+      for (std::size_t l = sMasked.find(sWord); l != Text::npos; l = sMasked.find(sWord, l + 1)) {
+        if (sWord.front() != u' ' && l > 0) break;
+        alBranch.push_back(l + sWord.size());
       }
     }
-    if (lKeep > 0) {
-      sResult.append(sPiece.substr(0, lKeep));
-      i += lTraceCount;
-      continue;
-    }
-    sResult.append(sPiece).append(Separator);
-    ++i;
+    std::sort(alBranch.rbegin(), alBranch.rend());
+    const std::size_t lFirst = sMasked.find_first_not_of(u' ');
+    if (lFirst == Text::npos) return;
+    const std::size_t lNumber = sMasked.find_first_not_of(u"0123456789", lFirst);
+    if (lNumber == lFirst || lNumber == Text::npos || sMasked[lNumber] != u' ') return;
+    const std::size_t lCode = sMasked.find_first_not_of(u' ', lNumber);
+    if (lCode != Text::npos) lBehindNumber = lCode;
   }
-  return sResult;
-}
+};
+
+/// Takes statements that fit the pattern of a trace exit out of the pieces of a line.
+class TraceDropper {
+ public:
+  TraceDropper(const TextArray& asPiece, TextView sTraceExit, const LikePattern& oPattern)
+      : masPiece(asPiece),
+        mlCount(asPiece.size() - 1),
+        mlTraceCount(std::max<std::size_t>(1, MXStringVB::SplitStatements(sTraceExit).size() - 1)),
+        mlTraceBranches(StatementStarts(sTraceExit).alBranch.size()),
+        moPattern(oPattern) {}
+
+  /// The pieces joined again without them.
+  Text Run() const {
+    Text sResult;
+    for (std::size_t i = 1; i <= mlCount;) {
+      const TextView sPiece = masPiece[i];
+      const bool bRoom = i + mlTraceCount - 1 <= mlCount;
+      const bool bFollowed = i + mlTraceCount <= mlCount;
+      const bool bWhole = bRoom && Fits(i, 0);
+      // A pattern may fit the Then ahead of the trace exit as well, which is the user's.
+      const std::size_t lKeep = bWhole || bFollowed ? FindStart(i) : 0;
+      if (lKeep > 0 && bFollowed) {  // a statement must follow behind Then or Else
+        sResult.append(sPiece.substr(0, lKeep));
+        i += mlTraceCount;
+      } else if (lKeep == 0 && bWhole) {
+        if (i == 1)
+          sResult.append(
+              sPiece.substr(0, static_cast<std::size_t>(MXString::LeadingSpaceCount(sPiece))));
+        i += mlTraceCount;
+      } else {
+        sResult.append(sPiece).append(Separator);
+        ++i;
+      }
+    }
+    return sResult;
+  }
+
+ private:
+  bool Fits(std::size_t lFirst, std::size_t lSkip) const {
+    Text sJoined(TextView(masPiece[lFirst]).substr(lSkip));
+    for (std::size_t k = 1; k < mlTraceCount; ++k)
+      sJoined.append(Separator).append(masPiece[lFirst + k]);
+    return moPattern.Matches(Fold(sJoined));
+  }
+
+  /// Where the trace exit begins within piece i; 0 when nowhere behind its start. Only the last
+  /// Then or Else can be its place, apart from those that the trace exit has itself.
+  std::size_t FindStart(std::size_t i) const {
+    const StatementStarts oStarts(masPiece[i]);
+    const std::size_t lTries = std::min(oStarts.alBranch.size(), mlTraceBranches + 1);
+    for (std::size_t k = 0; k < lTries; ++k)
+      if (Fits(i, oStarts.alBranch[k])) return oStarts.alBranch[k];
+    return oStarts.lBehindNumber > 0 && Fits(i, oStarts.lBehindNumber) ? oStarts.lBehindNumber : 0;
+  }
+
+  const TextArray& masPiece;
+  std::size_t mlCount;
+  std::size_t mlTraceCount;     ///< how many statements the trace exit itself has
+  std::size_t mlTraceBranches;  ///< and how many Then and Else
+  const LikePattern& moPattern;
+};
 
 }  // namespace
 
 Text TraceExits::GetTraceExit(const LineRow& oRow, const SectionValues& oValues) {
   Text sText;
   RenderRow(oRow, oValues, sText, Tokens::Names);
-  return Text(Trim(sText));
+  return Text(Trim(TextView(sText).substr(0, CommentStart(sText))));
+}
+
+const LikePattern& TraceExits::Pattern(const LineRow& oRow, LikePattern& oCut) {
+  const TextView sPattern = oRow.sLike.Pattern();
+  const std::size_t lComment = CommentStart(sPattern);
+  if (lComment == sPattern.size()) return oRow.sLike;
+  return oCut = LikePattern(Trim(sPattern.substr(0, lComment)));
 }
 
 Text TraceExits::Insert(TextView sLine, TextView sBaseType, TextView sTraceExit) {
@@ -123,14 +155,11 @@ Text TraceExits::Remove(TextView sLine, TextView sBaseType, TextView sTraceExit,
       sResult.erase(lExit - sInserted.size(), sInserted.size());
     }
   }
+  const Text sComment = sResult.substr(CommentStart(sResult));
+  sResult.resize(sResult.size() - sComment.size());
   const TextArray asPiece = MXStringVB::SplitStatements(sResult);
-  std::size_t lCount = asPiece.size() - 1;
-  const bool bComment = lCount > 0 && asPiece[lCount].starts_with(u'\'');
-  if (bComment) --lCount;
-  const std::size_t lTraceCount =
-      std::max<std::size_t>(1, MXStringVB::SplitStatements(sTraceExit).size() - 1);
-  Text sKept = DropFitting(asPiece, lCount, lTraceCount, oPattern);
+  Text sKept = TraceDropper(asPiece, sTraceExit, oPattern).Run();
   if (sKept.ends_with(Separator)) sKept.resize(sKept.size() - Separator.size());
-  if (bComment) sKept.append(asPiece.back());
+  sKept.append(sComment);
   return sKept;
 }

@@ -101,6 +101,41 @@ TEST(Removal, TakesATemplateOutOfChangedCodeOrTellsWhyNot) {
   }
 }
 
+TEST(Removal, TakesOutTraceExitsOfEveryModelAfterARenameToo) {
+  const struct {
+    const char* sName;
+    TextView sModel;
+    TextView sLine;
+    const char* sTraced;
+  } oRows[] = {
+      {"its comment would make one of the Exit", u"T.TraceExit \"<%ProcName>\" ' bye",
+       u"If a Then Exit Sub ' me", "If a Then T.TraceExit \"Run\": Exit Sub ' me"},
+      {"a comment alone is no statement", u"Rem T.TraceExit (1)", u"Exit Sub", "Exit Sub"},
+      {"the pattern fits the Then as well", u"<%ProcName>.TraceExit 1", u"If a Then Exit Sub",
+       "If a Then Run.TraceExit 1: Exit Sub"},
+      {"a number behind blanks", u"T.TraceExit \"<%ProcName>\"", u"  7 Exit Sub: Exit Sub",
+       "  7 T.TraceExit \"Run\": Exit Sub: Exit Sub"},
+      {"Then in the first column", u"T.TraceExit \"<%ProcName>\"", u"If a _|Then Exit Sub",
+       "If a _|Then T.TraceExit \"Run\": Exit Sub"},
+      {"a model with an Else of its own", u"T.TraceExit 1 Else T.TraceExit <%ProcName>",
+       u"10 If a Then Exit Sub", "10 If a Then T.TraceExit 1 Else T.TraceExit Run: Exit Sub"},
+      {"a statement under Then with nothing behind it", u"<%ProcName>.TraceExit 1",
+       u"If a Then b.TraceExit 1", "If a Then b.TraceExit 1"},
+  };
+  for (const auto& oRow : oRows) {
+    SCOPED_TRACE(oRow.sName);
+    EngineFixture oTest(
+        u"<#Template name=S type=signature>|<#Start>|'S: <%Signature>|<#End>|"
+        u"<#Template name=T type=procedure>|    " +
+        Text(oRow.sModel) + u"|<#Start>|'one|<#BodyStart>|<#BodyEnd>|'two|<#if trace>'t|<#End>");
+    const Text sBefore = u"Sub Run()|" + Text(oRow.sLine) + u"|End Sub";
+    const std::string sPut = oTest.Insert(sBefore, u"T", {true});
+    EXPECT_EQ(sPut, "Sub Run()|'S: T|'one|" + std::string(oRow.sTraced) + "|'two|'t|End Sub");
+    for (TextView sName : {u"Run", u"Other"})
+      EXPECT_EQ(oTest.Remove(FromUtf8(sPut), u"T", u"Sub", sName), ToUtf8(sBefore));
+  }
+}
+
 TEST(Removal, TellsABorderFromCodeLikeIt) {
   // The border above the body has a token, so a user's line can fit it as well.
   const TextView sTemplates =
