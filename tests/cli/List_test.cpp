@@ -86,6 +86,11 @@ TEST(List, JsonTellsPlacesSuggestionsAndLoadFailures) {
   ASSERT_EQ(oList["loadFailures"].size(), 1u);
   EXPECT_EQ(oList["loadFailures"][0]["component"], "modGone");
   EXPECT_HOLDS(oList["loadFailures"][0]["reason"].get<std::string>(), std::string("gone.bas"));
+  oPlace.Run("apply --set Template=Module --component clsStock Demo.vbg");
+  oList = Json::parse(oPlace.Run("list --format json --component clsStock Demo.vbg").sOut);
+  EXPECT_EQ(oList["procedures"][0]["notes"].dump(),
+            R"({"boundary":"[Property Expert]","template":"[Leave]"})")
+      << "declarations have no trace to leave";
 }
 
 }  // namespace

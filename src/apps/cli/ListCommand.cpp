@@ -170,7 +170,7 @@ class Lister {
       oJson.Key("boundary").String("[Property Expert]");
     Note("severity", oSuggest.bSeverityLeave, oJson);
     Note("retry", oSuggest.bRetryLeave, oJson);
-    Note("trace", oSuggest.bTraceLeave, oJson);
+    Note("trace", oSuggest.bTraceLeave && oProcedure.oMember, oJson);
     oJson.EndObject();
   }
 
