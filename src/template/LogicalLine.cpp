@@ -1,14 +1,12 @@
 #include "LogicalLine.h"
 
-#include <algorithm>
-
 #include "MXStringVB.h"
 #include "ProcText.h"
 
 Text FoldCode(TextView sCode) {
-  Text sFolded = LowerCase(sCode);
-  std::replace(sFolded.begin(), sFolded.end(), u'\t', u' ');
-  return Text(Trim(sFolded));
+  Text sFolded(TrimWhite(sCode));
+  for (char16_t& cUnit : sFolded) cUnit = cUnit == u'\t' ? u' ' : LowerCase(cUnit);
+  return sFolded;
 }
 
 bool LogicalLines::Next() {
