@@ -19,6 +19,23 @@ Text LineMessage(TextView sMessage, std::size_t lLine, TextView sLine) {
          Text(sLine) + u"]";
 }
 
+/// True when the row, as it was written, may not fit its pattern. A value that the code doesn't
+/// state may have been changed by hand, or never have been there: then the text itself tells.
+bool CouldStayBehind(const LineRow& oRow, SectionValues oValues, const ProcText& oProc) {
+  if (!oRow.bScript || !IsWritten(oRow, oValues) || FitsItself(oRow, oValues)) return false;
+  const Text sOwn = FoldedRow(oRow, oValues);
+  for (TextView* pValue : {&oValues.sBoundary, &oValues.sSeverity, &oValues.sRetry})
+    if (pValue->empty()) *pValue = u"0";
+  if (!FitsItself(oRow, oValues)) return true;
+  for (std::size_t i = 0; i < oProc.Count(); ++i)
+    if (oProc.Folded(i) == sOwn) return true;
+  return false;
+}
+
+Text UnfitMessage(const LineRow& oRow) {
+  return u"    Template Line does not fit its own Pattern [" + oRow.sLine + u"]";
+}
+
 /// Removal from one procedure: the places first, then whether they can be trusted, then the text.
 class ProcedureRemoval {
  public:
@@ -90,9 +107,8 @@ class ProcedureRemoval {
   void CheckOwnText(Section eFirst, Section eLast) {
     for (std::int32_t l = moTemplate.lStart[eFirst]; l <= moTemplate.lStart[eLast]; ++l) {
       const LineRow& oRow = (*moRequest.pLines)[static_cast<std::size_t>(l)];
-      if (!oRow.bScript || !IsWritten(oRow, moRequest.oValues)) continue;
-      if (FitsItself(oRow, moRequest.oValues)) continue;
-      masMessage.push_back(u"    Template Line does not fit its own Pattern [" + oRow.sLine + u"]");
+      if (CouldStayBehind(oRow, moRequest.oValues, moProc))
+        masMessage.push_back(UnfitMessage(oRow));
     }
   }
 
@@ -105,6 +121,7 @@ class ProcedureRemoval {
       CheckLines(mlFireEnd, mlProcEnd, SectionFireEnd, SectionEnd);
     }
     if (masMessage.empty()) CheckBorders();
+    if (masMessage.empty()) masMessage = std::move(masBeyond);
   }
 
   void CheckLines(std::size_t lFirst, std::size_t lEnd, Section eFirst, Section eLast) {
@@ -115,6 +132,30 @@ class ProcedureRemoval {
       masMessage.push_back(LineMessage(u"    Code does not match Template", i, moProc.Line(i)));
     }
     if (!oRows.AllUnconditionalUsed()) mbIncomplete[eFirst] = true;
+    if (eLast == SectionBodyStart) CheckBeyond(oRows, lEnd, mlBodyEnd, u"BodyStart");
+    if (eFirst == SectionBodyEnd) CheckBeyond(oRows, lFirst, mlBodyStart + 1, u"BodyEnd");
+    if (eLast == SectionFireStart) CheckBeyond(oRows, lEnd, mlFireEnd, u"FireStart");
+    if (eFirst == SectionFireEnd) CheckBeyond(oRows, lFirst, mlFireStart + 1, u"FireEnd");
+  }
+
+  /// A template's lines stand side by side. A line beyond the border that a row waits for says that
+  /// the border is another line: what lies beyond would stay in the code and be written again.
+  /// Looks at the lines from lBorder up to lOther, or down from the one above it.
+  void CheckBeyond(const RowMatch& oRows, std::size_t lBorder, std::size_t lOther, TextView sName) {
+    const bool bUp = lOther < lBorder;
+    for (std::size_t l = lBorder; l != lOther; bUp ? --l : ++l) {
+      const std::size_t i = bUp ? l - 1 : l;
+      if (moProc.Folded(i).empty()) continue;
+      if (oRows.WaitsFor(moProc.Folded(i), moRequest.oValues)) {
+        masBeyond.push_back(CannotTell(sName, i));
+      }
+      return;
+    }
+  }
+
+  Text CannotTell(TextView sName, std::size_t lLine) const {
+    return LineMessage(u"    " + Text(sName) + u" can't be told from other Code", lLine,
+                       moProc.Line(lLine));
   }
 
   /// A border that fits several lines was taken at the first of them. That holds when the section
@@ -140,8 +181,7 @@ class ProcedureRemoval {
     const bool bTooMany =
         ePlace == eSection && LinesFitting(oLike, lPlace, lEnd) > RowsFitting(ePlace);
     if (!mbIncomplete[eSection] && !bTooMany && (bFirstIsOwn || !bOtherIsOwn)) return;
-    masMessage.push_back(LineMessage(u"    " + Text(sName) + u" can't be told from other Code",
-                                     lOther, moProc.Line(lOther)));
+    masMessage.push_back(CannotTell(sName, lOther));
   }
 
   std::size_t LinesFitting(const LikePattern& oLike, std::size_t lFirst, std::size_t lEnd) const {
@@ -158,10 +198,7 @@ class ProcedureRemoval {
     for (std::int32_t l = moTemplate.lStart[ePlace]; l <= lEnd; ++l) {
       const LineRow& oRow = (*moRequest.pLines)[static_cast<std::size_t>(l)];
       if (!IsWritten(oRow, moRequest.oValues)) continue;
-      Text sText, sOwn;
-      RenderRow(oRow, moRequest.oValues, sText);
-      MXString::FoldLine(sText, sOwn);
-      lCount += moTemplate.sLike[ePlace].Matches(sOwn);
+      lCount += moTemplate.sLike[ePlace].Matches(FoldedRow(oRow, moRequest.oValues));
     }
     return lCount;
   }
@@ -170,10 +207,7 @@ class ProcedureRemoval {
   bool IsOwnText(Section ePlace, TextView sFolded) const {
     const auto Fits = [&](const LineRow& oRow) {
       if (!oRow.bScript || !IsWritten(oRow, moRequest.oValues)) return false;
-      Text sText, sOwn;
-      RenderRow(oRow, moRequest.oValues, sText);
-      MXString::FoldLine(sText, sOwn);
-      return sOwn == sFolded;
+      return FoldedRow(oRow, moRequest.oValues) == sFolded;
     };
     const auto& oLines = *moRequest.pLines;
     const bool bAbove = ePlace == SectionBodyStart || ePlace == SectionFireStart;
@@ -277,7 +311,7 @@ class ProcedureRemoval {
   const RemovalRequest& moRequest;
   const TemplateRow& moTemplate;
   const ProcText& moProc;
-  std::vector<Text> masMessage;
+  std::vector<Text> masMessage, masBeyond;
   std::size_t mlFirstBody = 0, mlProcEnd = None;
   std::size_t mlBodyStart = None, mlBodyEnd = None, mlFireStart = None, mlFireEnd = None;
   bool mbIncomplete[SectionCount] = {};
@@ -313,8 +347,7 @@ std::vector<Text> RemoveFromDeclarations(const RemovalRequest& oRequest, const P
   for (std::int32_t l = oTemplate.lStart[SectionStart]; l <= oTemplate.lStart[SectionEnd]; ++l) {
     if (l < 1) continue;
     const LineRow& oRow = (*oRequest.pLines)[static_cast<std::size_t>(l)];
-    if (!IsWritten(oRow, oRequest.oValues) || FitsItself(oRow, oRequest.oValues)) continue;
-    asMessage.push_back(u"    Template Line does not fit its own Pattern [" + oRow.sLine + u"]");
+    if (CouldStayBehind(oRow, oRequest.oValues, oProc)) asMessage.push_back(UnfitMessage(oRow));
   }
   if (!asMessage.empty()) return asMessage;
 

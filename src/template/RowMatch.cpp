@@ -38,3 +38,12 @@ bool RowMatch::AllUnconditionalUsed() const {
     return oEntry.bMatched || !oEntry.pRow->sIfCondition.empty() || IsBlankRow(*oEntry.pRow);
   });
 }
+
+bool RowMatch::WaitsFor(TextView sFolded, const SectionValues& oValues) const {
+  return std::any_of(moRows.begin(), moRows.end(), [&](const Entry& oEntry) {
+    const LineRow& oRow = *oEntry.pRow;
+    if (oEntry.bMatched || IsBlankRow(oRow)) return false;
+    if (oRow.sIfCondition.empty()) return oRow.sLike.Matches(sFolded);
+    return IsWritten(oRow, oValues) && FoldedRow(oRow, oValues) == sFolded;
+  });
+}

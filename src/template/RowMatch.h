@@ -23,6 +23,9 @@ class RowMatch {
   const LineRow* LastRow() const { return mpLast; }
   /// True when every row without a condition that isn't blank has served a line.
   bool AllUnconditionalUsed() const;
+  /// True when a row that no line has used waits for the folded line: it fits the row, or, where
+  /// the row has a condition, reads as these values write it.
+  bool WaitsFor(TextView sFolded, const SectionValues& oValues) const;
 
  private:
   struct Entry {

@@ -84,9 +84,14 @@ bool IsBlankRow(const LineRow& oRow) {
   return oRow.bScript && IsBlank(oRow.sLine);
 }
 
-bool FitsItself(const LineRow& oRow, const SectionValues& oValues) {
+Text FoldedRow(const LineRow& oRow, const SectionValues& oValues) {
   Text sText, sFolded;
   RenderRow(oRow, oValues, sText);
   MXString::FoldLine(sText, sFolded);
+  return sFolded;
+}
+
+bool FitsItself(const LineRow& oRow, const SectionValues& oValues) {
+  const Text sFolded = FoldedRow(oRow, oValues);
   return sFolded.empty() || oRow.sLike.Matches(sFolded);
 }

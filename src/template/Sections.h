@@ -35,5 +35,7 @@ void WriteRows(const std::vector<LineRow>& oRows, std::int32_t lFirst, std::int3
                const SectionValues& oValues, LineWriter& oWriter);
 /// True for a script row whose text is nothing but blanks.
 bool IsBlankRow(const LineRow& oRow);
+/// The row's text, written with these values, in the form in which lines are compared.
+Text FoldedRow(const LineRow& oRow, const SectionValues& oValues);
 /// True when the row's own text, written with these values, fits its pattern.
 bool FitsItself(const LineRow& oRow, const SectionValues& oValues);

@@ -157,6 +157,47 @@ TEST(Removal, TellsABorderFromCodeLikeIt) {
       "! BodyStart can't be told from other Code; Line=5 [On Error GoTo Run_x]");
 }
 
+TEST(Removal, LeavesNoLineOfTheTemplateBeyondABorderOfItsOwnPattern) {
+  // Each border is found by a row that isn't the one beside it.
+  EngineFixture oTest(
+      u"<#Template name=S type=signature>|<#Start>|'S: <%Signature>|<#End>|"
+      u"<#Template name=A type=procedure>|<#Start>|x = 1|'one|<#BodyStart like='x = *'>|<#BodyEnd>|"
+      u"'two|<#End>|"
+      u"<#Template name=B type=procedure>|<#Start>|'one|<#BodyStart>|<#BodyEnd like='x = *'>|'two|"
+      u"<#if boundary>b <%Boundary>|x = 1|<#End>|"
+      u"<#Template name=C type=procedure>|<#Start>|'one|<#BodyStart>|<#BodyEnd>|'two|x = 1|'three|"
+      u"<#FireExitStart like='x = *'>|<#FireExitEnd like='y = *'>|'four|y = 1|<#End>");
+  const struct {
+    TextView sTemplate;
+    const char* sRefusal;
+  } oRows[] = {
+      {u"A", "! BodyStart can't be told from other Code; Line=4 ['one]"},
+      {u"B", "! BodyEnd can't be told from other Code; Line=8 [b tvnBoundaryVB]"},
+      {u"C",
+       "! FireStart can't be told from other Code; Line=8 ['three] FireEnd can't be told from "
+       "other "
+       "Code; Line=10 ['four]"},
+  };
+  for (const auto& oRow : oRows) {
+    SCOPED_TRACE(ToUtf8(oRow.sTemplate));
+    const std::string sPut = oTest.Insert(u"Sub Run()|a||'FireExit: c|End Sub", oRow.sTemplate,
+                                          {false, false, u"tvnBoundaryVB"});
+    EXPECT_EQ(oTest.Remove(FromUtf8(sPut), oRow.sTemplate), oRow.sRefusal) << sPut;
+  }
+}
+
+TEST(Removal, TakesOutARowWhoseValueWasChangedByHand) {
+  EngineFixture oTest(
+      u"<#Template name=S type=signature>|<#Start>|'S: <%Signature>|<#End>|"
+      u"<#Template name=T type=procedure>|<#Start>|'one|<#BodyStart>|<#BodyEnd>|'two|"
+      u"E.R = <%Retry>|<#End>|<#Template name=M type=module>|<#Start>|Const R = <%Retry>|<#End>");
+  EXPECT_EQ(oTest.Remove(u"Sub Run()|'S: T|'one|x|'two|E.R = 5|End Sub", u"T"),
+            "Sub Run()|x|End Sub");
+  EXPECT_EQ(oTest.Remove(u"Sub Run()|'S: T|'one|x|'two|E.R =|End Sub", u"T"),
+            "! Template Line does not fit its own Pattern [E.R = <%Retry>]");
+  EXPECT_EQ(oTest.Remove(u"'S: M|Const R = 5|Dim a", u"M", u"", u"(declarations)"), "Dim a|");
+}
+
 TEST(Removal, OfDeclarationsKeepsWhatIsTheUsers) {
   const struct {
     const char* sName;
