@@ -29,6 +29,10 @@ std::string NewNameOf(const std::string& sPath) {
                 u"AtomicFile");
 }
 
+[[noreturn]] void FailSpecial(const std::string& sPath) {
+  Fail(75, sPath, u" is a device or a pipe and no file; name a file");
+}
+
 bool IsReadOnlyFolder(const std::string& sPath, IFileOps& oFiles) {
   IFileOps::Stat oStat;
   return oFiles.GetStat(FolderOf(sPath), oStat) == 0 && oStat.bReadOnly;
@@ -143,6 +147,7 @@ bool FindOld(const std::string& sTarget, IFileOps::Stat& oOld, IFileOps& oFiles)
   if (lError == ENOENT) return false;
   if (lError != 0) FailWrite(lError, sTarget, oFiles);
   if (oOld.bDirectory) FailWrite(EISDIR, sTarget, oFiles);
+  if (oOld.bSpecial) FailSpecial(sTarget);
   if (oOld.bReadOnly) Fail(75, sTarget, u" is read-only; make it writable and try again");
   return true;
 }
@@ -179,6 +184,11 @@ void Replace(const std::string& sPath, std::string_view sBytes, IFileOps& oFiles
     if (lError != 0) FailWrite(lError, sTarget, oFiles);
   }
   FlushFolderOf(sTarget, oFiles);
+}
+
+void RefuseSpecial(const std::string& sTarget, IFileOps& oFiles) {
+  IFileOps::Stat oStat;
+  if (oFiles.GetStat(sTarget, oStat) == 0 && oStat.bSpecial) FailSpecial(sTarget);
 }
 
 std::string Read(const std::string& sPath, IFileOps& oFiles) {

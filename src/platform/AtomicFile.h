@@ -17,6 +17,9 @@ namespace AtomicFile {
 /// a killed program is overwritten or ignored, never taken for a source.
 void Replace(const std::string& sPath, std::string_view sBytes, IFileOps& oFiles = SystemFileOps());
 
+/// Failure 75 for a path that leads to a device or a pipe, which must not become a file.
+void RefuseSpecial(const std::string& sTarget, IFileOps& oFiles = SystemFileOps());
+
 /// Reads a whole file. Failure 53, 70, 75 or 76 with the path in its text.
 std::string Read(const std::string& sPath, IFileOps& oFiles = SystemFileOps());
 

@@ -13,6 +13,7 @@ class IFileOps {
 
   struct Stat {
     bool bDirectory = false;
+    bool bSpecial = false;   ///< neither file nor folder: a device, a pipe, a socket
     bool bReadOnly = false;  ///< no write permission for the owner
     std::uint64_t lSize = 0;
     std::int64_t lModified = 0;  ///< nanoseconds since 1970

@@ -71,6 +71,7 @@ struct RegistryStore::Impl {
   std::unique_ptr<FileLock> Lock() const {
     std::string sTarget;
     if (oFiles.Resolve(sPath, sTarget) != 0) sTarget = sPath;
+    AtomicFile::RefuseSpecial(sTarget, oFiles);
     std::error_code oIgnored;
     const auto oFolder = std::filesystem::path(sTarget).parent_path();
     if (!oFolder.empty()) std::filesystem::create_directories(oFolder, oIgnored);

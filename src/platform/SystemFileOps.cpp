@@ -62,6 +62,7 @@ class SystemOps : public IFileOps {
     if (HasNull(sPath)) return ENOENT;
     if (stat(sPath.c_str(), &oState) != 0) return errno;
     oStat.bDirectory = S_ISDIR(oState.st_mode);
+    oStat.bSpecial = !oStat.bDirectory && !S_ISREG(oState.st_mode);
     oStat.bReadOnly = (oState.st_mode & S_IWUSR) == 0;
     oStat.lSize = static_cast<std::uint64_t>(oState.st_size);
     oStat.lModified = static_cast<std::int64_t>(oState.st_mtim.tv_sec) * 1000000000 +

@@ -53,6 +53,10 @@ TEST(Usage, WrongUsageAndBadInputAreToldAndChangeNothing) {
            Row{"unknown rule", "rules set 'Tempo=1'", 2, s, "Severity Default"},
            Row{"rule out of range", "rules set 'Retry Default=9'", 2, s, "1 to 3"},
            Row{"rule no number", "rules set 'Skip ReadOnly=maybe'", 2, s, "-1 (true) or 0 (false)"},
+           Row{"nowhere to keep a rule",
+               "--version; env -u HOME -u XDG_CONFIG_HOME " QUILLON_BIN_DIR
+               "/quillon rules set 'Retry Default=2'",
+               2, "Tarvane Quillon 3.", "--settings FILE"},
            Row{"reader goes away", "list Demo.vbg | head -n 1", 0, "Project", s},
            Row{"full disk", "list Demo.vbg >/dev/full", 2, s, "can't be written"},
            Row{"output closed", "list Demo.vbg >&-", 2, s, "can't be written"},

@@ -10,6 +10,7 @@
 #include "Failure.h"
 #include "FaultyFileOps.h"
 #include "MXFile.h"
+#include "RegistryStore.h"
 #include "TempFolder.h"
 
 namespace {
@@ -127,9 +128,13 @@ TEST_F(AtomicFileTest, RefusesWhatAnEditorWouldRefuse) {
   EXPECT_EQ(replace(oFolder / "gone/a.bas"), 76);
   EXPECT_EQ(replace(sPath + "/a.bas"), 76);
   EXPECT_EQ(replace(oFolder / std::string("a\0b", 3)), 76);
+  ASSERT_EQ(mkfifo((oFolder / "pipe").c_str(), 0600), 0);
+  EXPECT_EQ(replace(oFolder / "pipe"), 75);
+  EXPECT_EQ(FailureOf("pipe", [&] { RegistryStore(oFolder / "pipe").SetLong(u"K", u"A", 1); }), 75);
+  EXPECT_TRUE(fs::is_fifo(oFolder / "pipe"));
   EXPECT_EQ(replace(sLong), 0);
   EXPECT_EQ(TempFolder::Read(sLong), sNew);
-  EXPECT_EQ(oFolder.Entries(), 2u);
+  EXPECT_EQ(oFolder.Entries(), 3u);
 }
 
 TEST_F(AtomicFileTest, NewFileLeftByAKilledProgramIsNoHindrance) {

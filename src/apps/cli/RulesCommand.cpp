@@ -90,6 +90,8 @@ int RulesCommand(Session& oSession) {
     Show(oSession);
     return 0;
   }
+  if (goRegistry->Path().empty() && !oArguments.oSettingsFile)
+    throw Stop{"There is no home folder to keep the rules in: name a file with --settings FILE"};
   Wanted(oArguments);  // refuses what can't be before anything is locked
   if (!oArguments.bDryRun) Store(oArguments);
   return 0;
