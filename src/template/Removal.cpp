@@ -136,6 +136,8 @@ class ProcedureRemoval {
     if (eFirst == SectionBodyEnd) CheckBeyond(oRows, lFirst, mlBodyStart + 1, u"BodyEnd");
     if (eLast == SectionFireStart) CheckBeyond(oRows, lEnd, mlFireEnd, u"FireStart");
     if (eFirst == SectionFireEnd) CheckBeyond(oRows, lFirst, mlFireStart + 1, u"FireEnd");
+    // A row that reads as the procedure's end.
+    if (eLast == SectionEnd) CheckBeyond(oRows, mlProcEnd + 1, moProc.Count(), u"Procedure End");
   }
 
   /// A template's lines stand side by side. A line beyond the border that a row waits for says that

@@ -166,13 +166,17 @@ TEST(Removal, LeavesNoLineOfTheTemplateBeyondABorderOfItsOwnPattern) {
       u"<#Template name=B type=procedure>|<#Start>|'one|<#BodyStart>|<#BodyEnd like='x = *'>|'two|"
       u"<#if boundary>b <%Boundary>|x = 1|<#End>|"
       u"<#Template name=C type=procedure>|<#Start>|'one|<#BodyStart>|<#BodyEnd>|'two|x = 1|'three|"
-      u"<#FireExitStart like='x = *'>|<#FireExitEnd like='y = *'>|'four|y = 1|<#End>");
+      u"<#FireExitStart like='x = *'>|<#FireExitEnd like='y = *'>|'four|y = 1|<#End>|"
+      u"<#Template name=D type=procedure>|<#Start>|'one|<#BodyStart>|<#BodyEnd>|'two|End "
+      u"<%ProcType>|"
+      u"'three|<#End>");
   const struct {
     TextView sTemplate;
     const char* sRefusal;
   } oRows[] = {
       {u"A", "! BodyStart can't be told from other Code; Line=4 ['one]"},
       {u"B", "! BodyEnd can't be told from other Code; Line=8 [b tvnBoundaryVB]"},
+      {u"D", "! Procedure End can't be told from other Code; Line=9 ['three]"},
       {u"C",
        "! FireStart can't be told from other Code; Line=8 ['three] FireEnd can't be told from "
        "other "
