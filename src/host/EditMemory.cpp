@@ -74,6 +74,28 @@ class DeclarationEnds {
   std::unordered_map<std::string, std::int32_t> moEnds;
 };
 
+constexpr std::size_t SearchLines = 64;
+
+std::string_view WithoutNumber(std::string_view sLine) {
+  sLine = SkipBlanks(sLine);
+  while (!sLine.empty() && IsDigit(sLine.front())) sLine.remove_prefix(1);
+  return TrimBlanks(sLine);
+}
+
+// True when, but for a line number, one text is the other with a piece put in: a statement that got
+// a call ahead of it.
+bool IsChanged(std::string_view sOne, std::string_view sOther) {
+  sOne = WithoutNumber(sOne);
+  sOther = WithoutNumber(sOther);
+  const std::size_t lSize = std::min(sOne.size(), sOther.size());
+  std::size_t lSame = 0;
+  while (lSame < lSize && sOne[lSame] == sOther[lSame]) ++lSame;
+  std::size_t lEnd = 0;
+  while (lEnd < lSize - lSame && sOne[sOne.size() - lEnd - 1] == sOther[sOther.size() - lEnd - 1])
+    ++lEnd;
+  return lSize > 0 && lSame + lEnd == lSize;
+}
+
 // A line that can come or go inside a body without a change of what the lines around it mean.
 bool IsPlain(std::string_view sAhead, std::string_view sLine) {
   return !MayEndBody(sLine) && !SkipBlanks(sLine).starts_with('#') &&
@@ -146,8 +168,8 @@ std::vector<Line> EditMemory::NewLines(const std::vector<std::string_view>& asNe
     std::size_t lTo = l;
     while (lTo < asNew.size() && malPartner[lTo] < 0) ++lTo;
     const std::size_t lOldTo = lTo < asNew.size() ? Index(malPartner[lTo]) : moGone.size();
-    // As many new lines as old ones between two that stayed: they are the same lines, changed.
-    AddChanged(asNew, l, lTo, lOld, lTo - l == lOldTo - lOld, oMade);
+    PairChanged(asNew, l, lTo, lOld, lOldTo);
+    AddChanged(asNew, l, lTo, oMade);
     if (lTo < asNew.size()) {
       oMade.push_back(moGone[lOldTo]);
       mabKept[lOldTo] = true;
@@ -158,16 +180,29 @@ std::vector<Line> EditMemory::NewLines(const std::vector<std::string_view>& asNe
   return oMade;
 }
 
+// As many new lines as old ones between two that stayed: they are the same lines, changed. Of more
+// or fewer the old ones with a line end of another kind are looked for, for they have to keep it.
+void EditMemory::PairChanged(const std::vector<std::string_view>& asNew, std::size_t lFrom,
+                             std::size_t lTo, std::size_t lOld, std::size_t lOldTo) {
+  const bool bAll = lTo - lFrom == lOldTo - lOld;
+  for (std::size_t l = lFrom; lOld < lOldTo; ++lOld) {
+    const std::string_view sEnd = moLines.EndOf(moGone[lOld]);
+    if (!bAll && (sEnd.empty() || sEnd == moLines.OwnEnd())) continue;
+    std::size_t lFound = l;
+    const std::size_t lLast = bAll ? l : std::min(lTo, l + SearchLines);
+    while (lFound < lLast && !IsChanged(moLines.TextOf(moGone[lOld]), asNew[lFound])) ++lFound;
+    if (!bAll && lFound == lLast) continue;
+    malPartner[lFound] = static_cast<std::int32_t>(lOld);
+    l = lFound + 1;
+  }
+}
+
 void EditMemory::AddChanged(const std::vector<std::string_view>& asNew, std::size_t lFrom,
-                            std::size_t lTo, std::size_t lOld, bool bPaired,
-                            std::vector<Line>& oMade) {
-  for (std::size_t l = lFrom; l < lTo; ++l, ++lOld) {
-    std::string_view sEnd = moLines.OwnEnd();
-    if (bPaired) {
-      malPartner[l] = static_cast<std::int32_t>(lOld);
-      if (!moLines.EndOf(moGone[lOld]).empty()) sEnd = moLines.EndOf(moGone[lOld]);
-    }
-    oMade.push_back(moLines.Add(asNew[l], sEnd));
+                            std::size_t lTo, std::vector<Line>& oMade) {
+  for (std::size_t l = lFrom; l < lTo; ++l) {
+    std::string_view sEnd;
+    if (malPartner[l] >= 0) sEnd = moLines.EndOf(moGone[Index(malPartner[l])]);
+    oMade.push_back(moLines.Add(asNew[l], sEnd.empty() ? moLines.OwnEnd() : sEnd));
   }
 }
 

@@ -27,8 +27,10 @@ class EditMemory {
 
  private:
   std::vector<LineTable::Line> NewLines(const std::vector<std::string_view>& asNew);
+  void PairChanged(const std::vector<std::string_view>& asNew, std::size_t lFrom, std::size_t lTo,
+                   std::size_t lOld, std::size_t lOldTo);
   void AddChanged(const std::vector<std::string_view>& asNew, std::size_t lFrom, std::size_t lTo,
-                  std::size_t lOld, bool bPaired, std::vector<LineTable::Line>& oMade);
+                  std::vector<LineTable::Line>& oMade);
   void PlaceTails(std::int32_t lLine, std::int32_t lCount, LexicalScan& oScan);
   std::size_t Needed(const std::vector<std::string_view>& asNew) const;
   std::int32_t SameAhead(const std::vector<std::string_view>& asNew) const;

@@ -19,6 +19,8 @@ TEST(SourceEdit, KeepsTheBytesOfLinesThatComeBack) {
       {"no end at the end", "a\nb\nc", 3, 1, "c", "a\nb\nc"},
       {"lines around a body", "a\nb|c\nd\n", 1, 4, "n|a|b|m|c|d|z", "n\na\nb|m\nc\nd\nz\n"},
       {"changed lines keep their ends", "a\nb|c\n", 1, 3, "a|10 b|c", "a\n10 b|c\n"},
+      {"a changed line among new ones keeps its end", "a\nIf b Then c|d\n", 1, 3,
+       "a|1   If b Then t: c|n|d", "a\n1   If b Then t: c|n\nd\n"},
       {"lines taken out of a body", "a\nb|c\nd|e\n", 1, 5, "a|c|e", "a\nc\ne\n"},
       {"repeated lines between anchors", "s\n|x\n|y|\nz\n", 1, 7, "s|||x||n|y||z",
        "s\n|\nx\n|n\ny|\nz\n"},
