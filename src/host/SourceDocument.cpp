@@ -11,6 +11,20 @@
 #include "PageBytes.h"
 #include "ProcIndex.h"
 
+namespace {
+
+// A CR without LF ends a line, too.
+std::int32_t CountEnds(std::string_view sBytes) {
+  std::int32_t lCount = 0;
+  for (std::size_t l = 0; l < sBytes.size(); ++l) {
+    const bool bReturn = sBytes[l] == '\r' && (l + 1 == sBytes.size() || sBytes[l + 1] != '\n');
+    if (bReturn || sBytes[l] == '\n') ++lCount;
+  }
+  return lCount;
+}
+
+}  // namespace
+
 struct SourceDocument::Impl {
   Impl(std::string sBytes, const CodePage& oAnsi, bool bForcePage,
        const std::vector<CondConstant>& oConstants)
@@ -75,14 +89,11 @@ Text SourceDocument::Lines(std::int32_t lStart, std::int32_t lCount) const {
 
 std::int32_t SourceDocument::FileLine(std::int32_t lLine) const {
   const LineTable& oLines = mpImpl->oLines;
-  auto fnHidden = [](std::string_view sBytes) {
-    return static_cast<std::int32_t>(std::count(sBytes.begin(), sBytes.end(), '\n'));
-  };
   const LineTable::Line& oHeader = oLines.At(0);
   std::int32_t lFileLine = lLine;
-  for (auto sPart : {oLines.TextOf(oHeader), oLines.EndOf(oHeader)}) lFileLine += fnHidden(sPart);
+  for (auto sPart : {oLines.TextOf(oHeader), oLines.EndOf(oHeader)}) lFileLine += CountEnds(sPart);
   for (std::int32_t l = 0; l < lLine && l <= oLines.Count(); ++l) {
-    if (oLines.At(l).bTail) lFileLine += fnHidden(oLines.TailOf(oLines.At(l)));
+    if (oLines.At(l).bTail) lFileLine += CountEnds(oLines.TailOf(oLines.At(l)));
   }
   return lFileLine;
 }

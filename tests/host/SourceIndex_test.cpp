@@ -44,6 +44,17 @@ TEST(SourceIndex, LinesBetweenProceduresGoWhereTheEditorPutsThem) {
   for (const Row& oRow : aoRow) Check(oRow);
 }
 
+TEST(SourceIndex, LinesOfTheFileCountWhateverEndsThem) {
+  for (const char* szEnd : {"\r\n", "\n", "\r"}) {
+    const auto pDocument = Opened(
+        "VERSION 1.0 CLASS|BEGIN|END|Attribute VB_Name = \"C\"|Dim a|Attribute a.VB_VarHelpID = "
+        "1|b",
+        "1252", szEnd);
+    EXPECT_EQ(pDocument->FileLine(1), 5);
+    EXPECT_EQ(pDocument->FileLine(2), 7);
+  }
+}
+
 TEST(SourceIndex, HeadsAndEndsAreTold) {
   const Row aoRow[] = {
       {"end in a continued comment", "Sub A()|' Sub Old() _|End Sub|x|End Sub|",
