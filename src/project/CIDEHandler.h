@@ -172,7 +172,7 @@ class CIDEHandler {
   void AddVariableSources(Loading& oLoading);
   void LoadMembers(Loading& oLoading);
   void LoadDeclarations(Loading& oLoading);
-  void LoadMethod(Loading& oLoading, Member& oMember);
+  void LoadMethod(Loading& oLoading, Member& oMember, std::int32_t lLocation);
   void LoadProperty(Loading& oLoading, Member& oMember, std::int32_t nKind);
   void ReadProcedure(GuardScope& oScope, ProcedureRecord& oRecord, TextView sType);
   void ReadSettings(const ProcedureRecord& oRecord, TextView sCode, CProcSettings& oFresh) const;

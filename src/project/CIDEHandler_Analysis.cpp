@@ -1,5 +1,6 @@
 // Turns one component into procedure records: event sources, foreign interfaces, declarations,
 // methods and properties, each with the settings that its code holds.
+#include <algorithm>
 #include <unordered_map>
 
 #include "CIDEHandler.h"
@@ -30,6 +31,44 @@ Text ImplementedInterface(TextView sLine) {
     return {};
   }
   return LowerCase(Trim(sCode.substr(ImplementsWord.size())));
+}
+
+/// The first word of sLine, which becomes what follows; empty behind the last.
+TextView TakeWord(TextView& sLine) {
+  constexpr TextView sBlanks = u" \t";
+  sLine.remove_prefix(std::min(sLine.find_first_not_of(sBlanks), sLine.size()));
+  const TextView sWord = sLine.substr(0, sLine.find_first_of(sBlanks));
+  sLine.remove_prefix(sWord.size());
+  return sWord;
+}
+
+/// The words of sLine up to the name that it declares, in the letters of the editor, onto sHead.
+/// True when the head goes on in the next line.
+bool AddHeadWords(TextView sLine, Text& sHead) {
+  static constexpr TextView asWord[] = {u"Public", u"Private", u"Friend",   u"Global",
+                                        u"Static", u"Sub",     u"Function", u"Property",
+                                        u"Get",    u"Set",     u"Let"};
+  for (TextView sWord = TakeWord(sLine); !sWord.empty(); sWord = TakeWord(sLine)) {
+    if (sWord == u"_") return true;
+    const auto pKnown = std::find_if(std::begin(asWord), std::end(asWord),
+                                     [&](TextView s) { return EqualNoCase(s, sWord); });
+    if (pKnown == std::end(asWord)) break;
+    sHead.append(*pKnown).append(u" ");
+  }
+  return false;
+}
+
+/// The kind of the procedure whose head begins in lLine; empty when there is none. Files hold heads
+/// that no editor has tidied: in other letter case, with tabs and many blanks, over several lines.
+Text HeadType(GuardScope& oScope, CodeModule& oModule, std::int32_t lLine) {
+  const auto Line = [&] { return Need(oScope, [&] { return oModule.Lines(lLine, 1); }); };
+  Text sLine = Line();
+  const Text sType = MQuillon::ProcTypeName(sLine);
+  if (!sType.empty()) return sType;
+  const auto lCount = Need(oScope, [&] { return oModule.CountOfLines(); });
+  Text sHead;
+  while (AddHeadWords(sLine, sHead) && ++lLine <= lCount) sLine = Line();
+  return MQuillon::ProcTypeName(sHead);
 }
 
 template <class Visit>
@@ -172,7 +211,7 @@ void CIDEHandler::LoadMembers(Loading& oLoading) {
     if (oLoading.oLocations.contains(lLocation)) continue;
     RaiseProgress(*oLoading.oRecord.oComponent, oMember);
     if (nType == MemberMethod) {
-      LoadMethod(oLoading, oMember);
+      LoadMethod(oLoading, oMember, lLocation);
     } else {
       LoadProperty(oLoading, oMember, MQuillon::KindLet);
       LoadProperty(oLoading, oMember, MQuillon::KindSet);
@@ -191,16 +230,15 @@ void CIDEHandler::LoadDeclarations(Loading& oLoading) {
   });
 }
 
-void CIDEHandler::LoadMethod(Loading& oLoading, Member& oMember) {
+void CIDEHandler::LoadMethod(Loading& oLoading, Member& oMember, std::int32_t lLocation) {
   Guard(Named(u"LoadMethod"), [&](GuardScope& oScope) {
     ProcedureRecord oRecord{.hComponent = oLoading.hComponent, .oMember = &oMember};
     const Text sName = NameOf(oScope, oRecord);
     const auto lBody =
         Need(oScope, [&] { return oLoading.oModule.ProcBodyLine(sName, oRecord.nKind); });
     // An external function is a method too; its place is given as line 1, whatever stands there.
-    if (lBody <= oLoading.lDeclarationLines) return;
-    Text sLine = Need(oScope, [&] { return oLoading.oModule.Lines(lBody, 1); });
-    const Text sType = MQuillon::ProcTypeName(sLine);
+    if (lBody <= oLoading.lDeclarationLines || lBody < lLocation) return;
+    const Text sType = HeadType(oScope, oLoading.oModule, lBody);
     if (sType.empty()) return;
     ReadProcedure(oScope, oRecord, sType);
     if (oLoading.oRecord.lFirstEventSource != -1 && sType == u"Sub") {
@@ -225,8 +263,7 @@ void CIDEHandler::LoadProperty(Loading& oLoading, Member& oMember, std::int32_t 
       return;
     }
     if (lBody < 2) return;
-    Text sLine = Need(oScope, [&] { return oLoading.oModule.Lines(lBody, 1); });
-    const Text sType = MQuillon::ProcTypeName(sLine);
+    const Text sType = HeadType(oScope, oLoading.oModule, lBody);
     if (sType.empty()) return;
     ReadProcedure(oScope, oRecord, sType);
     SuggestPropertySettings(oLoading.hComponent, oRecord);

@@ -62,6 +62,20 @@ const struct LoadRow {
      u"Declare Sub Sleep Lib \"kernel32\" ()\nProperty Get P()\nEnd Property\nSub S()\nEnd Sub\n"
      u"Property Let P(v)\nEnd Property",
      "(declarations):::1|P:Property Let:Property Let:1|P:Property Get:Property Get:1|S:Sub:Sub:1|"},
+    {"heads that no editor has tidied",
+     ComponentStdModule,
+     u"",
+     {},
+     u"private sub Low()\nend sub\nPublic Sub\tTabbed()\nEnd Sub\nPublic _\n  Static _\n"
+     u"  Function Long()\nEnd Function\nproperty  get P()\nEnd Property",
+     "(declarations):::1|Low:Sub:Sub:1|Tabbed:Sub:Sub:1|Long:Function:Function:1|"
+     "P:Property Get:Property Get:1|"},
+    {"an external function behind a procedure in line 1",
+     ComponentStdModule,
+     u"",
+     {},
+     u"Sub First()\nEnd Sub\nDeclare Sub Beep Lib \"kernel32\" ()\nSub Last()\nEnd Sub",
+     "(declarations):::1|First:Sub:Sub:1|Last:Sub:Sub:1|"},
 };
 
 TEST(LoadComponent, FindsProceduresEventsAndInterfaces) {
