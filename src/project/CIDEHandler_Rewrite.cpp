@@ -144,7 +144,8 @@ bool CIDEHandler::PutSignature(const ProcedureRecord& oRecord, Draft& oDraft) {
     Template().InsertSignatureOnly(oDraft.sProcName, oRecord.sDeclType, oDraft.sNew,
                                    oDraft.lBodyStart, true, bErrors);
   } else if (!bLock) {
-    Template().RemoveSignatureOnly(oDraft.sNew, bErrors);
+    // RemoveSignatureOnly would take the user's blank lines behind the signature along.
+    oDraft.sNew = Template().WithoutLockSignature(oDraft.sNew);
   }
   return !bErrors;
 }
@@ -217,8 +218,8 @@ void CIDEHandler::ReplaceProcedure(Handle hProcedure, const Draft& oDraft) {
     const ProcedureRecord& oRecord = ProcedureAt(hProcedure);
     CodeModule& oModule = ModuleOf(oScope, oRecord.hComponent);
     if (!oRecord.oMember) {
-      return ModuleEdit::ReplaceLines(oScope, oModule, 1, oDraft.sOld, oDraft.sNew,
-                                      oDraft.lBlankLines);
+      return ModuleEdit::ReplaceDeclarations(oScope, oModule, oDraft.sOld, oDraft.sNew,
+                                             oDraft.lBlankLines);
     }
     const auto lStart =
         Need(oScope, [&] { return oModule.ProcStartLine(oDraft.sProcName, oRecord.nKind); });

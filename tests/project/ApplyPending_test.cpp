@@ -54,6 +54,25 @@ const Row Rows[] = {
      },
      u"Sub Run()\n'@ Std&Locked\n    On Error GoTo Trap\n\n    x = 1\nTrap:\nEnd Sub",
      "Processing MMain.Run|", "Std 2 0 0 0 0"},
+    {"a lock goes and leaves the blank line behind it",
+     u"Sub Run()\n'@ Locked\n\n    x = 1\nEnd Sub",
+     [](Model& m) {
+       m.oHandler.SetLocked(2, 1);
+       m.Apply();
+     },
+     u"Sub Run()\n\n    x = 1\nEnd Sub", "Processing MMain.Run|", " 1 0 0 0 0"},
+    {"a module's lock that would fall to its first procedure", u"Sub Run()\nEnd Sub",
+     [](Model& m) {
+       m.oHandler.SetLocked(1, 2);
+       m.Apply();
+       m.Apply();
+     },
+     u"Sub Run()\nEnd Sub",
+     "Processing MMain.(declarations)|    The module has no declarations that would keep these "
+     "lines apart from its first procedure; write Option Explicit at its top|"
+     "Processing MMain.(declarations)|    The module has no declarations that would keep these "
+     "lines apart from its first procedure; write Option Explicit at its top|",
+     " 1 0 0 0 0"},
     {"a procedure states only what differs from its module",
      u"'@ Mod\nConst Sev = tvnSeverityFatal\nSub A()\nEnd Sub\nSub B()\nEnd Sub",
      [](Model& m) {
