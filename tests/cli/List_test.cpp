@@ -67,7 +67,8 @@ TEST(List, QuotesWhatCsvWouldBreak) {
 TEST(List, JsonTellsPlacesSuggestionsAndLoadFailures) {
   WorkFolder oPlace;
   oPlace.Write("src/App/Demo.vbp",
-               oPlace.Read("src/App/Demo.vbp") + "Module=modGone; gone.bas\r\n");
+               oPlace.Read("src/App/Demo.vbp") + "Module=modGone; gone.bas\r\nForm=bare.frm\r\n");
+  oPlace.Write("src/App/bare.frm", "Sub A()\r\nEnd Sub\r\n");
   WorkFolder::Result oResult = oPlace.Run("list --suggested --format json Demo.vbg");
   EXPECT_EQ(oResult.nExit, 0);
   EXPECT_HOLDS(oResult.sErr, std::string("gone.bas"));
@@ -83,9 +84,10 @@ TEST(List, JsonTellsPlacesSuggestionsAndLoadFailures) {
       "boundaryInherited": false, "notes": {"boundary": "[Property Expert]"}})");
   for (const auto& [sKey, oValue] : oExpected.items()) EXPECT_EQ(oMain[sKey], oValue) << sKey;
   EXPECT_EQ(oList["procedures"][4]["line"], 9) << "behind the header of the class";
-  ASSERT_EQ(oList["loadFailures"].size(), 1u);
+  ASSERT_EQ(oList["loadFailures"].size(), 2u);
   EXPECT_EQ(oList["loadFailures"][0]["component"], "modGone");
   EXPECT_HOLDS(oList["loadFailures"][0]["reason"].get<std::string>(), std::string("gone.bas"));
+  EXPECT_HOLDS(oResult.sErr, std::string("bare can't be read: its controls can't be listed"));
   oPlace.Run("apply --set Template=Module --component clsStock Demo.vbg");
   oList = Json::parse(oPlace.Run("list --format json --component clsStock Demo.vbg").sOut);
   EXPECT_EQ(oList["procedures"][0]["notes"].dump(),

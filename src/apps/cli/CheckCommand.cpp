@@ -129,7 +129,7 @@ class Reporter {
   void Unreadable(Handle hComponent) {
     const ComponentRecord& oComponent = moSession.oHandler.Component(hComponent);
     msFile = moSession.FileOf(hComponent);
-    std::string sReason = ToUtf8(oComponent.oError.sErrorDesc);
+    std::string sReason = moSession.ReasonOf(hComponent);
     if (!mbJson) return Line(0, ToUtf8(oComponent.sName) + ": can't be read: " + sReason);
     BeginObject("unreadable", hComponent);
     EndJson(sReason);

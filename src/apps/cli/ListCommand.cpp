@@ -187,7 +187,7 @@ class Lister {
     oJson.Key("file").StringOrNull(moSession.FileOf(hComponent));
     oJson.Key("context").String(ToUtf8(oComponent.oError.sErrorContext));
     oJson.Key("number").Number(oComponent.oError.lError);
-    oJson.Key("reason").String(ToUtf8(oComponent.oError.sErrorDesc));
+    oJson.Key("reason").String(moSession.ReasonOf(hComponent));
     oJson.Key("source").String(ToUtf8(oComponent.oError.sErrorSource));
     oJson.EndObject();
   }

@@ -149,7 +149,15 @@ void Session::TellUnreadable(Handle hComponent) {
   const ComponentRecord& oComponent = oHandler.Component(hComponent);
   std::string sFile = FileOf(hComponent);
   oConsole.Error((sFile.empty() ? std::string() : sFile + ": ") + ToUtf8(oComponent.sName) +
-                 " can't be read: " + ToUtf8(oComponent.oError.sErrorDesc));
+                 " can't be read: " + ReasonOf(hComponent));
+}
+
+// The code of a form can be had while its controls can't, and then nothing describes the failure.
+std::string Session::ReasonOf(Handle hComponent) const {
+  const LoadError& oError = oHandler.Component(hComponent).oError;
+  if (!oError.sErrorDesc.empty()) return ToUtf8(oError.sErrorDesc);
+  return "its controls can't be listed, so the file may lack its designer header (" +
+         ToUtf8(oError.sErrorContext) + ")";
 }
 
 void Session::TakeProcedures(Handle hComponent) {

@@ -42,6 +42,8 @@ class Session {
 
   /// Path of a component's first file, relative to the current folder; empty when it has none.
   std::string FileOf(Handle hComponent);
+  /// Why a component can't be read; never empty.
+  std::string ReasonOf(Handle hComponent) const;
   /// Line in its file, from 1: of the head, or of the first of its text with the comments above.
   std::int32_t HeadLine(Handle hProcedure) { return FileLine(hProcedure, true); }
   std::int32_t FirstLine(Handle hProcedure) { return FileLine(hProcedure, false); }
