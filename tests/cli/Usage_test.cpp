@@ -27,7 +27,7 @@ TEST(Usage, WrongUsageAndBadInputAreToldAndChangeNothing) {
            Row{"help", "--help", 0, "COMMAND [options] PATH...", s},
            Row{"help of a command", "apply --help", 0, "quillon apply --suggested Orders.vbg", s},
            Row{"no command", "", 2, s, "a COMMAND is missing"},
-           Row{"unknown command", "lits Demo.vbg", 2, s, "not expected"},
+           Row{"unknown command", "lits Demo.vbg", 2, s, "there is no command lits: list, check,"},
            Row{"no path", "list", 2, s, "PATH is required"},
            Row{"option of another command", "list --set Trace=True .", 2, s, "--set"},
            Row{"form of another command", "check --format csv .", 2, s, "csv not in"},

@@ -218,11 +218,21 @@ std::string ContradictionOfReport(const Arguments& oArguments) {
   return {};
 }
 
+constexpr const char* CommandNames =
+    ": list, check, apply, refresh, number, unnumber, report, template, text or rules";
+
+/// A word that should have been a command, among what the parser could do nothing with; or empty.
+std::string UnknownCommand(const CLI::App& oApp) {
+  if (!oApp.get_subcommands().empty()) return {};
+  const Strings asWord = oApp.remaining();
+  const auto pWord = std::find_if(asWord.begin(), asWord.end(),
+                                  [](const std::string& s) { return s.empty() || s[0] != '-'; });
+  return pWord == asWord.end() ? std::string() : *pWord;
+}
+
 /// What the declarations of the options can't say. Empty: all is well.
 std::string Contradiction(const Arguments& oArguments) {
-  if (oArguments.sCommand.empty())
-    return "a COMMAND is missing: list, check, apply, refresh, number, unnumber, report, template, "
-           "text or rules";
+  if (oArguments.sCommand.empty()) return std::string("a COMMAND is missing") + CommandNames;
   if (oArguments.sCommand == "apply" && oArguments.asSet.empty() && !oArguments.bSuggested)
     return "apply needs --set NAME=VALUE or --suggested";
   if (oArguments.sCommand == "rules" && oArguments.sAction == "set" && oArguments.asValue.empty())
@@ -240,9 +250,11 @@ std::optional<int> ReadArguments(int argc, char** argv, Arguments& oArguments) {
   oApp.set_version_flag("--version", "Tarvane Quillon " QUILLON_VERSION);
   oApp.footer("quillon COMMAND --help tells more about a command and gives examples.");
   oApp.require_subcommand(0, 1);
-  oApp.failure_message([](const CLI::App*, const CLI::Error& oError) {
-    return std::string("quillon: ") + oError.what() +
-           "\nquillon --help and quillon COMMAND --help tell more.\n";
+  oApp.failure_message([](const CLI::App* poApp, const CLI::Error& oError) {
+    const std::string sCommand = UnknownCommand(*poApp);
+    const std::string sWhat = sCommand.empty() ? std::string(oError.what())
+                                               : "there is no command " + sCommand + CommandNames;
+    return "quillon: " + sWhat + "\nquillon --help and quillon COMMAND --help tell more.\n";
   });
   AddCommon(oApp, oArguments);
   AddScope(oApp, oArguments);
