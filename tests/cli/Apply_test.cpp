@@ -40,6 +40,8 @@ TEST(Apply, SettingsComeAndGoWithoutATrace) {
            Row{"apply", "apply --suggested Demo.vbg", 0, true},
            Row{"apply twice", "apply --suggested Demo.vbg", 0, false},
            Row{"no findings", "check Demo.vbg", 0, false},
+           Row{"traces go first", "rules set 'Trace Precedence=true'", 0, false},
+           Row{"a trace of declarations is no finding", "check Demo.vbg", 0, false},
            Row{"refresh", "refresh Demo.vbg", 0, false},
            Row{"number", "number --component clsStock Demo.vbg", 0, true},
            Row{"number twice", "number --component clsStock Demo.vbg", 0, false},

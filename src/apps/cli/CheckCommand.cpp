@@ -112,14 +112,16 @@ class Reporter {
     std::string sName = moSession.NameOf(oFinding.hProcedure);
     std::vector<Difference> oChanges = Differences(oFinding);
     if (!mbJson) {
-      Line(oFinding.lLine, sName + ":" + ChangeText(oChanges));
+      if (!oChanges.empty()) Line(oFinding.lLine, sName + ":" + ChangeText(oChanges));
       for (const std::string& sReason : oFinding.asRefusal)
         Line(oFinding.lLine, sName + ": refused: " + sReason);
       return;
     }
-    BeginJson("change", oFinding.hProcedure, oFinding.lLine);
-    ChangesJson(oChanges);
-    EndJson(sName + ":" + ChangeText(oChanges));
+    if (!oChanges.empty()) {
+      BeginJson("change", oFinding.hProcedure, oFinding.lLine);
+      ChangesJson(oChanges);
+      EndJson(sName + ":" + ChangeText(oChanges));
+    }
     for (const std::string& sReason : oFinding.asRefusal) {
       BeginJson("refused", oFinding.hProcedure, oFinding.lLine);
       EndJson(sReason);
@@ -187,6 +189,10 @@ int CheckCommand(Session& oSession) {
   oSession.LoadScope(false);
   std::vector<ProcedureFinding> oFindings = Changes(oSession);
   FindRefusals(oSession, oFindings);
+  // A section whose trace alone differs would differ for ever.
+  std::erase_if(oFindings, [](const ProcedureFinding& oFinding) {
+    return !oFinding.bTraced && oFinding.asRefusal.empty() && Differences(oFinding).empty();
+  });
   Reporter(oSession).Report(oFindings);
   return oFindings.empty() && oSession.Unreadable().empty() ? 0 : 1;
 }
