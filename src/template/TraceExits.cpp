@@ -46,9 +46,9 @@ struct StatementStarts {
 
   explicit StatementStarts(TextView sPiece) {
     const Text sMasked = MXStringVB::MaskVBLiterals(LowerCase(sPiece), u"x");
-    for (TextView sWord : {u" then ", u" else ", u"then ", u"else "}) {
+    for (TextView sWord : {u" then ", u" else "}) {
+      if (sMasked.starts_with(sWord.substr(1))) alBranch.push_back(sWord.size() - 1);
       for (std::size_t l = sMasked.find(sWord); l != Text::npos; l = sMasked.find(sWord, l + 1)) {
-        if (sWord.front() != u' ' && l > 0) break;
         alBranch.push_back(l + sWord.size());
       }
     }
@@ -67,9 +67,9 @@ class TraceDropper {
  public:
   TraceDropper(const TextArray& asPiece, TextView sTraceExit, const LikePattern& oPattern)
       : masPiece(asPiece),
+        msTraceExit(sTraceExit),
         mlCount(asPiece.size() - 1),
         mlTraceCount(std::max<std::size_t>(1, MXStringVB::SplitStatements(sTraceExit).size() - 1)),
-        mlTraceBranches(StatementStarts(sTraceExit).alBranch.size()),
         moPattern(oPattern) {}
 
   /// The pieces joined again without them.
@@ -110,16 +110,17 @@ class TraceDropper {
   /// Then or Else can be its place, apart from those that the trace exit has itself.
   std::size_t FindStart(std::size_t i) const {
     const StatementStarts oStarts(masPiece[i]);
-    const std::size_t lTries = std::min(oStarts.alBranch.size(), mlTraceBranches + 1);
+    std::size_t lTries = oStarts.alBranch.size();
+    if (lTries > 1) lTries = std::min(lTries, StatementStarts(msTraceExit).alBranch.size() + 1);
     for (std::size_t k = 0; k < lTries; ++k)
       if (Fits(i, oStarts.alBranch[k])) return oStarts.alBranch[k];
     return oStarts.lBehindNumber > 0 && Fits(i, oStarts.lBehindNumber) ? oStarts.lBehindNumber : 0;
   }
 
   const TextArray& masPiece;
+  TextView msTraceExit;
   std::size_t mlCount;
-  std::size_t mlTraceCount;     ///< how many statements the trace exit itself has
-  std::size_t mlTraceBranches;  ///< and how many Then and Else
+  std::size_t mlTraceCount;  ///< how many statements the trace exit itself has
   const LikePattern& moPattern;
 };
 
