@@ -1,6 +1,7 @@
 // check: what apply --suggested would change and what the engine would refuse, found by doing it
 // in memory with proof, and never saving.
 #include <algorithm>
+#include <functional>
 
 #include "Commands.h"
 #include "Display.h"
@@ -22,6 +23,7 @@ struct ProcedureFinding {
   // The settings ahead of the trial, which changes Current; words are made when they are printed.
   CProcSettings oFrom, oTo;
   bool bTraced = false;
+  std::size_t lCode = 0;  ///< hash of the code ahead of the trial
   std::vector<std::string> asRefusal;
 };
 
@@ -33,6 +35,11 @@ std::vector<Difference> Differences(const ProcedureFinding& oFinding) {
     if (sFrom != sTo) oChanges.push_back({eProperty, std::move(sFrom), std::move(sTo)});
   }
   return oChanges;
+}
+
+std::size_t CodeHash(Session& oSession, Handle hProcedure) {
+  std::int32_t lBodyStart = 0;
+  return std::hash<Text>()(oSession.oHandler.GetProcCode(hProcedure, lBodyStart));
 }
 
 /// The procedures that would change, with their lines in the files as these are now.
@@ -50,9 +57,18 @@ std::vector<ProcedureFinding> Changes(Session& oSession) {
                          oProcedure.oCurrent,
                          oProcedure.oPending,
                          !oSession.IsDeclarations(h),
+                         CodeHash(oSession, h),
                          {}});
   }
   return oFindings;
+}
+
+/// Takes away what changes no code: a value that the template has no line for, or a trace in a
+/// declarations section, would be found again after every apply.
+void DropUnwritten(Session& oSession, std::vector<ProcedureFinding>& oFindings) {
+  std::erase_if(oFindings, [&](const ProcedureFinding& oFinding) {
+    return oFinding.asRefusal.empty() && oFinding.lCode == CodeHash(oSession, oFinding.hProcedure);
+  });
 }
 
 void FindRefusals(Session& oSession, std::vector<ProcedureFinding>& oFindings) {
@@ -189,10 +205,7 @@ int CheckCommand(Session& oSession) {
   oSession.LoadScope(false);
   std::vector<ProcedureFinding> oFindings = Changes(oSession);
   FindRefusals(oSession, oFindings);
-  // A section whose trace alone differs would differ for ever.
-  std::erase_if(oFindings, [](const ProcedureFinding& oFinding) {
-    return !oFinding.bTraced && oFinding.asRefusal.empty() && Differences(oFinding).empty();
-  });
+  DropUnwritten(oSession, oFindings);
   Reporter(oSession).Report(oFindings);
   return oFindings.empty() && oSession.Unreadable().empty() ? 0 : 1;
 }
