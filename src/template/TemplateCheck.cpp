@@ -4,7 +4,6 @@
 #include <array>
 
 #include "MQuillon.h"
-#include "MXString.h"
 #include "TemplateChecks.h"
 
 namespace TemplateChecks {
@@ -96,13 +95,6 @@ Text NamesOf(std::uint32_t lWithout) {
     lBit *= 2;
   }
   return sNames;
-}
-
-Text FoldedText(const LineRow& oRow, const SectionValues& oValues) {
-  Text sText, sFolded;
-  RenderRow(oRow, oValues, sText);
-  MXString::FoldLine(sText, sFolded);
-  return sFolded;
 }
 
 TextView OrdinaryCodeFitting(const LikePattern& oPattern) {

@@ -40,7 +40,7 @@ void AddSignature(const Findings& oFindings, const TemplateRow& oTemplate,
   const Stretch oRows = Between(oSignature, SectionStart, SectionEnd);
   if (oSignature.eType != TemplateSignature || oRows.lFirst >= oRows.lLast) return;
   const LineRow& oRow = oFindings.Line(oRows.lFirst);
-  atWritten.push_back({oRow.lFileLine, 0, true, FoldedText(oRow, SampleValues(oTemplate, 0))});
+  atWritten.push_back({oRow.lFileLine, 0, true, FoldedRow(oRow, SampleValues(oTemplate, 0))});
 }
 
 std::vector<Written> WrittenLines(const Findings& oFindings, const TemplateRow& oTemplate) {
@@ -53,7 +53,7 @@ std::vector<Written> WrittenLines(const Findings& oFindings, const TemplateRow& 
       const LineRow& oRow = oFindings.Line(l);
       if (!MayBeWritten(oRow, oValues)) continue;
       atWritten.push_back(
-          {oRow.lFileLine, lPart, oRow.sIfCondition.empty(), FoldedText(oRow, oValues)});
+          {oRow.lFileLine, lPart, oRow.sIfCondition.empty(), FoldedRow(oRow, oValues)});
     }
     ++lPart;
   }

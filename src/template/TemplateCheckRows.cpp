@@ -3,6 +3,7 @@
 #include <array>
 
 #include "MXStringVB.h"
+#include "ProcText.h"
 #include "TemplateChecks.h"
 
 namespace TemplateChecks {
@@ -105,7 +106,7 @@ bool CheckPattern(Findings& oFindings, const LineRow& oRow) {
 void ReportUnfit(Findings& oFindings, const LineRow& oRow, const SectionValues& oValues,
                  std::uint32_t lWithout) {
   if (oFindings.HasLine(oRow.lFileLine)) return;  // most likely from the same cause
-  const Text sFolded = FoldedText(oRow, oValues);
+  const Text sFolded = FoldedRow(oRow, oValues);
   if (lWithout != 0) {
     oFindings.Add(
         oRow.lFileLine,
@@ -151,19 +152,28 @@ void CheckWrittenRow(Findings& oFindings, const LineRow& oRow, const TemplateRow
                      u"] too, and such a line of the user's would be taken out with the "
                      u"template; write a line that only the template has"});
     }
-  } else if (IsEndLine(FoldedText(oRow, SampleValues(oTemplate, 0)))) {
+  } else if (IsEndLine(FoldedRow(oRow, SampleValues(oTemplate, 0)))) {
     oFindings.Add(oRow.lFileLine, {u"The line would be taken for the end of the procedure"});
   }
+}
+
+/// pNext: the row that is written behind it, null for code of the user's.
+void CheckContinuation(Findings& oFindings, const LineRow& oRow, const LineRow* pNext) {
+  if (!oRow.bScript || !Continues(oRow.sLine)) return;
+  if (pNext && (pNext->sIfCondition.empty() || pNext->sIfCondition == oRow.sIfCondition)) return;
+  oFindings.Add(oRow.lFileLine,
+                {u"The line goes on into the next one, which isn't always the template's; write "
+                 u"it as one line, or both under the same condition"});
 }
 
 void CheckTraceExit(Findings& oFindings, const TemplateRow& oTemplate) {
   if (oTemplate.lTraceExit == 0) return;
   const LineRow& oRow = oFindings.Line(oTemplate.lTraceExit);
-  if (MXStringVB::SplitStatements(oRow.sLine).size() > 2) {
-    oFindings.Add(
-        oRow.lFileLine,
-        {u"A trace exit must be one statement without a comment, since it is put ahead of an "
-         u"Exit on the same line"});
+  if (MXStringVB::SplitStatements(oRow.sLine).size() > 2 || Continues(oRow.sLine) ||
+      CommentStart(oRow.sLine) < oRow.sLine.size()) {
+    oFindings.Add(oRow.lFileLine,
+                  {u"A trace exit must be one statement on one line without a comment, since it "
+                   u"is put ahead of an Exit on the same line"});
   }
   ForEachToken(oRow.sLine, [&](TextView sToken) {
     if (!Contains(asToken, sToken) || Contains(asTraceToken, sToken)) return;
@@ -194,6 +204,8 @@ void CheckRows(Findings& oFindings) {
     for (const Stretch& oStretch : WrittenStretches(oRow)) {
       for (std::int32_t l = oStretch.lFirst; l < oStretch.lLast; ++l) {
         CheckWrittenRow(oFindings, oFindings.Line(l), oRow);
+        CheckContinuation(oFindings, oFindings.Line(l),
+                          l + 1 < oStretch.lLast ? &oFindings.Line(l + 1) : nullptr);
       }
     }
     CheckTraceExit(oFindings, oRow);

@@ -50,8 +50,6 @@ std::vector<Stretch> WrittenStretches(const TemplateRow& oTemplate);
 SectionValues SampleValues(const TemplateRow& oTemplate, std::uint32_t lWithout);
 /// `boundary and retry` for 5; empty for 0.
 Text NamesOf(std::uint32_t lWithout);
-/// The row as written with these values, in the form in which lines are compared.
-Text FoldedText(const LineRow& oRow, const SectionValues& oValues);
 
 /// A line of ordinary code that the pattern fits, or empty: such a pattern tells nothing.
 TextView OrdinaryCodeFitting(const LikePattern& oPattern);
