@@ -127,10 +127,10 @@ std::map<Text, Text> NumberedStatements(const ProcText& oProc) {
 
 /// True when a line of the text begins with a digit, behind its blanks.
 bool HoldsNumberedLine(TextView sText) {
-  for (std::size_t i = 0; i < sText.size(); i = sText.find(u'\n', i)) {
-    if (i > 0) ++i;
+  for (std::size_t i = 0; i < sText.size(); ++i) {
     while (i < sText.size() && sText[i] == u' ') ++i;
     if (i < sText.size() && IsDigit(sText[i])) return true;
+    i = std::min(sText.find(u'\n', i), sText.size());
   }
   return false;
 }

@@ -137,6 +137,7 @@ TEST(Proof, KeepsTheTargetsOfJumps) {
       {"other numbers", u"x = 10|10 y", u"x = 10|   y", false},
       {"in a comment or literal", u"' GoTo 10|s = \"GoTo 10\"|10 y",
        u"' GoTo 10|s = \"GoTo 10\"|   y", false},
+      {"a line feed ahead of the text", u"\nGoTo 10|10 x", u"\nGoTo 10|   x", true},
       {"a label with digits", u"GoTo 10|10: x", u"GoTo 10|10: x", false},
   };
   for (const auto& oRow : oRows) {
