@@ -25,6 +25,12 @@ bool HasOwnNumber(TextView sLogical) {
   return lBehind == TextView::npos || sLogical[lBehind] == u' ' || sLogical[lBehind] == u':';
 }
 
+/// An #If that is not yet ended: whether a Select Case waits for its first Case ahead of it and
+/// behind a branch.
+struct Branches {
+  bool bOpenAhead, bOpenBehind, bElse;
+};
+
 /// The numbering of one body: what it needs to know of all lines first, then line by line.
 class Numbering {
  public:
@@ -87,7 +93,11 @@ class Numbering {
 
   bool Wants(TextView sLogical) {
     bool bAlone = false;
-    if (sLogical.empty() || MXStringVB::IsVBCompilerDirective(sLogical)) return false;
+    if (sLogical.empty()) return false;
+    if (MXStringVB::IsVBCompilerDirective(sLogical)) {
+      FollowBranches(sLogical);
+      return false;
+    }
     if (MXStringVB::IsVBLineLabel(sLogical, bAlone) && bAlone) return false;
     if (MXStringVB::IsVBProcDataDeclaration(sLogical)) {
       return !moRules.bLineNumSkipData && WantsByMode(sLogical);
@@ -96,11 +106,30 @@ class Numbering {
       return !moRules.bLineNumSkipEnd && WantsByMode(sLogical);
     }
     if (mbInSelect && MXStringVB::ClearsVBSelectContext(sLogical)) {
-      mbInSelect = false;  // the first Case of a Select Case can't have a number
+      // The first Case of a Select Case can't have a number; another Select Case may follow on it.
+      mbInSelect = MXStringVB::StartsVBSelectContext(sLogical);
       return false;
     }
     mbInSelect = MXStringVB::StartsVBSelectContext(sLogical);
     return WantsByMode(sLogical);
+  }
+
+  /// Whichever branch is compiled, a Case that may be the first is taken for it.
+  void FollowBranches(TextView sDirective) {
+    if (sDirective.starts_with(u"#if")) {
+      moBranches.push_back({mbInSelect, false, false});
+    } else if (moBranches.empty()) {
+      return;
+    } else if (sDirective.starts_with(u"#else")) {
+      Branches& oBranches = moBranches.back();
+      oBranches.bOpenBehind |= mbInSelect;
+      oBranches.bElse |= !sDirective.starts_with(u"#elseif");
+      mbInSelect = oBranches.bOpenAhead;
+    } else if (sDirective.starts_with(u"#end")) {
+      const Branches& oBranches = moBranches.back();
+      mbInSelect |= oBranches.bOpenBehind || (oBranches.bOpenAhead && !oBranches.bElse);
+      moBranches.pop_back();
+    }
   }
 
   bool WantsByMode(TextView sLogical) {
@@ -171,6 +200,7 @@ class Numbering {
   std::int32_t mlCounter = 0;
   bool mbShift = false;
   bool mbInSelect = false;
+  std::vector<Branches> moBranches;
   bool mbReservedKnown = false;
   std::set<std::int64_t> moReserved;
 };

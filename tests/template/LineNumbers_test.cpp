@@ -52,6 +52,16 @@ const Row Rows[] = {
      "1   Select Case x|    ' c|    Case 1|2   y|3   Case 2|    End Select"},
     {"Case on the same line", u"    Select Case x: Case 1|    Case 2",
      "1   Select Case x: Case 1|2   Case 2"},
+    {"Select Case on the first Case", u"    Select Case x|    Case 1: Select Case y|    Case 2",
+     "1   Select Case x|    Case 1: Select Case y|    Case 2"},
+    {"each Case that a branch can make the first",
+     u"    Select Case x|#If A Then|    Case 1|#ElseIf B Then|    Case 2|#End If|    Case 3|    "
+     u"Case 4",
+     "1       Select Case x|    #If A Then|        Case 1|    #ElseIf B Then|        Case 2|    "
+     "#End If|"
+     "        Case 3|2       Case 4"},
+    {"a first Case in every branch", u"Select Case x|#If A Then|Case 1|#Else|Case 2|#End If|Case 3",
+     "1   Select Case x|    #If A Then|    Case 1|    #Else|    Case 2|    #End If|2   Case 3"},
     {"every third", u"    a = 1|    b = 1|    c = 1|    d = 1",
      "1   a = 1|    b = 1|    c = 1|2   d = 1", 1},
     {"an interval of one is one of two", u"    a = 1|    b = 1|    c = 1",
