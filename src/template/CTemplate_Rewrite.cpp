@@ -16,6 +16,13 @@ bool IsDeclarations(TextView sProcName) {
   return sProcName == MQuillon::DeclarationsName;
 }
 
+/// True when the text holds a head at that line, and all of it.
+bool HasHead(const ProcText& oProc, std::int32_t lBodyLine) {
+  if (oProc.Units() == 0 || lBodyLine < 1) return false;
+  if (static_cast<std::size_t>(lBodyLine) > oProc.Count()) return false;
+  return !Continues(oProc.Line(BehindHead(oProc, lBodyLine) - 1));
+}
+
 Text Bracketed(TextView sMessage, TextView sName) {
   return Text(sMessage).append(u"[").append(sName).append(u"]");
 }
@@ -165,7 +172,7 @@ void CTemplate::InsertSignatureOnly(TextView sProcName, TextView, Text& sProcCod
     std::size_t lPlace = bDeclarations ? BehindOptions(oProc) : BehindHead(oProc, lBodyLine);
     std::size_t lCount = oProc.Count();
     if (bDeclarations && sClean.empty()) lPlace = lCount = 0;
-    if (!bDeclarations && lPlace == 0) {
+    if (!bDeclarations && !HasHead(oProc, lBodyLine)) {
       return Refuse(u"    Procedure Head Not Found", bErrors);
     }
     LineWriter oWriter;
