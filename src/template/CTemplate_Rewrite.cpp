@@ -144,7 +144,8 @@ Text CTemplate::WithoutLockSignature(TextView sProcCode, std::int32_t& lBodyLine
   bool bAny = false;
   for (std::size_t i = 0; i < oProc.Count(); ++i) {
     const auto oValue = oProc.Folded(i).empty() ? std::nullopt : Signatures().Read(oProc.Folded(i));
-    if (oValue && oValue->sTemplate.empty()) {
+    // The rest of a comment that goes on is no signature: the line behind would take its place.
+    if (oValue && oValue->sTemplate.empty() && !oProc.IsContinued(i)) {
       bAny = true;
       if (static_cast<std::int32_t>(i) + 1 < lHead) --lBodyLine;
     } else {
@@ -191,7 +192,9 @@ void CTemplate::RemoveSignatureOnly(Text& sProcCode, bool& bErrors) {
     LineWriter oWriter;
     bool bDrop = false;  // blank lines go with the signature that they stand behind
     for (std::size_t i = 0; i < oProc.Count(); ++i) {
-      if (!oProc.Folded(i).empty()) bDrop = Signatures().IsSignature(oProc.Folded(i));
+      if (!oProc.Folded(i).empty()) {
+        bDrop = Signatures().IsSignature(oProc.Folded(i)) && !oProc.IsContinued(i);
+      }
       if (!bDrop) oWriter.Add(oProc.Line(i));
     }
     sProcCode = oWriter.Take();

@@ -78,6 +78,8 @@ TEST(Signatures, AreWrittenAndTakenOutAlone) {
        "' n||Sub R()|'Sig: Locked||x|End Sub||", "' n||Sub R()|x|End Sub||"},
       {"head and end on one line", u"R", u"Sub R(): End Sub", 1,
        "! Procedure Head and End share a Line", "Sub R(): End Sub"},
+      {"the rest of a comment stays", u"R", u"Sub R()|' a _|'Sig: Locked|x|End Sub", 1,
+       "Sub R()|'Sig: Locked|' a _|'Sig: Locked|x|End Sub", "Sub R()|' a _|'Sig: Locked|x|End Sub"},
       {"no head where it should be", u"R", u"Sub R()|End Sub", 3, "! Procedure Head Not Found",
        "Sub R()|End Sub"},
       {"a head without its end", u"R", u"Sub R( _", 1, "! Procedure Head Not Found", "Sub R( _"},
