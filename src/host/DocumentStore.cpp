@@ -37,8 +37,17 @@ void StoredDocument::Read() {
 }
 
 std::unique_ptr<SourceDocument> StoredDocument::MakeDocument() const {
-  return std::make_unique<SourceDocument>(ReadSource(msPath, *moSettings.poFiles),
-                                          *moSettings.poAnsi, moSettings.bForcePage, moConstants);
+  auto pDocument =
+      std::make_unique<SourceDocument>(ReadSource(msPath, *moSettings.poFiles), *moSettings.poAnsi,
+                                       moSettings.bForcePage, moConstants);
+  // Lines put into such a file would be taken for its header when it is read again.
+  if (pDocument->IsHeaderOpen())
+    throw Failure(
+        321,
+        u"The header block of the file is never closed, so its code can't be told from it: " +
+            TextOfPath(msPath),
+        u"host");
+  return pDocument;
 }
 
 // Size and time tell at once that nothing happened; where they differ the bytes decide, since a

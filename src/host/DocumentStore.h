@@ -31,7 +31,7 @@ class StoredDocument {
       : msPath(std::move(sPath)), moConstants(oConstants), moSettings(oSettings) {}
 
   const std::string& Path() const { return msPath; }
-  /// Reads the file at the first call. Failure 53, 70, 75 or 76 with the path; once it has failed
+  /// Reads the file at the first call. Failure 53, 70, 75, 76 or 321 with the path; once it failed
   /// it fails for good, so that a group looks the same throughout.
   SourceDocument& Get();
   bool IsChanged() const { return mpDocument && mpDocument->IsChanged(); }

@@ -74,6 +74,7 @@ class HeaderBlock::Reader {
       Take(sLine);
       moHeader.mlLength = moSplit.Behind();
     }
+    moHeader.mbOpen = !moDepth.empty();
     return false;
   }
 

@@ -16,6 +16,8 @@ class HeaderBlock {
 
   /// Bytes of the header; the first line of code begins there.
   std::size_t Length() const { return mlLength; }
+  /// True when the file ends within a block: the header then took all of it.
+  bool IsOpen() const { return mbOpen; }
   const std::vector<DesignerBlock>& Blocks() const { return moBlocks; }
   Text RootProperty(TextView sName) const;
   Text ModuleAttribute(TextView sName) const;
@@ -29,6 +31,7 @@ class HeaderBlock {
   class Reader;
 
   std::size_t mlLength = 0;
+  bool mbOpen = false;
   std::vector<DesignerBlock> moBlocks;
   std::vector<Entry> moProperties;
   std::vector<Entry> moAttributes;

@@ -61,6 +61,9 @@ SourceDocument::SourceDocument(std::string sBytes, const CodePage& oAnsi, bool b
 
 SourceDocument::~SourceDocument() = default;
 
+bool SourceDocument::IsHeaderOpen() const {
+  return mpImpl->oHeader.IsOpen();
+}
 const std::vector<DesignerBlock>& SourceDocument::Blocks() const {
   return mpImpl->oHeader.Blocks();
 }

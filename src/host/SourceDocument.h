@@ -40,6 +40,8 @@ class SourceDocument {
   SourceDocument& operator=(const SourceDocument&) = delete;
 
   // The header.
+  /// True when its block is never closed, so that nothing of the file could be told to be code.
+  bool IsHeaderOpen() const;
   const std::vector<DesignerBlock>& Blocks() const;
   /// Value of a property of the root block, trimmed, comment cut; empty when missing.
   Text RootProperty(TextView sName) const;

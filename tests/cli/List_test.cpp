@@ -67,7 +67,9 @@ TEST(List, QuotesWhatCsvWouldBreak) {
 TEST(List, JsonTellsPlacesSuggestionsAndLoadFailures) {
   WorkFolder oPlace;
   oPlace.Write("src/App/Demo.vbp",
-               oPlace.Read("src/App/Demo.vbp") + "Module=modGone; gone.bas\r\nForm=bare.frm\r\n");
+               oPlace.Read("src/App/Demo.vbp") +
+                   "Module=modGone; gone.bas\r\nForm=bare.frm\r\nClass=CTorn; torn.cls\r\n");
+  oPlace.Write("src/App/torn.cls", "VERSION 1.0 CLASS\r\nBEGIN\r\n  MultiUse = -1\r\nDim a\r\n");
   oPlace.Write("src/App/bare.frm", "Sub A()\r\nEnd Sub\r\n");
   WorkFolder::Result oResult = oPlace.Run("list --suggested --format json Demo.vbg");
   EXPECT_EQ(oResult.nExit, 0);
@@ -84,10 +86,11 @@ TEST(List, JsonTellsPlacesSuggestionsAndLoadFailures) {
       "boundaryInherited": false, "notes": {"boundary": "[Property Expert]"}})");
   for (const auto& [sKey, oValue] : oExpected.items()) EXPECT_EQ(oMain[sKey], oValue) << sKey;
   EXPECT_EQ(oList["procedures"][4]["line"], 9) << "behind the header of the class";
-  ASSERT_EQ(oList["loadFailures"].size(), 2u);
+  ASSERT_EQ(oList["loadFailures"].size(), 3u);
   EXPECT_EQ(oList["loadFailures"][0]["component"], "modGone");
   EXPECT_HOLDS(oList["loadFailures"][0]["reason"].get<std::string>(), std::string("gone.bas"));
   EXPECT_HOLDS(oResult.sErr, std::string("bare can't be read: its controls can't be listed"));
+  EXPECT_HOLDS(oResult.sErr, std::string("CTorn can't be read: The header block"));
   oPlace.Run("apply --set Template=Module --component clsStock Demo.vbg");
   oList = Json::parse(oPlace.Run("list --format json --component clsStock Demo.vbg").sOut);
   EXPECT_EQ(oList["procedures"][0]["notes"].dump(),
