@@ -199,7 +199,7 @@ class CIDEHandler {
   bool PutSignature(const ProcedureRecord& oRecord, Draft& oDraft);
   Text WhatIsNotProved(const ProcedureRecord& oRecord, const Run& oRun, const Draft& oDraft);
   void TakeOver(ProcedureRecord& oRecord, const Run& oRun, const Draft& oDraft);
-  void ReplaceProcedure(Handle hProcedure, const Draft& oDraft);
+  bool ReplaceProcedure(Handle hProcedure, const Draft& oDraft);
 
   std::vector<ProjectRecord> moProjects;
   std::vector<ComponentRecord> moComponents;

@@ -67,7 +67,8 @@ void CIDEHandler::RewriteProcedure(GuardScope& oScope, Handle hProcedure, Run& o
   ModuleEdit::CutBlankTail(oDraft.sOld);
   oRun.bErrors = !Recast(oRecord, oRun, oDraft);
   if (oRun.bErrors) return;
-  if (oDraft.IsChanged()) ReplaceProcedure(hProcedure, oDraft);
+  oRun.bErrors = oDraft.IsChanged() && !ReplaceProcedure(hProcedure, oDraft);
+  if (oRun.bErrors) return;
   TakeOver(oRecord, oRun, oDraft);
 }
 
@@ -213,13 +214,15 @@ void CIDEHandler::TakeOver(ProcedureRecord& oRecord, const Run& oRun, const Draf
   oCurrent.RetryInherited = oCurrent.eRetry() == oModule.eRetry();
 }
 
-void CIDEHandler::ReplaceProcedure(Handle hProcedure, const Draft& oDraft) {
+bool CIDEHandler::ReplaceProcedure(Handle hProcedure, const Draft& oDraft) {
+  bool bStands = true;
   Guard(Named(u"ReplaceProcedure"), [&](GuardScope& oScope) {
     const ProcedureRecord& oRecord = ProcedureAt(hProcedure);
     CodeModule& oModule = ModuleOf(oScope, oRecord.hComponent);
     if (!oRecord.oMember) {
-      return ModuleEdit::ReplaceDeclarations(oScope, oModule, oDraft.sOld, oDraft.sNew,
-                                             oDraft.lBlankLines);
+      bStands = ModuleEdit::ReplaceDeclarations(oScope, oModule, oDraft.sOld, oDraft.sNew,
+                                                oDraft.lBlankLines);
+      return;
     }
     const auto lStart =
         Need(oScope, [&] { return oModule.ProcStartLine(oDraft.sProcName, oRecord.nKind); });
@@ -237,4 +240,9 @@ void CIDEHandler::ReplaceProcedure(Handle hProcedure, const Draft& oDraft) {
     }
     if (pFailure) std::rethrow_exception(pFailure);
   });
+  if (!bStands) {
+    Template().ReportError(
+        u"    These lines would fall to the first procedure: no declaration keeps them from it");
+  }
+  return bStands;
 }

@@ -66,18 +66,16 @@ void ReplaceLines(GuardScope& oScope, CodeModule& oModule, std::int32_t lStart, 
   }
 }
 
-void ReplaceDeclarations(GuardScope& oScope, CodeModule& oModule, TextView sOld, TextView sNew,
+bool ReplaceDeclarations(GuardScope& oScope, CodeModule& oModule, TextView sOld, TextView sNew,
                          std::int32_t lBlankLines) {
   ReplaceLines(oScope, oModule, 1, sOld, sNew, lBlankLines);
   const std::int32_t lNew = CountLines(sNew);
-  if (lNew <= CountLines(sOld)) return;
-  if (Need(oScope, [&] { return oModule.CountOfDeclarationLines(); }) >= lNew) return;
+  if (lNew <= CountLines(sOld)) return true;
+  if (Need(oScope, [&] { return oModule.CountOfDeclarationLines(); }) >= lNew) return true;
   Text sWritten(sNew);
   for (std::int32_t i = 0; i < lBlankLines; ++i) sWritten.append(CrLf);
   ReplaceLines(oScope, oModule, 1, sWritten, sOld, 0);
-  throw Failure(5,
-                u"The module has no declarations that would keep these lines apart from its first "
-                u"procedure; write Option Explicit at its top");
+  return false;
 }
 
 Attributes Save(const Member& oMember) {

@@ -23,10 +23,10 @@ std::int32_t CutBlankTail(Text& sText);
 void ReplaceLines(GuardScope& oScope, CodeModule& oModule, std::int32_t lStart, TextView sOld,
                   TextView sNew, std::int32_t lBlankLines);
 
-/// The same for a declarations section, from line 1 on. Lines that came in and aren't counted to
-/// the section are taken back again, with a failure: they would be read as the first procedure's.
-void ReplaceDeclarations(GuardScope& oScope, CodeModule& oModule, TextView sOld, TextView sNew,
-                         std::int32_t lBlankLines);
+/// The same for a declarations section, from line 1 on. False: lines that came in aren't counted to
+/// the section and would be read as the first procedure's; the module has its old lines again.
+[[nodiscard]] bool ReplaceDeclarations(GuardScope& oScope, CodeModule& oModule, TextView sOld,
+                                       TextView sNew, std::int32_t lBlankLines);
 
 /// The attributes of a member that can be read.
 using Attributes = std::array<std::optional<AttributeValue>, MemberAttributeCount>;

@@ -68,10 +68,10 @@ const Row Rows[] = {
        m.Apply();
      },
      u"Sub Run()\nEnd Sub",
-     "Processing MMain.(declarations)|    The module has no declarations that would keep these "
-     "lines apart from its first procedure; write Option Explicit at its top|"
-     "Processing MMain.(declarations)|    The module has no declarations that would keep these "
-     "lines apart from its first procedure; write Option Explicit at its top|",
+     "Processing MMain.(declarations)|    These lines would fall to the first procedure: no "
+     "declaration keeps them from it|"
+     "Processing MMain.(declarations)|    These lines would fall to the first procedure: no "
+     "declaration keeps them from it|",
      " 1 0 0 0 0"},
     {"a procedure states only what differs from its module",
      u"'@ Mod\nConst Sev = tvnSeverityFatal\nSub A()\nEnd Sub\nSub B()\nEnd Sub",
