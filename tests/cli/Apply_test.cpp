@@ -26,6 +26,23 @@ TEST(Apply, WritesTheCodeThatWasAskedForAndTellsTheAccount) {
                                "    Trap.Caught \"modMain\", \"Main\"\nEnd Sub\n\n"));
 }
 
+TEST(Apply, AFileOfTwoProjectsFollowsTheFirst) {
+  WorkFolder oPlace;
+  const std::string sEntry = "Class=CPub; ..\\Core\\CPub.cls\r\n";
+  oPlace.Write("src/Core/CPub.cls",
+               WorkFolder::Dos("VERSION 1.0 CLASS\nBEGIN\n  MultiUse = -1\nEND\n"
+                               "Attribute VB_Creatable = True\nAttribute VB_Exposed = True\n"
+                               "Option Explicit\n\nPublic Sub Go()\n    Beep\nEnd Sub\n"));
+  oPlace.Write("src/Lib.vbp", "Type=OleDll\r\nClass=CPub; Core\\CPub.cls\r\nName=\"Lib\"\r\n");
+  oPlace.Write("src/App/Demo.vbp", oPlace.Read("src/App/Demo.vbp") + sEntry);
+  EXPECT_EQ(oPlace.Run("apply -q --suggested Lib.vbp App/Demo.vbp").nExit, 0);
+  const auto oApplied = oPlace.Files();
+  EXPECT_HOLDS(oPlace.Read("src/Core/CPub.cls"), std::string("tvnBoundaryActiveX"));
+  EXPECT_EQ(oPlace.Run("apply -q --suggested Lib.vbp App/Demo.vbp").nExit, 0);
+  EXPECT_TRUE(oPlace.Files() == oApplied);
+  EXPECT_EQ(oPlace.Run("check Lib.vbp App/Demo.vbp").sOut, "");
+}
+
 TEST(Apply, SettingsComeAndGoWithoutATrace) {
   WorkFolder oPlace;
   const auto oBefore = oPlace.Files();

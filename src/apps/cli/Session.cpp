@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <unordered_set>
 
 #include "CXRecent.h"
 #include "CodePage.h"
@@ -43,6 +44,11 @@ std::vector<Text> Names(const TextArray& asSparse) {
   for (const Text& sName : asSparse)
     if (!sName.empty()) asName.push_back(sName);
   return asName;
+}
+
+Text FirstFile(const ComponentRecord& oComponent) {
+  const VBComponent& o = *oComponent.oComponent;
+  return o.FileCount() > 0 ? o.FileNames(1) : Text();
 }
 
 }  // namespace
@@ -117,9 +123,10 @@ void Session::TellNotes() {
                            static_cast<std::int64_t>(oNote.lLine), ToUtf8(oNote.sMessage)));
 }
 
-void Session::LoadScope(bool bReadOnlyToo) {
+void Session::LoadScope(bool bToShow) {
   const Handle hLast = oHandler.ComponentCount();
   Text sProject;
+  std::unordered_set<Text> oTaken;
   for (Handle h = 1, hProject = 0; h <= hLast; ++h) {
     const ComponentRecord& oComponent = oHandler.Component(h);
     if (oComponent.hProject != hProject) {
@@ -129,15 +136,25 @@ void Session::LoadScope(bool bReadOnlyToo) {
     if (!moScope.TakesComponent(sProject, oComponent.sName)) continue;
     oConsole.Progress(static_cast<std::size_t>(h), static_cast<std::size_t>(hLast),
                       oComponent.sName);
-    if (oComponent.bReadOnly && MRules::oRules.bSkipReadOnly && !bReadOnlyToo) {
+    if (oComponent.bReadOnly && MRules::oRules.bSkipReadOnly && !bToShow) {
       oConsole.Detail("Passed over, its file is read-only: " + ToUtf8(oComponent.sName));
       continue;
     }
+    // Projects of different types may suggest different values for one file: the first one decides,
+    // or each run would change it back and forth.
+    const Text sFile = FirstFile(oComponent);
+    if (!bToShow && oTaken.contains(sFile)) {
+      oConsole.Detail("Passed over, an earlier project has its file: " + ToUtf8(sProject) + '.' +
+                      ToUtf8(oComponent.sName));
+      continue;
+    }
     if (!oComponent.bLoadError) oHandler.LoadComponent(h);
-    if (oHandler.Component(h).bLoadError)
+    if (oHandler.Component(h).bLoadError) {
       TellUnreadable(h);
-    else
+    } else {
       TakeProcedures(h);
+      if (!sFile.empty()) oTaken.insert(sFile);
+    }
   }
   oConsole.ProgressEnd();
   if (moProcedures.empty() && moUnreadable.empty())
@@ -176,9 +193,7 @@ bool Session::IsDeclarations(Handle hProcedure) const {
 }
 
 std::string Session::FileOf(Handle hComponent) {
-  const VBComponent& oComponent = *oHandler.Component(hComponent).oComponent;
-  if (oComponent.FileCount() == 0) return {};
-  Text sFile = oComponent.FileNames(1);
+  const Text sFile = FirstFile(oHandler.Component(hComponent));
   return sFile.empty() ? std::string() : RelativePath(PathOfText(sFile));
 }
 

@@ -27,9 +27,9 @@ class Session {
   /// project.
   void OpenGroup();
   /// Loads the components of the scope and tells of those that can't be read; then
-  /// Procedures() holds the procedures of the scope. bReadOnlyToo: also those in read-only files,
-  /// which the rules keep out of rewriting.
-  void LoadScope(bool bReadOnlyToo);
+  /// Procedures() holds the procedures of the scope. bToShow: also those that aren't to be
+  /// rewritten: in files that are read-only, and in files that an earlier component has.
+  void LoadScope(bool bToShow);
 
   /// Ascending.
   const std::vector<Handle>& Procedures() const { return moProcedures; }
