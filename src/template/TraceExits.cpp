@@ -156,6 +156,10 @@ Text TraceExits::Remove(TextView sLine, TextView sBaseType, TextView sTraceExit,
       sResult.erase(lExit - sInserted.size(), sInserted.size());
     }
   }
+  // Nearly always one statement is left, and it is the user's.
+  const bool bMore =
+      FindUnit(sResult, u':') != Text::npos || FindUnit(sResult, u'\'') != Text::npos;
+  if (!bMore && !oPattern.Matches(Fold(sResult))) return sResult;
   const Text sComment = sResult.substr(CommentStart(sResult));
   sResult.resize(sResult.size() - sComment.size());
   const TextArray asPiece = MXStringVB::SplitStatements(sResult);
