@@ -117,7 +117,7 @@ class FileIDE : public DiskIDE, public VBE {
     HostProject& oProject = moProjects.Add(std::make_unique<HostProject>(
         std::move(oRead.oFile), std::move(oRead.sPath), moFinder, moStore));
     for (const LineNote& oNote : oProject.Notes())
-      moNotes.push_back({oProject.FileName(), oNote.lLine, oNote.sMessage});
+      moNotes.push_back({oProject.FileName(), oNote.lLine, oNote.sMessage, false});
   }
 
   // In the order of who refers to whom: projects to documents, documents to the settings.

@@ -32,6 +32,7 @@ class DiskIDE {
     Text sFile;
     std::size_t lLine = 0;  ///< from 1; 0: the file as a whole
     Text sMessage;
+    bool bUnreadable = false;  ///< a project is left out because it can't be read
   };
 
   /// A source file with unsaved changes. Bytes are the whole file's.

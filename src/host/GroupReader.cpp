@@ -30,8 +30,9 @@ std::string Absolute(const std::string& sPath) {
 
 }  // namespace
 
-void GroupReader::AddNote(const std::string& sFile, std::size_t lLine, Text sMessage) {
-  moNotes.push_back({TextOfPath(sFile), lLine, std::move(sMessage)});
+void GroupReader::AddNote(const std::string& sFile, std::size_t lLine, Text sMessage,
+                          bool bUnreadable) {
+  moNotes.push_back({TextOfPath(sFile), lLine, std::move(sMessage), bUnreadable});
 }
 
 Text GroupReader::ReadText(const std::string& sPath) {
@@ -73,7 +74,7 @@ void GroupReader::ReadFolder(const std::string& sPath) {
     for (const std::string& sName : asFound) try {
         ReadFile(sPath + (sPath.ends_with('/') ? "" : "/") + sName);
       } catch (const Failure& oFailure) {
-        AddNote(sPath + '/' + sName, 0, oFailure.Description());
+        AddNote(sPath + '/' + sName, 0, oFailure.Description(), true);
       }
     if (!asFound.empty()) return;
   }
@@ -109,7 +110,7 @@ void GroupReader::ReadEntry(const std::string& sGroup, const GroupFile::Entry& o
     if (moSeen.size() == lSeen)
       AddNote(sGroup, oEntry.lLine, u"The project is open already: " + oEntry.sPath);
   } catch (const Failure& oFailure) {
-    AddNote(sGroup, oEntry.lLine, oFailure.Description());
+    AddNote(sGroup, oEntry.lLine, oFailure.Description(), true);
   }
 }
 

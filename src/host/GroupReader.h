@@ -42,7 +42,8 @@ class GroupReader {
   void ReadEntry(const std::string& sGroup, const GroupFile::Entry& oEntry);
   void ReadProject(const std::string& sPath);
   Text ReadText(const std::string& sPath);
-  void AddNote(const std::string& sFile, std::size_t lLine, Text sMessage);
+  void AddNote(const std::string& sFile, std::size_t lLine, Text sMessage,
+               bool bUnreadable = false);
 
   PathFinder& moFinder;
   const ReadSettings& moSettings;

@@ -207,5 +207,5 @@ int CheckCommand(Session& oSession) {
   FindRefusals(oSession, oFindings);
   DropUnwritten(oSession, oFindings);
   Reporter(oSession).Report(oFindings);
-  return oFindings.empty() && oSession.Unreadable().empty() ? 0 : 1;
+  return oFindings.empty() && oSession.IsScopeRead() ? 0 : 1;
 }

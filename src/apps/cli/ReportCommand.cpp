@@ -102,5 +102,5 @@ int ReportCommand(Session& oSession) {
   } else {
     PrintToFile(oSession, oDocuments);
   }
-  return oSession.Unreadable().empty() ? 0 : 1;
+  return oSession.IsScopeRead() ? 0 : 1;
 }

@@ -106,7 +106,7 @@ void Rewrite(Session& oSession, bool bRefresh, std::int32_t eLineNumAction) {
 
 int SaveChanges(Session& oSession) {
   if (oSession.oArguments.bDiff) PrintDifferences(oSession);
-  bool bDone = oSession.oTemplate.BatchErrors() == 0 && oSession.Unreadable().empty();
+  bool bDone = oSession.oTemplate.BatchErrors() == 0 && oSession.IsScopeRead();
   if (!oSession.oArguments.bDryRun) {
     bDone = SaveFiles(oSession) && bDone;
   } else {

@@ -118,9 +118,13 @@ void Session::OpenGroup() {
 }
 
 void Session::TellNotes() {
-  for (const DiskIDE::Note& oNote : pIDE->Notes())
+  // The name of a project that can't be read isn't known: it is missed where any name would do.
+  const bool bAnyProject = moScope.TakesProject(u"");
+  for (const DiskIDE::Note& oNote : pIDE->Notes()) {
     oConsole.Error(Finding(RelativePath(PathOfText(oNote.sFile)),
                            static_cast<std::int64_t>(oNote.lLine), ToUtf8(oNote.sMessage)));
+    mbProjectMissing |= oNote.bUnreadable && bAnyProject;
+  }
 }
 
 void Session::LoadScope(bool bToShow) {

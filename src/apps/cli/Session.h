@@ -36,6 +36,8 @@ class Session {
   bool IsWholeGroup() const { return moScope.IsWholeGroup(); }
   /// Components of the scope whose code can't be read.
   const std::vector<Handle>& Unreadable() const { return moUnreadable; }
+  /// False when a component of the scope can't be read, or a project that may belong to it.
+  bool IsScopeRead() const { return moUnreadable.empty() && !mbProjectMissing; }
   const std::vector<Text>& ModuleTemplates() const { return moModuleTemplates; }
   const std::vector<Text>& ProcedureTemplates() const { return moProcedureTemplates; }
   const std::string& TemplateFile() const { return msTemplateFile; }
@@ -72,6 +74,7 @@ class Session {
   std::string msTemplateFile;
   std::vector<Text> moModuleTemplates, moProcedureTemplates;
   std::vector<Handle> moProcedures, moUnreadable;
+  bool mbProjectMissing = false;
 };
 
 /// "file: message" or "file:line: message", as editors and build servers read it.
