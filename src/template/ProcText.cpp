@@ -169,6 +169,11 @@ bool Continues(TextView sLine) {
 }
 
 std::size_t CommentStart(TextView sLine) {
+  // Most lines have no apostrophe and one statement: only its first word can make it a comment.
+  if (FindUnit(sLine, u'\'') == TextView::npos && FindUnit(sLine, u':') == TextView::npos) {
+    const std::size_t lWord = sLine.find_first_not_of(u"\t 0123456789");
+    return lWord != TextView::npos && IsRem(sLine.substr(lWord)) ? lWord : sLine.size();
+  }
   bool bLiteral = false;
   bool bStatementStart = true;
   for (std::size_t i = 0; i < sLine.size(); ++i) {

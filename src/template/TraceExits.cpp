@@ -141,9 +141,13 @@ const LikePattern& TraceExits::Pattern(const LineRow& oRow, LikePattern& oCut) {
 
 Text TraceExits::Insert(TextView sLine, TextView sBaseType, TextView sTraceExit) {
   const std::size_t lExit = FindExit(sLine, sBaseType);
-  Text sResult(sLine);
-  if (lExit != TextView::npos) sResult.insert(lExit, Text(sTraceExit) + Text(Separator));
-  return sResult;
+  if (lExit == TextView::npos) return Text(sLine);
+  Text sResult;
+  sResult.reserve(sLine.size() + sTraceExit.size() + Separator.size());
+  return sResult.append(sLine, 0, lExit)
+      .append(sTraceExit)
+      .append(Separator)
+      .append(sLine.substr(lExit));
 }
 
 Text TraceExits::Remove(TextView sLine, TextView sBaseType, TextView sTraceExit,
