@@ -12,19 +12,24 @@ namespace {
 
 constexpr std::int32_t Folders = 8;
 
-/// Keeps the tree from being used while a node is processed, however that ends.
+/// Keeps the tree from being used while a node is processed, however that ends. Without a model,
+/// when the template was closed meanwhile, it stays off.
 class TreeOff {
  public:
-  explicit TreeOff(TreeView& oTree) : moTree(oTree) { moTree.SetEnabled(false); }
+  TreeOff(TreeView& oTree, const std::shared_ptr<CIDEHandler>& pModel)
+      : moTree(oTree), mpModel(pModel) {
+    moTree.SetEnabled(false);
+  }
   ~TreeOff() { On(); }
   TreeOff(const TreeOff&) = delete;
   TreeOff& operator=(const TreeOff&) = delete;
   void On() {
-    if (moTree.Parent().Loaded()) moTree.SetEnabled(true);
+    if (moTree.Parent().Loaded() && mpModel) moTree.SetEnabled(true);
   }
 
  private:
   TreeView& moTree;
+  const std::shared_ptr<CIDEHandler>& mpModel;  ///< the window's own
 };
 
 /// What the IDE can't tell shows as nothing: its failure has been reported by the model.
@@ -61,8 +66,9 @@ void FMain::EnumComponentsProc(Handle hProject, Handle hComponent, TextView sNam
   const bool bFolder = tvwProjects.Tag() == NodeKey::Tree && lFolder > 0;
   Node& oAbove =
       oNodes.Item(bFolder ? NodeKey::Folder(hProject, lFolder) : NodeKey::Project(hProject));
-  const Text sImage =
-      Icons::Marked(imlProjects, MQuillon::VBComponentTypeName(nComponentType), false);
+  // A change of view builds the tree anew, with what is pending.
+  const Text sImage = Icons::Marked(imlProjects, MQuillon::VBComponentTypeName(nComponentType),
+                                    oIDEHandler->ComponentIsDirty(hComponent));
   oNodes
       .Add(oAbove, NodeKey::Component(tvwProjects.Tag(), hProject, lFolder, hComponent), sName,
            sImage)
@@ -87,7 +93,7 @@ void FMain::tvwProjects_NodeClick() {
 
 void FMain::ProcessNode(Node& oNode) {
   const std::int32_t lIndex = oNode.Index();
-  TreeOff oTreeOff(tvwProjects);
+  TreeOff oTreeOff(tvwProjects, oIDEHandler);
   const NodeKey::Fields oFields = NodeKey::Read(oNode.Key(), tvwProjects.Tag());
   mhProject = oFields.hProject;
   mhComponent = oFields.hComponent;

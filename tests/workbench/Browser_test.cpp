@@ -53,8 +53,9 @@ TEST_F(FMainTest, TreeShowsProjectsAndComponentsInBothViews) {
               "Odd[]) Till[Standard EXE](MArk[Standard Module])")
         << "the folder's project";
     Click(u"mZoo");
+    Edit(u"Locked", u"True");
     Pick(u"ViewProjectTree");
-    ExpectHolds(Tree(), " *mZoo[");
+    ExpectHolds(Tree(), " *mZoo[Standard ModuleDirty]");
     EXPECT_EQ(oMain.lblList.GetCaption(), u"Procedures of Module 'mZoo'");
     Node& oTill = *oMain.tvwProjects.Nodes().Roots().back();
     EXPECT_TRUE(oMain.tvwProjects.UserNodeClick(*oTill.Children().front()->Children().front()));

@@ -126,6 +126,12 @@ TEST_F(FMainTest, ATemplateMayBeClosedWhileAListFills) {
     User().DoEvents([&] { Pick(u"FileOpenTemplate"); });
     Click(u"MOne");
     EXPECT_EQ(Tree(), "*P[Standard EXE](Modules[Closed Folder](MOne[Standard Module]))");
+    TempFolder::Write(oFolder / "Broken.dat", "<#Template name=x type=nonsense>\n");
+    ChooseTemplate("Broken.dat");
+    User().DoEvents([&] { Pick(u"FileOpenTemplate"); });
+    Click(u"MOne");
+    EXPECT_FALSE(oMain.tvwProjects.Enabled()) << "there is nothing to click";
+    EXPECT_TRUE(oMain.oMenu.mnuFileRecent(2).UserPick());
     User().DoEvents([&] { Pick(u"FileExit"); });
     Click(u"MOne");
     EXPECT_FALSE(oMain.Loaded());
