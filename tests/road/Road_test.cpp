@@ -301,4 +301,17 @@ TEST_F(RoadTest, EveryDialogOpensAndCloses) {
   });
 }
 
+// In a process of its own: this one has a display.
+TEST_F(RoadTest, NoDisplayIsToldInOneLine) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  for (const char* sDisplay : {"", ":65534"}) {
+    SCOPED_TRACE(sDisplay);
+    const auto Run = [sDisplay] {
+      setenv("DISPLAY", sDisplay, 1);
+      std::exit(RunDesktop([](Toolkit&) { return 0; }));
+    };
+    EXPECT_EXIT(Run(), testing::ExitedWithCode(3), "^There is no display to show windows on\n$");
+  }
+}
+
 }  // namespace

@@ -3,6 +3,7 @@
 #include <wx/app.h>
 #include <wx/image.h>
 #include <wx/init.h>
+#include <wx/log.h>
 #include <wx/msgdlg.h>
 
 #include <cstdio>
@@ -50,6 +51,7 @@ class Session {
   Session() {
     wxSetAssertHandler(PrintAssert);
     wxApp::SetInstance(new DesktopApp);
+    const wxLogNull oQuiet;  // it would tell in a box that there is no display for boxes
     int nArguments = 0;
     mbRuns = wxEntryStart(nArguments, static_cast<wxChar**>(nullptr)) && wxTheApp->CallOnInit();
   }
