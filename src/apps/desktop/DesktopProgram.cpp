@@ -1,9 +1,9 @@
 #include "DesktopProgram.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <optional>
 
+#include "BoxText.h"
 #include "CXChooseFile.h"
 #include "CXRecent.h"
 #include "CodePage.h"
@@ -17,8 +17,6 @@
 #include "Printers.h"
 
 namespace {
-
-constexpr std::size_t lProblemsShown = 12;
 
 /// Where help and the first template lie: the folder of the program itself, also when it is
 /// reached by a link.
@@ -48,19 +46,16 @@ std::optional<Text> AskPdfFile(Forms::Toolkit& oToolkit, TextView sTitle) {
 
 void TellSettingsProblems(Forms::Toolkit& oToolkit, const RegistryStore& oStore) {
   if (oStore.Problems().empty()) return;
-  Text sText =
+  const Text sHead =
       u"Some lines of the settings file aren't understood. They are passed over, and stay "
       u"as they are:\r\n\r\n" +
       TextOfPath(oStore.Path());
-  const std::size_t lCount = oStore.Problems().size();
-  for (std::size_t i = 0; i < std::min(lCount, lProblemsShown); ++i) {
-    const RegistryStore::Problem& oProblem = oStore.Problems()[i];
-    sText +=
-        u"\r\nLine " + ToText(static_cast<long long>(oProblem.lLine)) + u": " + oProblem.sMessage;
-  }
-  if (lCount > lProblemsShown)
-    sText += u"\r\nand " + ToText(static_cast<long long>(lCount - lProblemsShown)) + u" more";
-  oToolkit.MsgBox(sText, Forms::MsgBoxButtons::OkOnly, Forms::MsgBoxIcon::Exclamation);
+  std::vector<Text> asProblem;
+  for (const RegistryStore::Problem& oProblem : oStore.Problems())
+    asProblem.push_back(u"Line " + ToText(static_cast<long long>(oProblem.lLine)) + u": " +
+                        oProblem.sMessage);
+  oToolkit.MsgBox(sHead + BoxList(asProblem, u"\r\n"), Forms::MsgBoxButtons::OkOnly,
+                  Forms::MsgBoxIcon::Exclamation);
 }
 
 int RunIDE(Forms::Toolkit& oToolkit, const DesktopArguments& oArguments, ButtonFaces& oFaces) {

@@ -1,6 +1,7 @@
 // Opening a group, saving it, leaving it.
 #include <algorithm>
 
+#include "BoxText.h"
 #include "CXChooseFile.h"
 #include "CodePage.h"
 #include "FIDE.h"
@@ -13,7 +14,6 @@
 namespace {
 
 constexpr std::int32_t lRecentCount = 9;
-constexpr std::size_t lNotesShown = 12;
 
 /// The path as a menu shows it, behind its number.
 Text RecentCaption(std::int32_t lIndex, TextView sPath) {
@@ -28,15 +28,11 @@ Text NoteLine(const DiskIDE::Note& oNote) {
   return sLine + u":\r\n" + oNote.sMessage;
 }
 
-/// The notes as paragraphs, as many as fit a box.
+/// The notes as paragraphs.
 Text NoteText(TextView sHead, const std::vector<DiskIDE::Note>& oNotes) {
-  Text sText(sHead);
-  for (std::size_t i = 0; i < std::min(oNotes.size(), lNotesShown); ++i)
-    sText += u"\r\n\r\n" + NoteLine(oNotes[i]);
-  if (oNotes.size() > lNotesShown)
-    sText +=
-        u"\r\n\r\nand " + ToText(static_cast<long long>(oNotes.size() - lNotesShown)) + u" more";
-  return sText;
+  std::vector<Text> asNote;
+  for (const DiskIDE::Note& oNote : oNotes) asNote.push_back(NoteLine(oNote));
+  return Text(sHead) + BoxList(asNote, u"\r\n\r\n");
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 // The tree of the group, the code of a component, and how it differs from its file.
+#include "BoxText.h"
 #include "ChangeRows.h"
 #include "CodeModule.h"
 #include "CodePage.h"
@@ -16,6 +17,12 @@ Text ChangedText(std::size_t lCount) {
 
 Text NameOf(TextView sPath) {
   return Text(sPath.substr(sPath.find_last_of(u"/\\") + 1));
+}
+
+Text PathList(const std::vector<std::string>& asPath) {
+  std::vector<Text> asText;
+  for (const std::string& sPath : asPath) asText.push_back(TextOfPath(sPath));
+  return BoxList(asText, u"\r\n");
 }
 
 }  // namespace
@@ -105,25 +112,23 @@ void FIDE::Refresh() {
 
 void FIDE::TellProjects(const std::vector<std::string>& asProject) {
   if (asProject.empty()) return;
-  Text sList;
-  for (const std::string& sPath : asProject) sList += u"\r\n" + TextOfPath(sPath);
-  Tell(u"Another program has changed or removed these project files:\r\n" + sList +
+  Tell(u"Another program has changed or removed these project files:\r\n" + PathList(asProject) +
        u"\r\n\r\nThe window still shows the projects as they were. To work with them as they are "
        u"now, save your changes and choose File, Reload Group.");
 }
 
 void FIDE::TellConflicts(const std::vector<std::string>& asConflict) {
-  Text sNew;
+  std::vector<std::string> asNew;
   for (const std::string& sPath : asConflict)
-    if (masConflict.insert(sPath).second) sNew += u"\r\n" + TextOfPath(sPath);
+    if (masConflict.insert(sPath).second) asNew.push_back(sPath);
   std::erase_if(masConflict, [&](const std::string& sPath) {
     return std::find(asConflict.begin(), asConflict.end(), sPath) == asConflict.end();
   });
-  if (sNew.empty()) return;
+  if (asNew.empty()) return;
   Tell(
       u"Another program has changed or removed these files, which have changes here that aren't "
       u"saved:\r\n" +
-      sNew +
+      PathList(asNew) +
       u"\r\n\r\nThey won't be overwritten. To go on with what is on disk, choose File, Reload "
       u"Group; the changes here are lost then.");
 }
