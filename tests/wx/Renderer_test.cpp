@@ -1,9 +1,13 @@
 // Real mouse and keys on a form with every kind of control: state and events are those of forms
 // without a display.
+#include <wx/bitmap.h>
 #include <wx/button.h>
+#include <wx/dcmemory.h>
+#include <wx/image.h>
 #include <wx/textctrl.h>
 #include <wx/toplevel.h>
 
+#include "CodePanePeer.h"
 #include "FormPeer.h"
 #include "RowsPane.h"
 #include "WxTest.h"
@@ -46,7 +50,39 @@ class FQuestion : public Form {
   }
 };
 
+/// The pixels at the right end of a pane's only line.
+std::string EndOfLine(CodePane& oCode, TextView sLine) {
+  oCode.SetText(sLine);
+  oCode.Kit().Renderer().DoEvents();
+  auto& oPeer = dynamic_cast<CodePanePeer&>(*oCode.Peer());
+  constexpr int nWidth = 200;
+  const int nHeight = RowHeightOf(oCode), nRow = std::max(nWidth, oPeer.RowsWidth());
+  wxBitmap oBitmap(nWidth, nHeight, 24);
+  wxMemoryDC oDC(oBitmap);
+  oDC.SetFont(NativeOf<RowsPane>(oCode).GetFont());
+  oDC.SetBackground(*wxWHITE_BRUSH);
+  oDC.Clear();
+  oPeer.DrawRow(oDC, 0, {nWidth - nRow, 0, nRow, nHeight});
+  oDC.SelectObject(wxNullBitmap);
+  const wxImage oImage = oBitmap.ConvertToImage();
+  return {reinterpret_cast<const char*>(oImage.GetData()), std::size_t{3} * nWidth * nHeight};
+}
+
 }  // namespace
+
+TEST_F(WxTest, CodeIsDrawnToTheEndOfItsLines) {
+  struct Row {
+    const char* psName;
+    Text sLine, sLooksLike;
+  };
+  const Row aoRow[] = {
+      {"behind a NUL", Text(u"a\0b", 3), u"a\uFFFDb"},
+      {"more pixels than can be counted", Text(3000000, u'a') + u"bcd", Text(300, u'a') + u"bcd"},
+  };
+  for (const Row& oRow : aoRow)
+    EXPECT_TRUE(EndOfLine(moForm.codText, oRow.sLine) == EndOfLine(moForm.codText, oRow.sLooksLike))
+        << oRow.psName;
+}
 
 TEST_F(WxTest, ClicksReachEachKindOfControl) {
   struct Row {

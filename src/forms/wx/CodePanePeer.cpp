@@ -17,12 +17,23 @@ namespace {
 
 constexpr std::size_t TabWidth = 4;
 constexpr int Gap = 6;
+/// More than any pane is wide, less than the window system can count the pixels of.
+constexpr std::size_t PartSize = 4096;
+
+/// Control characters have no width of their own, and a NUL would end the text.
+bool IsControl(char16_t c) {
+  return c < u' ' || c == u'\x7F';
+}
 
 /// The line with blanks for its tabs: rows are drawn without any.
 Text Expanded(TextView sLine) {
   Text sShown;
   for (const char16_t c : sLine) {
-    sShown.append(c == u'\t' ? TabWidth - sShown.size() % TabWidth : 1, c == u'\t' ? u' ' : c);
+    if (c == u'\t') {
+      sShown.append(TabWidth - sShown.size() % TabWidth, u' ');
+    } else {
+      sShown += IsControl(c) ? u'\uFFFD' : c;
+    }
   }
   return sShown;
 }
@@ -75,9 +86,9 @@ void CodePanePeer::MeasureText() {
     lLongest = std::max(lLongest, Expanded(moCode.Line(i)).size());
     lNumber = std::max(lNumber, moCode.LineNumber(i).size());
   }
-  const int nChar = Pane().GetTextExtent("0").x;
-  mnMargin = moCode.LineNumbers() ? static_cast<int>(lNumber) * nChar + 2 * Gap : 0;
-  mnWidth = mnMargin + static_cast<int>(lLongest + 1) * nChar + Gap;
+  mnChar = std::max(1, Pane().GetTextExtent("0").x);
+  mnMargin = moCode.LineNumbers() ? static_cast<int>(lNumber) * mnChar + 2 * Gap : 0;
+  mnWidth = mnMargin + static_cast<int>(lLongest + 1) * mnChar + Gap;
 }
 
 void CodePanePeer::DrawRow(wxDC& oDC, int nRow, const wxRect& oRect) {
@@ -92,7 +103,7 @@ void CodePanePeer::DrawRow(wxDC& oDC, int nRow, const wxRect& oRect) {
   DrawRowGround(oDC, oRect, bSelected);
   wxRect oText(oRect);
   oText.x += mnMargin + Gap / 2;
-  oDC.DrawText(ToWx(Expanded(moCode.Line(lLine))), oText.x, oText.y + RowSpace());
+  DrawLine(oDC, Expanded(moCode.Line(lLine)), {oText.x, oText.y + RowSpace()});
   if (mnMargin == 0) return;
   // The numbers stand still while the text scrolls sideways.
   const wxRect oMargin(0, oRect.y, mnMargin - Gap / 2, oRect.height);
@@ -102,6 +113,14 @@ void CodePanePeer::DrawRow(wxDC& oDC, int nRow, const wxRect& oRect) {
   oDC.SetTextForeground(NativeColor(SystemColor::GrayText));
   oDC.DrawLabel(ToWx(moCode.LineNumber(lLine)), wxRect(oMargin).Deflate(Gap / 2, 0),
                 wxALIGN_RIGHT | wxALIGN_CENTER_VERTICAL);
+}
+
+// Of a line that is longer than any editor makes them, the part that is in sight.
+void CodePanePeer::DrawLine(wxDC& oDC, TextView sLine, wxPoint oAt) const {
+  const int nHidden = sLine.size() > PartSize ? std::max(0, -oAt.x) / mnChar : 0;
+  oAt.x += nHidden * mnChar;
+  const auto lHidden = std::min(static_cast<std::size_t>(nHidden), sLine.size());
+  oDC.DrawText(ToWx(sLine.substr(lHidden, PartSize)), oAt);
 }
 
 void CodePanePeer::PressRow(int nRow, const wxMouseEvent& oEvent) {

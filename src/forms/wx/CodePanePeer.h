@@ -24,10 +24,12 @@ class CodePanePeer : public RowsPeer {
 
  private:
   void MeasureText();
+  void DrawLine(wxDC& oDC, TextView sLine, wxPoint oAt) const;
 
   CodePane& moCode;
   int mnMargin = 0;  ///< for the line numbers
   int mnWidth = 0;
+  int mnChar = 1;
   std::int32_t mlAnchor = 1;  ///< line that a selection began with
 };
 
