@@ -97,6 +97,9 @@ void FMain::ProcessNode(Node& oNode) {
   const NodeKey::Fields oFields = NodeKey::Read(oNode.Key(), tvwProjects.Tag());
   mhProject = oFields.hProject;
   mhComponent = oFields.hComponent;
+  // Ahead of the rows: the lists let waiting events through, and a command among them works on the
+  // list that fills.
+  msListType = mhComponent != 0 ? u"Procs" : u"Mods";
   mbReadOnly = mhComponent != 0 && oIDEHandler->ComponentReadOnly(mhComponent) &&
                MRules::oRules.bSkipReadOnly;
   ClearSheet();
@@ -121,7 +124,6 @@ bool FMain::ShowComponent(TextView sNode) {
   StatusBar1.Panels(2).SetText(sFile);
   lblList.SetCaption(u"Procedures of " + pModel->ComponentFolderName(mhComponent) + u" '" +
                      Text(sNode) + u"'");
-  msListType = u"Procs";
   ProcessProcListSelection();
   return true;
 }
@@ -136,7 +138,6 @@ bool FMain::ShowModules(TextView sNode, std::int32_t lFolder) {
   ShowPath(Told([&] { return pModel->ProjectFileName(mhProject); }));
   const Text sProject = u"Project '" + Told([&] { return pModel->ProjectName(mhProject); }) + u"'";
   lblList.SetCaption((lFolder > 0 ? Text(sNode) : u"Modules") + u" of " + sProject);
-  msListType = u"Mods";
   return true;
 }
 

@@ -132,6 +132,15 @@ TEST_F(FMainTest, ATemplateMayBeClosedWhileAListFills) {
     Click(u"MOne");
     EXPECT_FALSE(oMain.tvwProjects.Enabled()) << "there is nothing to click";
     EXPECT_TRUE(oMain.oMenu.mnuFileRecent(2).UserPick());
+    for (const TextView sNode : {u"MOne", u"P", u"MOne"}) {
+      User().Modal<FCopySuggest>([&](FCopySuggest& o) {
+        EXPECT_EQ(o.cmdAction(2).Enabled(), sNode == u"MOne") << "of the node that was clicked";
+        EXPECT_TRUE(o.cmdCancel.UserClick());
+      });
+      User().DoEvents([&] { Pick(u"PropsCopySuggest"); });
+      Click(sNode);
+    }
+    Click(u"P");
     User().DoEvents([&] { Pick(u"FileExit"); });
     Click(u"MOne");
     EXPECT_FALSE(oMain.Loaded());
