@@ -25,8 +25,11 @@ void CTemplate::LoadTemplateFile(TextView sTemplateFile) {
   Guard({u"CTemplate", u"LoadTemplateFile"}, [&](GuardScope& oScope) {
     TemplateLoader oLoader(*this, sTemplateFile);
     std::string sBytes;
-    if (!oScope.Step([&] { MXFile::FileBinaryRead(sTemplateFile, sBytes); })) return;
-    oLoader.LoadBytes(sBytes);
+    if (oScope.Step([&] { MXFile::FileBinaryRead(sTemplateFile, sBytes); })) {
+      oLoader.LoadBytes(sBytes);
+    } else {
+      oLoader.ReportUnread();
+    }
   });
 }
 

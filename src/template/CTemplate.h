@@ -47,7 +47,8 @@ class CTemplate {
   void RemoveTemplate(TextView sModuleName, TextView sProcName, TextView sProcType, Text& sProcCode,
                       std::int32_t lBodyLine, TextView sTemplate, bool& bErrors);
   /// Reads and loads a file; messages go through ReportError, faults are counted in LoadErrors.
-  /// A file that can't be read throws a Failure with its path.
+  /// A file that can't be read throws a Failure with its path; if the user goes on behind it, it
+  /// is a fault of the load.
   void LoadTemplateFile(TextView sTemplateFile);
   /// As above for text that is at hand; sFile is used in messages only.
   void LoadTemplateText(TextView sFile, TextView sText);

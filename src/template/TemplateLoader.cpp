@@ -78,6 +78,11 @@ std::unique_ptr<CTemplate> TemplateLoader::SilentCopy(const CTemplate& oTemplate
   return pCopy;
 }
 
+void TemplateLoader::ReportUnread() {
+  ReportError(1, u"The file " + Quoted(msFile) + u" could not be read; open it again");
+  ReportResult();
+}
+
 void TemplateLoader::LoadBytes(std::string_view sBytes) {
   if (IsUtf16(sBytes)) {
     ReportError(1, u"The file " + Quoted(msFile) +

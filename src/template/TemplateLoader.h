@@ -25,6 +25,8 @@ class TemplateLoader {
   /// oTemplate must outlive the loader. Announces the file.
   TemplateLoader(CTemplate& oTemplate, TextView sFile);
 
+  /// In the place of a load, when the file couldn't be read and the user goes on without it.
+  void ReportUnread();
   /// The contents of a file: UTF-8 if they can be nothing else, or else code page 1252.
   void LoadBytes(std::string_view sBytes);
   /// Appends to the tables and ends with the result of the load as a message.

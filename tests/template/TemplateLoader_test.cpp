@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "ErrorRuntimeFake.h"
 #include "Failure.h"
 #include "MXString.h"
 
@@ -235,6 +236,15 @@ TEST(TemplateLoader, FailsWithThePathOfAFileThatCannotBeRead) {
     EXPECT_NE(oFailure.Description().find(u"/nowhere/t.dat"), Text::npos);
     EXPECT_EQ(oLoaded.oTemplate.LoadErrors(), 0);
   }
+}
+
+TEST(TemplateLoader, CountsAFileThatWasPassedOverAsAFault) {
+  Loaded oLoaded;
+  AnswersWith oAnswers(ErrorIds::ActionNext);
+  oLoaded.oTemplate.LoadTemplateFile(u"/nowhere/t.dat");
+  EXPECT_EQ(oLoaded.oTemplate.LoadErrors(), 1);
+  EXPECT_TRUE(oLoaded.sReport.find("t.dat\" could not be read") != std::string::npos);
+  EXPECT_EQ(oAnswers.nReports, 1);
 }
 
 TEST(CTemplate, KeepsTheAccountOfABatch) {
