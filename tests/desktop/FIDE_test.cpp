@@ -7,8 +7,9 @@
 #include "MQuillon.h"
 #include "MXHTMLHelp.h"
 #include "MXRegistry.h"
+#include "OwnSettings.h"
 #include "ProjectTree.h"
-#include "RegistryStore.h"
+#include "TableRows.h"
 
 namespace {
 
@@ -16,6 +17,8 @@ using namespace Forms;
 
 constexpr const char* sModuleBytes = "Attribute VB_Name = \"MMain\"\r\nSub Main()\r\nEnd Sub\r\n";
 constexpr const char* sClassBytes = "Attribute VB_Name = \"COrder\"\r\nSub Ship()\r\nEnd Sub\r\n";
+constexpr const char* sClean = "Shop=Standard EXE[COrder=Class Module MMain=Standard Module ]";
+constexpr const char* sDirty = "Shop=Standard EXE[COrder=Class Module MMain=Standard ModuleDirty ]";
 
 /// What an add-in does, as far as the stand-in can see it.
 struct TestAddIn : IDTExtensibility {
@@ -53,7 +56,6 @@ struct TestAddIn : IDTExtensibility {
 class FIDETest : public FormsTest {
  protected:
   FIDETest() {
-    goRegistry = &moStore;
     MQuillon::Initialize();
     moToolkit.SetPictures([this](TextView sKey, std::int32_t lPixels) {
       return sKey == u"Clip" ? "picture" + std::to_string(lPixels) : moFaces.Find(sKey);
@@ -65,10 +67,7 @@ class FIDETest : public FormsTest {
                  "Type=Exe\r\nName=\"Shop\"\r\nModule=MMain; Main.bas\r\n"
                  "Class=COrder; Order.cls\r\n");
   }
-  ~FIDETest() override {
-    MXHTMLHelp::SetHelpFile({});
-    goRegistry = nullptr;
-  }
+  ~FIDETest() override { MXHTMLHelp::SetHelpFile({}); }
 
   void Start(const std::string& sGroup = "Shop.vbp", std::int32_t nMode = 1) {
     moIDE.Start({sGroup.empty() ? Text() : PathText(sGroup), nMode});
@@ -102,15 +101,22 @@ class FIDETest : public FormsTest {
     }
     return sTree;
   }
-  std::string LastBox() {
-    return User().Boxes().empty() ? "" : ToUtf8(User().Boxes().back().sPrompt);
+  /// Does something of which a box tells; gives its words.
+  template <class Deed>
+  std::string Told(Deed&& oDeed) {
+    User().MsgBox(MsgBoxResult::Ok);
+    oDeed();
+    return ToUtf8(User().Boxes().back().sPrompt);
+  }
+  static void ExpectHolds(const std::string& sAll, std::initializer_list<const char*> asPart) {
+    for (const char* s : asPart) EXPECT_NE(sAll.find(s), std::string::npos) << sAll;
   }
   void AnswerSave(CommandButton FSave::*pButton) {
     User().Modal<FSave>([=](FSave& o) { (o.*pButton).UserClick(); });
   }
 
   ProjectTree moTree;
-  RegistryStore moStore;
+  OwnSettings moStore;
   ButtonFaces moFaces;
   std::string msLog;
   std::function<void(VBE&)> moOnClick;
@@ -123,7 +129,7 @@ TEST_F(FIDETest, OpensTheGroupAndConnectsTheAddInAMomentAfterItShows) {
   EXPECT_EQ(msLog, "");
   moRenderer.Advance(100);
   EXPECT_EQ(msLog, "connect1 startup update ");
-  EXPECT_EQ(Tree(), "Shop=Standard EXE[COrder=Class Module MMain=Standard Module ]");
+  EXPECT_EQ(Tree(), sClean);
   EXPECT_EQ(moIDE.Caption(), u"Shop.vbp - Tarvane Quillon");
   EXPECT_TRUE(moIDE.UserClose());
   EXPECT_EQ(msLog, "connect1 startup update disconnect gone ");
@@ -131,15 +137,14 @@ TEST_F(FIDETest, OpensTheGroupAndConnectsTheAddInAMomentAfterItShows) {
 
 TEST_F(FIDETest, DamagedPlacesAndAMissingHelpFileLeaveAWindowThatWorks) {
   const Text sKey = Text(u"HKEY_CURRENT_USER\\").append(MXRegistry::RootKey) + u"FIDE";
-  const std::int32_t lFar = 2147483647;
-  struct Row {
-    TextView sKey, sName;
-    std::int32_t lValue;
-  };
-  for (const Row& oRow : {Row{u"", u"Left", -lFar}, Row{u"", u"Top", lFar}, Row{u"", u"Width", 0},
-                          Row{u"", u"Height", 3}, Row{u"\\Split", u"Left", lFar}}) {
-    SCOPED_TRACE(ToUtf8(oRow.sName));
-    moStore.SetLong(sKey + Text(oRow.sKey), oRow.sName, oRow.lValue);
+  for (const auto& as : Rows(R"(
+         Left |        | -2147483647
+         Top  |        | 2147483647
+         Width |       | 0
+         Height |      | 3
+         Left | \Split | 2147483647)")) {
+    SCOPED_TRACE(as[0] + as[1]);
+    moStore.SetLong(sKey + FromUtf8(as[1]), FromUtf8(as[0]), std::stoi(as[2]));
     Start();
     const Rect o = moIDE.Bounds();
     EXPECT_TRUE(o.lLeft >= 0 && o.lTop >= 0 && o.lWidth > 2400 && o.lHeight > 2400);
@@ -149,55 +154,44 @@ TEST_F(FIDETest, DamagedPlacesAndAMissingHelpFileLeaveAWindowThatWorks) {
   }
   Start();
   MXHTMLHelp::SetHelpFile(PathText("gone.htb"));
-  User().MsgBox(MsgBoxResult::Ok);
-  EXPECT_TRUE(moIDE.mnuHelpContents.UserPick());
-  EXPECT_NE(LastBox().find("gone.htb"), std::string::npos);
+  ExpectHolds(Told([&] { moIDE.mnuHelpContents.UserPick(); }), {"gone.htb"});
   MXHTMLHelp::SetHelpFile(PathText("Main.bas"));
   EXPECT_TRUE(moIDE.mnuHelpContents.UserPick());
   EXPECT_EQ(moRenderer.Opened().size(), 1U);
 }
 
-TEST_F(FIDETest, WithoutAGroupTakesTheLastOneAndElseAsks) {
+TEST_F(FIDETest, WithoutAGroupAsksAndTheNextTimeTakesTheLastOne) {
+  User().ChooseFile([](FileDialog&) { return DialogAnswer{}; });
+  Start("");
+  EXPECT_EQ(msLog, "connect1 startup update ");
+  EXPECT_EQ(Tree(), "");
   User().ChooseFile([&](FileDialog& oDialog) {
     oDialog.asPath = {PathText("Shop.vbp")};
     return DialogAnswer{true, 0};
   });
-  Start("");
+  EXPECT_TRUE(moIDE.mnuFileOpen.UserPick());
+  EXPECT_EQ(Tree(), sClean);
+  // The add-in holds on to its IDE, which is another one for each group.
+  EXPECT_EQ(msLog, "connect1 startup update disconnect gone connect0 update ");
   EXPECT_EQ(moIDE.mnuFileRecent(1).Caption(), u"&1 " + PathText("Shop.vbp"));
   EXPECT_TRUE(moIDE.UserClose());
   Start("");
   EXPECT_EQ(moIDE.Caption(), u"Shop.vbp - Tarvane Quillon");
 }
 
-TEST_F(FIDETest, CancelAtTheStartLeavesAWindowThatWorks) {
-  User().ChooseFile([](FileDialog&) { return DialogAnswer{}; });
-  Start("");
-  EXPECT_EQ(msLog, "connect1 startup update ");
-  EXPECT_EQ(Tree(), "");
-  EXPECT_TRUE(moIDE.OpenGroup(PathText("Shop.vbp")));
-  // The add-in holds on to its IDE, which is another one for each group.
-  EXPECT_EQ(msLog, "connect1 startup update disconnect gone connect0 update ");
-}
-
 TEST_F(FIDETest, GroupThatCanNotBeReadIsToldAndTheOpenOneStays) {
   moTree.Write("Empty.vbg", "VBGROUP 5.0\r\nStartupProject=Gone.vbp\r\n");
   moTree.Write("Half.vbg", "VBGROUP 5.0\r\nProject=Gone.vbp\r\nProject=Shop.vbp\r\n");
   Start();
-  struct Row {
-    const char *sName, *sFile, *sTold;
-    bool bOpens;
-  };
-  const Row aoRow[] = {
-      {"missing", "No.vbg", "The group can't be opened.", false},
-      {"no project", "Empty.vbg", "The group can't be opened.", false},
-      {"one project of two", "Half.vbg", "The group is open, but not all of it", true},
-  };
-  for (const Row& oRow : aoRow) {
-    SCOPED_TRACE(oRow.sName);
-    User().MsgBox(MsgBoxResult::Ok);
-    EXPECT_EQ(moIDE.OpenGroup(PathText(oRow.sFile)), oRow.bOpens);
-    EXPECT_EQ(LastBox().find(oRow.sTold), 0U) << LastBox();
-    EXPECT_EQ(Tree(), "Shop=Standard EXE[COrder=Class Module MMain=Standard Module ]");
+  for (const auto& as : Rows(R"(
+         missing            | No.vbg    | The group can't be opened.
+         no project         | Empty.vbg | The group can't be opened.
+         one project of two | Half.vbg  | The group is open, but not all of it)")) {
+    SCOPED_TRACE(as[0]);
+    bool bOpened = false;
+    EXPECT_EQ(Told([&] { bOpened = moIDE.OpenGroup(PathText(as[1])); }).find(as[2]), 0U);
+    EXPECT_EQ(bOpened, as[1] == "Half.vbg");
+    EXPECT_EQ(Tree(), sClean);
   }
 }
 
@@ -228,62 +222,46 @@ TEST_F(FIDETest, MenuAndToolBarsAreThoseOfTheAddIn) {
 
 TEST_F(FIDETest, BarsStandInTheirRowsInsideTheWindow) {
   Start();
-  struct Row {
-    const char* sName;
-    std::int32_t lRow, lLeft;  ///< of the second bar; the first one is in row 0 at 0
-    bool bBelow, bInside;
-  };
-  const Row aoRow[] = {
-      {"the same row", 0, 0, false, true},
-      {"the row below", 1, 0, true, true},
-      {"far to the right, from a wider screen", 0, 100000000, false, true},
-      {"left of the edge", 0, -500, false, true},
-  };
-  for (const Row& oRow : aoRow) {
-    SCOPED_TRACE(oRow.sName);
+  // Row and wish of the second bar; the first one is in row 0 at 0.
+  for (const auto& as : Rows(R"(
+         the same row     | 0 | 0
+         the row below    | 1 | 0
+         far to the right, from a wider screen | 0 | 100000000
+         left of the edge | 0 | -500)")) {
+    SCOPED_TRACE(as[0]);
+    const std::int32_t lRow = std::stoi(as[1]), lLeft = std::stoi(as[2]);
     InAddIn([&](VBE& oVBE) {
       CommandBar& oBar = oVBE.CommandBars().Add(u"Second", 1);
       oBar.Controls().Add(1).SetCaption(u"More");
       oBar.SetVisible(true);
-      oBar.SetRowIndex(oRow.lRow);
-      oBar.SetLeft(oRow.lLeft);
+      oBar.SetRowIndex(lRow);
+      oBar.SetLeft(lLeft);
     });
     ASSERT_EQ(moIDE.cmdTool.Count(), 3);
     // A negative place sorts ahead of the first bar.
-    const bool bFirst = oRow.lLeft < 0;
+    const bool bFirst = lLeft < 0;
     const Rect oFirst = moIDE.cmdTool(bFirst ? 2 : 1).Bounds();
     const Rect oSecond = moIDE.cmdTool(bFirst ? 1 : 2).Bounds();
-    EXPECT_EQ(oSecond.lTop > oFirst.lTop, oRow.bBelow);
-    EXPECT_GE(oSecond.lLeft, 0);
-    EXPECT_LE(oSecond.lLeft + oSecond.lWidth, moIDE.ScaleWidth());
-    EXPECT_TRUE(oRow.bBelow || oSecond.lLeft >= oFirst.lLeft + oFirst.lWidth || bFirst);
+    EXPECT_EQ(oSecond.lTop > oFirst.lTop, lRow == 1);
+    EXPECT_TRUE(oSecond.lLeft >= 0 && oSecond.lLeft + oSecond.lWidth <= moIDE.ScaleWidth());
+    EXPECT_TRUE(lRow == 1 || oSecond.lLeft >= oFirst.lLeft + oFirst.lWidth || bFirst);
     InAddIn([](VBE& oVBE) { oVBE.CommandBars().Item(u"Second").Delete(); });
   }
 }
 
 TEST_F(FIDETest, SelectedComponentIsTheActiveCodePane) {
-  moTree.Write("Shop.vbp",
-               "Type=Exe\r\nName=\"Shop\"\r\nModule=MMain; Main.bas\r\n"
-               "Class=COrder; Order.cls\r\nClass=CGone; Gone.cls\r\n");
+  moTree.Write("Shop.vbp", moTree.Read("Shop.vbp") + "Class=CGone; Gone.cls\r\n");
   Start();
-  struct Row {
-    const char *sName, *sCode;
-    bool bPane;
-  };
-  const Row aoRow[] = {
-      {"MMain", "Sub Main()\r\nEnd Sub", true},
-      {"COrder", "Sub Ship()\r\nEnd Sub", true},
-      {"CGone", "The code can't be read: ", false},
-  };
-  for (const Row& oRow : aoRow) {
-    SCOPED_TRACE(oRow.sName);
-    Select(FromUtf8(oRow.sName));
-    EXPECT_EQ(ToUtf8(moIDE.paneCode.Text()).find(oRow.sCode), 0U) << ToUtf8(moIDE.paneCode.Text());
+  for (const auto& as : Rows(R"(
+         MMain  | Sub Main()
+         COrder | Sub Ship()
+         CGone  | The code can't be read: )")) {
+    SCOPED_TRACE(as[0]);
+    Select(FromUtf8(as[0]));
+    EXPECT_EQ(ToUtf8(moIDE.paneCode.Text()).find(as[1]), 0U) << ToUtf8(moIDE.paneCode.Text());
     InAddIn([&](VBE& oVBE) {
-      EXPECT_EQ(oVBE.ActiveCodePane() != nullptr, oRow.bPane);
-      if (oRow.bPane) {
-        EXPECT_EQ(ToUtf8(oVBE.ActiveCodePane()->CodeModule().Parent().Name()), oRow.sName);
-      }
+      auto* const poPane = oVBE.ActiveCodePane();
+      EXPECT_EQ(poPane ? ToUtf8(poPane->CodeModule().Parent().Name()) : "CGone", as[0]);
     });
   }
 }
@@ -293,44 +271,36 @@ TEST_F(FIDETest, ChangesOfTheAddInAreShownAndSavedOnTheUsersWord) {
   Select(u"MMain");
   EXPECT_FALSE(moIDE.mnuFileSave.Enabled());
   Edit();
-  EXPECT_EQ(Tree(), "Shop=Standard EXE[COrder=Class Module MMain=Standard ModuleDirty ]");
+  EXPECT_EQ(Tree(), sDirty);
   EXPECT_EQ(moIDE.staBar.Panels(2).Text(), u"1 file is not saved");
   EXPECT_EQ(moIDE.paneCode.Line(1), u"' edited");
   EXPECT_TRUE(moIDE.mnuViewChanges.UserPick());
-  EXPECT_TRUE(moIDE.paneChanges.Visible());
-  EXPECT_FALSE(moIDE.paneCode.Visible());
+  EXPECT_TRUE(moIDE.paneChanges.Visible() && !moIDE.paneCode.Visible());
   EXPECT_EQ(moIDE.paneChanges.Line(3), u"' edited");
   EXPECT_EQ(moIDE.paneChanges.Mark(3), LineMark::Added);
+  Select(u"COrder");
+  EXPECT_EQ(moIDE.paneChanges.Text(), u"No changes.");
   EXPECT_EQ(moTree.Read("Main.bas"), sModuleBytes);
   EXPECT_TRUE(moIDE.mnuFileSave.UserPick());
   EXPECT_EQ(moTree.Read("Main.bas"),
             "Attribute VB_Name = \"MMain\"\r\n' edited\r\nSub Main()\r\nEnd Sub\r\n");
-  EXPECT_EQ(Tree(), "Shop=Standard EXE[COrder=Class Module MMain=Standard Module ]");
+  EXPECT_EQ(Tree(), sClean);
   EXPECT_EQ(moIDE.paneChanges.Text(), u"No changes.");
 }
 
 TEST_F(FIDETest, LeavingAsksWhatBecomesOfChanges) {
-  struct Row {
-    const char* sName;
-    CommandButton FSave::*pButton;
-    bool bLeaves, bWritten;
-  };
-  const Row aoRow[] = {
-      {"Cancel", &FSave::cmdCancel, false, false},
-      {"Discard", &FSave::cmdDiscard, true, false},
-      {"Save", &FSave::cmdSave, true, true},
-  };
   for (const bool bClose : {true, false})
-    for (const Row& oRow : aoRow) {
-      SCOPED_TRACE(std::string(oRow.sName) + (bClose ? " at the end" : " at another group"));
+    for (const auto pButton : {&FSave::cmdCancel, &FSave::cmdDiscard, &FSave::cmdSave}) {
+      SCOPED_TRACE(bClose ? "at the end" : "at another group");
+      const bool bLeaves = pButton != &FSave::cmdCancel;
       moTree.Write("Main.bas", sModuleBytes);
       Start();
       Edit();
-      AnswerSave(oRow.pButton);
-      EXPECT_EQ(bClose ? moIDE.UserClose() : moIDE.OpenGroup(PathText("Shop.vbp")), oRow.bLeaves);
-      EXPECT_EQ(moTree.Read("Main.bas") != sModuleBytes, oRow.bWritten);
-      EXPECT_EQ(moIDE.mnuFileSave.Enabled() && moIDE.Loaded(), !oRow.bLeaves);
-      if (!oRow.bLeaves) AnswerSave(&FSave::cmdDiscard);
+      AnswerSave(pButton);
+      EXPECT_EQ(bClose ? moIDE.UserClose() : moIDE.OpenGroup(PathText("Shop.vbp")), bLeaves);
+      EXPECT_EQ(moTree.Read("Main.bas") != sModuleBytes, pButton == &FSave::cmdSave);
+      EXPECT_EQ(moIDE.mnuFileSave.Enabled() && moIDE.Loaded(), !bLeaves);
+      if (!bLeaves) AnswerSave(&FSave::cmdDiscard);
       if (moIDE.Loaded()) moIDE.UserClose();
     }
 }
@@ -340,18 +310,15 @@ TEST_F(FIDETest, SaveThatFailsIsToldAndNothingIsLost) {
   Edit(1);
   Edit(2);
   std::filesystem::permissions(moTree.Path("Main.bas"), std::filesystem::perms::owner_read);
-  User().MsgBox(MsgBoxResult::Ok);
-  EXPECT_FALSE(moIDE.SaveAll());
-  EXPECT_NE(LastBox().find("choose File, Save All again"), std::string::npos);
-  EXPECT_NE(LastBox().find("Main.bas"), std::string::npos);
-  EXPECT_EQ(LastBox().find("Order.cls"), std::string::npos);
+  const std::string sTold = Told([&] { EXPECT_FALSE(moIDE.SaveAll()); });
+  ExpectHolds(sTold, {"choose File, Save All again", "Main.bas"});
+  EXPECT_EQ(sTold.find("Order.cls"), std::string::npos);
   EXPECT_NE(moTree.Read("Order.cls"), sClassBytes);
   EXPECT_EQ(moTree.Read("Main.bas"), sModuleBytes);
-  EXPECT_EQ(Tree(), "Shop=Standard EXE[COrder=Class Module MMain=Standard ModuleDirty ]");
+  EXPECT_EQ(Tree(), sDirty);
   // At the end the window stays open, with the change.
   AnswerSave(&FSave::cmdSave);
-  User().MsgBox(MsgBoxResult::Ok);
-  EXPECT_FALSE(moIDE.UserClose());
+  Told([&] { EXPECT_FALSE(moIDE.UserClose()); });
   std::filesystem::permissions(moTree.Path("Main.bas"), std::filesystem::perms::owner_all);
   EXPECT_TRUE(moIDE.SaveAll());
   EXPECT_NE(moTree.Read("Main.bas"), sModuleBytes);
@@ -361,45 +328,35 @@ TEST_F(FIDETest, FilesOfOtherProgramsAreReadAgainOrTold) {
   Start();
   Select(u"MMain");
   moTree.Write("Main.bas", "Attribute VB_Name = \"MMain\"\r\nSub Other()\r\nEnd Sub\r\n");
-  std::string sSeen;
-  InAddIn([&](VBE& oVBE) { sSeen = ToUtf8(CodeModuleOf(oVBE, 1).Lines(1, 1)); });
-  EXPECT_EQ(sSeen, "Sub Other()");
+  InAddIn([&](VBE& oVBE) { EXPECT_EQ(CodeModuleOf(oVBE, 1).Lines(1, 1), u"Sub Other()"); });
   EXPECT_EQ(moIDE.paneCode.Line(1), u"Sub Other()");
-  User().MsgBox(MsgBoxResult::Ok);
-  InAddIn([&](VBE& oVBE) {
+  const auto Conflicts = [&](VBE& oVBE) {
     CodeModuleOf(oVBE, 1).InsertLines(1, u"' mine");
     moTree.Write("Main.bas", "Attribute VB_Name = \"MMain\"\r\n' theirs, longer\r\n");
-  });
-  EXPECT_NE(LastBox().find("Another program has changed or removed"), std::string::npos);
+  };
+  ExpectHolds(Told([&] { InAddIn(Conflicts); }), {"Another program has changed or removed"});
   EXPECT_EQ(moIDE.paneCode.Line(1), u"' mine");
   InAddIn([](VBE&) {});  // it isn't told again
   EXPECT_EQ(User().Boxes().size(), 1U);
-  User().MsgBox(MsgBoxResult::Ok);
-  InAddIn([&](VBE&) { moTree.Write("Shop.vbp", moTree.Read("Shop.vbp") + "Title=\"Shop\"\r\n"); });
-  EXPECT_NE(LastBox().find("Shop.vbp"), std::string::npos);
-  EXPECT_NE(LastBox().find("File, Reload Group"), std::string::npos);
+  const auto Changes = [&](VBE&) { moTree.Write("Shop.vbp", moTree.Read("Shop.vbp") + "\r\n"); };
+  ExpectHolds(Told([&] { InAddIn(Changes); }), {"Shop.vbp", "File, Reload Group"});
   AnswerSave(&FSave::cmdDiscard);
   EXPECT_TRUE(moIDE.mnuFileReload.UserPick());
   Select(u"MMain");
   EXPECT_EQ(moIDE.paneCode.Line(1), u"' theirs, longer");
 }
 
-TEST_F(FIDETest, WindowStaysOpenWhileTheAddInWorks) {
+TEST_F(FIDETest, WindowStaysOpenWhileTheAddInWorksOrFails) {
   Start();
-  InAddIn([&](VBE&) { EXPECT_FALSE(moIDE.Unload()); });
-  EXPECT_TRUE(moIDE.Loaded());
-  EXPECT_TRUE(moIDE.UserClose());
-}
-
-TEST_F(FIDETest, AddInThatFailsLeavesAWindowThatWorks) {
-  Start();
-  InAddIn([](VBE& oVBE) {
+  InAddIn([&](VBE& oVBE) {
+    EXPECT_FALSE(moIDE.Unload());
     oVBE.CommandBars().Item(u"Tester").Controls().Item(1).SetTooltipText(u"New");
     throw Failure(5);
   });
   EXPECT_EQ(moIDE.cmdTool(1).ToolTipText(), u"New");
   Edit();
   EXPECT_TRUE(moIDE.SaveAll());
+  EXPECT_TRUE(moIDE.UserClose());
 }
 
 }  // namespace

@@ -13,8 +13,8 @@
 #include "MRules.h"
 #include "MXHTMLHelp.h"
 #include "MXRegistry.h"
+#include "OwnSettings.h"
 #include "Printers.h"
-#include "RegistryStore.h"
 #include "TableRows.h"
 
 struct TwoQueues : Paper::IPrintQueues {
@@ -27,8 +27,7 @@ struct TwoQueues : Paper::IPrintQueues {
 class DialogTest : public FormsTest {
  protected:
   DialogTest() {
-    goRegistry = &moStore;
-    SetHelp(true);
+    MXHTMLHelp::SetHelpFile(HelpFile());
     MQuillon::LoadLookups({u"", u"Mod One", u"Mod Two"}, {u"", u"Alpha", u"Beta"});
     ResetRecentFiles();
     RecentFiles().Add(u"Template.dat");
@@ -40,12 +39,8 @@ class DialogTest : public FormsTest {
     ResetRecentFiles();
     MQuillon::ReleaseLookups();
     MXHTMLHelp::SetHelpFile({});
-    goRegistry = nullptr;
   }
   static Text HelpFile() { return FromUtf8(QUILLON_SOURCE_DIR "/README.md"); }
-  static void SetHelp(bool bExists) {
-    MXHTMLHelp::SetHelpFile(bExists ? HelpFile() : HelpFile() + u".none");
-  }
   static Text Key(TextView sName) {
     return Text(u"HKEY_CURRENT_USER\\").append(MXRegistry::RootKey).append(sName);
   }
@@ -56,7 +51,7 @@ class DialogTest : public FormsTest {
     return oDialog.Display(std::forward<Args>(oArgs)...);
   }
 
-  RegistryStore moStore;
+  OwnSettings moStore;
   TwoQueues moQueues;
   Paper::Printers moPrinters{nullptr, moQueues};
 };

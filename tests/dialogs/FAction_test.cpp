@@ -9,9 +9,7 @@ using FActionTest = DialogTest;
 
 TEST_F(FActionTest, ButtonsKeysAndTheCloseBoxAnswer) {
   for (const auto& as : Rows(R"(
-         selection               | 1 2 4 | cmdAction(1) | 1
-         module                  | 1 2 4 | cmdAction(2) | 2
-         all                     | 1 2 4 | cmdAction(4) | 4
+         a button                | 1 2 4 | cmdAction(4) | 4
          Return is the selection | 1     | Return       | 1
          access key              | 1     | Alt+P        | 3
          Escape                  | 1 2 4 | Escape       | 0

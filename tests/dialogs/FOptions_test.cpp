@@ -10,22 +10,23 @@ using namespace Forms;
 class FOptionsTest : public DialogTest {
  protected:
   /// The user's answer in the font dialog, which starts on a font of 8 points.
-  void Pick(TextView sFace, double dSize, bool bBold, DialogAnswer oAnswer = {true, 0}) {
-    User().ChooseFont([=, s = Text(sFace)](FontDialog& o) {
+  void Pick(const FontSpec& oFont, DialogAnswer oAnswer = {true, 0}) {
+    User().ChooseFont([=](FontDialog& o) {
       EXPECT_EQ(o.oFont.dSize, 8);
-      o.oFont.sName = s;
-      o.oFont.dSize = dSize;
-      o.oFont.bBold = bBold;
-      o.oFont.bItalic = true;
+      o.oFont = oFont;
       return oAnswer;
     });
   }
-  /// Face, size, bold and italic of a stored font.
-  std::string Stored(TextView sFont) const {
-    const auto Name = [&](TextView sValue) { return Text(sFont).append(sValue); };
-    std::string s = ToUtf8(moStore.GetString(Key(u"Options"), Name(u" Font Face")).value_or(u"-"));
-    for (const TextView sValue : {u" Font Size", u" Font Bold", u" Font Italic"})
-      s += " " + std::to_string(moStore.GetLong(Key(u"Options"), Name(sValue)).value_or(9));
+  /// Face, size, bold and italic of the stored fonts.
+  std::string Stored() const {
+    std::string s;
+    for (const TextView sFont : {u"Code", u"Results", u"Error"}) {
+      const Text sName = Text(sFont) + u" Font ", sKey = Key(u"Options");
+      s += ToUtf8(moStore.GetString(sKey, sName + u"Face").value_or(u"-"));
+      for (const TextView sValue : {u"Size", u"Bold", u"Italic"})
+        s += " " + std::to_string(moStore.GetLong(sKey, sName + Text(sValue)).value_or(9));
+      s += "; ";
+    }
     return s;
   }
   static std::string Sample(const FontBox& o) {
@@ -38,27 +39,24 @@ class FOptionsTest : public DialogTest {
 TEST_F(FOptionsTest, SamplesAreTheWorkingCopyUntilOk) {
   MOptions::oCodeFont = {u"Courier New", 10, true, false};
   for (const bool bOk : {false, true}) {
-    Pick(u"Arial", 9.5, true);
-    Pick(u"Wide", 12, false, {false, 0});
-    Pick(u"Wide", 12, false, {false, 4095});
-    EXPECT_EQ(Open(FOptions(moToolkit),
-                   [&](FOptions& o) {
-                     EXPECT_EQ(Sample(o.aoFont[0]), "Courier New  10 pt, Courier New bold");
-                     o.aoFont[1].cmdFont.UserClick();
-                     EXPECT_EQ(Sample(o.aoFont[1]), "Arial  9.5 pt, Arial bold italic");
-                     Do(o, "Alt+E");
-                     EXPECT_TRUE(o.aoFont[2].cmdFont.HasFocus());
-                     for (int i = 0; i < 2; ++i) o.aoFont[2].cmdFont.UserClick();
-                     EXPECT_EQ(Sample(o.aoFont[2]), "MS Sans Serif  8 pt, MS Sans Serif");
-                     Do(o, "Tab");
-                     EXPECT_TRUE(o.cmdOK.HasFocus());
-                     Do(o, bOk ? "cmdOK" : "cmdCancel");
-                   }),
-              bOk);
+    Pick({.sName = u"Arial", .dSize = 9.5, .bBold = true, .bItalic = true});
+    for (const std::int32_t lFailure : {0, 4095}) Pick({.sName = u"Wide"}, {false, lFailure});
+    const auto Act = [&](FOptions& o) {
+      EXPECT_EQ(Sample(o.aoFont[0]), "Courier New  10 pt, Courier New bold");
+      o.aoFont[1].cmdFont.UserClick();
+      EXPECT_EQ(Sample(o.aoFont[1]), "Arial  9.5 pt, Arial bold italic");
+      Do(o, "Alt+E");
+      EXPECT_TRUE(o.aoFont[2].cmdFont.HasFocus());
+      for (int i = 0; i < 2; ++i) o.aoFont[2].cmdFont.UserClick();
+      EXPECT_EQ(Sample(o.aoFont[2]), "MS Sans Serif  8 pt, MS Sans Serif");
+      Do(o, "Tab");
+      EXPECT_TRUE(o.cmdOK.HasFocus());
+      Do(o, bOk ? "cmdOK" : "cmdCancel");
+    };
+    EXPECT_EQ(Open(FOptions(moToolkit), Act), bOk);
     EXPECT_EQ(MOptions::oResultsFont.sFace, bOk ? u"Arial" : u"MS Sans Serif");
-    EXPECT_EQ(Stored(u"Code"), bOk ? "Courier New 10 -1 0" : "- 9 9 9");
-    EXPECT_EQ(Stored(u"Results"), bOk ? "Arial 10 -1 -1" : "- 9 9 9");
-    EXPECT_EQ(Stored(u"Error"), bOk ? "MS Sans Serif 8 0 0" : "- 9 9 9");
+    EXPECT_EQ(Stored(), bOk ? "Courier New 10 -1 0; Arial 10 -1 -1; MS Sans Serif 8 0 0; "
+                            : "- 9 9 9; - 9 9 9; - 9 9 9; ");
   }
 }
 
@@ -75,7 +73,7 @@ TEST_F(FOptionsTest, DamagedAndForeignFontsDoNoHarm) {
       EXPECT_EQ(Sample(o.aoFont[0]), as[3]);
       Do(o, "cmdOK");
     });
-    EXPECT_EQ(Stored(u"Code"), as[1] + " " + as[4] + " 0 0");
+    EXPECT_TRUE(Stored().starts_with(as[1] + " " + as[4] + " 0 0;")) << Stored();
   }
 }
 

@@ -19,10 +19,9 @@ class MXFormTest : public DialogTest {
   MXFormTest() { moForm.Move(300, 450, 4001, 3000); }
   std::int32_t Kept(TextView sName) { return MXRegistry::GetRegLong(mhKey, sName, None); }
   void Keep(const Rect& o) {
-    for (const auto& [sName, lValue] : {std::pair{u"Left", o.lLeft},
-                                        {u"Top", o.lTop},
-                                        {u"Width", o.lWidth},
-                                        {u"Height", o.lHeight}}) {
+    const std::pair<TextView, std::int32_t> aoPart[] = {
+        {u"Left", o.lLeft}, {u"Top", o.lTop}, {u"Width", o.lWidth}, {u"Height", o.lHeight}};
+    for (const auto& [sName, lValue] : aoPart) {
       MXRegistry::DeleteRegValue(mhKey, sName);
       if (lValue != None) MXRegistry::SetRegLong(mhKey, sName, lValue);
     }

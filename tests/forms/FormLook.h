@@ -102,17 +102,13 @@ inline Text CaptionOf(const Forms::Control& o) {
   return CaptionIn<Label, Frame, CheckBox, OptionButton, CommandButton>(o);
 }
 
-/// The window's caption, those of its tabs, and those of its controls in the order of construction,
-/// parted by "; ".
-inline std::string Captions(const Forms::Form& oForm) {
-  std::string sAll = ToUtf8(oForm.Caption());
-  for (const auto* po : ControlsOf(oForm)) {
-    if (const Text sCaption = CaptionOf(*po); !sCaption.empty()) sAll += "; " + ToUtf8(sCaption);
-    const auto* poTabs = dynamic_cast<const Forms::TabStrip*>(po);
-    for (std::int32_t i = 1; poTabs && i <= poTabs->Tabs().Count(); ++i)
-      sAll += "; " + ToUtf8(poTabs->Tabs().Item(i).Caption());
-  }
-  return sAll;
+/// Whether it can be read, if it is there to be read or clicked.
+inline bool HasItsCaption(const Forms::Control& o) {
+  using Forms::ComponentKind;
+  const bool bReads = o.Kind() == ComponentKind::CheckBox || o.Kind() == ComponentKind::Label ||
+                      o.Kind() == ComponentKind::OptionButton ||
+                      o.Kind() == ComponentKind::CommandButton;
+  return !bReads || !o.Visible() || !CaptionOf(o).empty();
 }
 
 /// Whether its caption, broken at blanks, has room in a font as wide as six pixels a character.
