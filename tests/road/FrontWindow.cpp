@@ -7,21 +7,17 @@
 
 namespace {
 
-/// Windows of programs stand on the root; menus and tips tell that no manager may touch them.
-bool IsProgramWindow(Display* poDisplay, Window hWindow) {
-  XWindowAttributes o;
-  return XGetWindowAttributes(poDisplay, hWindow, &o) && o.map_state == IsViewable &&
-         !o.override_redirect && o.c_class == InputOutput;
-}
-
 Window FrontWindow(Display* poDisplay) {
   Window hRoot, hParent, *phChild = nullptr, hFront = None;
   unsigned nChildren = 0;
-  if (!XQueryTree(poDisplay, DefaultRootWindow(poDisplay), &hRoot, &hParent, &phChild, &nChildren))
-    return None;
-  // From the bottom up.
+  XQueryTree(poDisplay, DefaultRootWindow(poDisplay), &hRoot, &hParent, &phChild, &nChildren);
+  // Windows of programs stand on the root, from the bottom up; menus and tips tell that no manager
+  // may touch them.
   for (unsigned i = 0; i < nChildren; ++i)
-    if (IsProgramWindow(poDisplay, phChild[i])) hFront = phChild[i];
+    if (XWindowAttributes o; XGetWindowAttributes(poDisplay, phChild[i], &o) &&
+                             o.map_state == IsViewable && !o.override_redirect &&
+                             o.c_class == InputOutput)
+      hFront = phChild[i];
   if (phChild) XFree(phChild);
   return hFront;
 }

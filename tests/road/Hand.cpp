@@ -6,6 +6,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 
 #include "ContainerPeer.h"
 #include "Form.h"
@@ -14,7 +15,6 @@
 #include "Menu.h"
 #include "NativeText.h"
 #include "RowsPane.h"
-#include "ScreenPicture.h"
 #include "Units.h"
 
 using namespace Forms;
@@ -31,68 +31,39 @@ wxRect PlaceOf(const Control& oControl) {
 
 }  // namespace
 
-/// There is no timer before the window system has started.
-class Hand::Clock : public wxTimer {
- public:
-  explicit Clock(Hand& oHand) : moHand(oHand) {
-    wxTheApp->Bind(wxEVT_MENU_OPEN, &Clock::OnMenu, this);
-    wxTheApp->Bind(wxEVT_MENU_CLOSE, &Clock::OnMenu, this);
-    StartOnce(lTickMilliseconds);
-  }
-  ~Clock() override {
-    wxTheApp->Unbind(wxEVT_MENU_OPEN, &Clock::OnMenu, this);
-    wxTheApp->Unbind(wxEVT_MENU_CLOSE, &Clock::OnMenu, this);
-  }
-  bool MenuShows() const { return mbMenu; }
+Hand::Hand(std::string sName) : msName(std::move(sName)) {}
 
- private:
+// There is no timer before the window system has started.
+void Hand::Start() {
+  mpClock = std::make_unique<wxTimer>();
   // The next tick comes a while behind this one, however long it took: in between the program
   // paints and catches up, on a busy machine too. A step may lead into a loop that the ticks go on
   // in.
-  void Notify() override {
-    StartOnce(lTickMilliseconds);
-    moHand.Tick();
-    StartOnce(lTickMilliseconds);
-  }
-  void OnMenu(wxMenuEvent& o) {
+  mpClock->Bind(wxEVT_TIMER, [this](wxTimerEvent&) {
+    mpClock->StartOnce(lTickMilliseconds);
+    Tick();
+    mpClock->StartOnce(lTickMilliseconds);
+  });
+  const auto oOnMenu = [this](wxMenuEvent& o) {
     o.Skip();
     mbMenu = o.GetEventType() == wxEVT_MENU_OPEN;
-  }
-
-  Hand& moHand;
-  bool mbMenu = false;
-};
-
-Hand::Hand(std::string sName) : msName(std::move(sName)) {}
-
-Hand::~Hand() = default;
-
-void Hand::Start() {
-  mpClock = std::make_unique<Clock>(*this);
-}
-
-void Hand::Stop() {
-  mpClock.reset();
+  };
+  wxTheApp->Bind(wxEVT_MENU_OPEN, oOnMenu);
+  wxTheApp->Bind(wxEVT_MENU_CLOSE, oOnMenu);
+  mpClock->StartOnce(lTickMilliseconds);
 }
 
 void Hand::Step(std::string sWhat, std::function<bool()> oReady, std::function<void()> oAct) {
   moSteps.push_back({std::move(sWhat), std::move(oReady), std::move(oAct)});
 }
 
+// The presses are apart from each other as steps are.
 void Hand::KeyUntil(std::string sWhat, int nKey, std::function<bool()> oHolds) {
-  constexpr int nPresses = 50;
-  moSteps.push_back(KeyStep(std::move(sWhat), nKey, std::move(oHolds), nPresses));
-}
-
-Hand::OneStep Hand::KeyStep(std::string sWhat, int nKey, std::function<bool()> oHolds,
-                            int nPresses) {
-  return {sWhat, [] { return true; },
-          [=, this] {
-            if (oHolds()) return;
-            if (nPresses == 0) Fail(sWhat);
-            Key(nKey);
-            moSteps.push_front(KeyStep(sWhat, nKey, oHolds, nPresses - 1));
-          }};
+  Await(std::move(sWhat), [=, this, n = 0]() mutable {
+    if (oHolds()) return true;
+    if (n++ % (lSettling + 1) == 0) Key(nKey);
+    return false;
+  });
 }
 
 // A step may lead into a modal loop in which the next one comes: it is taken off the list first.
@@ -145,10 +116,6 @@ void Hand::Key(int nKey, int nModifiers) {
   wxUIActionSimulator().Char(nKey, nModifiers);
 }
 
-bool Hand::MenuShows() const {
-  return mpClock->MenuShows();
-}
-
 // The window library tells no places of menus: they are reckoned from texts and the theme that the
 // tests run with.
 std::pair<int, const Menu*> Hand::FindMenu(const Form& oForm, char16_t cAccessKey) const {
@@ -182,19 +149,10 @@ void Hand::ClickItem(const Form& oForm, char16_t cMenuKey, char16_t cItemKey) {
           wxMOD_NONE);
 }
 
+// Where no screen is kept in a file there is none to copy.
 void Hand::TakePicture(const std::string& sName) const {
-  SaveScreen(QUILLON_BIN_DIR "/" + sName + ".png");
-}
-
-Form* FormOf(const Toolkit& oToolkit, TextView sName) {
-  for (Form* po : oToolkit.LoadedForms())
-    if (po->Name() == sName && po->Visible()) return po;
-  return nullptr;
-}
-
-Control* ControlOf(const Form& oForm, TextView sName, std::int32_t lIndex) {
-  for (Component* po : oForm.Components())
-    if (po->Name() == sName && po->Index() == lIndex)
-      if (auto* poControl = dynamic_cast<Control*>(po)) return poControl;
-  return nullptr;
+  std::error_code oNone;
+  if (const char* const psScreen = std::getenv("SCREEN_FILE"))
+    std::filesystem::copy_file(psScreen, QUILLON_BIN_DIR "/" + sName + ".xwd",
+                               std::filesystem::copy_options::overwrite_existing, oNone);
 }

@@ -2,14 +2,15 @@
 // step while the program runs in its own event loops.
 //
 //   Hand oHand("road");
-//   oHand.Step("the window stands", [&] { return Find(...); }, [&] { oHand.Click(oButton); });
+//   oHand.Await("the window stands", [&] { return Find(...); });
+//   oHand.Do("its button", [&] { oHand.Click(oButton); });
 //   oHand.Start();  // inside RunDesktop, ahead of the program's main loop
 //   ...
 //   oHand.Stop();   // behind it
 //
 // A step waits until its condition holds, and then acts. One that waits too long ends the process
-// with a failure, behind a picture of the screen in the folder of the test programs. With
-// QUILLON_PICTURES in the environment there is a picture ahead of each step.
+// with a failure, behind a picture of the screen (as `xwud` shows it) in the folder of the test
+// programs. With QUILLON_PICTURES in the environment there is a picture ahead of each step.
 #pragma once
 
 #include <wx/timer.h>
@@ -27,13 +28,19 @@ class Hand {
  public:
   /// sName: of the pictures.
   explicit Hand(std::string sName);
-  ~Hand();
 
   void Step(std::string sWhat, std::function<bool()> oReady, std::function<void()> oAct);
+  void Await(std::string sWhat, std::function<bool()> oReady) {
+    Step(std::move(sWhat), std::move(oReady), [] {});
+  }
+  void Do(std::string sWhat, std::function<void()> oAct) {
+    Step(
+        std::move(sWhat), [] { return true; }, std::move(oAct));
+  }
   /// Presses a key again and again until the condition holds.
   void KeyUntil(std::string sWhat, int nKey, std::function<bool()> oHolds);
   void Start();
-  void Stop();
+  void Stop() { mpClock.reset(); }
   /// Steps that haven't been done.
   std::size_t Left() const { return moSteps.size(); }
 
@@ -48,7 +55,7 @@ class Hand {
   /// A key with modifiers (wxMOD_...), for the window in front.
   void Key(int nKey, int nModifiers = wxMOD_NONE);
   /// Whether a menu has dropped.
-  bool MenuShows() const;
+  bool MenuShows() const { return mbMenu; }
   /// The whole screen.
   void TakePicture(const std::string& sName) const;
 
@@ -61,22 +68,15 @@ class Hand {
     std::function<void()> oAct;
   };
   void Tick();
-  OneStep KeyStep(std::string sWhat, int nKey, std::function<bool()> oHolds, int nPresses);
   [[noreturn]] void Fail(const std::string& sWhat) const;
   /// The left edge of a menu's title and the menu; null when the form has no such menu.
   std::pair<int, const Forms::Menu*> FindMenu(const Forms::Form& oForm, char16_t cAccessKey) const;
   void ClickAt(const wxPoint& oPlace, int nModifier);
 
-  class Clock;
-
   std::string msName;
   std::deque<OneStep> moSteps;
   int mnWaited = 0, mnReady = 0;
   int mnPicture = 0;
-  std::unique_ptr<Clock> mpClock;
+  bool mbMenu = false;
+  std::unique_ptr<wxTimer> mpClock;
 };
-
-/// The loaded form of that name, visible; null when there is none.
-Forms::Form* FormOf(const Forms::Toolkit& oToolkit, TextView sName);
-/// A component of a form by its name and its number in an array; null when there is none.
-Forms::Control* ControlOf(const Forms::Form& oForm, TextView sName, std::int32_t lIndex = -1);

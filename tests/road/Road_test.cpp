@@ -2,18 +2,17 @@
 // mouse and keyboard, held against what the command line makes of the same request.
 #include <gtest/gtest.h>
 
-#include <array>
 #include <filesystem>
 
 #include "Desktop.h"
 #include "DesktopProgram.h"
 #include "FIDE.h"
 #include "FMain.h"
+#include "FormLook.h"
 #include "Hand.h"
-#include "Label.h"
 #include "ListBox.h"
+#include "OwnSettings.h"
 #include "TempFolder.h"
-#include "TextBox.h"
 
 namespace {
 
@@ -28,159 +27,128 @@ std::map<std::string, std::string> FilesOf(const fs::path& oFolder) {
   return oFiles;
 }
 
-class RoadTest : public testing::Test {
+class RoadTest : public testing::Test, public Hand {
  protected:
-  RoadTest() {
+  RoadTest() : Hand(testing::UnitTest::GetInstance()->current_test_info()->name()) {
     for (const char* sCopy : {"window", "line"})
       fs::copy(QUILLON_SOURCE_DIR "/samples", moFolder / sCopy, fs::copy_options::recursive);
   }
-  /// Runs the program with the steps of oHand, from RunDesktop to its end.
-  void Run(const std::function<void(Toolkit&)>& oPlan) {
+  /// Runs the program with the steps that the plan lays down, from RunDesktop to its end.
+  void Run(const std::function<void()>& oPlan) {
     DesktopArguments oArguments;
     oArguments.sGroup = moFolder / "window/Atelier.vbg";
     oArguments.sTemplateFile = moFolder / "window/Template.dat";
     oArguments.sLogFile = moFolder / "quillon.log";
-    RegistryStore oStore;
-    goRegistry = &oStore;
-    EXPECT_EQ(RunDesktop([&](Toolkit& oToolkit) {
-                oPlan(oToolkit);
-                moHand.Start();
-                const int nExit = RunDesktopProgram(oToolkit, oArguments, oStore, u"road");
-                moHand.Stop();
-                return nExit;
-              }),
-              0);
-    EXPECT_EQ(moHand.Left(), 0U);
+    OwnSettings oStore;
+    const int nEnd = RunDesktop([&](Toolkit& oToolkit) {
+      mpoToolkit = &oToolkit;
+      oPlan();
+      Start();
+      const int nExit = RunDesktopProgram(oToolkit, oArguments, oStore, u"road");
+      Stop();
+      return nExit;
+    });
+    EXPECT_EQ(nEnd, 0);
+    EXPECT_EQ(Left(), 0U);
     EXPECT_EQ(TempFolder::Read(moFolder / "quillon.log"), "");
-    goRegistry = nullptr;
   }
-  static FIDE* IDE(const Toolkit& oToolkit) {
-    return dynamic_cast<FIDE*>(FormOf(oToolkit, u"FIDE"));
+  Form* Shown(TextView sName) const {
+    for (Form* po : mpoToolkit->LoadedForms())
+      if (po->Name() == sName && po->Visible()) return po;
+    return nullptr;
   }
-  static FMain* Main(const Toolkit& oToolkit) {
-    return dynamic_cast<FMain*>(FormOf(oToolkit, u"FMain"));
-  }
+  FIDE* IDE() const { return dynamic_cast<FIDE*>(Shown(u"FIDE")); }
+  FMain* Main() const { return dynamic_cast<FMain*>(Shown(u"FMain")); }
   /// Whether the results are in front and tell it.
-  static bool Results(const FMain& oMain, TextView sPart) {
-    const auto& oText = dynamic_cast<const TextBox&>(*oMain.srlResults.Controls().front());
+  bool Results(TextView sPart) const {
+    const auto& oText = dynamic_cast<const TextBox&>(*Main()->srlResults.Controls().front());
     return oText.Showing() && oText.Text().find(sPart) != Text::npos;
   }
-  /// The row of a node in the order shown; -1 without one.
-  static int RowOf(const TreeView& oTree, TextView sText) {
-    const auto oNodes = oTree.VisibleNodes();
-    for (std::size_t i = 0; i < oNodes.size(); ++i)
-      if (oNodes[i]->Text() == sText) return static_cast<int>(i);
-    return -1;
-  }
-  static int RowOf(ListView& oList, TextView sText) {
-    for (std::int32_t i = 1; i <= oList.ListItems().Count(); ++i)
-      if (oList.ListItems().Item(i).Text() == sText) return i - 1;
+  int ProcRow(TextView sText) const {
+    ListItems& oRows = Main()->lvwProcs.ListItems();
+    for (std::int32_t i = 1; i <= oRows.Count(); ++i)
+      if (oRows.Item(i).Text() == sText) return i - 1;
     return -1;
   }
   /// The first row of the property sheet with that name; 0 without one.
-  static std::int32_t SheetRow(const FMain& oMain, TextView sName) {
-    for (std::int32_t i = 1; i < 20; ++i) {
-      const auto* poName = dynamic_cast<Label*>(ControlOf(oMain, u"lblName", i));
-      if (poName && poName->Caption() == sName) return i;
-    }
+  std::int32_t SheetRow(TextView sName) const {
+    for (const Control* po : ControlsOf(*Main()))
+      if (po->Name() == u"lblName" && CaptionOf(*po) == sName) return po->Index();
     return 0;
   }
-  /// Goes to a row of the sheet, and drops its list.
-  void DropList(Toolkit& o, TextView sName, const std::function<void()>& oGo) {
-    const std::string sWhat = ToUtf8(sName);
-    moHand.Step(
-        sWhat + " is in the sheet", [&o, sName] { return SheetRow(*Main(o), sName) > 0; }, oGo);
-    moHand.Step(
-        sWhat + " has a button",
-        [&o, sName] {
-          const FMain& oMain = *Main(o);
-          return oMain.prlProperties.Row() == SheetRow(oMain, sName) &&
-                 ControlOf(oMain, u"cmdPopup")->Showing();
-        },
-        [&o, this] { moHand.Click(*ControlOf(*Main(o), u"cmdPopup")); });
-    moHand.Step(
-        sWhat + " has a list", [&o] { return ControlOf(*Main(o), u"lstPopup")->HasFocus(); },
-        [] {});
+  Control& Value(TextView sName) const {
+    return Find(*Main(), "lblValue(" + std::to_string(SheetRow(sName)) + ")");
   }
-  void WaitForValue(Toolkit& o, TextView sName, TextView sValue) {
-    moHand.Step(
-        ToUtf8(sName) + " is " + ToUtf8(sValue),
-        [&o, sName, sValue] {
-          const auto* po = ControlOf(*Main(o), u"lblValue", SheetRow(*Main(o), sName));
-          return dynamic_cast<const Label&>(*po).Caption() == sValue &&
-                 !ControlOf(*Main(o), u"lstPopup")->Showing();
-        },
-        [] {});
+  ListBox& List() const { return dynamic_cast<ListBox&>(Find(*Main(), "lstPopup")); }
+  /// Drops the list of the sheet's row.
+  void DropList(TextView sName) {
+    Await(ToUtf8(sName) + " has a button", [=, this] {
+      return Main()->prlProperties.Row() == SheetRow(sName) && Find(*Main(), "cmdPopup").Showing();
+    });
+    Do("the button", [this] { Click(Find(*Main(), "cmdPopup")); });
+    Await(ToUtf8(sName) + " has a list", [this] { return List().HasFocus(); });
+  }
+  void AwaitValue(TextView sName, TextView sValue) {
+    Await(ToUtf8(sName) + " is " + ToUtf8(sValue),
+          [=, this] { return CaptionOf(Value(sName)) == sValue && !List().Showing(); });
   }
   /// Chooses a value of the sheet from its list by the mouse.
-  void ClickValue(Toolkit& o, TextView sName, TextView sValue) {
-    DropList(o, sName, [&o, sName, this] {
-      moHand.Click(*ControlOf(*Main(o), u"lblValue", SheetRow(*Main(o), sName)));
+  void ClickValue(TextView sName, TextView sValue) {
+    Await("the sheet", [=, this] { return SheetRow(sName) > 0; });
+    Do("the row", [=, this] { Click(Value(sName)); });
+    DropList(sName);
+    Do("the value", [=, this] {
+      for (std::int32_t i = 0; i < List().ListCount(); ++i)
+        if (List().List(i) == sValue) return ClickRow(List(), i);
+      ADD_FAILURE() << "no such value: " << ToUtf8(sValue);
     });
-    moHand.Step(
-        "the list is there", [] { return true; },
-        [&o, sValue, this] {
-          auto& oList = dynamic_cast<ListBox&>(*ControlOf(*Main(o), u"lstPopup"));
-          for (std::int32_t i = 0; i < oList.ListCount(); ++i)
-            if (oList.List(i) == sValue) return moHand.ClickRow(oList, i);
-          ADD_FAILURE() << "no such value: " << ToUtf8(sValue);
-        });
-    WaitForValue(o, sName, sValue);
+    AwaitValue(sName, sValue);
   }
   /// Walks over the headings to a row, leaves its list once as it was, and then chooses the value
   /// that begins with the letter.
-  void TypeValue(Toolkit& o, TextView sName, TextView sOld, TextView sValue) {
-    const auto Row = [&o] { return Main(o)->prlProperties.Row(); };
-    moHand.KeyUntil("the first heading", WXK_UP, [Row] { return Row() == 1; });
-    moHand.KeyUntil(ToUtf8(sName), WXK_DOWN,
-                    [&o, Row, sName] { return Row() == SheetRow(*Main(o), sName); });
-    DropList(o, sName, [] {});
-    moHand.Step(
-        "the list is to be left", [] { return true; }, [this] { moHand.Key(WXK_ESCAPE); });
-    WaitForValue(o, sName, sOld);
-    DropList(o, sName, [] {});
-    moHand.Step(
-        "the list takes letters", [] { return true; }, [sValue, this] { moHand.Key(sValue[0]); });
-    WaitForValue(o, sName, sValue);
+  void TypeValue(TextView sName, TextView sOld, TextView sValue) {
+    KeyUntil("the first heading", WXK_UP, [this] { return Main()->prlProperties.Row() == 1; });
+    KeyUntil(ToUtf8(sName), WXK_DOWN,
+             [=, this] { return Main()->prlProperties.Row() == SheetRow(sName); });
+    DropList(sName);
+    Press("the list is left", WXK_ESCAPE);
+    AwaitValue(sName, sOld);
+    DropList(sName);
+    Press("the list takes letters", sValue[0]);
+    AwaitValue(sName, sValue);
+  }
+  void Press(const std::string& sWhat, int nKey, int nModifiers = wxMOD_NONE) {
+    Do(sWhat, [=, this] { Key(nKey, nModifiers); });
   }
   /// Opens the main window from the stand-in with CPrices selected.
-  void OpenMain(Toolkit& o) {
-    moHand.Step(
-        "the group is open and the add-in loaded",
-        [&o] { return IDE(o) && IDE(o)->mnuAddInsLoad.Checked(); },
-        [&o, this] { moHand.ClickRow(IDE(o)->tvwGroup, RowOf(IDE(o)->tvwGroup, u"CPrices")); });
-    moHand.Step(
-        "the code is shown", [&o] { return IDE(o)->paneCode.LineCount() > 10; },
-        [&o, this] { moHand.Click(IDE(o)->cmdTool(1)); });
-    moHand.Step(
-        "the main window shows the component",
-        [&o] { return Main(o) && RowOf(Main(o)->lvwProcs, u"Append") >= 0; }, [] {});
+  void OpenMain() {
+    Await("the add-in is loaded", [this] { return IDE() && IDE()->mnuAddInsLoad.Checked(); });
+    Do("a component", [this] {
+      const auto oNodes = IDE()->tvwGroup.VisibleNodes();
+      for (std::size_t i = 0; i < oNodes.size(); ++i)
+        if (oNodes[i]->Text() == u"CPrices") ClickRow(IDE()->tvwGroup, static_cast<int>(i));
+    });
+    Await("the code is shown", [this] { return IDE()->paneCode.LineCount() > 10; });
+    Do("the add-in's button", [this] { Click(IDE()->cmdTool(1)); });
+    Await("the component's procedures", [this] { return Main() && ProcRow(u"Append") >= 0; });
   }
   /// Picks an item of the window in front by the mouse, menu and item told by their access keys.
-  void Pick(const Toolkit& o, char cMenu, char cItem) {
-    const std::string sWhat = std::string("the menu ") + cMenu + " and its item " + cItem;
-    const auto cTitle = static_cast<char16_t>(cMenu | 0x20);
-    const auto cEntry = static_cast<char16_t>(cItem | 0x20);
-    moHand.Step(
-        sWhat, [] { return true; },
-        [&o, cTitle, this] { moHand.ClickMenu(*o.ActiveForm(), cTitle); });
-    moHand.Step(
-        sWhat + ", dropped", [this] { return moHand.MenuShows(); },
-        [&o, cTitle, cEntry, this] { moHand.ClickItem(*o.ActiveForm(), cTitle, cEntry); });
+  void Pick(char cMenu, char cItem) {
+    const auto Lower = [](char c) { return static_cast<char16_t>(c | 0x20); };
+    Do("a menu", [=, this] { ClickMenu(*mpoToolkit->ActiveForm(), Lower(cMenu)); });
+    Await(std::string("the menu ") + cMenu + " has dropped", [this] { return MenuShows(); });
+    Do("an item", [=, this] { ClickItem(*mpoToolkit->ActiveForm(), Lower(cMenu), Lower(cItem)); });
   }
   /// The same by these keys.
   void TypePick(char cMenu, char cItem) {
-    const std::string sWhat = std::string("the keys ") + cMenu + " and " + cItem;
-    moHand.Step(
-        sWhat, [] { return true; }, [cMenu, this] { moHand.Key(cMenu, wxMOD_ALT); });
-    moHand.Step(
-        sWhat + ", dropped", [this] { return moHand.MenuShows(); },
-        [cItem, this] { moHand.Key(cItem); });
+    Press("a menu", cMenu, wxMOD_ALT);
+    Await(std::string("the menu ") + cMenu + " drops", [this] { return MenuShows(); });
+    Press("an item", cItem);
   }
   /// The button that leaves a dialog without doing anything, or the only one.
   static const CommandButton& LeavingButton(const Form& oForm) {
     const CommandButton* poLast = nullptr;
-    for (const Component* po : oForm.Components()) {
+    for (const Control* po : ControlsOf(oForm)) {
       const auto* poButton = dynamic_cast<const CommandButton*>(po);
       if (poButton && (poButton->Cancel() || po->Name() == u"cmdCancel")) return *poButton;
       if (poButton) poLast = poButton;
@@ -189,63 +157,42 @@ class RoadTest : public testing::Test {
   }
 
   TempFolder moFolder;
-  Hand moHand{testing::UnitTest::GetInstance()->current_test_info()->name()};
+  Toolkit* mpoToolkit = nullptr;
 };
 
 TEST_F(RoadTest, RequestByMouseAndKeysGivesTheFilesOfTheCommandLine) {
-  Run([this](Toolkit& o) {
-    OpenMain(o);
-    moHand.KeyUntil("the list has the focus", WXK_TAB,
-                    [&o] { return Main(o)->ActiveControl() == &Main(o)->lvwProcs; });
-    moHand.Step(
-        "the last row", [] { return true; }, [this] { moHand.Key(WXK_END); });
-    moHand.KeyUntil("first row", WXK_UP, [&o] {
-      const ListItem* const po = Main(o)->lvwProcs.SelectedItem();
-      return po && po->Text() == u"Append";
+  Run([this] {
+    const auto Chosen = [this] { return Main()->lvwProcs.SelectedItem(); };
+    OpenMain();
+    KeyUntil("the list has the focus", WXK_TAB,
+             [this] { return Main()->ActiveControl() == &Main()->lvwProcs; });
+    Press("the last row", WXK_END);
+    KeyUntil("first row", WXK_UP, [=] { return Chosen() && Chosen()->Text() == u"Append"; });
+    Do("second row", [this] { ClickRow(Main()->lvwProcs, ProcRow(u"Load"), wxMOD_CONTROL); });
+    Await("both are selected", [this] {
+      ListItems& oRows = Main()->lvwProcs.ListItems();
+      int lSelected = 0;
+      for (std::int32_t i = 1; i <= oRows.Count(); ++i) lSelected += oRows.Item(i).Selected();
+      return lSelected == 2;
     });
-    moHand.Step(
-        "second row", [&o] { return Main(o)->lvwProcs.SelectedItem()->Text() == u"Append"; },
-        [&o, this] {
-          moHand.ClickRow(Main(o)->lvwProcs, RowOf(Main(o)->lvwProcs, u"Load"), wxMOD_CONTROL);
-        });
-    moHand.Step(
-        "both are selected",
-        [&o] {
-          auto& oRows = Main(o)->lvwProcs.ListItems();
-          int lSelected = 0;
-          for (std::int32_t i = 1; i <= oRows.Count(); ++i)
-            lSelected += oRows.Item(i).Selected() ? 1 : 0;
-          return lSelected == 2;
-        },
-        [] {});
-    moHand.Step(
-        "the results are in front", [] { return true; }, [this] { moHand.Key('P', wxMOD_ALT); });
-    moHand.Step(
-        "the sheet is in front", [&o] { return Main(o)->prlProperties.Showing(); }, [] {});
-    ClickValue(o, u"Template", u"Standard");
-    TypeValue(o, u"Boundary", u"", u"Firewall");
+    Press("the sheet's tab", 'P', wxMOD_ALT);
+    Await("the sheet is in front", [this] { return Main()->prlProperties.Showing(); });
+    ClickValue(u"Template", u"Standard");
+    TypeValue(u"Boundary", u"", u"Firewall");
     TypePick('T', 'A');
-    moHand.Step(
-        "the scope is asked for", [&o] { return FormOf(o, u"FApplyPending") != nullptr; },
-        [this] { moHand.Key(WXK_ESCAPE); });
-    moHand.Step(
-        "nothing was applied",
-        [&o] { return !FormOf(o, u"FApplyPending") && Results(*Main(o), u"0 Procedures"); },
-        [&o, this] { moHand.Click(Main(o)->oToolbar.picButton(5)); });
-    moHand.Step(
-        "the scope is asked for again", [&o] { return FormOf(o, u"FApplyPending") != nullptr; },
-        [this] { moHand.Key(WXK_RETURN); });
-    moHand.Step(
-        "the results are there",
-        [&o] { return !FormOf(o, u"FApplyPending") && Results(*Main(o), u"2 Procedures"); },
-        [this] { moHand.Key('Q', wxMOD_CONTROL); });
-    moHand.Step(
-        "the stand-in shows what changed",
-        [&o] { return !Main(o) && IDE(o)->mnuFileSave.Enabled(); }, [] {});
+    Await("the scope is asked for", [this] { return Shown(u"FApplyPending"); });
+    Press("none", WXK_ESCAPE);
+    Await("nothing was applied",
+          [this] { return !Shown(u"FApplyPending") && Results(u"0 Procedures"); });
+    Do("the button", [this] { Click(Main()->oToolbar.picButton(5)); });
+    Await("the scope is asked for again", [this] { return Shown(u"FApplyPending"); });
+    Press("the selection", WXK_RETURN);
+    Await("the results", [this] { return !Shown(u"FApplyPending") && Results(u"2 Procedures"); });
+    Press("back", 'Q', wxMOD_CONTROL);
+    Await("what changed", [this] { return !Main() && IDE()->mnuFileSave.Enabled(); });
     TypePick('F', 'S');
-    moHand.Step(
-        "all is saved", [&o] { return !IDE(o)->mnuFileSave.Enabled(); }, [] {});
-    Pick(o, 'F', 'X');
+    Await("all is saved", [this] { return !IDE()->mnuFileSave.Enabled(); });
+    Pick('F', 'X');
   });
   const std::string sCommand =
       "cd " + (moFolder / "line") +
@@ -276,28 +223,23 @@ TEST_F(RoadTest, EveryDialogOpensAndCloses) {
       {'T', 'O', u"FOptions", true},
       {'H', 'A', u"FAbout", true},
   };
-  Run([this](Toolkit& o) {
-    OpenMain(o);
+  Run([this] {
+    const auto Free = [this] { return mpoToolkit->ModalForm() == Main(); };
+    OpenMain();
     for (const Row& oRow : aoRow) {
       const std::string sForm = ToUtf8(oRow.sForm);
-      moHand.Step(
-          "the way is free for " + sForm, [&o] { return o.ModalForm() == Main(o); }, [] {});
-      oRow.bKeys ? TypePick(oRow.cMenu, oRow.cItem) : Pick(o, oRow.cMenu, oRow.cItem);
-      moHand.Step(
-          sForm, [&o, &oRow] { return FormOf(o, oRow.sForm) != nullptr; }, [] {});
-      moHand.Step(
-          sForm + " has been seen", [] { return true; },
-          [&o, &oRow, this] {
-            const CommandButton& oButton = LeavingButton(*o.ModalForm());
-            oRow.bKeys&& oButton.Cancel() ? moHand.Key(WXK_ESCAPE) : moHand.Click(oButton);
-          });
+      Await("the way is free for " + sForm, Free);
+      oRow.bKeys ? TypePick(oRow.cMenu, oRow.cItem) : Pick(oRow.cMenu, oRow.cItem);
+      Await(sForm, [this, &oRow] { return Shown(oRow.sForm); });
+      Do(sForm + " has been seen", [this, &oRow] {
+        const CommandButton& oButton = LeavingButton(*mpoToolkit->ModalForm());
+        oRow.bKeys&& oButton.Cancel() ? Key(WXK_ESCAPE) : Click(oButton);
+      });
     }
-    moHand.Step(
-        "the last dialog is closed", [&o] { return o.ModalForm() == Main(o); }, [] {});
-    Pick(o, 'F', 'X');
-    moHand.Step(
-        "the main window is closed", [&o] { return !Main(o); }, [] {});
-    Pick(o, 'F', 'X');
+    Await("the last dialog is closed", Free);
+    Pick('F', 'X');
+    Await("the main window is closed", [this] { return !Main(); });
+    Pick('F', 'X');
   });
 }
 
@@ -306,11 +248,11 @@ TEST_F(RoadTest, NoDisplayIsToldInOneLine) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   for (const char* sDisplay : {"", ":65534"}) {
     SCOPED_TRACE(sDisplay);
-    const auto Run = [sDisplay] {
+    const auto Begin = [sDisplay] {
       setenv("DISPLAY", sDisplay, 1);
       std::exit(RunDesktop([](Toolkit&) { return 0; }));
     };
-    EXPECT_EXIT(Run(), testing::ExitedWithCode(3), "^There is no display to show windows on\n$");
+    EXPECT_EXIT(Begin(), testing::ExitedWithCode(3), "^There is no display to show windows on\n$");
   }
 }
 
