@@ -36,13 +36,30 @@ std::size_t CodePane::At(std::int32_t lLine) const {
 }
 
 void CodePane::SetText(TextView sText) {
-  Touch();
   CodePaneState oNew;
   oNew.sText = sText;
   oNew.asLine = Split(sText);
   oNew.aoLook.resize(oNew.asLine.size());
-  oNew.bLineNumbers = mo.bLineNumbers;
-  mo = std::move(oNew);
+  Show(std::move(oNew));
+}
+
+void CodePane::SetLines(const std::vector<CodeLine>& lines) {
+  CodePaneState content;
+  for (const CodeLine& line : lines) {
+    ::Text& shown = content.asLine.emplace_back(line.text);
+    std::replace(shown.begin(), shown.end(), u'\r', u'\u240D');
+    std::replace(shown.begin(), shown.end(), u'\n', u'\u240A');
+    content.aoLook.push_back({line.mark, true, line.number});
+    if (&line != &lines.front()) content.sText += CrLf;
+    content.sText += shown;
+  }
+  Show(std::move(content));
+}
+
+void CodePane::Show(CodePaneState content) {
+  Touch();
+  content.bLineNumbers = mo.bLineNumbers;
+  mo = std::move(content);
   Changed(Property::Items);
 }
 

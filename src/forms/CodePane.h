@@ -3,16 +3,31 @@
 #pragma once
 
 #include "Control.h"
+#include "LineDifferences.h"
 
 namespace Forms {
 
 /// How a line is drawn. Added and Removed are those of a difference.
 enum class LineMark { None, Added, Removed, Heading, Current };
 
+/// How the line of a difference is drawn.
+inline LineMark MarkOf(LineFate fate) {
+  if (fate == LineFate::Stays) return LineMark::None;
+  return fate == LineFate::Goes ? LineMark::Removed : LineMark::Added;
+}
+
 struct LineLook {
   LineMark eMark = LineMark::None;
   bool bNumberSet = false;
   Text sNumber;
+};
+
+/// A line with all that is shown of it.
+struct CodeLine {
+  LineMark mark = LineMark::None;
+  Text number;  ///< what stands before the line: its number, a sign or nothing
+  Text text;
+  bool operator==(const CodeLine&) const = default;
 };
 
 struct CodePaneState {
@@ -32,6 +47,9 @@ class CodePane : public WithState<Control, CodePaneState> {
   /// Lines end in CR LF, LF or CR. Takes all marks, numbers and the selection away and shows the
   /// first line.
   void SetText(TextView sText);
+  /// The same from lines with their marks and numbers, one row each: a CR or LF inside of a line
+  /// becomes the sign that stands for it (U+240D, U+240A).
+  void SetLines(const std::vector<CodeLine>& lines);
   std::int32_t LineCount() const { return static_cast<std::int32_t>(mo.asLine.size()); }
   /// Failure 5 outside 1 to LineCount, here and below.
   const ::Text& Line(std::int32_t lLine) const;
@@ -62,6 +80,7 @@ class CodePane : public WithState<Control, CodePaneState> {
   void KeyAction(std::int32_t nKeyCode, std::int32_t nShift) override;
 
  private:
+  void Show(CodePaneState content);
   std::size_t At(std::int32_t lLine) const;
 };
 

@@ -5,7 +5,7 @@
 #include <unordered_map>
 
 #include "ByteText.h"
-#include "LineAlign.h"
+#include "LineDifferences.h"
 #include "LineSplit.h"
 #include "MemberAttributes.h"
 #include "MemberScan.h"
@@ -159,23 +159,24 @@ std::vector<Line> EditMemory::NewLines(const std::vector<std::string_view>& asNe
   std::vector<std::string_view> asOld;
   asOld.reserve(moGone.size());
   for (const Line& oLine : moGone) asOld.push_back(moLines.TextOf(oLine));
-  malPartner = AlignLines(asOld, asNew);
+  malPartner.assign(asNew.size(), -1);
   mabKept.assign(moGone.size(), false);
   std::vector<Line> oMade;
   oMade.reserve(asNew.size());
+  std::vector<LineChange> oChanges = LineDifferences(asOld, asNew);
+  oChanges.push_back({asOld.size(), asOld.size(), asNew.size(), asNew.size()});
   std::size_t lOld = 0;
-  for (std::size_t l = 0; l < asNew.size();) {
-    std::size_t lTo = l;
-    while (lTo < asNew.size() && malPartner[lTo] < 0) ++lTo;
-    const std::size_t lOldTo = lTo < asNew.size() ? Index(malPartner[lTo]) : moGone.size();
-    PairChanged(asNew, l, lTo, lOld, lOldTo);
-    AddChanged(asNew, l, lTo, oMade);
-    if (lTo < asNew.size()) {
-      oMade.push_back(moGone[lOldTo]);
-      mabKept[lOldTo] = true;
+  std::size_t lNew = 0;
+  for (const LineChange& oChange : oChanges) {
+    for (; lOld < oChange.oldFirst; ++lOld, ++lNew) {
+      malPartner[lNew] = static_cast<std::int32_t>(lOld);
+      mabKept[lOld] = true;
+      oMade.push_back(moGone[lOld]);
     }
-    lOld = lOldTo + 1;
-    l = lTo + 1;
+    PairChanged(asNew, oChange.newFirst, oChange.newEnd, oChange.oldFirst, oChange.oldEnd);
+    AddChanged(asNew, oChange.newFirst, oChange.newEnd, oMade);
+    lOld = oChange.oldEnd;
+    lNew = oChange.newEnd;
   }
   return oMade;
 }

@@ -1,26 +1,29 @@
 // The Code tab: the text of the selected procedure and, when the user asks for it, what applying
 // its pending changes would make of that text.
-#include "CodeDiff.h"
 #include "FMain.h"
+#include "LineDifferences.h"
 
 using namespace Forms;
 
 namespace {
 
-struct Look {
-  LineMark eMark;
-  TextView sSign;  ///< beside the line: a colour alone doesn't tell everybody
-};
+/// Beside the line: a colour alone doesn't tell everybody.
+TextView SignOf(LineFate fate) {
+  if (fate == LineFate::Stays) return u"";
+  return fate == LineFate::Goes ? u"-" : u"+";
+}
 
-Look LookOf(CodeDiff::Fate eFate) {
-  switch (eFate) {
-    case CodeDiff::Fate::Goes:
-      return {LineMark::Removed, u"-"};
-    case CodeDiff::Fate::Comes:
-      return {LineMark::Added, u"+"};
-    default:
-      return {LineMark::None, u""};
-  }
+/// Both versions of a procedure in one text.
+std::vector<CodeLine> BothVersions(TextView present, TextView coming) {
+  const std::vector<TextView> oldLines = SplitLines(present), newLines = SplitLines(coming);
+  const std::vector<LineChange> changes = LineDifferences(oldLines, newLines);
+  std::vector<CodeLine> rows;
+  VisitLines({0, oldLines.size(), 0, newLines.size(), changes},
+             [&](LineFate fate, std::size_t line) {
+               const TextView text = (fate == LineFate::Goes ? oldLines : newLines)[line];
+               rows.push_back({MarkOf(fate), Text(SignOf(fate)), Text(text)});
+             });
+  return rows;
 }
 
 }  // namespace
@@ -42,17 +45,8 @@ void FMain::ShowPendingCode(Handle hProcedure, TextView sPresent) {
     txtCode.SetText(u"Can't be applied: " + sMessage + Text(CrLf) + Text(sPresent));
     return txtCode.SetMark(1, LineMark::Heading);
   }
-  const std::vector<CodeDiff::Line> oLines = CodeDiff::Compare(sPresent, sComing);
-  Text sBoth;
-  for (const auto& oLine : oLines) sBoth.append(oLine.sText).append(CrLf);
   txtCode.SetLineNumbers(true);
-  txtCode.SetText(sBoth);
-  for (std::size_t i = 0; i < oLines.size(); ++i) {
-    const auto lLine = static_cast<std::int32_t>(i) + 1;
-    const Look oLook = LookOf(oLines[i].eFate);
-    txtCode.SetMark(lLine, oLook.eMark);
-    txtCode.SetLineNumber(lLine, oLook.sSign);
-  }
+  txtCode.SetLines(BothVersions(sPresent, sComing));
 }
 
 void FMain::mnuViewPending_Click() {

@@ -169,6 +169,11 @@ TEST_F(TextBoxTest, CodePaneKnowsLinesMarksAndNumbers) {
   EXPECT_TRUE(oPane.UserSelectLines(3, 4) && oPane.UserKey(u'C', Shift::Ctrl));
   EXPECT_EQ(moToolkit.Clipboard().GetText(), u"two\r\nthree");
   EXPECT_EQ(FailureOf([&] { oPane.SetMark(5, LineMark::None); }), 5);
+  oPane.SetLines({{LineMark::None, u"", u"x"}, {LineMark::Removed, u"-", u"y\r\n"}});
+  EXPECT_EQ(oPane.Text(), u"x\r\ny\u240D\u240A");
+  EXPECT_EQ(oPane.LineNumber(1) + oPane.LineNumber(2) + oPane.Line(2), u"-y\u240D\u240A");
+  EXPECT_EQ(oPane.Mark(2), LineMark::Removed);
+  EXPECT_EQ(oPane.SelEndLine(), 0);
   oPane.SetText(u"");
   EXPECT_EQ(oPane.LineCount() + oPane.SelEndLine(), 0);
   EXPECT_EQ(oPane.TopLine(), 1);

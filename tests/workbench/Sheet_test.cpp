@@ -1,5 +1,4 @@
 // What is selected, the sheet of it, the edits in it, and the Code tab.
-#include "CodeDiff.h"
 #include "FMainTest.h"
 #include "FSelectCustom.h"
 #include "PropertySheet.h"
@@ -204,32 +203,6 @@ TEST_F(FMainTest, TheSelectMenuWorksOnTheListInFront) {
     Select(oMain.lvwMods, {1});
     EXPECT_EQ(Panel(1), "1 Object(s) Selected");
   });
-}
-
-TEST(CodeDiff, TellsWhichLinesStay) {
-  const struct {
-    const char *sName, *sOld, *sNew, *sLines;
-  } aoRow[] = {
-      {"same", "a b", "a b", " a b"},
-      {"one replaced", "a b c", "a x c", " a-b+x c"},
-      {"around", "b", "a b c", "+a b+c"},
-      {"all gone", "a b", "", "-a-b"},
-      {"all new", "", "a", "+a"},
-      {"twice the same", "a a", "a", " a-a"},
-      {"moved", "a b c", "c a b", "+c a b-c"},
-  };
-  const auto Lines = [](TextView s) {
-    Text sLines;
-    for (const char16_t c : s) sLines += c == u' ' ? Text(CrLf) : Text(1, c);
-    return sLines;
-  };
-  for (const auto& oRow : aoRow) {
-    const Text sOld = Lines(FromUtf8(oRow.sOld)), sNew = Lines(FromUtf8(oRow.sNew));
-    std::string s;
-    for (const auto& o : CodeDiff::Compare(sOld, sNew))
-      s += " -+"[static_cast<int>(o.eFate)] + ToUtf8(o.sText);
-    EXPECT_EQ(s, oRow.sLines) << oRow.sName;
-  }
 }
 
 TEST_F(FMainTest, PendingCodeShowsWhatApplyingWouldWrite) {

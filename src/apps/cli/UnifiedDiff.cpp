@@ -1,9 +1,8 @@
 #include "UnifiedDiff.h"
 
-#include <algorithm>
 #include <filesystem>
 
-#include "LineDiff.h"
+#include "LineDifferences.h"
 
 namespace {
 
@@ -44,38 +43,32 @@ class Writer {
     Line(Bold, sMark, HeaderName(sPrefix, sPath));
   }
 
-  void Hunk(const LineChange* oFirst, const LineChange* oLast) {
-    std::size_t lLead = std::min(Context, oFirst->lOldStart);
-    std::size_t lTail = std::min(Context, masOld.size() - oLast->lOldEnd);
-    std::size_t lOld = oFirst->lOldStart - lLead, lNew = oFirst->lNewStart - lLead;
+  void Hunk(const LineHunk& oHunk) {
     Line(Cyan, "@@ -",
-         Place(lOld, oLast->lOldEnd + lTail - lOld) + " +" +
-             Place(lNew, oLast->lNewEnd + lTail - lNew) + " @@");
-    for (const LineChange* oChange = oFirst; oChange <= oLast; ++oChange) {
-      Body({}, " ", masOld, lOld, oChange->lOldStart);
-      Body(Red, "-", masOld, oChange->lOldStart, oChange->lOldEnd);
-      Body(Green, "+", masNew, oChange->lNewStart, oChange->lNewEnd);
-      lOld = oChange->lOldEnd;
-    }
-    Body({}, " ", masOld, lOld, lOld + lTail);
+         Place(oHunk.oldFirst, oHunk.oldEnd) + " +" + Place(oHunk.newFirst, oHunk.newEnd) + " @@");
+    VisitLines(oHunk, [&](LineFate eFate, std::size_t lLine) {
+      if (eFate == LineFate::Goes)
+        Body(Red, "-", masOld[lLine]);
+      else if (eFate == LineFate::Comes)
+        Body(Green, "+", masNew[lLine]);
+      else
+        Body({}, " ", masNew[lLine]);
+    });
   }
 
  private:
   /// First line from 1 and count; of an empty stretch the line ahead of it.
-  static std::string Place(std::size_t lStart, std::size_t lCount) {
+  static std::string Place(std::size_t lStart, std::size_t lEnd) {
+    const std::size_t lCount = lEnd - lStart;
     std::string sPlace = std::to_string(lCount == 0 ? lStart : lStart + 1);
     return lCount == 1 ? sPlace : sPlace + ',' + std::to_string(lCount);
   }
 
-  void Body(std::string_view sColor, std::string_view sMark, const Lines& asLine,
-            std::size_t lStart, std::size_t lEnd) {
-    for (std::size_t i = lStart; i < lEnd; ++i) {
-      std::string_view sLine = asLine[i];
-      bool bEnded = sLine.back() == '\n';
-      if (bEnded) sLine.remove_suffix(1);
-      Line(sColor, sMark, sLine);
-      if (!bEnded) msResult += "\\ No newline at end of file\n";
-    }
+  void Body(std::string_view sColor, std::string_view sMark, std::string_view sLine) {
+    const bool bEnded = sLine.back() == '\n';
+    if (bEnded) sLine.remove_suffix(1);
+    Line(sColor, sMark, sLine);
+    if (!bEnded) msResult += "\\ No newline at end of file\n";
   }
 
   void Line(std::string_view sColor, std::string_view sMark, std::string_view sText) {
@@ -97,19 +90,13 @@ class Writer {
 
 void AppendUnifiedDiff(std::string_view sPath, std::string_view sOld, std::string_view sNew,
                        const DiffStyle& oStyle, std::string& sResult) {
-  Lines asOld = SplitBytes(sOld), asNew = SplitBytes(sNew);
-  std::vector<LineChange> oChanges = CompareLines(asOld, asNew);
+  const Lines asOld = SplitByteLines(sOld), asNew = SplitByteLines(sNew);
+  const std::vector<LineChange> oChanges = LineDifferences(asOld, asNew);
   if (oChanges.empty()) return;
   Writer oWriter(asOld, asNew, oStyle, sResult);
   oWriter.Header("--- ", "a/", sPath);
   oWriter.Header("+++ ", "b/", sPath);
-  for (std::size_t lFirst = 0, lLast; lFirst < oChanges.size(); lFirst = lLast + 1) {
-    lLast = lFirst;
-    while (lLast + 1 < oChanges.size() &&
-           oChanges[lLast + 1].lOldStart - oChanges[lLast].lOldEnd <= 2 * Context)
-      ++lLast;
-    oWriter.Hunk(&oChanges[lFirst], &oChanges[lLast]);
-  }
+  for (const LineHunk& oHunk : LineHunks(oChanges, asOld.size(), Context)) oWriter.Hunk(oHunk);
 }
 
 std::string RelativePath(const std::string& sPath) {

@@ -82,13 +82,13 @@ void FIDE::ShowComponentCode(VBComponent& oComponent) {
 void FIDE::ShowChanges() {
   const Forms::Node* poNode = tvwGroup.SelectedItem();
   const std::string sPath = poNode ? moTree.PathAmong(mpIDE->ChangedPaths(), *poNode) : "";
-  std::vector<ChangeRow> aoRow;
+  std::vector<Forms::CodeLine> aoRow;
   if (!sPath.empty()) {
     const DiskIDE::Change oChange = mpIDE->ChangeOf(sPath);
     aoRow = ChangeRows(oChange.sOldBytes, oChange.sNewBytes);
   }
   if (aoRow.empty()) aoRow.push_back({Forms::LineMark::None, {}, u"No changes."});
-  ShowRows(aoRow, paneChanges);
+  paneChanges.SetLines(aoRow);
 }
 
 void FIDE::ShowGroupState() {
