@@ -2,6 +2,7 @@
 #include "LineComparison.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -15,7 +16,9 @@ struct Range {
 };
 
 /// As many of the matches as keep the order of the new lines too; they come in that of the old.
-std::vector<LineMatch> LongestRising(const std::vector<LineMatch>& matches) {
+std::vector<LineMatch> LongestRising(std::vector<LineMatch> matches) {
+  const auto lower = [](const LineMatch& a, const LineMatch& b) { return a.newLine < b.newLine; };
+  if (std::is_sorted(matches.begin(), matches.end(), lower)) return matches;
   constexpr std::size_t None = static_cast<std::size_t>(-1);
   std::vector<std::size_t> ends;  // of each length the match that ends such a run first
   std::vector<std::size_t> before(matches.size(), None);
@@ -182,7 +185,7 @@ class Comparison {
     }
     for (std::size_t i = range.oldFirst; i < range.oldEnd; ++i) seen_[oldLines_[i]] = {};
     for (std::size_t i = range.newFirst; i < range.newEnd; ++i) seen_[newLines_[i]] = {};
-    return LongestRising(unique);
+    return LongestRising(std::move(unique));
   }
 
   void FollowPaths(Range range) {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <bit>
-#include <functional>
+#include <cstring>
 
 #include "LineComparison.h"
 
@@ -67,6 +67,27 @@ bool OnlyGrewOrShrank(Lines<Line> oldLines, Lines<Line> newLines, ChangeList& ch
   return found;
 }
 
+/// Eight bytes at a time, in a fifth of the instructions that the library's hash takes; all of the
+/// line, since lines of source often agree at both ends.
+std::size_t HashOf(const char* bytes, std::size_t count) {
+  std::uint64_t hash = count;
+  const auto mix = [&](const char* from, std::size_t part) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, from, part);
+    hash = (hash ^ word) * 0x9E3779B97F4A7C15U;  // 2^64 over the golden ratio: spreads all bits
+    hash ^= hash >> 32U;
+  };
+  for (; count > 8; bytes += 8, count -= 8) mix(bytes, 8);
+  mix(bytes, count);
+  return static_cast<std::size_t>(hash);
+}
+std::size_t HashOf(std::string_view line) {
+  return HashOf(line.data(), line.size());
+}
+std::size_t HashOf(TextView line) {
+  return HashOf(reinterpret_cast<const char*>(line.data()), line.size() * sizeof(char16_t));
+}
+
 /// Gives equal lines equal numbers, from 0 on.
 template <class Line>
 class LineNumbering {
@@ -88,7 +109,7 @@ class LineNumbering {
 
   std::uint32_t Number(Line line) {
     const std::size_t mask = slots_.size() - 1;
-    std::size_t slot = std::hash<Line>()(line) & mask;
+    std::size_t slot = HashOf(line) & mask;
     while (slots_[slot] != Free && !Equal(lines_[slots_[slot]], line)) slot = (slot + 1) & mask;
     if (slots_[slot] == Free) {
       slots_[slot] = static_cast<std::uint32_t>(lines_.size());
