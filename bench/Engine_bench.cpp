@@ -30,7 +30,7 @@ struct Engine {
   std::int64_t lLines;
 
   Engine() {
-    oRules.eLineNumAction = 0;
+    oRules.eLineNumAction = MQuillon::LineNumAction::Insert;
     oTemplate.LoadTemplateText(u"Template.dat", TemplateText());
     VBWriter oWriter(1);
     oWriter.Line(0, "Private Sub UpdateDepot(ByVal sName As String, ByRef lCount As Long)");
@@ -44,8 +44,8 @@ struct Engine {
     Text sText = sCode;
     bool bErrors = false;
     oTemplate.InsertTemplate(u"MDepot", sName, u"Sub", sText, 1, u"Standard", false,
-                             u"tvnBoundaryNone", u"tvnSeverityNormal", u"tvnRetryLine", true, 0,
-                             bErrors);
+                             u"tvnBoundaryNone", u"tvnSeverityNormal", u"tvnRetryLine", true,
+                             MQuillon::LineNumAction::Insert, bErrors);
     return bErrors ? Text() : sText;
   }
 };
@@ -102,7 +102,8 @@ void NumberLines(benchmark::State& oState) {
   const auto asLine = SplitLines(oEngine.sCode);
   const auto oBody = std::span(asLine).subspan(1, asLine.size() - 2);
   for (auto _ : oState) {
-    benchmark::DoNotOptimize(LineNumbers::DoLineNumbers(oBody, 0, oEngine.oRules));
+    benchmark::DoNotOptimize(
+        LineNumbers::DoLineNumbers(oBody, MQuillon::LineNumAction::Insert, oEngine.oRules));
   }
   oState.SetItemsProcessed(oState.iterations() * oEngine.lLines);
 }

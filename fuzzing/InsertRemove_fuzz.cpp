@@ -31,7 +31,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t lSi
   if (oEngine.Templates().size() == 1) {
     oEngine.LoadTemplateText(u"", MXString::StringReplace(Templates, u"|", CrLf));
   }
-  oRules.eLineNumAction = static_cast<std::int32_t>(nBits >> 6) % 3;
+  oRules.eLineNumAction =
+      MQuillon::FromNumber<MQuillon::LineNumAction>(static_cast<std::int32_t>(nBits >> 6) % 3);
   const bool bDeclarations = nBits & 1;
   const Text sBody = CodePage::Get("1252").Decode(
       std::string_view(reinterpret_cast<const char*>(pData) + 1, lSize - 1));
@@ -42,7 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t lSi
   bool bErrors = false;
   oEngine.InsertTemplate(u"Mod", sProc, u"Sub", sCode, 1, sTemplate, nBits & 4,
                          nBits & 8 ? u"tvnBoundaryVB" : u"", u"", nBits & 8 ? u"tvnRetryNone" : u"",
-                         nBits & 16, static_cast<std::int32_t>(nBits >> 6) % 3, bErrors);
+                         nBits & 16, oRules.eLineNumAction, bErrors);
   if (bErrors) {
     if (sCode != sBefore) std::abort();
     return 0;

@@ -10,7 +10,7 @@
 
 namespace {
 
-Text Number(TextView sBody, std::int32_t eAction, const MRules::Values& oRules) {
+Text Number(TextView sBody, MQuillon::LineNumAction eAction, const MRules::Values& oRules) {
   const ProcText oProc(sBody);
   Text sResult = LineNumbers::DoLineNumbers(oProc.Lines(), eAction, oRules);
   sResult.resize(sResult.size() - CrLf.size());
@@ -22,17 +22,19 @@ Text Number(TextView sBody, std::int32_t eAction, const MRules::Values& oRules) 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t lSize) {
   if (lSize < 1) return 0;
   MRules::Values oRules;
-  oRules.eLineNumWhat = pData[0] % 3;
+  oRules.eLineNumWhat = MQuillon::FromNumber<MQuillon::LineNumWhat>(pData[0] % 3);
   oRules.bLineNumSkipEnd = pData[0] & 4;
   oRules.bLineNumSkipData = pData[0] & 8;
   oRules.bLineNumSkipShort = pData[0] & 16;
   const Text sBody = CodePage::Get("1252").Decode(
       std::string_view(reinterpret_cast<const char*>(pData) + 1, lSize - 1));
   try {
-    const Text sOnce = Number(sBody, 0, oRules);
-    if (Number(sOnce, 0, oRules) != sOnce) std::abort();
+    const Text sOnce = Number(sBody, MQuillon::LineNumAction::Insert, oRules);
+    if (Number(sOnce, MQuillon::LineNumAction::Insert, oRules) != sOnce) std::abort();
     if (!Proof::FirstDifference(sBody, sOnce, true).empty()) std::abort();
-    if (!Proof::FirstDifference(sBody, Number(sOnce, 2, oRules), true).empty()) std::abort();
+    if (!Proof::FirstDifference(sBody, Number(sOnce, MQuillon::LineNumAction::Remove, oRules), true)
+             .empty())
+      std::abort();
   } catch (const Failure&) {  // more than 9,999 numbers
   }
   return 0;

@@ -21,14 +21,15 @@ constexpr TextView Keys[] = {u"",
 constexpr TextView Types[] = {u"Exe", u"OleExe", u"OleDll", u"Control"};
 
 Text PlainForm(const ProjectFile& oFile) {
-  Text sText = u"Type=" + Text(Types[oFile.nType]) + u"\nName=\"" + oFile.sName + u"\"\n";
+  Text sText = u"Type=" + Text(Types[static_cast<std::size_t>(oFile.nType)]) + u"\nName=\"" +
+               oFile.sName + u"\"\n";
   for (const auto& oConstant : oFile.oConstants)
     sText += u"CondComp=\"" + oConstant.sName + u" = " + ToText(oConstant.lValue) + u"\"\n";
   for (const auto& oEntry : oFile.oComponents) {
-    bool bNamed = oEntry.nType == ComponentStdModule || oEntry.nType == ComponentClass;
+    bool bNamed = oEntry.nType == ComponentType::StdModule || oEntry.nType == ComponentType::Class;
     Text sPath = u'"' + oEntry.sPath + u'"';
     if (bNamed) sPath = u'"' + oEntry.sName + u"; " + sPath + u'"';
-    sText += Text(Keys[oEntry.nType]) + u"=" + sPath + u"\n";
+    sText += Text(Keys[static_cast<std::size_t>(oEntry.nType)]) + u"=" + sPath + u"\n";
   }
   return sText;
 }

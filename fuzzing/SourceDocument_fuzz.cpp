@@ -17,14 +17,15 @@ Text IndexOf(const SourceDocument& oDocument) {
   Text sIndex = ToText(oDocument.CountOfDeclarationLines());
   for (std::int32_t l = 1; l <= oDocument.MemberCount(); ++l) {
     const auto o = oDocument.MemberAt(l);
-    sIndex += u"\n" + o.sName + u" " + ToText(o.nType * 10 + o.nScope) + u"@" + ToText(o.lLine);
-    for (ProcKind k = 0; k < 4; ++k) try {
+    sIndex += u"\n" + o.sName + u" " + ToText(MQuillon::ToNumber(o.nType)) +
+              ToText(MQuillon::ToNumber(o.nScope)) + u"@" + ToText(o.lLine);
+    for (const ProcKind k : MQuillon::CodeKinds) try {
         const std::int32_t lStart = oDocument.ProcStartLine(o.sName, k);
         const std::int32_t lBody = oDocument.ProcBodyLine(o.sName, k);
         const std::int32_t lCount = oDocument.ProcCountLines(o.sName, k);
         Require(lBody >= lStart && lBody < lStart + lCount);
-        sIndex +=
-            u" " + ToText(k) + u":" + ToText(lStart) + u"/" + ToText(lBody) + u"/" + ToText(lCount);
+        sIndex += u" " + ToText(MQuillon::ToNumber(k)) + u":" + ToText(lStart) + u"/" +
+                  ToText(lBody) + u"/" + ToText(lCount);
       } catch (const Failure& oFailure) {
         Require(oFailure.Number() == 35);
       }
@@ -54,7 +55,7 @@ Text Changed(const Text& sCode, unsigned nHow) {
 void Rewrite(SourceDocument& oDocument, unsigned nSeed) {
   for (std::int32_t l = 1; l <= std::min(oDocument.MemberCount(), 30); ++l) {
     const auto o = oDocument.MemberAt(l);
-    for (ProcKind k = 0; k < 4; ++k) try {
+    for (const ProcKind k : MQuillon::CodeKinds) try {
         const std::int32_t lStart = oDocument.ProcStartLine(o.sName, k);
         const std::int32_t lCount = oDocument.ProcCountLines(o.sName, k);
         const Text sCode = oDocument.Lines(lStart, lCount);

@@ -13,8 +13,10 @@ constexpr std::int32_t lIndicator = 240, lMargin = 60;
 
 /// The index of the button to turn on: that of the rule, or of its default for a number that
 /// stands for none.
-std::int32_t IndexOf(std::int32_t lRule, std::int32_t lDefault) {
-  return lRule >= 0 && lRule <= 2 ? lRule : lDefault;
+template <class Choice>
+std::int32_t IndexOf(Choice eRule, Choice eDefault) {
+  const std::int32_t lRule = MQuillon::ToNumber(eRule);
+  return lRule >= 0 && lRule <= 2 ? lRule : MQuillon::ToNumber(eDefault);
 }
 
 /// Over the run of blanks in the caption of oBeside, apart from the words around it.
@@ -89,8 +91,8 @@ void RulesNumberingPage::Fill(const MRules::Values& oRules) {
 }
 
 void RulesNumberingPage::Read(MRules::Values& oRules) const {
-  oRules.eLineNumAction = lAction;
-  oRules.eLineNumWhat = lWhat;
+  oRules.eLineNumAction = MQuillon::FromNumber<MQuillon::LineNumAction>(lAction);
+  oRules.eLineNumWhat = MQuillon::FromNumber<MQuillon::LineNumWhat>(lWhat);
   oRules.lLineNumInterval = NumberAtStart(txtWhatLines.Text());
   oRules.bLineNumSkipData = chkSkipData.Checked();
   oRules.bLineNumSkipEnd = chkSkipEnd.Checked();

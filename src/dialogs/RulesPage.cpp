@@ -15,9 +15,9 @@ namespace RulesPage {
 
 namespace {
 
-void Fill(ComboBox& oCombo, const CXLookup* poLookup, TextView sName, std::int32_t eId) {
+void Fill(ComboBox& oCombo, const CXLookup* poLookup, TextView sName, std::int32_t lId) {
   oCombo.Clear();
-  if (poLookup) poLookup->LoadListBox(oCombo, sName, eId);
+  if (poLookup) poLookup->LoadListBox(oCombo, sName, lId);
 }
 
 }  // namespace
@@ -37,18 +37,14 @@ void FillNames(ComboBox& oCombo, const CXLookup* poLookup, TextView sName) {
   Fill(oCombo, poLookup, sName.empty() ? MQuillon::NoneName : sName, eNoId);
 }
 
-void FillIds(ComboBox& oCombo, const CXLookup* poLookup, std::int32_t eId) {
+void FillIds(ComboBox& oCombo, const CXLookup* poLookup, std::int32_t lId) {
   constexpr TextView sNoName = u"\n";  // the empty name could be one
-  Fill(oCombo, poLookup, sNoName, eId);
+  Fill(oCombo, poLookup, sNoName, lId);
 }
 
 void ReadName(const ComboBox& oCombo, Text& sName) {
   if (oCombo.ListIndex() < 0) return;
   sName = oCombo.Text() == MQuillon::NoneName ? Text() : oCombo.Text();
-}
-
-void ReadId(const ComboBox& oCombo, std::int32_t& eId) {
-  if (oCombo.ListIndex() >= 0) eId = oCombo.ItemData(oCombo.ListIndex());
 }
 
 std::int32_t NumberAtStart(TextView sText) {

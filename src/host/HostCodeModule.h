@@ -18,8 +18,8 @@ class HostMember : public Member {
  public:
   HostMember(HostMembers& oParent, SourceDocument& oDocument, std::int32_t lIndex);
   Text Name() const override { return msName; }
-  std::int32_t Type() const override { return mnType; }
-  std::int32_t Scope() const override { return moDocument.MemberAt(Place()).nScope; }
+  MemberType Type() const override { return mnType; }
+  MemberScope Scope() const override { return moDocument.MemberAt(Place()).nScope; }
   std::int32_t CodeLocation() const override { return moDocument.MemberAt(Place()).lLine; }
   ::Members& Parent() const override;
   AttributeValue Attribute(MemberAttribute eAttribute) const override {
@@ -40,7 +40,7 @@ class HostMember : public Member {
   HostMembers& moParent;
   SourceDocument& moDocument;
   Text msName;
-  std::int32_t mnType;
+  MemberType mnType;
   mutable std::int32_t mlIndex;
   mutable std::uint32_t mlVersion = 0;  // of the members among which it was found at mlIndex
 };

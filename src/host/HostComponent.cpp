@@ -13,20 +13,20 @@ struct RootKind {
   TextView sDesignerID;
 };
 constexpr RootKind RootKinds[] = {
-    {u"VB.Form", ComponentVBForm, u"VB.Form"},
-    {u"VB.MDIForm", ComponentMDIForm, u"VB.MDIForm"},
-    {u"VB.UserControl", ComponentUserControl, u""},
-    {u"VB.PropertyPage", ComponentPropPage, u""},
-    {u"VB.UserDocument", ComponentUserDocument, u""},
-    {u"Form", ComponentVBForm, u"VB.Form"},
-    {u"MDIForm", ComponentMDIForm, u"VB.MDIForm"},
-    {u"{C0E45035-5775-11D0-B388-00A0C9055D8E}", ComponentDesigner, u"DataEnvironment"},
-    {u"{78E93846-85FD-11D0-8487-00A0C90DC8A9}", ComponentDesigner, u"DataReport"},
-    {u"{17016CEE-E118-11D0-94B8-00A0C91110ED}", ComponentDesigner, u"WebClass"},
-    {u"{90290CCD-F27D-11D0-8031-00C04FB6C701}", ComponentDesigner, u"DHTMLPage"},
-    {u"{AC0714F6-3D04-11D1-AE7D-00A0C90F26F4}", ComponentDesigner, u"AddinInstance"},
-    {u"{BD4B4E61-F7B8-11D0-964D-00A0C9273C2A}", ComponentDesigner, u"Report"},
-    {u"{C62A69F0-16DC-11CE-9E98-00AA00574A4F}", ComponentMSForm, u"UserForm"},
+    {u"VB.Form", ComponentType::VBForm, u"VB.Form"},
+    {u"VB.MDIForm", ComponentType::MDIForm, u"VB.MDIForm"},
+    {u"VB.UserControl", ComponentType::UserControl, u""},
+    {u"VB.PropertyPage", ComponentType::PropPage, u""},
+    {u"VB.UserDocument", ComponentType::UserDocument, u""},
+    {u"Form", ComponentType::VBForm, u"VB.Form"},
+    {u"MDIForm", ComponentType::MDIForm, u"VB.MDIForm"},
+    {u"{C0E45035-5775-11D0-B388-00A0C9055D8E}", ComponentType::Designer, u"DataEnvironment"},
+    {u"{78E93846-85FD-11D0-8487-00A0C90DC8A9}", ComponentType::Designer, u"DataReport"},
+    {u"{17016CEE-E118-11D0-94B8-00A0C91110ED}", ComponentType::Designer, u"WebClass"},
+    {u"{90290CCD-F27D-11D0-8031-00C04FB6C701}", ComponentType::Designer, u"DHTMLPage"},
+    {u"{AC0714F6-3D04-11D1-AE7D-00A0C90F26F4}", ComponentType::Designer, u"AddinInstance"},
+    {u"{BD4B4E61-F7B8-11D0-964D-00A0C9273C2A}", ComponentType::Designer, u"Report"},
+    {u"{C62A69F0-16DC-11CE-9E98-00AA00574A4F}", ComponentType::MSForm, u"UserForm"},
 };
 
 const RootKind* FindRoot(TextView sClass) {
@@ -36,22 +36,22 @@ const RootKind* FindRoot(TextView sClass) {
 }
 
 bool HasDesigner(ComponentType nEntryType) {
-  return nEntryType == ComponentVBForm || nEntryType == ComponentPropPage ||
-         nEntryType == ComponentUserControl || nEntryType == ComponentUserDocument ||
-         nEntryType == ComponentDesigner;
+  return nEntryType == ComponentType::VBForm || nEntryType == ComponentType::PropPage ||
+         nEntryType == ComponentType::UserControl || nEntryType == ComponentType::UserDocument ||
+         nEntryType == ComponentType::Designer;
 }
 
 TextView CompanionExtension(ComponentType nEntryType) {
   switch (nEntryType) {
-    case ComponentVBForm:
+    case ComponentType::VBForm:
       return u".frx";
-    case ComponentUserControl:
+    case ComponentType::UserControl:
       return u".ctx";
-    case ComponentPropPage:
+    case ComponentType::PropPage:
       return u".pgx";
-    case ComponentUserDocument:
+    case ComponentType::UserDocument:
       return u".dox";
-    case ComponentDesigner:
+    case ComponentType::Designer:
       return u".dsx";
     default:
       return {};
@@ -108,11 +108,12 @@ Text HostComponent::Name() const {
                                 : msPath.substr(NameStart(msPath)));
 }
 
-std::int32_t HostComponent::Type() const {
+ComponentType HostComponent::Type() const {
   const RootKind* poRoot = FindRoot(RootClass());
   ComponentType nType = poRoot ? poRoot->nType : moEntry.nType;
-  if (nType != ComponentVBForm || !poRoot) return nType;
-  return Readable()->RootProperty(u"MDIChild") == u"-1" ? ComponentMDIChild : ComponentVBForm;
+  if (nType != ComponentType::VBForm || !poRoot) return nType;
+  return Readable()->RootProperty(u"MDIChild") == u"-1" ? ComponentType::MDIChild
+                                                        : ComponentType::VBForm;
 }
 
 std::string HostComponent::Companion() const {
@@ -169,15 +170,16 @@ VBControls* HostComponent::DesignerControls() {
 }
 
 std::int32_t HostComponent::Property(TextView sName) {
-  if (moEntry.nType != ComponentClass || !EqualNoCase(sName, u"Instancing")) throw Failure(380);
+  if (moEntry.nType != ComponentType::Class || !EqualNoCase(sName, u"Instancing"))
+    throw Failure(380);
   // A class that came from a library project keeps its attributes; an EXE shows none to others.
-  return moParent.Type() == 0 ? 1 : InstancingOf(mpoDocument->Get());
+  return moParent.Type() == ProjectType::StandardExe ? 1 : InstancingOf(mpoDocument->Get());
 }
 
 Text HostComponent::DesignerID() const {
   Text sClass = RootClass();
   if (const RootKind* poRoot = FindRoot(sClass)) return Text(poRoot->sDesignerID);
-  bool bForm = moEntry.nType == ComponentVBForm;
+  bool bForm = moEntry.nType == ComponentType::VBForm;
   if (sClass.empty() || sClass.starts_with(u'{')) return bForm ? Text(u"VB.Form") : Text();
-  return moEntry.nType == ComponentDesigner || bForm ? sClass : Text();
+  return moEntry.nType == ComponentType::Designer || bForm ? sClass : Text();
 }

@@ -24,7 +24,7 @@ class HostComponent : public VBComponent {
         mpoDocument(poDocument),
         moFinder(oFinder) {}
   Text Name() const override;
-  std::int32_t Type() const override;
+  ComponentType Type() const override;
   std::int32_t FileCount() const override;
   Text FileNames(std::int32_t nIndex) const override;
   ::CodeModule* CodeModule() override;

@@ -10,7 +10,8 @@ HostProject::HostProject(ProjectFile oFile, std::string sPath, PathFinder& oFind
   std::string sFolder = PathFinder::FolderOf(msPath);
   std::unordered_map<std::string, std::size_t> oCodeLines, oOtherLines;
   for (const ProjectFile::Entry& oEntry : moFile.oComponents) {
-    bool bCode = oEntry.nType != ComponentRelatedDocument && oEntry.nType != ComponentResFile;
+    bool bCode =
+        oEntry.nType != ComponentType::RelatedDocument && oEntry.nType != ComponentType::ResFile;
     std::string sFile = oFinder.Find(sFolder, oEntry.sPath).sPath;
     std::string sIdentity = oFinder.Identity(sFile);
     // A source may be listed as a document, too; that must not hide its code.

@@ -18,7 +18,7 @@ class HostProject : public VBProject, public ::VBComponents {
 
   Text Name() const override { return moFile.sName; }
   Text FileName() const override;
-  std::int32_t Type() const override { return moFile.nType; }
+  ProjectType Type() const override { return moFile.nType; }
   ::VBComponents& VBComponents() override { return *this; }
 
   std::int32_t Count() const override { return static_cast<std::int32_t>(moComponents.size()); }

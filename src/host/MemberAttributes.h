@@ -39,7 +39,7 @@ class MemberAttributes {
   enum class Slot { Description, HelpId, Invoke, UserMemId, Flags };
   struct Carrier {
     std::int32_t lLine = 0;  // the visible line that the hidden ones stand behind
-    ProcKind nKind = 0;
+    ProcKind nKind = ProcKind::Method;
   };
 
   /// What the lines of one member say. Kept until lines change, since the twelve attributes of a

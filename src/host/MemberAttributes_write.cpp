@@ -9,8 +9,8 @@
 namespace {
 
 std::string_view InvokeKey(ProcKind nKind) {
-  if (nKind == 1) return "VB_ProcData.VB_Invoke_PropertyPut";
-  if (nKind == 2) return "VB_ProcData.VB_Invoke_PropertyPutRef";
+  if (nKind == ProcKind::Let) return "VB_ProcData.VB_Invoke_PropertyPut";
+  if (nKind == ProcKind::Set) return "VB_ProcData.VB_Invoke_PropertyPutRef";
   return "VB_ProcData.VB_Invoke_Property";
 }
 
@@ -82,7 +82,7 @@ bool MemberAttributes::Replace(const Carrier& oCarrier, Slot eSlot, std::string_
 
 void MemberAttributes::Insert(const Carrier& oCarrier, Slot eSlot, std::string_view sValue) {
   const SourceDocument::MemberInfo& oMember = moFound.oMember;
-  const bool bVariable = oMember.nType == 3;
+  const bool bVariable = oMember.nType == MemberType::Variable;
   const std::string sEnd(moLines.OwnEnd());
   const std::string sLine = "Attribute " + PageBytes(oMember.sName, moPage) + "." +
                             KeyOf(eSlot, bVariable, oCarrier.nKind) + " = " + std::string(sValue) +

@@ -100,7 +100,9 @@ void TakeName(Statement& oStatement, StatementKind eKind, const Token& oName) {
 void ReadProperty(Statement& oStatement, LexicalScan& oScan) {
   const Keyword eKind = KeywordOf(oScan.Next());
   if (eKind != Keyword::Let && eKind != Keyword::Set && eKind != Keyword::Get) return;
-  oStatement.nProcKind = eKind == Keyword::Let ? 1 : eKind == Keyword::Set ? 2 : 3;
+  oStatement.nProcKind = eKind == Keyword::Let   ? ProcKind::Let
+                         : eKind == Keyword::Set ? ProcKind::Set
+                                                 : ProcKind::Get;
   TakeName(oStatement, StatementKind::Procedure, oScan.Next());
 }
 

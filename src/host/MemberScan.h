@@ -27,7 +27,7 @@ enum class Access : std::uint8_t { None = 0, Private = 1, Public = 2, Friend = 3
 struct Statement {
   StatementKind eKind = StatementKind::Other;
   Access eAccess = Access::None;
-  ProcKind nProcKind = 0;  ///< of a procedure
+  ProcKind nProcKind = ProcKind::Method;  ///< of a procedure
   /// Of EndProcedure and Procedure: 's', 'f' or 'p'.
   char cWord = '\0';
   Token oName;  ///< the first declared name

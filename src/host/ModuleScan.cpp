@@ -88,16 +88,16 @@ void ModuleScan::TakeOutside(const Statement& oStatement, std::int32_t lLine) {
       mePlace = Place::Block;
       break;
     case StatementKind::Declare:
-      AddMember(oStatement, 1, lLine);
+      AddMember(oStatement, MemberType::Method, lLine);
       break;
     case StatementKind::Variables:
-      AddNames(oStatement, 3, lLine);
+      AddNames(oStatement, MemberType::Variable, lLine);
       break;
     case StatementKind::Event:
-      AddMember(oStatement, 4, lLine);
+      AddMember(oStatement, MemberType::Event, lLine);
       break;
     case StatementKind::Constants:
-      AddNames(oStatement, 5, lLine);
+      AddNames(oStatement, MemberType::Constant, lLine);
       break;
     case StatementKind::EndProcedure:
       ++moResult.lFaults;
@@ -124,7 +124,8 @@ void ModuleScan::Head(const Statement& oStatement, std::int32_t lLine) {
   }
   SetBorder(lLine);
   mlUsedLine = lLine;
-  AddMember(oStatement, oStatement.nProcKind == 0 ? 1 : 2, lLine);
+  const bool bMethod = oStatement.nProcKind == ProcKind::Method;
+  AddMember(oStatement, bMethod ? MemberType::Method : MemberType::Property, lLine);
   moResult.oMembers.back().lProcedure = static_cast<std::int32_t>(moResult.oProcedures.size());
   moResult.oProcedures.push_back({oStatement.oName.sText, moResult.lBorder, lLine, mlBorderState,
                                   oStatement.nProcKind, moResult.oMembers.back().eAccess});
@@ -137,7 +138,7 @@ void ModuleScan::End(std::int32_t lLine) {
   moResult.lBorder = 0;
 }
 
-void ModuleScan::AddMember(const Statement& oStatement, std::uint8_t nType, std::int32_t lLine) {
+void ModuleScan::AddMember(const Statement& oStatement, MemberType nType, std::int32_t lLine) {
   const bool bPrivate =
       oStatement.eKind == StatementKind::Constants || oStatement.eKind == StatementKind::Variables;
   Access eAccess = oStatement.eAccess;
@@ -146,7 +147,7 @@ void ModuleScan::AddMember(const Statement& oStatement, std::uint8_t nType, std:
                                oStatement.eKind == StatementKind::Declare});
 }
 
-void ModuleScan::AddNames(const Statement& oStatement, std::uint8_t nType, std::int32_t lLine) {
+void ModuleScan::AddNames(const Statement& oStatement, MemberType nType, std::int32_t lLine) {
   Statement oNext = oStatement;
   do {
     AddMember(oNext, nType, lLine);

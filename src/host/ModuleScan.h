@@ -15,7 +15,7 @@ struct ScannedProcedure {
   std::int32_t lStart = 0;
   std::int32_t lBody = 0;
   std::int32_t lState = 0;  ///< of conditional compilation, ahead of lStart
-  ProcKind nKind = 0;
+  ProcKind nKind = ProcKind::Method;
   Access eAccess = Access::Public;
 };
 
@@ -23,7 +23,7 @@ struct ScannedMember {
   std::string_view sName;
   std::int32_t lLine = 0;
   std::int32_t lProcedure = -1;  ///< index of its procedure in the same result
-  std::uint8_t nType = 0;        ///< as in the object model
+  MemberType nType = MemberType::Method;
   Access eAccess = Access::Public;
   bool bDeclare = false;
 };
@@ -63,8 +63,8 @@ class ModuleScan {
   void Head(const Statement& oStatement, std::int32_t lLine);
   void End(std::int32_t lLine);
   void SetBorder(std::int32_t lLine);
-  void AddNames(const Statement& oStatement, std::uint8_t nType, std::int32_t lLine);
-  void AddMember(const Statement& oStatement, std::uint8_t nType, std::int32_t lLine);
+  void AddNames(const Statement& oStatement, MemberType nType, std::int32_t lLine);
+  void AddMember(const Statement& oStatement, MemberType nType, std::int32_t lLine);
 
   const LineTable& moLines;
   LexicalScan& moScan;

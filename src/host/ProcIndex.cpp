@@ -16,6 +16,10 @@ int Width(Access eAccess) {
   return eAccess == Access::Public ? 2 : eAccess == Access::Friend ? 1 : 0;
 }
 
+std::size_t Index(ProcKind nKind) {
+  return static_cast<std::size_t>(nKind);
+}
+
 std::size_t Index(std::int32_t l) {
   return static_cast<std::size_t>(l);
 }
@@ -179,8 +183,7 @@ void ProcIndex::Store(const ScanResult& oResult) {
   ++mlMembersVersion;
   moScopes.assign(1, Scope());
   for (const ScannedProcedure& o : oResult.oProcedures) {
-    moScopes.push_back(
-        {o.lStart, o.lBody - o.lStart, o.lState, -1, o.eAccess, static_cast<std::int8_t>(o.nKind)});
+    moScopes.push_back({o.lStart, o.lBody - o.lStart, o.lState, -1, o.eAccess, o.nKind});
   }
   mlMoved = static_cast<std::int32_t>(oResult.oProcedures.size());
   mlShift = 0;
@@ -212,7 +215,7 @@ void ProcIndex::StoreMember(const ScannedMember& oScanned) {
   }
   Scope& oScope = moScopes[Index(lScope)];
   Member& oMember = moMembers[Index(lMember)];
-  std::int32_t& lKnown = oMember.alScope[oScope.nKind];
+  std::int32_t& lKnown = oMember.alScope[Index(oScope.nKind)];
   if (lKnown != 0 || oMember.bDeclare) return;
   lKnown = lScope;
   oScope.lMember = lMember;
@@ -270,7 +273,7 @@ void ProcIndex::FillTable(std::size_t lSize) {
   for (std::size_t l = 0; l < moMembers.size(); ++l) Enter(static_cast<std::int32_t>(l));
 }
 
-std::int32_t ProcIndex::FindMember(TextView sName, std::uint32_t lHash, int nType) const {
+std::int32_t ProcIndex::FindMember(TextView sName, std::uint32_t lHash, MemberType nType) const {
   const std::size_t lMask = malTable.size() - 1;
   for (std::size_t l = lHash; malTable[l & lMask] >= 0; ++l) {
     const std::int32_t lMember = malTable[l & lMask];
@@ -285,16 +288,17 @@ std::int32_t ProcIndex::LookUp(TextView sName, bool bProperty) {
   Update();
   if (moLast.lVersion != mlMembersVersion || moLast.bProperty != bProperty ||
       !Same(moLast.sName, sName)) {
-    const std::int32_t lMember = FindMember(sName, HashOf(sName), bProperty ? 2 : 1);
+    const std::int32_t lMember =
+        FindMember(sName, HashOf(sName), bProperty ? MemberType::Property : MemberType::Method);
     moLast = {Text(sName), lMember, mlMembersVersion, bProperty};
   }
   return moLast.lMember;
 }
 
 std::int32_t ProcIndex::Find(TextView sName, ProcKind nKind) {
-  if (nKind < 0 || nKind > 3) return 0;
-  const std::int32_t lMember = LookUp(sName, nKind != 0);
-  return lMember < 0 ? 0 : moMembers[Index(lMember)].alScope[nKind];
+  if (nKind > ProcKind::Get) return 0;
+  const std::int32_t lMember = LookUp(sName, nKind != ProcKind::Method);
+  return lMember < 0 ? 0 : moMembers[Index(lMember)].alScope[Index(nKind)];
 }
 
 bool ProcIndex::IsDeclare(TextView sName) {
@@ -329,11 +333,11 @@ std::int32_t ProcIndex::MemberCount() {
 SourceDocument::MemberInfo ProcIndex::MemberAt(std::int32_t lMember) {
   Update();
   const Member& o = moMembers[Index(lMember) - 1];
-  return {Text(NameOf(o)), o.nType, static_cast<std::int32_t>(o.eAccess),
+  return {Text(NameOf(o)), o.nType, static_cast<MemberScope>(o.eAccess),
           DeclarationsOf(lMember).begin()->lLine};
 }
 
-bool ProcIndex::IsMember(std::int32_t lMember, TextView sName, std::int32_t nType) {
+bool ProcIndex::IsMember(std::int32_t lMember, TextView sName, MemberType nType) {
   if (lMember < 1 || lMember > MemberCount()) return false;
   const Member& o = moMembers[Index(lMember) - 1];
   return o.nType == nType && Same(NameOf(o), sName);
@@ -350,13 +354,13 @@ ProcIndex::Declarations ProcIndex::DeclarationsOf(std::int32_t lMember) {
     }
     oFound.aoPlace[l] = oNew;
   };
-  for (ProcKind nKind = 0; nKind < 4; ++nKind) {
-    const std::int32_t lScope = o.alScope[nKind];
+  for (const ProcKind nKind : MQuillon::CodeKinds) {
+    const std::int32_t lScope = o.alScope[Index(nKind)];
     if (lScope > 0) fPut({BodyLine(lScope), nKind});
   }
-  if (oFound.lCount == 0) fPut({Start(o.lScope) + o.lLine, 0});
+  if (oFound.lCount == 0) fPut({Start(o.lScope) + o.lLine, ProcKind::Method});
   for (std::size_t l = 0; l < oFound.lCount; ++l) {
-    if (oFound.aoPlace[l].nKind == 3) oFound.lGet = l;
+    if (oFound.aoPlace[l].nKind == ProcKind::Get) oFound.lGet = l;
   }
   return oFound;
 }

@@ -39,10 +39,10 @@ class ProcIndex {
   std::uint32_t MembersVersion();
   /// lMember from 1.
   SourceDocument::MemberInfo MemberAt(std::int32_t lMember);
-  bool IsMember(std::int32_t lMember, TextView sName, std::int32_t nType);
+  bool IsMember(std::int32_t lMember, TextView sName, MemberType nType);
   struct Declaration {
     std::int32_t lLine = 0;
-    ProcKind nKind = 0;
+    ProcKind nKind = ProcKind::Method;
   };
   /// Where a member is declared, in file order: of a property one place for each accessor.
   struct Declarations {
@@ -62,7 +62,7 @@ class ProcIndex {
     std::int32_t lState = 0;  // of conditional compilation at lStart
     std::int32_t lMember = -1;
     Access eAccess = Access::None;
-    std::int8_t nKind = 0;
+    ProcKind nKind = ProcKind::Method;
     bool bStray = false;  // declarations stand among its lines
   };
   struct Member {
@@ -72,7 +72,7 @@ class ProcIndex {
     std::int32_t lScope = 0;
     std::int32_t lLine = 0;        // from the first line of the scope, 0 being that line
     std::int32_t alScope[4] = {};  // of its procedures, by ProcKind; 0 none
-    std::uint8_t nType = 0;
+    MemberType nType = MemberType::Method;
     Access eAccess = Access::None;
     bool bDeclare = false;
   };
@@ -91,7 +91,7 @@ class ProcIndex {
   bool SameMembers(const ScanResult& oResult);
   void Enter(std::int32_t lMember);
   void FillTable(std::size_t lSize);
-  std::int32_t FindMember(TextView sName, std::uint32_t lHash, int nType) const;
+  std::int32_t FindMember(TextView sName, std::uint32_t lHash, MemberType nType) const;
   std::int32_t LookUp(TextView sName, bool bProperty);
   TextView NameOf(const Member& oMember) const {
     return TextView(msNames).substr(oMember.lName, oMember.lNameLength);

@@ -69,11 +69,11 @@ struct ComponentKey {
   ComponentType nType;
 };
 constexpr ComponentKey ComponentKeys[] = {
-    {u"Module", ComponentStdModule},      {u"Class", ComponentClass},
-    {u"Form", ComponentVBForm},           {u"UserControl", ComponentUserControl},
-    {u"PropertyPage", ComponentPropPage}, {u"UserDocument", ComponentUserDocument},
-    {u"Designer", ComponentDesigner},     {u"RelatedDoc", ComponentRelatedDocument},
-    {u"ResFile32", ComponentResFile},
+    {u"Module", ComponentType::StdModule},      {u"Class", ComponentType::Class},
+    {u"Form", ComponentType::VBForm},           {u"UserControl", ComponentType::UserControl},
+    {u"PropertyPage", ComponentType::PropPage}, {u"UserDocument", ComponentType::UserDocument},
+    {u"Designer", ComponentType::Designer},     {u"RelatedDoc", ComponentType::RelatedDocument},
+    {u"ResFile32", ComponentType::ResFile},
 };
 constexpr TextView ProjectTypes[] = {u"Exe", u"OleExe", u"OleDll", u"Control"};
 
@@ -120,7 +120,7 @@ class ProjectParser {
         ProjectTypes, [&](TextView sName) { return EqualNoCase(sName, Unquote(oLine.sValue)); });
     if (sType == std::end(ProjectTypes))
       return Note(oLine.lLine, u"Unknown project type: " + Text(oLine.sValue));
-    moFile.nType = static_cast<std::int32_t>(sType - ProjectTypes);
+    moFile.nType = static_cast<ProjectType>(sType - ProjectTypes);
     moFile.bProject = mbType = true;
   }
 
@@ -152,7 +152,7 @@ class ProjectParser {
     ProjectFile::Entry oEntry{nType, {}, {}, oLine.lLine};
     TextView sPath = Unquote(oLine.sValue);
     std::size_t lSemicolon = sPath.find(u';');
-    bool bNamed = nType == ComponentStdModule || nType == ComponentClass;
+    bool bNamed = nType == ComponentType::StdModule || nType == ComponentType::Class;
     if (bNamed && lSemicolon != TextView::npos) {
       oEntry.sName = TrimAll(sPath.substr(0, lSemicolon));
       sPath = Unquote(TrimAll(sPath.substr(lSemicolon + 1)));
@@ -166,7 +166,7 @@ class ProjectParser {
   }
 
   const ProjectFile::Entry* SameName(const ProjectFile::Entry& oEntry) {
-    bool bResource = oEntry.nType == ComponentResFile;
+    bool bResource = oEntry.nType == ComponentType::ResFile;
     if (oEntry.sName.empty() && !bResource) return nullptr;
     Text sKey = bResource ? Text(u";") : LowerCase(oEntry.sName);
     auto [it, bNew] = moIndex.try_emplace(std::move(sKey), moFile.oComponents.size());

@@ -37,15 +37,15 @@ struct GroupFile {
 
 struct ProjectFile {
   struct Entry {
-    ComponentType nType = ComponentStdModule;  ///< by the key alone; every form is ComponentVBForm
-    Text sName;                                ///< modules and classes; others: empty
-    Text sPath;                                ///< as written, without quotes
+    ComponentType nType = ComponentType::StdModule;  ///< by the key alone; every form is a VBForm
+    Text sName;                                      ///< modules and classes; others: empty
+    Text sPath;                                      ///< as written, without quotes
     std::size_t lLine = 0;
   };
   /// False when the text has neither a type nor a component: it is something else.
   bool bProject = false;
   Text sName = u"Project1";
-  std::int32_t nType = 0;  ///< 0 Standard EXE, 1 ActiveX EXE, 2 ActiveX DLL, 3 ActiveX Control
+  ProjectType nType = ProjectType::StandardExe;
   std::vector<CondConstant> oConstants;
   std::vector<Entry> oComponents;  ///< no two of one name
   std::vector<LineNote> oNotes;

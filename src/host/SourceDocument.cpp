@@ -115,7 +115,7 @@ std::int32_t SourceDocument::ProcStartLine(TextView sName, ProcKind nKind) const
 
 // The IDE gives line 1 for a Declare: callers tell by that line that there is no body.
 std::int32_t SourceDocument::ProcBodyLine(TextView sName, ProcKind nKind) const {
-  if (nKind == 0 && mpImpl->oIndex.IsDeclare(sName)) return 1;
+  if (nKind == ProcKind::Method && mpImpl->oIndex.IsDeclare(sName)) return 1;
   return mpImpl->oIndex.BodyLine(mpImpl->ScopeOf(sName, nKind));
 }
 
@@ -158,7 +158,7 @@ std::uint32_t SourceDocument::MembersVersion() const {
   return mpImpl->oIndex.MembersVersion();
 }
 
-bool SourceDocument::IsMember(std::int32_t lIndex, TextView sName, std::int32_t nType) const {
+bool SourceDocument::IsMember(std::int32_t lIndex, TextView sName, MemberType nType) const {
   return mpImpl->oIndex.IsMember(lIndex, sName, nType);
 }
 

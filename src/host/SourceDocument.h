@@ -63,9 +63,9 @@ class SourceDocument {
   /// What Members shows, in file order: one entry per name (a property once for all its kinds).
   struct MemberInfo {
     Text sName;
-    std::int32_t nType = 0;   ///< 1 method, 2 property, 3 variable, 4 event, 5 constant
-    std::int32_t nScope = 0;  ///< 1 Private, 2 Public, 3 Friend
-    std::int32_t lLine = 0;   ///< visible line of the declaration, from 1
+    MemberType nType = MemberType::Method;
+    MemberScope nScope = MemberScope::Unset;
+    std::int32_t lLine = 0;  ///< visible line of the declaration, from 1
   };
   std::int32_t MemberCount() const;
   /// lIndex from 1. Members keep their index when a procedure is rewritten.
@@ -73,7 +73,7 @@ class SourceDocument {
   /// Another number whenever members may stand at other indices.
   std::uint32_t MembersVersion() const;
   /// True when the member at lIndex (any number) has that name, in that case, and type.
-  bool IsMember(std::int32_t lIndex, TextView sName, std::int32_t nType) const;
+  bool IsMember(std::int32_t lIndex, TextView sName, MemberType nType) const;
   AttributeValue Attribute(std::int32_t lMember, MemberAttribute eAttribute) const;
   void SetAttribute(std::int32_t lMember, MemberAttribute eAttribute, const AttributeValue& oValue);
 

@@ -6,14 +6,17 @@
 
 #include <cstdint>
 
+#include "Choices.h"
 #include "Text.h"
 
 class CodeModule;
 class Members;
 class VBComponent;
 
-/// Kinds of procedures: 0 Sub or Function, 1 Property Let, 2 Property Set, 3 Property Get.
-using ProcKind = std::int32_t;
+using MQuillon::MemberScope;
+using MQuillon::ProcKind;
+
+enum class MemberType : std::uint8_t { Method = 1, Property, Variable, Event, Constant };
 
 /// The twelve settable attributes of a member, in the order in which they are saved and set.
 enum class MemberAttribute {
@@ -44,10 +47,8 @@ class Member {
  public:
   virtual ~Member() = default;
   virtual Text Name() const = 0;
-  /// 1 method, 2 property, 3 variable, 4 event, 5 constant.
-  virtual std::int32_t Type() const = 0;
-  /// 1 Private, 2 Public, 3 Friend.
-  virtual std::int32_t Scope() const = 0;
+  virtual MemberType Type() const = 0;
+  virtual MemberScope Scope() const = 0;
   /// Line of the declaration; 0 when it has none.
   virtual std::int32_t CodeLocation() const = 0;
   virtual Members& Parent() const = 0;

@@ -30,12 +30,14 @@ class VBE {
   virtual CodePane* ActiveCodePane() = 0;
 };
 
+/// When the IDE connects an add-in.
+enum class ConnectMode : std::int32_t { AfterStartup, Startup, External };
+
 /// What the IDE calls in an add-in.
 class IDTExtensibility {
  public:
   virtual ~IDTExtensibility() = default;
-  /// nConnectMode: 0 after start-up, 1 at start-up, 2 external.
-  virtual void OnConnection(VBE& oVBInst, std::int32_t nConnectMode) = 0;
+  virtual void OnConnection(VBE& oVBInst, ConnectMode nConnectMode) = 0;
   virtual void OnDisconnection(std::int32_t nRemoveMode) = 0;
   virtual void OnStartupComplete() = 0;
   virtual void OnAddInsUpdate() = 0;

@@ -10,21 +10,8 @@
 class VBComponents;
 class VBProject;
 
-/// Component types of the model.
-enum ComponentType : std::int32_t {
-  ComponentStdModule = 1,
-  ComponentClass = 2,
-  ComponentMSForm = 3,
-  ComponentResFile = 4,
-  ComponentVBForm = 5,
-  ComponentMDIForm = 6,
-  ComponentPropPage = 7,
-  ComponentUserControl = 8,
-  ComponentUserDocument = 9,
-  ComponentRelatedDocument = 10,
-  ComponentDesigner = 11,
-  ComponentMDIChild = 15
-};
+using MQuillon::ComponentType;
+using MQuillon::ProjectType;
 
 class VBControls {
  public:
@@ -38,7 +25,7 @@ class VBComponent {
  public:
   virtual ~VBComponent() = default;
   virtual Text Name() const = 0;
-  virtual std::int32_t Type() const = 0;
+  virtual ComponentType Type() const = 0;
   virtual std::int32_t FileCount() const = 0;
   /// nIndex from 1; empty for a component that was never saved.
   virtual Text FileNames(std::int32_t nIndex) const = 0;
@@ -65,8 +52,7 @@ class VBProject {
   virtual ~VBProject() = default;
   virtual Text Name() const = 0;
   virtual Text FileName() const = 0;
-  /// 0 Standard EXE, 1 ActiveX EXE, 2 ActiveX DLL, 3 ActiveX Control.
-  virtual std::int32_t Type() const = 0;
+  virtual ProjectType Type() const = 0;
   virtual ::VBComponents& VBComponents() = 0;
 };
 

@@ -82,12 +82,13 @@ class Settings {
     if (oRecord.oMember) {
       sScope = MQuillon::ScopeTypeName(Need(moScope, [&] { return oRecord.oMember->Scope(); }));
     }
-    moPrint.PrintColumns({sName, Text(oRecord.sProcType), sScope, Text(o.sTemplate()),
-                          Words(MQuillon::oLookupLocked).LookupDisplayName(o.eLocked()),
-                          Words(MQuillon::oLookupBoundary).LookupItem(o.eBoundary()),
-                          Words(MQuillon::oLookupSeverity).LookupItem(o.eSeverity()),
-                          Words(MQuillon::oLookupRetry).LookupItem(o.eRetry()),
-                          Words(MQuillon::oLookupTrace).LookupDisplayName(o.eTrace())});
+    moPrint.PrintColumns(
+        {sName, Text(oRecord.sProcType), sScope, Text(o.sTemplate()),
+         Words(MQuillon::oLookupLocked).LookupDisplayName(MQuillon::ToNumber(o.eLocked())),
+         Words(MQuillon::oLookupBoundary).LookupItem(MQuillon::ToNumber(o.eBoundary())),
+         Words(MQuillon::oLookupSeverity).LookupItem(MQuillon::ToNumber(o.eSeverity())),
+         Words(MQuillon::oLookupRetry).LookupItem(MQuillon::ToNumber(o.eRetry())),
+         Words(MQuillon::oLookupTrace).LookupDisplayName(MQuillon::ToNumber(o.eTrace()))});
   }
 
   GuardScope& moScope;

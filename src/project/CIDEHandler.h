@@ -68,16 +68,16 @@ class CIDEHandler {
   void GetSuggestSettings(Handle hProcedure, CProcSettings& oProcSettings);
   Text ProcTemplate(Handle hProcedure);
   void SetProcTemplate(Handle hProcedure, TextView sTemplate);
-  std::int32_t Locked(Handle hProcedure);
-  void SetLocked(Handle hProcedure, std::int32_t eValue);
-  std::int32_t BoundaryId(Handle hProcedure);
-  void SetBoundaryId(Handle hProcedure, std::int32_t eValue);
-  std::int32_t SeverityId(Handle hProcedure);
-  void SetSeverityId(Handle hProcedure, std::int32_t eValue);
-  void SetRetryType(Handle hProcedure, std::int32_t eValue);
-  std::int32_t RetryId(Handle hProcedure);
-  std::int32_t Trace(Handle hProcedure);
-  void SetTrace(Handle hProcedure, std::int32_t eValue);
+  MQuillon::TriState Locked(Handle hProcedure);
+  void SetLocked(Handle hProcedure, MQuillon::TriState eValue);
+  MQuillon::Boundary BoundaryId(Handle hProcedure);
+  void SetBoundaryId(Handle hProcedure, MQuillon::Boundary eValue);
+  MQuillon::Severity SeverityId(Handle hProcedure);
+  void SetSeverityId(Handle hProcedure, MQuillon::Severity eValue);
+  void SetRetryType(Handle hProcedure, MQuillon::Retry eValue);
+  MQuillon::Retry RetryId(Handle hProcedure);
+  MQuillon::TriState Trace(Handle hProcedure);
+  void SetTrace(Handle hProcedure, MQuillon::TriState eValue);
   bool ProcedureIsDirty(Handle hProcedure);
   bool ComponentIsDirty(Handle hComponent);
   bool GroupIsDirty();
@@ -95,7 +95,7 @@ class CIDEHandler {
   void ApplySuggestedSettings(Handle ihProcedure, Handle Component, Handle Project, bool Group);
   void ApplyCurrentSettings(Handle ihProcedure, Handle Component, Handle Project, bool Group);
   void ApplyPendingSettings(Handle ihProcedure, Handle Component, Handle Project, bool Group,
-                            bool Refresh, std::int32_t LineNumAction);
+                            bool Refresh, MQuillon::LineNumAction LineNumAction);
   void RefreshSuggestions();
   /// What ApplyPendingSettings would make of the procedure, line numbers as the rule says: the same
   /// way as a rewrite, without writing anything back or telling anybody. The present text when
@@ -116,14 +116,14 @@ class CIDEHandler {
   // Events, in their order.
   Signal<> ProgressStart;
   Signal<> ProgressEnd;
-  Signal<std::int16_t, TextView> Progress;                  ///< percent, caption
-  Signal<Handle, TextView, std::int32_t> EnumProjectsProc;  ///< hProject, sTitle, nType
+  Signal<std::int16_t, TextView> Progress;                 ///< percent, caption
+  Signal<Handle, TextView, ProjectType> EnumProjectsProc;  ///< hProject, sTitle, nType
   Signal<> EnumComponentsExBOF;
   Signal<> EnumComponentsExEOF;
   Signal<const ComponentRow&> EnumComponentsExProc;
   Signal<> EnumComponentsBOF;  ///< nothing raises it
   Signal<Handle> EnumComponentsEOF;
-  Signal<Handle, Handle, TextView, std::int32_t> EnumComponentsProc;
+  Signal<Handle, Handle, TextView, ::ComponentType> EnumComponentsProc;
   Signal<Handle, const LoadError&> EnumProceduresError;
   Signal<> EnumProceduresBOF;
   Signal<> EnumProceduresEOF;
@@ -173,7 +173,7 @@ class CIDEHandler {
   void LoadMembers(Loading& oLoading);
   void LoadDeclarations(Loading& oLoading);
   void LoadMethod(Loading& oLoading, Member& oMember, std::int32_t lLocation);
-  void LoadProperty(Loading& oLoading, Member& oMember, std::int32_t nKind);
+  void LoadProperty(Loading& oLoading, Member& oMember, ProcKind nKind);
   void ReadProcedure(GuardScope& oScope, ProcedureRecord& oRecord, TextView sType);
   void ReadSettings(const ProcedureRecord& oRecord, TextView sCode, CProcSettings& oFresh) const;
   void AddProcedure(Loading& oLoading, ProcedureRecord& oRecord);

@@ -63,7 +63,7 @@ Text CIDEHandler::ReadProcCode(GuardScope& oScope, const ProcedureRecord& oRecor
                                std::int32_t& lBodyStart) {
   const CodeModule& oModule = ModuleOf(oScope, oRecord.hComponent);
   lBodyStart = 1;
-  if (oRecord.nKind == MQuillon::KindDeclarations) {
+  if (oRecord.nKind == MQuillon::ProcKind::Declarations) {
     const auto lCount = Need(oScope, [&] { return oModule.CountOfDeclarationLines(); });
     return lCount > 0 ? Need(oScope, [&] { return oModule.Lines(1, lCount); }) : Text();
   }
@@ -122,52 +122,52 @@ void CIDEHandler::SetProcTemplate(Handle hProcedure, TextView sTemplate) {
         [&](GuardScope&) { ProcedureAt(hProcedure).oPending.SetsTemplate(sTemplate); });
 }
 
-std::int32_t CIDEHandler::Locked(Handle hProcedure) {
+MQuillon::TriState CIDEHandler::Locked(Handle hProcedure) {
   return Result(u"Locked [Get]",
                 [&](GuardScope&) { return ProcedureAt(hProcedure).oPending.eLocked(); });
 }
 
-void CIDEHandler::SetLocked(Handle hProcedure, std::int32_t eValue) {
+void CIDEHandler::SetLocked(Handle hProcedure, MQuillon::TriState eValue) {
   Guard(Named(u"Locked [Let]"),
         [&](GuardScope&) { ProcedureAt(hProcedure).oPending.SeteLocked(eValue); });
 }
 
-std::int32_t CIDEHandler::BoundaryId(Handle hProcedure) {
+MQuillon::Boundary CIDEHandler::BoundaryId(Handle hProcedure) {
   return Result(u"BoundaryId [Get]",
                 [&](GuardScope&) { return ProcedureAt(hProcedure).oPending.eBoundary(); });
 }
 
-void CIDEHandler::SetBoundaryId(Handle hProcedure, std::int32_t eValue) {
+void CIDEHandler::SetBoundaryId(Handle hProcedure, MQuillon::Boundary eValue) {
   Guard(Named(u"BoundaryId [Let]"),
         [&](GuardScope&) { ProcedureAt(hProcedure).oPending.SeteBoundary(eValue); });
 }
 
-std::int32_t CIDEHandler::SeverityId(Handle hProcedure) {
+MQuillon::Severity CIDEHandler::SeverityId(Handle hProcedure) {
   return Result(u"SeverityId [Get]",
                 [&](GuardScope&) { return ProcedureAt(hProcedure).oPending.eSeverity(); });
 }
 
-void CIDEHandler::SetSeverityId(Handle hProcedure, std::int32_t eValue) {
+void CIDEHandler::SetSeverityId(Handle hProcedure, MQuillon::Severity eValue) {
   Guard(Named(u"SeverityId [Let]"),
         [&](GuardScope&) { ProcedureAt(hProcedure).oPending.SeteSeverity(eValue); });
 }
 
-void CIDEHandler::SetRetryType(Handle hProcedure, std::int32_t eValue) {
+void CIDEHandler::SetRetryType(Handle hProcedure, MQuillon::Retry eValue) {
   Guard(Named(u"RetryType [Let]"),
         [&](GuardScope&) { ProcedureAt(hProcedure).oPending.SeteRetry(eValue); });
 }
 
-std::int32_t CIDEHandler::RetryId(Handle hProcedure) {
+MQuillon::Retry CIDEHandler::RetryId(Handle hProcedure) {
   return Result(u"RetryId [Get]",
                 [&](GuardScope&) { return ProcedureAt(hProcedure).oPending.eRetry(); });
 }
 
-std::int32_t CIDEHandler::Trace(Handle hProcedure) {
+MQuillon::TriState CIDEHandler::Trace(Handle hProcedure) {
   return Result(u"Trace [Get]",
                 [&](GuardScope&) { return ProcedureAt(hProcedure).oPending.eTrace(); });
 }
 
-void CIDEHandler::SetTrace(Handle hProcedure, std::int32_t eValue) {
+void CIDEHandler::SetTrace(Handle hProcedure, MQuillon::TriState eValue) {
   Guard(Named(u"Trace [Let]"),
         [&](GuardScope&) { ProcedureAt(hProcedure).oPending.SeteTrace(eValue); });
 }
@@ -195,7 +195,8 @@ bool CIDEHandler::GroupIsDirty() {
 
 Text CIDEHandler::ComponentType(Handle hComponent) {
   return Result(u"ComponentType", [&](GuardScope& oScope) {
-    return ToText(Need(oScope, [&] { return ComponentAt(hComponent).oComponent->Type(); }));
+    return ToText(MQuillon::ToNumber(
+        Need(oScope, [&] { return ComponentAt(hComponent).oComponent->Type(); })));
   });
 }
 

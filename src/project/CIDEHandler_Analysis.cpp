@@ -13,7 +13,6 @@ using namespace HandlerGuard;
 
 namespace {
 
-enum MemberType { MemberMethod = 1, MemberProperty, MemberVariable, MemberEvent, MemberConstant };
 constexpr std::int32_t NoSuchProcedure = 35;
 constexpr TextView TerminateMethod = u"Class_Terminate";
 constexpr TextView ImplementsWord = u"implements ";
@@ -80,11 +79,12 @@ void ForEachLine(TextView sText, Visit&& oVisit) {
   }
 }
 
-void InheritId(std::int32_t eOwn, std::int32_t eModule, CProcSettings& oFresh,
-               void (CProcSettings::*Set)(std::int32_t), bool& bInherited) {
-  if (eOwn != 0) return;
+template <class Choice>
+void InheritId(Choice eOwn, Choice eModule, CProcSettings& oFresh,
+               void (CProcSettings::*Set)(Choice), bool& bInherited) {
+  if (eOwn != Choice::Unset) return;
   (oFresh.*Set)(eModule);
-  bInherited = eModule != 0;
+  bInherited = eModule != Choice::Unset;
 }
 
 }  // namespace
@@ -188,9 +188,9 @@ void CIDEHandler::AddVariableSources(Loading& oLoading) {
   for (std::int32_t i = 1; i <= lCount; ++i) {
     Member& oMember = *Need(oLoading.oScope, [&] { return &oMembers.Item(i); });
     const auto nType = Need(oLoading.oScope, [&] { return oMember.Type(); });
-    if (nType < MemberVariable || nType > MemberConstant) continue;
+    if (nType < MemberType::Variable || nType > MemberType::Constant) continue;
     RaiseProgress(*oLoading.oRecord.oComponent, oMember);
-    if (nType != MemberVariable) continue;
+    if (nType != MemberType::Variable) continue;
     oLoading.oScope.Step([&] {
       const auto lLine = oMember.CodeLocation();
       if (lLine < 1) return;
@@ -206,23 +206,24 @@ void CIDEHandler::LoadMembers(Loading& oLoading) {
   for (std::int32_t i = 1; i <= lCount; ++i) {
     Member& oMember = *Need(oLoading.oScope, [&] { return &oMembers.Item(i); });
     const auto nType = Need(oLoading.oScope, [&] { return oMember.Type(); });
-    if (nType != MemberMethod && nType != MemberProperty) continue;
+    if (nType != MemberType::Method && nType != MemberType::Property) continue;
     const auto lLocation = Need(oLoading.oScope, [&] { return oMember.CodeLocation(); });
     if (oLoading.oLocations.contains(lLocation)) continue;
     RaiseProgress(*oLoading.oRecord.oComponent, oMember);
-    if (nType == MemberMethod) {
+    if (nType == MemberType::Method) {
       LoadMethod(oLoading, oMember, lLocation);
     } else {
-      LoadProperty(oLoading, oMember, MQuillon::KindLet);
-      LoadProperty(oLoading, oMember, MQuillon::KindSet);
-      LoadProperty(oLoading, oMember, MQuillon::KindGet);
+      LoadProperty(oLoading, oMember, MQuillon::ProcKind::Let);
+      LoadProperty(oLoading, oMember, MQuillon::ProcKind::Set);
+      LoadProperty(oLoading, oMember, MQuillon::ProcKind::Get);
     }
   }
 }
 
 void CIDEHandler::LoadDeclarations(Loading& oLoading) {
   Guard(Named(u"LoadDeclarations"), [&](GuardScope& oScope) {
-    ProcedureRecord oRecord{.hComponent = oLoading.hComponent, .nKind = MQuillon::KindDeclarations};
+    ProcedureRecord oRecord{.hComponent = oLoading.hComponent,
+                            .nKind = MQuillon::ProcKind::Declarations};
     ReadProcedure(oScope, oRecord, {});
     SuggestDeclarationsSettings(oLoading.hComponent, oRecord);
     oLoading.oRecord.hDeclarations = ProcedureCount() + 1;
@@ -251,7 +252,7 @@ void CIDEHandler::LoadMethod(Loading& oLoading, Member& oMember, std::int32_t lL
   });
 }
 
-void CIDEHandler::LoadProperty(Loading& oLoading, Member& oMember, std::int32_t nKind) {
+void CIDEHandler::LoadProperty(Loading& oLoading, Member& oMember, ProcKind nKind) {
   Guard(Named(u"LoadProperty"), [&](GuardScope& oScope) {
     ProcedureRecord oRecord{.hComponent = oLoading.hComponent, .oMember = &oMember, .nKind = nKind};
     const Text sName = NameOf(oScope, oRecord);
@@ -281,7 +282,7 @@ void CIDEHandler::ReadProcedure(GuardScope& oScope, ProcedureRecord& oRecord, Te
 void CIDEHandler::ReadSettings(const ProcedureRecord& oRecord, TextView sCode,
                                CProcSettings& oFresh) const {
   Template().ExtractProcSettings(sCode, oFresh);
-  if (oRecord.nKind == MQuillon::KindDeclarations) return;
+  if (oRecord.nKind == MQuillon::ProcKind::Declarations) return;
   const CProcSettings& oModule = Procedure(Component(oRecord.hComponent).hDeclarations).oCurrent;
   InheritId(oFresh.eBoundary(), oModule.eBoundary(), oFresh, &CProcSettings::SeteBoundary,
             oFresh.BoundaryInherited);

@@ -52,7 +52,7 @@ void CIDEHandler::ApplySuggestedSettings(Handle ihProcedure, Handle Component, H
   Guard(Named(u"ApplySuggestedSettings"), [&](GuardScope&) {
     WalkScope({ihProcedure, Component, Project, Group}, true, [&](Handle h) {
       ProcedureRecord& oRecord = ProcedureAt(h);
-      if (oRecord.oPending.eLocked() == MQuillon::StateFalse) {
+      if (oRecord.oPending.eLocked() == MQuillon::TriState::False) {
         CopyAllButLocked(oRecord.oSuggest, oRecord.oPending);
       }
     });
@@ -64,7 +64,7 @@ void CIDEHandler::ApplyCurrentSettings(Handle ihProcedure, Handle Component, Han
   Guard(Named(u"ApplyCurrentSettings"), [&](GuardScope&) {
     WalkScope({ihProcedure, Component, Project, Group}, false, [&](Handle h) {
       ProcedureRecord& oRecord = ProcedureAt(h);
-      if (oRecord.oPending.eLocked() != MQuillon::StateTrue) {
+      if (oRecord.oPending.eLocked() != MQuillon::TriState::True) {
         CopyAllButLocked(oRecord.oCurrent, oRecord.oPending);
       }
     });
@@ -72,10 +72,11 @@ void CIDEHandler::ApplyCurrentSettings(Handle ihProcedure, Handle Component, Han
 }
 
 void CIDEHandler::ApplyPendingSettings(Handle ihProcedure, Handle Component, Handle Project,
-                                       bool Group, bool Refresh, std::int32_t LineNumAction) {
+                                       bool Group, bool Refresh,
+                                       MQuillon::LineNumAction LineNumAction) {
   Guard(Named(u"ApplyPendingSettings"), [&](GuardScope&) {
     Run oRun{.bRefresh = Refresh,
-             .eLineNumAction = LineNumAction == MQuillon::NumberAsRule
+             .eLineNumAction = LineNumAction == MQuillon::LineNumAction::AsRule
                                    ? MRules::oRules.eLineNumAction
                                    : LineNumAction};
     // The engine tells its reasons only here, under the line of the procedure; the first counts.

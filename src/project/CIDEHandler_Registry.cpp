@@ -18,18 +18,18 @@ namespace {
 
 constexpr std::int64_t NanosecondsPerSecond = 1'000'000'000;
 
-std::int32_t FolderOfType(std::int32_t nType) {
+std::int32_t FolderOfType(ComponentType eType) {
   const auto& aiFolder = MQuillon::aiFolderOfType;
-  const auto lIndex = static_cast<std::size_t>(nType);
-  return nType > 0 && lIndex < aiFolder.size() ? aiFolder[lIndex] : 0;
+  const auto lIndex = static_cast<std::size_t>(eType);
+  return eType > ComponentType::Unknown && lIndex < aiFolder.size() ? aiFolder[lIndex] : 0;
 }
 
 /// The object name of a component's own events.
-Text DesignerName(TextView sDesignerID, std::int32_t nType) {
+Text DesignerName(TextView sDesignerID, ComponentType nType) {
   if (!sDesignerID.empty()) return Text(sDesignerID.substr(sDesignerID.rfind(u'.') + 1));
-  if (nType == ComponentPropPage) return u"PropertyPage";
-  if (nType == ComponentUserControl) return u"UserControl";
-  if (nType == ComponentUserDocument) return u"UserDocument";
+  if (nType == ComponentType::PropPage) return u"PropertyPage";
+  if (nType == ComponentType::UserControl) return u"UserControl";
+  if (nType == ComponentType::UserDocument) return u"UserDocument";
   return {};
 }
 
@@ -90,7 +90,8 @@ void CIDEHandler::ProjectAdd(VBProject& oProject) {
     for (std::int32_t i = 1; i <= lCount; ++i) {
       VBComponent& oComponent = *Need(oScope, [&] { return &oComponents.Item(i); });
       const auto nType = Need(oScope, [&] { return oComponent.Type(); });
-      if (nType != ComponentRelatedDocument && nType != ComponentResFile) ComponentAdd(oComponent);
+      if (nType != ComponentType::RelatedDocument && nType != ComponentType::ResFile)
+        ComponentAdd(oComponent);
     }
   });
 }
@@ -120,8 +121,8 @@ void CIDEHandler::FillComponent(GuardScope& oScope, ComponentRecord& oRecord) {
   oRecord.lFolderType = FolderOfType(nType);
   if (!LoadFailure::FindModule(oComponent, oRecord.oError)) {
     LoadFailure::Mark(oRecord, u"CodeModule Property of VBComponent Object");
-  } else if (nType == ComponentClass &&
-             Need(oScope, [&] { return oComponent.Parent().Type(); }) != 0) {
+  } else if (nType == ComponentType::Class &&
+             Need(oScope, [&] { return oComponent.Parent().Type(); }) != ProjectType::StandardExe) {
     oRecord.lInstancing = Need(oScope, [&] { return oComponent.Property(u"Instancing"); });
     oRecord.bPublicClass = oRecord.lInstancing >= 2;
   }
@@ -187,7 +188,8 @@ void CIDEHandler::EnumProcedures(Handle hComponent) {
 
 void CIDEHandler::RowOfProcedure(GuardScope& oScope, Handle hProcedure) {
   const ProcedureRecord& oRecord = ProcedureAt(hProcedure);
-  const auto nScope = oRecord.oMember ? Need(oScope, [&] { return oRecord.oMember->Scope(); }) : 0;
+  const auto nScope =
+      oRecord.oMember ? Need(oScope, [&] { return oRecord.oMember->Scope(); }) : MemberScope::Unset;
   EnumProceduresProc({.hProcedure = hProcedure,
                       .bDirty = IsDirty(oRecord),
                       .sPROCEDURE = NameOf(oScope, oRecord),

@@ -121,7 +121,7 @@ void CIDEHandler::TakeDeclarationsAnew(GuardScope& oScope, const ProcedureRecord
                                        Run& oRun) {
   if (oRun.hDeclarationsRead == oRecord.hComponent) return;
   oRun.hDeclarationsRead = oRecord.hComponent;
-  if (oRecord.nKind == MQuillon::KindDeclarations) return;
+  if (oRecord.nKind == MQuillon::ProcKind::Declarations) return;
   ProcedureRecord& oDeclarations = ProcedureAt(ComponentAt(oRecord.hComponent).hDeclarations);
   std::int32_t lBodyStart = 1;
   TakeAnew(oDeclarations, ReadProcCode(oScope, oDeclarations, lBodyStart));
@@ -137,9 +137,9 @@ bool CIDEHandler::RemoveOld(const ProcedureRecord& oRecord, Draft& oDraft) {
 }
 
 bool CIDEHandler::PutSignature(const ProcedureRecord& oRecord, Draft& oDraft) {
-  const bool bLock = oRecord.oPending.eLocked() == MQuillon::StateTrue;
+  const bool bLock = oRecord.oPending.eLocked() == MQuillon::TriState::True;
   const bool bHasLock = IsNoTemplate(oRecord.oCurrent.sTemplate()) &&
-                        oRecord.oCurrent.eLocked() == MQuillon::StateTrue;
+                        oRecord.oCurrent.eLocked() == MQuillon::TriState::True;
   bool bErrors = false;
   if (bLock && !bHasLock) {
     Template().InsertSignatureOnly(oDraft.sProcName, oRecord.sDeclType, oDraft.sNew,
@@ -158,22 +158,22 @@ bool CIDEHandler::PutNew(const ProcedureRecord& oRecord, const Run& oRun, Draft&
   const CProcSettings& oNew = oRun.bRefresh ? oRecord.oCurrent : oRecord.oPending;
   const CProcSettings& oModule =
       ProcedureAt(ComponentAt(oRecord.hComponent).lFirstProcedure).oPending;
-  const bool bProcedure = oRecord.nKind != MQuillon::KindDeclarations;
+  const bool bProcedure = oRecord.nKind != MQuillon::ProcKind::Declarations;
   bool bErrors = false;
   oDraft.bInherit = Template().Inherit(oNew.sTemplate());
   // Under an inheriting template a procedure states only what differs from its module.
-  const auto Stated = [&](Text sName, std::int32_t eOwn, std::int32_t eModule) {
+  const auto Stated = [&](Text sName, auto eOwn, auto eModule) {
     return oDraft.bInherit && bProcedure && eOwn == eModule ? Text() : sName;
   };
   // The engine takes a lock's own signature out first: two never stand in one text.
   if (bProve) oDraft.sBare = Template().WithoutLockSignature(oDraft.sNew);
   Template().InsertTemplate(
       oDraft.sModuleName, oDraft.sProcName, oRecord.sDeclType, oDraft.sNew, oDraft.lBodyStart,
-      oNew.sTemplate(), oNew.eLocked() == MQuillon::StateTrue,
+      oNew.sTemplate(), oNew.eLocked() == MQuillon::TriState::True,
       Stated(MQuillon::BoundaryName(oNew.eBoundary()), oNew.eBoundary(), oModule.eBoundary()),
       Stated(MQuillon::SeverityName(oNew.eSeverity()), oNew.eSeverity(), oModule.eSeverity()),
       Stated(MQuillon::RetryName(oNew.eRetry()), oNew.eRetry(), oModule.eRetry()),
-      oNew.eTrace() == MQuillon::StateTrue, oRun.eLineNumAction, bErrors);
+      oNew.eTrace() == MQuillon::TriState::True, oRun.eLineNumAction, bErrors);
   oDraft.bInserted = !bErrors;
   return !bErrors;
 }
@@ -191,8 +191,8 @@ Text CIDEHandler::WhatIsNotProved(const ProcedureRecord& oRecord, const Run& oRu
     return u"The template could not be taken out again: " + oMuted.sFirst;
   }
   for (std::int32_t i = 0; i < lBlankLines; ++i) sBack.append(CrLf);
-  const bool bNumbered = oRun.eLineNumAction != MQuillon::NumberLeave ||
-                         MRules::oRules.eLineNumAction != MQuillon::NumberLeave;
+  const bool bNumbered = oRun.eLineNumAction != MQuillon::LineNumAction::Leave ||
+                         MRules::oRules.eLineNumAction != MQuillon::LineNumAction::Leave;
   return Proof::FirstDifference(oDraft.sBare, sBack, bNumbered);
 }
 
@@ -200,13 +200,13 @@ void CIDEHandler::TakeOver(ProcedureRecord& oRecord, const Run& oRun, const Draf
   CProcSettings& oNew = oRun.bRefresh ? oRecord.oCurrent : oRecord.oPending;
   CProcSettings& oCurrent = oRecord.oCurrent;
   if (oNew.sTemplate().empty()) {
-    oNew.SeteBoundary(0);
-    oNew.SeteSeverity(0);
-    oNew.SeteRetry(0);
-    oNew.SeteTrace(0);
+    oNew.SeteBoundary(MQuillon::Boundary::Unset);
+    oNew.SeteSeverity(MQuillon::Severity::Unset);
+    oNew.SeteRetry(MQuillon::Retry::Unset);
+    oNew.SeteTrace(MQuillon::TriState::Unset);
   }
   if (&oNew != &oCurrent) oCurrent.CopyFrom(oNew);
-  if (!oDraft.bInherit || oRecord.nKind == MQuillon::KindDeclarations) return;
+  if (!oDraft.bInherit || oRecord.nKind == MQuillon::ProcKind::Declarations) return;
   const CProcSettings& oModule =
       ProcedureAt(ComponentAt(oRecord.hComponent).hDeclarations).oCurrent;
   oCurrent.BoundaryInherited = oCurrent.eBoundary() == oModule.eBoundary();

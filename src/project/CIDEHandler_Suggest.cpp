@@ -66,15 +66,15 @@ void CIDEHandler::RefreshSuggestions() {
     for (const Handle h : HandleRange(1, ProcedureCount())) {
       ProcedureRecord& oRecord = ProcedureAt(h);
       switch (oRecord.nKind) {
-        case MQuillon::KindMethod:
+        case MQuillon::ProcKind::Method:
           SuggestMethodSettings(oRecord.hComponent, oRecord);
           break;
-        case MQuillon::KindLet:
-        case MQuillon::KindSet:
-        case MQuillon::KindGet:
+        case MQuillon::ProcKind::Let:
+        case MQuillon::ProcKind::Set:
+        case MQuillon::ProcKind::Get:
           SuggestPropertySettings(oRecord.hComponent, oRecord);
           break;
-        case MQuillon::KindDeclarations:
+        case MQuillon::ProcKind::Declarations:
           SuggestDeclarationsSettings(oRecord.hComponent, oRecord);
           break;
         default:

@@ -47,7 +47,7 @@ struct EventSourceRecord {
 struct ProcedureRecord {
   std::int32_t hComponent = 0;
   Member* oMember = nullptr;  ///< null for a declarations record
-  std::int32_t nKind = 0;
+  ProcKind nKind = ProcKind::Method;
   // Both point into the model's store of type names: few texts, many records.
   TextView sProcType{};  ///< shown type: the event's name for an event handler
   TextView sDeclType{};  ///< the type by declaration
@@ -57,7 +57,7 @@ struct ProcedureRecord {
 
 struct ComponentRow {
   std::int32_t hComponent = 0;
-  std::int32_t nComponentType = 0;
+  ComponentType nComponentType = ComponentType::Unknown;
   Text sName;
   std::int32_t lInstancing = 0;
   bool bReadOnly = false;
@@ -70,6 +70,6 @@ struct ProcedureRow {
   bool bDirty = false;
   Text sPROCEDURE;
   TextView sProcType;
-  std::int32_t nScope = 0;
+  MemberScope nScope = MemberScope::Unset;
   const CProcSettings* oProcSettings = nullptr;
 };

@@ -6,7 +6,7 @@
 
 struct CIDEHandler::Run {
   bool bRefresh = false;
-  std::int32_t eLineNumAction = MQuillon::NumberLeave;
+  MQuillon::LineNumAction eLineNumAction = MQuillon::LineNumAction::Leave;
   /// The component whose declarations were compared with their code last.
   Handle hDeclarationsRead = 0;
 
@@ -26,6 +26,6 @@ struct CIDEHandler::Run {
     if (oRecord.oCurrent.bForeign()) return false;
     if (IsDirty(oRecord)) return true;
     return bRefresh && !oRecord.oCurrent.sTemplate().empty() &&
-           oRecord.oPending.eLocked() != MQuillon::StateTrue;
+           oRecord.oPending.eLocked() != MQuillon::TriState::True;
   }
 };

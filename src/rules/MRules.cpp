@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <optional>
+#include <type_traits>
 
 #include "CXRecent.h"
 #include "MQuillon.h"
@@ -43,6 +44,20 @@ constexpr Rule Number(TextView sName, std::int32_t lLow, std::int32_t lHigh) {
           lHigh,
           [](const Values& o) { return o.*pMember; },
           [](Values& o, std::int32_t lValue) { o.*pMember = lValue; }};
+}
+
+/// A choice travels as its number.
+template <auto pMember>
+constexpr Rule Choice(TextView sName, std::int32_t lLow, std::int32_t lHigh) {
+  return {sName,
+          false,
+          lLow,
+          lHigh,
+          [](const Values& o) { return MQuillon::ToNumber(o.*pMember); },
+          [](Values& o, std::int32_t lValue) {
+            using Type = std::remove_reference_t<decltype(o.*pMember)>;
+            o.*pMember = MQuillon::FromNumber<Type>(lValue);
+          }};
 }
 
 void GetDefaultTemplate(TextView sParameter, const CXLookup* poLookup, Text& sTemplate) {
@@ -96,21 +111,21 @@ void SetDefaultTemplates() {
 
 const std::vector<Rule>& Table() {
   static const std::vector<Rule> oTable = {
-      Number<&Values::eModSeverityDefault>(u"Module Severity Default", 1, 3),
-      Number<&Values::eModRetryDefault>(u"Module Retry Default", 1, 3),
-      Number<&Values::eSeverityDefault>(u"Severity Default", 1, 3),
-      Number<&Values::eRetryDefault>(u"Retry Default", 1, 3),
-      Number<&Values::eTraceDefault>(u"Trace Default", 1, 2),
+      Choice<&Values::eModSeverityDefault>(u"Module Severity Default", 1, 3),
+      Choice<&Values::eModRetryDefault>(u"Module Retry Default", 1, 3),
+      Choice<&Values::eSeverityDefault>(u"Severity Default", 1, 3),
+      Choice<&Values::eRetryDefault>(u"Retry Default", 1, 3),
+      Choice<&Values::eTraceDefault>(u"Trace Default", 1, 2),
       Boolean<&Values::bTemplateReplace>(u"Template Precedence"),
       Boolean<&Values::bSeverityReplace>(u"Severity Precedence"),
       Boolean<&Values::bRetryReplace>(u"Retry Precedence"),
       Boolean<&Values::bTraceReplace>(u"Trace Precedence"),
       Boolean<&Values::bExpertEnabled>(u"Boundary Expert"),
-      Number<&Values::eBoundaryDefault>(u"Boundary Default", 1, 4),
+      Choice<&Values::eBoundaryDefault>(u"Boundary Default", 1, 4),
       Boolean<&Values::bBoundaryReplace>(u"Boundary Precedence"),
       Boolean<&Values::bFirewallReplace>(u"Boundary Firewall Precedence"),
-      Number<&Values::eLineNumAction>(u"Line Number Action", 0, 2),
-      Number<&Values::eLineNumWhat>(u"Line Number What", 0, 2),
+      Choice<&Values::eLineNumAction>(u"Line Number Action", 0, 2),
+      Choice<&Values::eLineNumWhat>(u"Line Number What", 0, 2),
       Number<&Values::lLineNumInterval>(u"Line Number Interval", 1, Unlimited),
       Boolean<&Values::bLineNumSkipData>(u"Line Number Skip Data"),
       Boolean<&Values::bLineNumSkipEnd>(u"Line Number Skip End"),

@@ -9,29 +9,30 @@
 #include <cstdint>
 #include <vector>
 
+#include "Choices.h"
 #include "Text.h"
 
 namespace MRules {
 
 struct Values {
   Text sDefaultModTemplate;
-  std::int32_t eModSeverityDefault = 2;
-  std::int32_t eModRetryDefault = 1;
+  MQuillon::Severity eModSeverityDefault = MQuillon::Severity::Normal;
+  MQuillon::Retry eModRetryDefault = MQuillon::Retry::Line;
   Text sDefaultProcTemplate;
-  std::int32_t eSeverityDefault = 2;
-  std::int32_t eRetryDefault = 1;
-  std::int32_t eTraceDefault = 2;
+  MQuillon::Severity eSeverityDefault = MQuillon::Severity::Normal;
+  MQuillon::Retry eRetryDefault = MQuillon::Retry::Line;
+  MQuillon::TriState eTraceDefault = MQuillon::TriState::True;
   bool bTemplateReplace = false;
   bool bSeverityReplace = false;
   bool bRetryReplace = false;
   bool bTraceReplace = false;
   bool bExpertEnabled = true;
-  std::int32_t eBoundaryDefault = 1;
+  MQuillon::Boundary eBoundaryDefault = MQuillon::Boundary::None;
   bool bBoundaryReplace = true;
   bool bFirewallReplace = false;
-  std::int32_t eLineNumAction = 1;    ///< 0 insert or refresh, 1 leave, 2 remove
-  std::int32_t eLineNumWhat = 0;      ///< 0 every statement, 1 every n-th, 2 logic statements
-  std::int32_t lLineNumInterval = 2;  ///< n for eLineNumWhat 1
+  MQuillon::LineNumAction eLineNumAction = MQuillon::LineNumAction::Leave;
+  MQuillon::LineNumWhat eLineNumWhat = MQuillon::LineNumWhat::EveryStatement;
+  std::int32_t lLineNumInterval = 2;  ///< n for EveryNth
   bool bLineNumSkipData = true;
   bool bLineNumSkipEnd = true;
   bool bLineNumSkipShort = true;

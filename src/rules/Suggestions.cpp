@@ -6,16 +6,16 @@
 
 namespace {
 
+using MQuillon::Boundary;
 using MRules::Values;
 using Suggestions::Facts;
 using Suggestions::Kind;
 
-constexpr std::int32_t ScopePublic = 2;
-
 // What the three kinds take from the rules, where they differ.
 struct Defaults {
   const Text& sTemplate;
-  std::int32_t eSeverity, eRetry;
+  MQuillon::Severity eSeverity;
+  MQuillon::Retry eRetry;
 };
 
 Defaults DefaultsOf(Kind eKind, const Values& oRules) {
@@ -37,24 +37,24 @@ bool ImplementsForeign(const Facts& oFacts) {
 
 // Code that the run-time calls from an event has nobody above it; a component with events never
 // counts as a public class here, even when it is one.
-std::int32_t MethodCandidate(const Facts& oFacts) {
-  if (ImplementsForeign(oFacts)) return MQuillon::BoundaryActiveX;
-  if (oFacts.sName == u"Class_Terminate") return MQuillon::BoundaryVB;
+Boundary MethodCandidate(const Facts& oFacts) {
+  if (ImplementsForeign(oFacts)) return Boundary::ActiveX;
+  if (oFacts.sName == u"Class_Terminate") return Boundary::VB;
   if (oFacts.bHasEventSource) {
-    return oFacts.bEventHandler ? MQuillon::BoundaryVB : MQuillon::BoundaryNone;
+    return oFacts.bEventHandler ? Boundary::VB : Boundary::None;
   }
-  const bool bExposed = oFacts.nScope == ScopePublic && oFacts.bPublicClass;
-  return bExposed ? MQuillon::BoundaryActiveX : MQuillon::BoundaryNone;
+  const bool bExposed = oFacts.nScope == MQuillon::MemberScope::Public && oFacts.bPublicClass;
+  return bExposed ? Boundary::ActiveX : Boundary::None;
 }
 
-std::int32_t PropertyCandidate(const Facts& oFacts) {
-  const bool bExposed = oFacts.nScope == ScopePublic && oFacts.bPublicClass;
-  return bExposed || ImplementsForeign(oFacts) ? MQuillon::BoundaryActiveX : MQuillon::BoundaryNone;
+Boundary PropertyCandidate(const Facts& oFacts) {
+  const bool bExposed = oFacts.nScope == MQuillon::MemberScope::Public && oFacts.bPublicClass;
+  return bExposed || ImplementsForeign(oFacts) ? Boundary::ActiveX : Boundary::None;
 }
 
-std::int32_t DeclarationsCandidate(const Facts& oFacts) {
-  if (oFacts.bHasDesigner && oFacts.bHasEventSource) return MQuillon::BoundaryVB;
-  return oFacts.bPublicClass ? MQuillon::BoundaryActiveX : MQuillon::BoundaryNone;
+Boundary DeclarationsCandidate(const Facts& oFacts) {
+  if (oFacts.bHasDesigner && oFacts.bHasEventSource) return Boundary::VB;
+  return oFacts.bPublicClass ? Boundary::ActiveX : Boundary::None;
 }
 
 void ClearFlags(CProcSettings& oSuggest) {
@@ -70,17 +70,18 @@ void SuggestTemplate(const Defaults& oDefaults, const CProcSettings& oCurrent, b
 }
 
 // The value to suggest for Severity, Retry or Trace.
-std::int32_t Chosen(std::int32_t eCurrent, bool bReplace, std::int32_t eDefault, bool& bLeave) {
-  bLeave = eCurrent != 0 && !bReplace;
+template <class Choice>
+Choice Chosen(Choice eCurrent, bool bReplace, Choice eDefault, bool& bLeave) {
+  bLeave = eCurrent != Choice::Unset && !bReplace;
   return bLeave ? eCurrent : eDefault;
 }
 
-void SuggestBoundary(const Facts& oFacts, std::int32_t eCurrent, const Values& oRules,
+void SuggestBoundary(const Facts& oFacts, Boundary eCurrent, const Values& oRules,
                      CProcSettings& oSuggest) {
   oSuggest.bBoundaryExpert = oRules.bExpertEnabled;
-  const bool bFirewall = eCurrent == MQuillon::BoundaryFirewall;
+  const bool bFirewall = eCurrent == Boundary::Firewall;
   oSuggest.bFirewallLeave = bFirewall && !oRules.bFirewallReplace;
-  oSuggest.bBoundaryLeave = !bFirewall && eCurrent != 0 && !oRules.bBoundaryReplace;
+  oSuggest.bBoundaryLeave = !bFirewall && eCurrent != Boundary::Unset && !oRules.bBoundaryReplace;
   if (oSuggest.bFirewallLeave || oSuggest.bBoundaryLeave) {
     oSuggest.SeteBoundary(eCurrent);
   } else {
@@ -93,7 +94,7 @@ void SuggestBoundary(const Facts& oFacts, std::int32_t eCurrent, const Values& o
 
 namespace Suggestions {
 
-std::int32_t BoundaryCandidate(const Facts& oFacts) {
+Boundary BoundaryCandidate(const Facts& oFacts) {
   switch (oFacts.eKind) {
     case Kind::Property:
       return PropertyCandidate(oFacts);
@@ -110,10 +111,10 @@ void Suggest(const Facts& oFacts, const CProcSettings& oCurrent, const Values& o
   ClearFlags(oSuggest);
   SuggestTemplate(oDefaults, oCurrent, oRules.bTemplateReplace, oSuggest);
   if (oSuggest.sTemplate().empty()) {
-    oSuggest.SeteSeverity(0);
-    oSuggest.SeteRetry(0);
-    oSuggest.SeteTrace(0);
-    oSuggest.SeteBoundary(0);
+    oSuggest.SeteSeverity(MQuillon::Severity::Unset);
+    oSuggest.SeteRetry(MQuillon::Retry::Unset);
+    oSuggest.SeteTrace(MQuillon::TriState::Unset);
+    oSuggest.SeteBoundary(Boundary::Unset);
     return;
   }
   oSuggest.SeteSeverity(Chosen(oCurrent.eSeverity(), oRules.bSeverityReplace, oDefaults.eSeverity,

@@ -9,6 +9,7 @@
 #include <span>
 
 #include "CProcSettings.h"
+#include "Choices.h"
 #include "MRules.h"
 #include "Text.h"
 
@@ -18,8 +19,8 @@ enum class Kind { Method, Property, Declarations };
 
 struct Facts {
   Kind eKind = Kind::Method;
-  TextView sName = {};      ///< the member's name; unused for declarations
-  std::int32_t nScope = 0;  ///< 1 Private, 2 Public, 3 Friend; 0 for declarations
+  TextView sName = {};  ///< the member's name; unused for declarations
+  MQuillon::MemberScope nScope = MQuillon::MemberScope::Unset;
   bool bEventHandler = false;
   bool bPublicClass = false;     ///< class of an ActiveX project with instancing 2 or more
   bool bHasEventSource = false;  ///< the component has an entry in the event source list
@@ -28,8 +29,8 @@ struct Facts {
   std::span<const Text> asForeignInterface = {};
 };
 
-/// The Boundary that the analysis gives, whatever the rules say: 1, 2 or 4.
-std::int32_t BoundaryCandidate(const Facts& oFacts);
+/// The Boundary that the analysis gives, whatever the rules say: None, VB or ActiveX.
+MQuillon::Boundary BoundaryCandidate(const Facts& oFacts);
 
 /// Fills oSuggest. It is the same object at every pass: once it has taken over a foreign template
 /// it ignores every later write, as its setters say.

@@ -68,12 +68,14 @@ Connect::Connect(Forms::Toolkit& oToolkit, Paper::Printers& oPrinters)
 
 Connect::~Connect() = default;
 
-void Connect::OnConnection(VBE& oVBInst, std::int32_t nConnectMode) {
+void Connect::OnConnection(VBE& oVBInst, ConnectMode nConnectMode) {
   Guard(HostRoutine(u"IDTExtensibility_OnConnection"), [&](GuardScope& oScope) {
     if (!VBInst) VBInst = &oVBInst;
     if (!moMain) moMain = std::make_unique<FMain>(moToolkit, moPrinters);
-    if (nConnectMode == 0 || nConnectMode == 1) AddMenus();
-    if (nConnectMode == 2) oScope.Step([&] { moMain->Display(*VBInst, *this); });
+    if (nConnectMode == ConnectMode::AfterStartup || nConnectMode == ConnectMode::Startup)
+      AddMenus();
+    if (nConnectMode == ConnectMode::External)
+      oScope.Step([&] { moMain->Display(*VBInst, *this); });
   });
 }
 

@@ -32,7 +32,7 @@ class Connect : public IDTExtensibility {
   /// nConnectMode 0 and 1 hang the menu entry and the toolbar, 2 opens the main window at once and
   /// returns when it closes; others only connect. A second connection keeps the first IDE and
   /// window.
-  void OnConnection(VBE& oVBInst, std::int32_t nConnectMode) override;
+  void OnConnection(VBE& oVBInst, ConnectMode nConnectMode) override;
   void OnDisconnection(std::int32_t nRemoveMode) override;
   void OnStartupComplete() override {}
   void OnAddInsUpdate() override;

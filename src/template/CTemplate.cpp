@@ -9,7 +9,7 @@
 namespace {
 
 // Sparse, in file order: the caller's list shows where in the file a template stands.
-void GetTemplatesOfType(const std::vector<TemplateRow>& atTemplate, std::int32_t eType,
+void GetTemplatesOfType(const std::vector<TemplateRow>& atTemplate, TemplateType eType,
                         TextArray& asTemplate) {
   asTemplate.assign(atTemplate.size(), Text());
   for (std::size_t i = 1; i < atTemplate.size(); ++i) {
@@ -39,11 +39,11 @@ void CTemplate::LoadTemplateText(TextView sFile, TextView sText) {
 }
 
 void CTemplate::GetModuleTemplates(TextArray& asTemplate) const {
-  GetTemplatesOfType(matTemplate, TemplateModule, asTemplate);
+  GetTemplatesOfType(matTemplate, TemplateType::Module, asTemplate);
 }
 
 void CTemplate::GetProcTemplates(TextArray& asTemplate) const {
-  GetTemplatesOfType(matTemplate, TemplateProcedure, asTemplate);
+  GetTemplatesOfType(matTemplate, TemplateType::Procedure, asTemplate);
 }
 
 std::int32_t CTemplate::LookupTemplate(TextView sTemplate) const {

@@ -41,8 +41,8 @@ class CTemplate {
   /// names, empty leaves their lines out.
   void InsertTemplate(TextView sModuleName, TextView sProcName, TextView sProcType, Text& sProcCode,
                       std::int32_t lBodyLine, TextView sTemplate, bool bLocked, TextView sBoundary,
-                      TextView sSeverity, TextView sRetry, bool bTrace, std::int32_t eLineNumAction,
-                      bool& bErrors);
+                      TextView sSeverity, TextView sRetry, bool bTrace,
+                      MQuillon::LineNumAction eLineNumAction, bool& bErrors);
   /// Takes the named template out. Refuses when a line of the template's sections fits no row.
   void RemoveTemplate(TextView sModuleName, TextView sProcName, TextView sProcType, Text& sProcCode,
                       std::int32_t lBodyLine, TextView sTemplate, bool& bErrors);

@@ -67,21 +67,22 @@ bool IsBespoke(TextView sProcCode) {
   return bInside;
 }
 
-/// The constant's id that a code line holds in the place of a token; 0 when it holds none.
-std::int32_t IdFromLine(const LineRow& oRow, TextView sFolded, TextView sToken,
-                        std::int32_t (*ToId)(TextView)) {
+/// The constant's value that a code line holds in the place of a token; Unset when it holds none.
+template <class Choice>
+Choice IdFromLine(const LineRow& oRow, TextView sFolded, TextView sToken,
+                  Choice (*ToId)(TextView)) {
   Text sTemplateLine;
   MXString::FoldLine(oRow.sLine, sTemplateLine);
   const auto sValue = ExtractTokenValue(sTemplateLine, sFolded, sToken);
-  return sValue ? ToId(Trim(*sValue)) : 0;
+  return sValue ? ToId(Trim(*sValue)) : Choice::Unset;
 }
 
 }  // namespace
 
 void CTemplate::ExtractProcSettings(TextView sProcCode, CProcSettings& oProcSettings) const {
   const auto oSignature = Signatures().Find(sProcCode);
-  oProcSettings.SeteLocked(oSignature && oSignature->bLocked ? MQuillon::StateTrue
-                                                             : MQuillon::StateFalse);
+  oProcSettings.SeteLocked(oSignature && oSignature->bLocked ? MQuillon::TriState::True
+                                                             : MQuillon::TriState::False);
   if (!oSignature || oSignature->sTemplate.empty()) {
     oProcSettings.SetsTemplate(IsBespoke(sProcCode) ? MQuillon::BespokeName : TextView());
     return;
@@ -106,20 +107,23 @@ void CTemplate::ExtractValues(const TemplateRow& oTemplate, const ProcText& oPro
   for (std::size_t i = 0; i < oProc.Count(); ++i) {
     const TextView sFolded = oProc.Folded(i);
     if (sFolded.empty()) continue;
-    if (oProcSettings.eBoundary() == 0 && oBoundary.sLike.Matches(sFolded)) {
+    if (oProcSettings.eBoundary() == MQuillon::Boundary::Unset &&
+        oBoundary.sLike.Matches(sFolded)) {
       oProcSettings.SeteBoundary(
           IdFromLine(oBoundary, sFolded, u"%boundary", MQuillon::BoundaryId));
     }
-    if (oProcSettings.eSeverity() == 0 && oSeverity.sLike.Matches(sFolded)) {
+    if (oProcSettings.eSeverity() == MQuillon::Severity::Unset &&
+        oSeverity.sLike.Matches(sFolded)) {
       oProcSettings.SeteSeverity(
           IdFromLine(oSeverity, sFolded, u"%severity", MQuillon::SeverityId));
     }
-    if (oProcSettings.eRetry() == 0 && oRetry.sLike.Matches(sFolded)) {
+    if (oProcSettings.eRetry() == MQuillon::Retry::Unset && oRetry.sLike.Matches(sFolded)) {
       oProcSettings.SeteRetry(IdFromLine(oRetry, sFolded, u"%retry", MQuillon::RetryId));
     }
-    if (oProcSettings.eTrace() == 0 && oTrace.sLike.Matches(sFolded)) {
-      oProcSettings.SeteTrace(MQuillon::StateTrue);
+    if (oProcSettings.eTrace() == MQuillon::TriState::Unset && oTrace.sLike.Matches(sFolded)) {
+      oProcSettings.SeteTrace(MQuillon::TriState::True);
     }
   }
-  if (oProcSettings.eTrace() == 0) oProcSettings.SeteTrace(MQuillon::StateFalse);
+  if (oProcSettings.eTrace() == MQuillon::TriState::Unset)
+    oProcSettings.SeteTrace(MQuillon::TriState::False);
 }

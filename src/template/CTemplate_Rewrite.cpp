@@ -55,7 +55,7 @@ std::int32_t CTemplate::FindForRewrite(TextView sTemplate, bool& bErrors) {
 void CTemplate::InsertTemplate(TextView sModuleName, TextView sProcName, TextView sProcType,
                                Text& sProcCode, std::int32_t lBodyLine, TextView sTemplate,
                                bool bLocked, TextView sBoundary, TextView sSeverity,
-                               TextView sRetry, bool bTrace, std::int32_t eLineNumAction,
+                               TextView sRetry, bool bTrace, MQuillon::LineNumAction eLineNumAction,
                                bool& bErrors) {
   bErrors = true;  // until the work has come to its end
   Guard({u"CTemplate", u"InsertTemplate"}, [&](GuardScope&) {
@@ -120,7 +120,7 @@ void CTemplate::RemoveTemplate(TextView sModuleName, TextView sProcName, TextVie
                         sBoundary,
                         sSeverity,
                         sRetry,
-                        oCode.eTrace() == MQuillon::StateTrue};
+                        oCode.eTrace() == MQuillon::TriState::True};
     oRequest.lBodyLine = lBodyLine;
     Text sResult;
     const std::vector<Text> asRefusal = bDeclarations

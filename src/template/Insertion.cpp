@@ -75,7 +75,7 @@ class BodyWriter {
   }
 
   void Write(std::size_t lFirst, std::size_t lEnd) {
-    if (moRequest.eLineNumAction == MQuillon::NumberLeave) {
+    if (moRequest.eLineNumAction == MQuillon::LineNumAction::Leave) {
       WriteLines(lFirst, lEnd, moWriter);
       return;
     }
@@ -122,25 +122,25 @@ void WriteSections(const InsertionRequest& oRequest, const ProcText& oProc,
     WriteRows(*oRequest.pLines, oTemplate.lStart[eFirst], oTemplate.lStart[eLast], oRequest.oValues,
               oWriter);
   };
-  Rows(SectionStart, SectionBodyStart);
+  Rows(Section::Start, Section::BodyStart);
   BodyWriter oBody(oRequest, oProc, oWriter);
   if (!oTemplate.bFire) {
     oBody.Write(oPlaces.lFirstBody, oPlaces.lEnd);
-    Rows(SectionBodyEnd, SectionEnd);
+    Rows(Section::BodyEnd, Section::End);
     return;
   }
   const FireBlock oFire = FindFireBlock(oProc, oPlaces);
   oBody.Write(oPlaces.lFirstBody, oFire.Found() ? oFire.lFirst : oPlaces.lEnd);
   if (oFire.Found()) oWriter.Add(oProc, oFire.lEnd, oPlaces.lEnd);
-  Rows(SectionBodyEnd, SectionFireStart);
+  Rows(Section::BodyEnd, Section::FireStart);
   for (std::size_t i = oFire.lFirst; i < oFire.lEnd; ++i) oWriter.Add(FireCode(oProc.Line(i)));
-  Rows(SectionFireEnd, SectionEnd);
+  Rows(Section::FireEnd, Section::End);
 }
 
 }  // namespace
 
 Text InsertIntoProcedure(const InsertionRequest& oRequest, const ProcText& oProc, Text& sResult) {
-  Text sRefusal = CheckType(oRequest, TemplateProcedure, u"procedure");
+  Text sRefusal = CheckType(oRequest, TemplateType::Procedure, u"procedure");
   if (sRefusal.empty()) sRefusal = CheckSignature(oRequest);
   if (!sRefusal.empty()) return sRefusal;
   const ProcPlaces oPlaces = FindPlaces(oProc, oRequest.lBodyLine, oRequest.oValues.sBaseType);
@@ -164,7 +164,7 @@ Text InsertIntoProcedure(const InsertionRequest& oRequest, const ProcText& oProc
 
 Text InsertIntoDeclarations(const InsertionRequest& oRequest, const ProcText& oProc,
                             Text& sResult) {
-  Text sRefusal = CheckType(oRequest, TemplateModule, u"module");
+  Text sRefusal = CheckType(oRequest, TemplateType::Module, u"module");
   if (sRefusal.empty()) sRefusal = CheckSignature(oRequest);
   if (!sRefusal.empty()) return sRefusal;
   sRefusal = CheckNoTemplate(oRequest, oProc);
@@ -178,7 +178,7 @@ Text InsertIntoDeclarations(const InsertionRequest& oRequest, const ProcText& oP
   LineWriter oWriter;
   oWriter.Add(oProc, 0, lPlace);
   oWriter.Add(oRequest.pSignature->Line(oRequest.oValues.sTemplate, oRequest.bLocked));
-  WriteRows(*oRequest.pLines, oTemplate.lStart[SectionStart], oTemplate.lStart[SectionEnd],
+  WriteRows(*oRequest.pLines, oTemplate.lStart[Section::Start], oTemplate.lStart[Section::End],
             oRequest.oValues, oWriter);
   oWriter.Add(oProc, lPlace, lLines);
   sResult = oWriter.Take();

@@ -21,7 +21,7 @@ struct InsertionRequest {
   bool bLocked = false;
   bool bSigned = true;         ///< false: the text is known to hold no signature
   std::int32_t lBodyLine = 1;  ///< from 1
-  std::int32_t eLineNumAction = 1;
+  MQuillon::LineNumAction eLineNumAction = MQuillon::LineNumAction::Leave;
 };
 
 /// sResult is the new text. The result is the message that refuses it, or empty.

@@ -133,9 +133,10 @@ class Numbering {
   }
 
   bool WantsByMode(TextView sLogical) {
-    if (moRules.eLineNumWhat == 2) return MXStringVB::IsVBLogicStatement(sLogical);
+    if (moRules.eLineNumWhat == MQuillon::LineNumWhat::LogicStatements)
+      return MXStringVB::IsVBLogicStatement(sLogical);
     if (moRules.bLineNumSkipEnd && MXStringVB::IsVBEndStatement(sLogical)) return false;
-    if (moRules.eLineNumWhat != 1) return true;
+    if (moRules.eLineNumWhat != MQuillon::LineNumWhat::EveryNth) return true;
     if (++mlCounter == 1) return true;
     if (mlCounter >= moRules.lLineNumInterval) mlCounter = 0;
     return false;
@@ -219,10 +220,11 @@ Text RemoveNumbers(std::span<const TextView> asLine) {
 
 }  // namespace
 
-Text LineNumbers::DoLineNumbers(std::span<const TextView> asLine, std::int32_t eLineNumAction,
+Text LineNumbers::DoLineNumbers(std::span<const TextView> asLine,
+                                MQuillon::LineNumAction eLineNumAction,
                                 const MRules::Values& oRules) {
-  if (eLineNumAction == MQuillon::NumberRemove) return RemoveNumbers(asLine);
-  if (eLineNumAction == MQuillon::NumberLeave) {
+  if (eLineNumAction == MQuillon::LineNumAction::Remove) return RemoveNumbers(asLine);
+  if (eLineNumAction == MQuillon::LineNumAction::Leave) {
     Text sResult;
     for (TextView sLine : asLine) sResult.append(sLine).append(CrLf);
     return sResult;

@@ -10,9 +10,9 @@
 
 namespace LineNumbers {
 
-/// The lines of the body, each followed by CR LF. eLineNumAction: 0 insert or replace, 1 leave,
-/// 2 remove. Failure 6 when a number needs more than four digits; nothing is changed then.
-Text DoLineNumbers(std::span<const TextView> asLine, std::int32_t eLineNumAction,
+/// The lines of the body, each followed by CR LF. Failure 6 when a number needs more than four
+/// digits; nothing is changed then.
+Text DoLineNumbers(std::span<const TextView> asLine, MQuillon::LineNumAction eLineNumAction,
                    const MRules::Values& oRules);
 
 }  // namespace LineNumbers

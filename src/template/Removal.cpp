@@ -64,11 +64,11 @@ class ProcedureRemoval {
   }
 
   void FindBorders() {
-    mlBodyStart = FindFirst(SectionBodyStart);
-    mlBodyEnd = FindFirst(SectionBodyEnd);
+    mlBodyStart = FindFirst(Section::BodyStart);
+    mlBodyEnd = FindFirst(Section::BodyEnd);
     if (!moTemplate.bFire) return;
-    mlFireStart = FindFirst(SectionFireStart);
-    mlFireEnd = FindFirst(SectionFireEnd);
+    mlFireStart = FindFirst(Section::FireStart);
+    mlFireEnd = FindFirst(Section::FireEnd);
   }
 
   void Test(bool bFails, TextView sMessage) {
@@ -100,9 +100,9 @@ class ProcedureRemoval {
   /// A row whose own text doesn't fit its pattern can't be found again: taking out the others would
   /// leave it behind, or let it pass as the user's.
   void CheckOwnText() {
-    CheckOwnText(SectionStart, SectionBodyStart);
-    CheckOwnText(SectionBodyEnd, moTemplate.bFire ? SectionFireStart : SectionEnd);
-    if (moTemplate.bFire) CheckOwnText(SectionFireEnd, SectionEnd);
+    CheckOwnText(Section::Start, Section::BodyStart);
+    CheckOwnText(Section::BodyEnd, moTemplate.bFire ? Section::FireStart : Section::End);
+    if (moTemplate.bFire) CheckOwnText(Section::FireEnd, Section::End);
   }
   void CheckOwnText(Section eFirst, Section eLast) {
     for (std::int32_t l = moTemplate.lStart[eFirst]; l <= moTemplate.lStart[eLast]; ++l) {
@@ -113,12 +113,12 @@ class ProcedureRemoval {
   }
 
   void CheckSections() {
-    CheckLines(mlFirstBody, mlBodyStart + 1, SectionStart, SectionBodyStart);
+    CheckLines(mlFirstBody, mlBodyStart + 1, Section::Start, Section::BodyStart);
     if (!moTemplate.bFire) {
-      CheckLines(mlBodyEnd, mlProcEnd, SectionBodyEnd, SectionEnd);
+      CheckLines(mlBodyEnd, mlProcEnd, Section::BodyEnd, Section::End);
     } else {
-      CheckLines(mlBodyEnd, mlFireStart + 1, SectionBodyEnd, SectionFireStart);
-      CheckLines(mlFireEnd, mlProcEnd, SectionFireEnd, SectionEnd);
+      CheckLines(mlBodyEnd, mlFireStart + 1, Section::BodyEnd, Section::FireStart);
+      CheckLines(mlFireEnd, mlProcEnd, Section::FireEnd, Section::End);
     }
     if (masMessage.empty()) CheckBorders();
     if (masMessage.empty()) masMessage = std::move(masBeyond);
@@ -132,12 +132,12 @@ class ProcedureRemoval {
       masMessage.push_back(LineMessage(u"    Code does not match Template", i, moProc.Line(i)));
     }
     if (!oRows.AllUnconditionalUsed()) mbIncomplete[eFirst] = true;
-    if (eLast == SectionBodyStart) CheckBeyond(oRows, lEnd, mlBodyEnd, u"BodyStart");
-    if (eFirst == SectionBodyEnd) CheckBeyond(oRows, lFirst, mlBodyStart + 1, u"BodyEnd");
-    if (eLast == SectionFireStart) CheckBeyond(oRows, lEnd, mlFireEnd, u"FireStart");
-    if (eFirst == SectionFireEnd) CheckBeyond(oRows, lFirst, mlFireStart + 1, u"FireEnd");
+    if (eLast == Section::BodyStart) CheckBeyond(oRows, lEnd, mlBodyEnd, u"BodyStart");
+    if (eFirst == Section::BodyEnd) CheckBeyond(oRows, lFirst, mlBodyStart + 1, u"BodyEnd");
+    if (eLast == Section::FireStart) CheckBeyond(oRows, lEnd, mlFireEnd, u"FireStart");
+    if (eFirst == Section::FireEnd) CheckBeyond(oRows, lFirst, mlFireStart + 1, u"FireEnd");
     // A row that reads as the procedure's end.
-    if (eLast == SectionEnd) CheckBeyond(oRows, mlProcEnd + 1, moProc.Count(), u"Procedure End");
+    if (eLast == Section::End) CheckBeyond(oRows, mlProcEnd + 1, moProc.Count(), u"Procedure End");
   }
 
   /// A template's lines stand side by side. A line beyond the border that a row waits for says that
@@ -164,12 +164,12 @@ class ProcedureRemoval {
   /// is complete with it; when the template's own lines are missing there, the border may be a
   /// line of the user's, and the template's lines would be left in the body, or the user's go.
   void CheckBorders() {
-    CheckBorder(SectionBodyStart, SectionStart, mlBodyStart, mlBodyEnd, u"BodyStart");
-    CheckBorder(SectionBodyEnd, SectionBodyEnd, mlBodyEnd,
+    CheckBorder(Section::BodyStart, Section::Start, mlBodyStart, mlBodyEnd, u"BodyStart");
+    CheckBorder(Section::BodyEnd, Section::BodyEnd, mlBodyEnd,
                 moTemplate.bFire ? mlFireStart + 1 : mlProcEnd, u"BodyEnd");
     if (!moTemplate.bFire) return;
-    CheckBorder(SectionFireStart, SectionBodyEnd, mlFireStart, mlFireEnd, u"FireStart");
-    CheckBorder(SectionFireEnd, SectionFireEnd, mlFireEnd, mlProcEnd, u"FireEnd");
+    CheckBorder(Section::FireStart, Section::BodyEnd, mlFireStart, mlFireEnd, u"FireStart");
+    CheckBorder(Section::FireEnd, Section::FireEnd, mlFireEnd, mlProcEnd, u"FireEnd");
   }
 
   void CheckBorder(Section ePlace, Section eSection, std::size_t lPlace, std::size_t lEnd,
@@ -194,8 +194,8 @@ class ProcedureRemoval {
 
   /// How many lines that fit the pattern of a section's first place the template wrote there.
   std::size_t RowsFitting(Section ePlace) const {
-    const bool bToFire = ePlace == SectionBodyEnd && moTemplate.bFire;
-    const std::int32_t lEnd = moTemplate.lStart[bToFire ? SectionFireStart : SectionEnd];
+    const bool bToFire = ePlace == Section::BodyEnd && moTemplate.bFire;
+    const std::int32_t lEnd = moTemplate.lStart[bToFire ? Section::FireStart : Section::End];
     std::size_t lCount = 0;
     for (std::int32_t l = moTemplate.lStart[ePlace]; l <= lEnd; ++l) {
       const LineRow& oRow = (*moRequest.pLines)[static_cast<std::size_t>(l)];
@@ -212,9 +212,11 @@ class ProcedureRemoval {
       return FoldedRow(oRow, moRequest.oValues) == sFolded;
     };
     const auto& oLines = *moRequest.pLines;
-    const bool bAbove = ePlace == SectionBodyStart || ePlace == SectionFireStart;
-    const std::int32_t lFirst = bAbove ? moTemplate.lStart[ePlace - 1] : moTemplate.lStart[ePlace];
-    const std::int32_t lLast = bAbove ? moTemplate.lStart[ePlace] : moTemplate.lStart[SectionEnd];
+    const bool bAbove = ePlace == Section::BodyStart || ePlace == Section::FireStart;
+    const std::int32_t lFirst =
+        bAbove ? moTemplate.lStart[ePlace == Section::BodyStart ? Section::Start : Section::BodyEnd]
+               : moTemplate.lStart[ePlace];
+    const std::int32_t lLast = bAbove ? moTemplate.lStart[ePlace] : moTemplate.lStart[Section::End];
     for (std::int32_t l = lFirst; l <= lLast; ++l) {
       if (l > 0 && Fits(oLines[static_cast<std::size_t>(l)])) return true;
     }
@@ -224,16 +226,17 @@ class ProcedureRemoval {
   /// How many blank rows the template wrote next to the body, at one side of it.
   std::size_t BlankRowsAbove() const {
     std::size_t lCount = 0;
-    for (std::int32_t l = moTemplate.lStart[SectionBodyStart] - 1;
-         l > moTemplate.lStart[SectionStart]; --l) {
+    for (std::int32_t l = moTemplate.lStart[Section::BodyStart] - 1;
+         l > moTemplate.lStart[Section::Start]; --l) {
       if (!CountBlank(l, lCount)) break;
     }
     return lCount;
   }
   std::size_t BlankRowsBelow() const {
-    const std::int32_t lEnd = moTemplate.lStart[moTemplate.bFire ? SectionFireStart : SectionEnd];
+    const std::int32_t lEnd =
+        moTemplate.lStart[moTemplate.bFire ? Section::FireStart : Section::End];
     std::size_t lCount = 0;
-    for (std::int32_t l = moTemplate.lStart[SectionBodyEnd] + 1; l < lEnd; ++l) {
+    for (std::int32_t l = moTemplate.lStart[Section::BodyEnd] + 1; l < lEnd; ++l) {
       if (!CountBlank(l, lCount)) break;
     }
     return lCount;
@@ -270,7 +273,7 @@ class ProcedureRemoval {
   }
 
   void WriteBody(std::size_t lFirst, std::size_t lEnd, LineWriter& oWriter) {
-    const bool bNumbers = moRequest.pRules->eLineNumAction != MQuillon::NumberLeave;
+    const bool bNumbers = moRequest.pRules->eLineNumAction != MQuillon::LineNumAction::Leave;
     const LineRow* pTrace =
         moTemplate.lTraceExit > 0
             ? &(*moRequest.pLines)[static_cast<std::size_t>(moTemplate.lTraceExit)]
@@ -316,7 +319,7 @@ class ProcedureRemoval {
   std::vector<Text> masMessage, masBeyond;
   std::size_t mlFirstBody = 0, mlProcEnd = None;
   std::size_t mlBodyStart = None, mlBodyEnd = None, mlFireStart = None, mlFireEnd = None;
-  bool mbIncomplete[SectionCount] = {};
+  BySection<bool> mbIncomplete;
 };
 
 /// Blank rows that the template writes directly behind a row; nullptr: behind its <#Start>.
@@ -324,9 +327,9 @@ std::size_t BlankRowsBehind(const RemovalRequest& oRequest, const LineRow* pRow)
   const auto& oLines = *oRequest.pLines;
   const TemplateRow& oTemplate = *oRequest.pTemplate;
   std::int32_t l =
-      pRow ? static_cast<std::int32_t>(pRow - oLines.data()) : oTemplate.lStart[SectionStart];
+      pRow ? static_cast<std::int32_t>(pRow - oLines.data()) : oTemplate.lStart[Section::Start];
   std::size_t lCount = 0;
-  for (++l; l < oTemplate.lStart[SectionEnd]; ++l) {
+  for (++l; l < oTemplate.lStart[Section::End]; ++l) {
     const LineRow& oRow = oLines[static_cast<std::size_t>(l)];
     if (!IsWritten(oRow, oRequest.oValues)) continue;
     if (!IsBlankRow(oRow)) break;
@@ -346,7 +349,8 @@ std::vector<Text> RemoveFromDeclarations(const RemovalRequest& oRequest, const P
                                          Text& sResult) {
   const TemplateRow& oTemplate = *oRequest.pTemplate;
   std::vector<Text> asMessage;
-  for (std::int32_t l = oTemplate.lStart[SectionStart]; l <= oTemplate.lStart[SectionEnd]; ++l) {
+  for (std::int32_t l = oTemplate.lStart[Section::Start]; l <= oTemplate.lStart[Section::End];
+       ++l) {
     if (l < 1) continue;
     const LineRow& oRow = (*oRequest.pLines)[static_cast<std::size_t>(l)];
     if (CouldStayBehind(oRow, oRequest.oValues, oProc)) asMessage.push_back(UnfitMessage(oRow));
@@ -360,7 +364,7 @@ std::vector<Text> RemoveFromDeclarations(const RemovalRequest& oRequest, const P
     ++lSignature;
   }
   if (lSignature == oProc.Count()) lSignature = 0;
-  RowMatch oRows(*oRequest.pLines, oTemplate.lStart[SectionStart], oTemplate.lStart[SectionEnd],
+  RowMatch oRows(*oRequest.pLines, oTemplate.lStart[Section::Start], oTemplate.lStart[Section::End],
                  *oRequest.pSignature);
   LineWriter oWriter;
   std::size_t lBlankRows = 0;  // blank lines that the template wrote behind the row just dropped

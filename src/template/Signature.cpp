@@ -85,9 +85,9 @@ Signature::Signature(const std::vector<TemplateRow>& oTemplates,
                      const std::vector<LineRow>& oLines) {
   if (oTemplates.size() < 2) return;
   const TemplateRow& oTemplate = oTemplates[1];
-  const std::int32_t lStart = std::max(oTemplate.lStart[SectionStart], 0);
+  const std::int32_t lStart = std::max(oTemplate.lStart[Section::Start], 0);
   const std::int32_t lEnd =
-      std::min(oTemplate.lStart[SectionEnd], static_cast<std::int32_t>(oLines.size()) - 1);
+      std::min(oTemplate.lStart[Section::End], static_cast<std::int32_t>(oLines.size()) - 1);
   for (std::int32_t l = lStart; l <= lEnd; ++l) {
     const LineRow& oRow = oLines[static_cast<std::size_t>(l)];
     if (!oRow.bScript) continue;
@@ -95,7 +95,7 @@ Signature::Signature(const std::vector<TemplateRow>& oTemplates,
     const bool bWide = sPattern.find_first_not_of(u"* '") == Text::npos;
     const Text sBegin = sPattern.substr(0, sPattern.find_first_of(u"*?#[ "));
     moRows.push_back({&oRow, Fold(oRow.sLine), sBegin, bWide});
-    if (l == oTemplate.lStart[SectionStart] + 1) mpFirst = &oRow;
+    if (l == oTemplate.lStart[Section::Start] + 1) mpFirst = &oRow;
   }
   mbComments = std::all_of(moRows.begin(), moRows.end(), [](const Row& oRow) {
     return oRow.pRow->sLike.IsEmpty() || oRow.sBegin.starts_with(u'\'');

@@ -58,23 +58,24 @@ Stretch Between(const TemplateRow& oTemplate, Section eFrom, Section eTo) {
 }
 
 std::vector<Stretch> WrittenStretches(const TemplateRow& oTemplate) {
-  if (oTemplate.eType == TemplateModule) return {Between(oTemplate, SectionStart, SectionEnd)};
-  if (oTemplate.eType == TemplateProcedure) {
-    const Stretch oStart = Between(oTemplate, SectionStart, SectionBodyStart);
-    if (!oTemplate.bFire) return {oStart, Between(oTemplate, SectionBodyEnd, SectionEnd)};
-    return {oStart, Between(oTemplate, SectionBodyEnd, SectionFireStart),
-            Between(oTemplate, SectionFireEnd, SectionEnd)};
+  if (oTemplate.eType == TemplateType::Module)
+    return {Between(oTemplate, Section::Start, Section::End)};
+  if (oTemplate.eType == TemplateType::Procedure) {
+    const Stretch oStart = Between(oTemplate, Section::Start, Section::BodyStart);
+    if (!oTemplate.bFire) return {oStart, Between(oTemplate, Section::BodyEnd, Section::End)};
+    return {oStart, Between(oTemplate, Section::BodyEnd, Section::FireStart),
+            Between(oTemplate, Section::FireEnd, Section::End)};
   }
-  Stretch oLine = Between(oTemplate, SectionStart, SectionEnd);
+  Stretch oLine = Between(oTemplate, Section::Start, Section::End);
   oLine.lLast = std::min(oLine.lLast, oLine.lFirst + 1);
   return {oLine};
 }
 
 SectionValues SampleValues(const TemplateRow& oTemplate, std::uint32_t lWithout) {
-  static const Text sBoundary = MQuillon::BoundaryName(MQuillon::BoundaryFirewall);
-  static const Text sSeverity = MQuillon::SeverityName(MQuillon::SeverityNormal);
-  static const Text sRetry = MQuillon::RetryName(MQuillon::RetryLine);
-  const bool bModule = oTemplate.eType == TemplateModule;
+  static const Text sBoundary = MQuillon::BoundaryName(MQuillon::Boundary::Firewall);
+  static const Text sSeverity = MQuillon::SeverityName(MQuillon::Severity::Normal);
+  static const Text sRetry = MQuillon::RetryName(MQuillon::Retry::Line);
+  const bool bModule = oTemplate.eType == TemplateType::Module;
   SectionValues oValues;
   oValues.sTemplate = oTemplate.sName;
   oValues.sModuleName = u"Module1";

@@ -24,10 +24,10 @@ struct Place {
   bool bEnds;         ///< true: the last line of that stretch, false: the first one
 };
 
-constexpr Place atPlace[] = {{SectionBodyStart, u"#BodyStart", 0, true},
-                             {SectionBodyEnd, u"#BodyEnd", 1, false},
-                             {SectionFireStart, u"#FireExitStart", 1, true},
-                             {SectionFireEnd, u"#FireExitEnd", 2, false}};
+constexpr Place atPlace[] = {{Section::BodyStart, u"#BodyStart", 0, true},
+                             {Section::BodyEnd, u"#BodyEnd", 1, false},
+                             {Section::FireStart, u"#FireExitStart", 1, true},
+                             {Section::FireEnd, u"#FireExitEnd", 2, false}};
 
 bool MayBeWritten(const LineRow& oRow, const SectionValues& oValues) {
   return IsWritten(oRow, oValues) && !IsBlankRow(oRow);
@@ -37,8 +37,8 @@ bool MayBeWritten(const LineRow& oRow, const SectionValues& oValues) {
 void AddSignature(const Findings& oFindings, const TemplateRow& oTemplate,
                   std::vector<Written>& atWritten) {
   const TemplateRow& oSignature = oFindings.Template().Templates()[1];
-  const Stretch oRows = Between(oSignature, SectionStart, SectionEnd);
-  if (oSignature.eType != TemplateSignature || oRows.lFirst >= oRows.lLast) return;
+  const Stretch oRows = Between(oSignature, Section::Start, Section::End);
+  if (oSignature.eType != TemplateType::Signature || oRows.lFirst >= oRows.lLast) return;
   const LineRow& oRow = oFindings.Line(oRows.lFirst);
   atWritten.push_back({oRow.lFileLine, 0, true, FoldedRow(oRow, SampleValues(oTemplate, 0))});
 }
@@ -147,7 +147,7 @@ void CheckOneLine(Findings& oFindings, const TemplateRow& oTemplate,
     return oLine.lPart == 1 && oLine.bAlways;
   });
   if (lLines != 1) return;
-  const std::int32_t lLine = oFindings.Line(oTemplate.lStart[SectionFireStart]).lFileLine;
+  const std::int32_t lLine = oFindings.Line(oTemplate.lStart[Section::FireStart]).lFileLine;
   if (oFindings.HasLine(lLine)) return;
   oFindings.Add(lLine, {u"#BodyEnd and #FireExitStart would be found in the same line; write two "
                         u"lines without a condition between them"});
@@ -155,10 +155,10 @@ void CheckOneLine(Findings& oFindings, const TemplateRow& oTemplate,
 
 // Load faults leave places out or in another order; they are told by the load.
 bool HasItsPlaces(const TemplateRow& oRow) {
-  if (oRow.eType != TemplateProcedure || oRow.lStart[SectionBodyStart] < 1) return false;
-  if (oRow.lStart[SectionBodyEnd] < oRow.lStart[SectionBodyStart]) return false;
-  return !oRow.bFire || (oRow.lStart[SectionFireStart] > oRow.lStart[SectionBodyEnd] &&
-                         oRow.lStart[SectionFireEnd] > oRow.lStart[SectionFireStart]);
+  if (oRow.eType != TemplateType::Procedure || oRow.lStart[Section::BodyStart] < 1) return false;
+  if (oRow.lStart[Section::BodyEnd] < oRow.lStart[Section::BodyStart]) return false;
+  return !oRow.bFire || (oRow.lStart[Section::FireStart] > oRow.lStart[Section::BodyEnd] &&
+                         oRow.lStart[Section::FireEnd] > oRow.lStart[Section::FireStart]);
 }
 
 }  // namespace

@@ -144,7 +144,7 @@ bool IsEndLine(TextView sFolded) {
 void CheckWrittenRow(Findings& oFindings, const LineRow& oRow, const TemplateRow& oTemplate) {
   if (!oRow.bScript || IsBlankRow(oRow) || !oRow.sLike.IsValid()) return;
   CheckSelfFit(oFindings, oRow, oTemplate);
-  if (oTemplate.eType == TemplateModule) {
+  if (oTemplate.eType == TemplateType::Module) {
     const TextView sOrdinary = OrdinaryDeclarationFitting(oRow.sLike);
     if (!sOrdinary.empty()) {
       oFindings.Add(oRow.lFileLine,
@@ -200,7 +200,7 @@ void CheckRows(Findings& oFindings) {
     CheckPattern(oFindings, oRow);
   }
   for (const TemplateRow& oRow : oTemplate.Templates()) {
-    if (oRow.eType == TemplateUnknown) continue;
+    if (oRow.eType == TemplateType::Unknown) continue;
     for (const Stretch& oStretch : WrittenStretches(oRow)) {
       for (std::int32_t l = oStretch.lFirst; l < oStretch.lLast; ++l) {
         CheckWrittenRow(oFindings, oFindings.Line(l), oRow);

@@ -25,10 +25,11 @@ void CheckName(Findings& oFindings, const TemplateRow& oRow, std::size_t lIndex)
 
 // The load doesn't look where #Start and #End stand.
 void CheckOrder(Findings& oFindings, const TemplateRow& oRow) {
-  const std::int32_t lStart = oRow.lStart[SectionStart], lEnd = oRow.lStart[SectionEnd];
+  const std::int32_t lStart = oRow.lStart[Section::Start], lEnd = oRow.lStart[Section::End];
   if (lStart < 1 || lEnd < 1) return;
-  for (std::size_t i = SectionBodyStart; i < SectionCount; ++i) {
-    const std::int32_t lOther = oRow.lStart[i];
+  for (const Section e : AllSections) {
+    if (e < Section::BodyStart) continue;
+    const std::int32_t lOther = oRow.lStart[e];
     if (lOther < 1) continue;
     if (lOther < lStart) {
       oFindings.Add(
@@ -65,7 +66,8 @@ void CheckSignatureLine(Findings& oFindings, const LineRow& oRow) {
   }
   CheckReadsBack(oFindings, oRow, u"", true);
   for (const TemplateRow& oTemplate : oFindings.Template().Templates()) {
-    if (oTemplate.eType != TemplateModule && oTemplate.eType != TemplateProcedure) continue;
+    if (oTemplate.eType != TemplateType::Module && oTemplate.eType != TemplateType::Procedure)
+      continue;
     if (oFindings.HasLine(oTemplate.lDirectiveLine)) continue;
     CheckReadsBack(oFindings, oRow, oTemplate.sName, false);
     CheckReadsBack(oFindings, oRow, oTemplate.sName, true);
@@ -98,13 +100,13 @@ void CheckSignature(Findings& oFindings) {
     return;
   }
   const TemplateRow& oFirst = atTemplate[1];
-  if (oFirst.eType != TemplateSignature) {
+  if (oFirst.eType != TemplateType::Signature) {
     oFindings.Add(oFirst.lDirectiveLine,
                   {u"The first template of the file must have type=signature: its "
                    u"first line names the template in code"});
     return;
   }
-  const Stretch oRows = Between(oFirst, SectionStart, SectionEnd);
+  const Stretch oRows = Between(oFirst, Section::Start, Section::End);
   if (oRows.lFirst == 0) return;  // the load has told
   const LineRow& oLine = oFindings.Line(oRows.lFirst);
   if (!oLine.bScript || oLine.sLine.find(SignatureToken) == Text::npos) {

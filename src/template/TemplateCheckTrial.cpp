@@ -78,7 +78,7 @@ class TemplateTrial {
     bool bErrors = false;
     moEngine.InsertTemplate(ModuleName, Name(oTrial), oTrial.sProcType, sCode, 1, moRow.sName, true,
                             oValues.sBoundary, oValues.sSeverity, oValues.sRetry, oTrial.bTrace,
-                            MQuillon::NumberLeave, bErrors);
+                            MQuillon::LineNumAction::Leave, bErrors);
     return !bErrors;
   }
 
@@ -96,14 +96,14 @@ class TemplateTrial {
     CProcSettings oRead;
     moEngine.ExtractProcSettings(sCode, oRead);
     if (oRead.sTemplate() != moRow.sName) return u"its name isn't read back from the code";
-    const auto Lost = [&](std::uint32_t lBit, std::int32_t lRow, std::int32_t lRead) {
-      return lRow > 0 && (oTrial.lWithout & lBit) == 0 && lRead == 0;
+    const auto Lost = [&](std::uint32_t lBit, std::int32_t lRow, auto eRead) {
+      return lRow > 0 && (oTrial.lWithout & lBit) == 0 && eRead == decltype(eRead)::Unset;
     };
     if (Lost(1, moRow.lBoundary, oRead.eBoundary())) return LostText(u"Boundary", moRow.lBoundary);
     if (Lost(2, moRow.lSeverity, oRead.eSeverity())) return LostText(u"Severity", moRow.lSeverity);
     if (Lost(4, moRow.lRetry, oRead.eRetry())) return LostText(u"Retry", moRow.lRetry);
     const bool bTraces = moRow.lTrace > 0 || moRow.lTraceExit > 0;
-    if (bTraces && oTrial.bTrace != (oRead.eTrace() == MQuillon::StateTrue)) {
+    if (bTraces && oTrial.bTrace != (oRead.eTrace() == MQuillon::TriState::True)) {
       return u"trace isn't read back from the code; write a line with <#if trace> that no other "
              u"line "
              u"of the template looks like";
@@ -147,8 +147,8 @@ void TryTemplates(Findings& oFindings) {
   static constexpr std::array<TextView, 1> asDeclarations = {u""};
   const auto pEngine = TemplateLoader::SilentCopy(oFindings.Template());
   for (const TemplateRow& oRow : pEngine->Templates()) {
-    if (oRow.eType == TemplateProcedure) TryTemplate(oFindings, *pEngine, oRow, asProcedure);
-    if (oRow.eType == TemplateModule) TryTemplate(oFindings, *pEngine, oRow, asDeclarations);
+    if (oRow.eType == TemplateType::Procedure) TryTemplate(oFindings, *pEngine, oRow, asProcedure);
+    if (oRow.eType == TemplateType::Module) TryTemplate(oFindings, *pEngine, oRow, asDeclarations);
   }
 }
 

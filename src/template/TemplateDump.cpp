@@ -5,14 +5,13 @@
 
 namespace {
 
-constexpr std::array<TextView, SectionCount> asLabel = {u"Global   ", u"Start    ", u"BodyStart",
-                                                        u"BodyEnd  ", u"FireStart", u"FireEnd  ",
-                                                        u"End      "};
+constexpr BySection<TextView> asLabel = {u"Global   ", u"Start    ", u"BodyStart", u"BodyEnd  ",
+                                         u"FireStart", u"FireEnd  ", u"End      "};
 constexpr TextView Rule = u"-------------------------------------";
 constexpr TextView Gap = u" ";
 
-Text Entry(TextView sMember, std::size_t lIndex) {
-  return u"   ." + Text(sMember) + u'(' + Text(asLabel[lIndex]) + u")=";
+Text Entry(TextView sMember, Section eSection) {
+  return u"   ." + Text(sMember) + u'(' + Text(asLabel[eSection]) + u")=";
 }
 
 Text Row(TextView sTable, std::size_t lRow) {
@@ -25,15 +24,15 @@ Text Boxed(TextView sText) {
 
 void DumpTemplate(Signal<TextView>& oDump, const TemplateRow& oRow) {
   oDump(u"   .sName=" + Boxed(oRow.sName));
-  oDump(u"   .eType=" + ToText(oRow.eType));
+  oDump(u"   .eType=" + ToText(static_cast<std::int32_t>(oRow.eType)));
   oDump(oRow.bFire ? TextView(u"   .bFire=True") : TextView(u"   .bFire=False"));
   oDump(Gap);
-  for (std::size_t i = 0; i < SectionCount; ++i) {
-    oDump(Entry(u"lStart", i) + ToText(oRow.lStart[i]));
+  for (const Section e : AllSections) {
+    oDump(Entry(u"lStart", e) + ToText(oRow.lStart[e]));
   }
   oDump(Gap);
-  for (std::size_t i = 0; i < SectionCount; ++i) {
-    oDump(Entry(u"sLike", i) + Boxed(oRow.sLike[i].Pattern()));
+  for (const Section e : AllSections) {
+    oDump(Entry(u"sLike", e) + Boxed(oRow.sLike[e].Pattern()));
   }
   oDump(Rule);
 }

@@ -177,8 +177,8 @@ void TemplateLoader::LoadTemplateDirective() {
   ValidateTemplate(static_cast<std::int32_t>(moTemplate.matTemplate.size()) - 1);
   TemplateRow& oRow = moTemplate.matTemplate.emplace_back();
   AddDirectiveRow();
-  oRow.lStart.fill(-1);
-  oRow.lStart[SectionGlobal] = LastRow();
+  oRow.lStart.values.fill(-1);
+  oRow.lStart[Section::Global] = LastRow();
   oRow.lDirectiveLine = mlLine;
   LoadTemplateName(oRow);
   Text sInherit = moTag.Parameter(u"inherit");
@@ -200,33 +200,37 @@ void TemplateLoader::LoadTemplateName(TemplateRow& oRow) {
 void TemplateLoader::LoadTemplateType(TemplateRow& oRow) {
   const Text sType = LowerCase(moTag.Parameter(u"type"));
   if (sType == u"signature") {
-    oRow.eType = TemplateSignature;
+    oRow.eType = TemplateType::Signature;
   } else if (sType == u"module") {
-    oRow.eType = TemplateModule;
+    oRow.eType = TemplateType::Module;
   } else if (sType == u"procedure") {
-    oRow.eType = TemplateProcedure;
+    oRow.eType = TemplateType::Procedure;
   } else {
     ReportError(mlLine, sType.empty() ? TextView(u"Type Parameter Missing from Template Directive")
                                       : TextView(u"Type Parameter Invalid"));
   }
 }
 
-void TemplateLoader::LoadPlace(Directive eDirective) {
+Section TemplateLoader::SectionOf(Directive eDirective) {
   // The sections are in the order of their directives.
-  const auto lSection = static_cast<std::size_t>(eDirective - DirectiveTemplate);
+  return static_cast<Section>(eDirective - DirectiveTemplate);
+}
+
+void TemplateLoader::LoadPlace(Directive eDirective) {
+  const Section eSection = SectionOf(eDirective);
   TemplateRow& oRow = LastTemplate();
   AddDirectiveRow();
-  if (oRow.lStart[lSection] < 0) {
-    oRow.lStart[lSection] = LastRow();
+  if (oRow.lStart[eSection] < 0) {
+    oRow.lStart[eSection] = LastRow();
   } else {
     ReportError(mlLine, u"Duplicate Directive");
   }
 
   const Text sLike = moTag.Parameter(u"like");
   if (!sLike.empty()) {
-    oRow.sLike[lSection] = LikePattern(sLike);
+    oRow.sLike[eSection] = LikePattern(sLike);
   } else if (eDirective == DirectiveBodyStart || eDirective == DirectiveFireStart) {
-    oRow.sLike[lSection] = moLastPattern;
+    oRow.sLike[eSection] = moLastPattern;
   }
   if (eDirective == DirectiveEnd) {
     // Stretches of rows run to the row of <#End>; one row behind it may be looked at.
@@ -269,8 +273,7 @@ void TemplateLoader::NoteRoles(const Text& sFolded, const LineRow& oLine) {
 void TemplateLoader::RememberPattern(const LikePattern& oPattern) {
   moLastPattern = oPattern;
   if (meLastDirective != DirectiveBodyEnd && meLastDirective != DirectiveFireEnd) return;
-  const auto lSection = static_cast<std::size_t>(meLastDirective - DirectiveTemplate);
-  LikePattern& oPlace = LastTemplate().sLike[lSection];
+  LikePattern& oPlace = LastTemplate().sLike[SectionOf(meLastDirective)];
   if (oPlace.IsEmpty()) oPlace = oPattern;
 }
 

@@ -55,6 +55,7 @@ class TemplateLoader {
   void LoadTemplateDirective();
   void LoadTemplateName(TemplateRow& oRow);
   void LoadTemplateType(TemplateRow& oRow);
+  static Section SectionOf(Directive eDirective);
   void LoadPlace(Directive eDirective);
   void LoadScriptLine(TextView sLine, TextView sTrimmedLower);
   void NoteRoles(const Text& sFolded, const LineRow& oLine);

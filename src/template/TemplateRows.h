@@ -7,34 +7,33 @@
 #include "LikePattern.h"
 #include "Text.h"
 
-enum TemplateType : std::int32_t {
-  TemplateUnknown = 0,
-  TemplateSignature = 1,
-  TemplateModule = 2,
-  TemplateProcedure = 3
-};
+enum class TemplateType : std::int32_t { Unknown, Signature, Module, Procedure };
 
-/// Index of sLike and lStart.
-enum Section : std::size_t {
-  SectionGlobal,
-  SectionStart,
-  SectionBodyStart,
-  SectionBodyEnd,
-  SectionFireStart,
-  SectionFireEnd,
-  SectionEnd,
-  SectionCount
+/// The places that directives mark, in their order. Global is the <#Template> itself.
+enum class Section : std::size_t { Global, Start, BodyStart, BodyEnd, FireStart, FireEnd, End };
+inline constexpr std::array AllSections = {Section::Global,  Section::Start,     Section::BodyStart,
+                                           Section::BodyEnd, Section::FireStart, Section::FireEnd,
+                                           Section::End};
+
+/// One value for each section.
+template <class Value>
+struct BySection {
+  std::array<Value, AllSections.size()> values{};
+  Value& operator[](Section section) { return values[static_cast<std::size_t>(section)]; }
+  const Value& operator[](Section section) const {
+    return values[static_cast<std::size_t>(section)];
+  }
 };
 
 /// One row of matTemplate.
 struct TemplateRow {
   Text sName;
-  std::int32_t eType = TemplateUnknown;
+  TemplateType eType = TemplateType::Unknown;
   bool bInherit = false;
   bool bFire = false;  ///< has a <#FireExitStart>; set by validation
-  std::array<LikePattern, SectionCount> sLike;
+  BySection<LikePattern> sLike;
   /// Row in matLine; -1: not seen.
-  std::array<std::int32_t, SectionCount> lStart{};
+  BySection<std::int32_t> lStart;
   std::int32_t lBoundary = 0;  ///< first row whose pattern source holds <%boundary>
   std::int32_t lSeverity = 0;
   std::int32_t lRetry = 0;

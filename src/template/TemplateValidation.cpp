@@ -12,50 +12,54 @@ enum class Fault {
 };
 
 struct Rule {
-  std::int32_t eType;
+  TemplateType eType;
   Fault eFault;
   Section eSection;
   Section eOther;
   TextView sMessage;
 };
 
-constexpr Section None = SectionGlobal;
+constexpr TemplateType Any = TemplateType::Unknown;
+constexpr Section None = Section::Global;
 
 // In the order of the messages.
 constexpr Rule atRule[] = {
-    {0, Fault::Missing, SectionStart, None, u"#Start Directive not found in Template"},
-    {0, Fault::Missing, SectionEnd, None, u"#End Directive not found in Template"},
+    {Any, Fault::Missing, Section::Start, None, u"#Start Directive not found in Template"},
+    {Any, Fault::Missing, Section::End, None, u"#End Directive not found in Template"},
 
-    {1, Fault::Present, SectionBodyStart, None,
+    {TemplateType::Signature, Fault::Present, Section::BodyStart, None,
      u"#BodyStart Directive found in Signature type Template"},
-    {1, Fault::Present, SectionBodyEnd, None,
+    {TemplateType::Signature, Fault::Present, Section::BodyEnd, None,
      u"#BodyEnd Directive found in Signature type Template"},
-    {1, Fault::Present, SectionFireStart, None,
+    {TemplateType::Signature, Fault::Present, Section::FireStart, None,
      u"#FireExitStart Directive found in Signature type Template"},
-    {1, Fault::Present, SectionFireEnd, None,
+    {TemplateType::Signature, Fault::Present, Section::FireEnd, None,
      u"#FireExitEnd Directive found in Signature type Template"},
 
-    {2, Fault::Present, SectionBodyStart, None,
+    {TemplateType::Module, Fault::Present, Section::BodyStart, None,
      u"#BodyStart Directive found in Module type Template"},
-    {2, Fault::Present, SectionBodyEnd, None, u"#BodyEnd Directive found in Module type Template"},
-    {2, Fault::Present, SectionFireStart, None,
+    {TemplateType::Module, Fault::Present, Section::BodyEnd, None,
+     u"#BodyEnd Directive found in Module type Template"},
+    {TemplateType::Module, Fault::Present, Section::FireStart, None,
      u"#FireExitStart Directive found in Module type Template"},
-    {2, Fault::Present, SectionFireEnd, None,
+    {TemplateType::Module, Fault::Present, Section::FireEnd, None,
      u"#FireExitEnd Directive found in Module type Template"},
 
-    {3, Fault::Missing, SectionBodyStart, None, u"#BodyStart Directive not found in Template"},
-    {3, Fault::Missing, SectionBodyEnd, None, u"#BodyEnd Directive not found in Template"},
-    {3, Fault::Above, SectionBodyEnd, SectionBodyStart,
+    {TemplateType::Procedure, Fault::Missing, Section::BodyStart, None,
+     u"#BodyStart Directive not found in Template"},
+    {TemplateType::Procedure, Fault::Missing, Section::BodyEnd, None,
+     u"#BodyEnd Directive not found in Template"},
+    {TemplateType::Procedure, Fault::Above, Section::BodyEnd, Section::BodyStart,
      u"#BodyEnd Directive found before #BodyStart Directive"},
-    {3, Fault::WithoutPair, SectionFireEnd, SectionFireStart,
+    {TemplateType::Procedure, Fault::WithoutPair, Section::FireEnd, Section::FireStart,
      u"#FireExitEnd Directive found without corresponding #FireExitStart"},
-    {3, Fault::WithoutPair, SectionFireStart, SectionFireEnd,
+    {TemplateType::Procedure, Fault::WithoutPair, Section::FireStart, Section::FireEnd,
      u"#FireExitStart Directive found without corresponding #FireExitEnd"},
-    {3, Fault::Above, SectionFireEnd, SectionFireStart,
+    {TemplateType::Procedure, Fault::Above, Section::FireEnd, Section::FireStart,
      u"#FireExitEnd Directive found before #FireExitStart Directive"},
-    {3, Fault::Above, SectionFireStart, SectionBodyEnd,
+    {TemplateType::Procedure, Fault::Above, Section::FireStart, Section::BodyEnd,
      u"#FireExitStart Directive found before #BodyEnd Directive"},
-    {3, Fault::Above, SectionFireEnd, SectionBodyEnd,
+    {TemplateType::Procedure, Fault::Above, Section::FireEnd, Section::BodyEnd,
      u"#FireExitEnd Directive found before #BodyEnd Directive"},
 };
 
@@ -87,10 +91,10 @@ void TemplateLoader::ValidateTemplate(std::int32_t lTemplate) {
   TemplateRow& oRow = moTemplate.matTemplate[static_cast<std::size_t>(lTemplate)];
   if (oRow.bValidated) return;
   oRow.bValidated = true;
-  if (oRow.eType == TemplateUnknown) return;
-  if (oRow.eType == TemplateProcedure) oRow.bFire = Found(oRow, SectionFireStart);
+  if (oRow.eType == TemplateType::Unknown) return;
+  if (oRow.eType == TemplateType::Procedure) oRow.bFire = Found(oRow, Section::FireStart);
   for (const Rule& oRule : atRule) {
-    const bool bApplies = oRule.eType == 0 || oRule.eType == oRow.eType;
+    const bool bApplies = oRule.eType == Any || oRule.eType == oRow.eType;
     if (bApplies && Breaks(oRow, oRule)) ReportError(oRow.lDirectiveLine, oRule.sMessage);
   }
 }

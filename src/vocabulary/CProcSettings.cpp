@@ -42,8 +42,9 @@ TextView WithoutNone(TextView sName) {
   return EqualNoCase(sName, MQuillon::NoneName) ? TextView() : sName;
 }
 
-void KeepCommon(std::int32_t& eValue, std::int32_t eOther) {
-  if (eValue != eOther) eValue = 0;
+template <class Choice>
+void KeepCommon(Choice& eValue, Choice eOther) {
+  if (eValue != eOther) eValue = Choice::Unset;
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 
+#include "Choices.h"
 #include "Text.h"
 
 class CProcSettings {
@@ -29,28 +30,32 @@ class CProcSettings {
   TextView sTemplate() const;
   Text sTemplateSelectionName() const;
   void SetsTemplate(TextView sName);
-  std::int32_t eBoundary() const { return mbAggregateForeign ? 0 : meBoundary; }
-  void SeteBoundary(std::int32_t eValue) {
+  MQuillon::Boundary eBoundary() const { return Shown(meBoundary); }
+  void SeteBoundary(MQuillon::Boundary eValue) {
     if (!mbForeign) meBoundary = eValue;
   }
-  std::int32_t eSeverity() const { return mbAggregateForeign ? 0 : meSeverity; }
-  void SeteSeverity(std::int32_t eValue) {
+  MQuillon::Severity eSeverity() const { return Shown(meSeverity); }
+  void SeteSeverity(MQuillon::Severity eValue) {
     if (!mbForeign) meSeverity = eValue;
   }
-  std::int32_t eRetry() const { return mbAggregateForeign ? 0 : meRetry; }
-  void SeteRetry(std::int32_t eValue) {
+  MQuillon::Retry eRetry() const { return Shown(meRetry); }
+  void SeteRetry(MQuillon::Retry eValue) {
     if (!mbForeign) meRetry = eValue;
   }
-  std::int32_t eTrace() const { return mbAggregateForeign ? 0 : meTrace; }
-  void SeteTrace(std::int32_t eValue) {
+  MQuillon::TriState eTrace() const { return Shown(meTrace); }
+  void SeteTrace(MQuillon::TriState eValue) {
     if (!mbForeign) meTrace = eValue;
   }
   bool bForeign() const { return mbAggregate ? mbAggregateForeign : mbForeign; }
-  std::int32_t eLocked() const { return meLocked; }
-  void SeteLocked(std::int32_t eValue) { meLocked = eValue; }
+  MQuillon::TriState eLocked() const { return meLocked; }
+  void SeteLocked(MQuillon::TriState eValue) { meLocked = eValue; }
   std::int32_t hTemplate() const { return mhTemplate; }
 
  private:
+  template <class Choice>
+  Choice Shown(Choice eValue) const {
+    return mbAggregateForeign ? Choice::Unset : eValue;
+  }
   void TakeValues(const CProcSettings& oProcSettings);
   void KeepCommonValues(const CProcSettings& oProcSettings);
 
@@ -59,8 +64,10 @@ class CProcSettings {
   const Text* mpTemplate = nullptr;
   const Text* mpForeignTemplate = nullptr;
   std::int32_t mhTemplate = 0;
-  std::int32_t meLocked = 0;
-  std::int32_t meBoundary = 0, meSeverity = 0, meRetry = 0, meTrace = 0;
+  MQuillon::Boundary meBoundary = MQuillon::Boundary::Unset;
+  MQuillon::Severity meSeverity = MQuillon::Severity::Unset;
+  MQuillon::Retry meRetry = MQuillon::Retry::Unset;
+  MQuillon::TriState meLocked = MQuillon::TriState::Unset, meTrace = MQuillon::TriState::Unset;
   bool mbForeign = false;
   bool mbAggregate = false;
   bool mbAggregateForeign = false;

@@ -79,25 +79,31 @@ Text TextOf(const Word (&aoWord)[n], std::int32_t lId) {
   return {};
 }
 
-template <std::size_t n>
-Text NameOf(const TextView (&asName)[n], std::int32_t lId) {
+template <std::size_t n, class Choice>
+Text NameOf(const TextView (&asName)[n], Choice eValue) {
+  const std::int32_t lId = MQuillon::ToNumber(eValue);
   if (lId < 1 || lId > static_cast<std::int32_t>(n)) return {};
   return Text(asName[static_cast<std::size_t>(lId) - 1]);
 }
 
 // The caller has folded the text already: a name that isn't in lower case is no name.
-template <std::size_t n>
-std::int32_t IdOf(const TextView (&asName)[n], TextView sLower) {
+template <class Choice, std::size_t n>
+Choice ValueOf(const TextView (&asName)[n], TextView sLower) {
   for (std::size_t i = 0; i < n; ++i) {
-    if (LowerCase(asName[i]) == sLower) return static_cast<std::int32_t>(i) + 1;
+    if (LowerCase(asName[i]) == sLower) {
+      return MQuillon::FromNumber<Choice>(static_cast<std::int32_t>(i) + 1);
+    }
   }
-  return 0;
+  return Choice::Unset;
 }
 
 struct Entry {
+  template <class Choice>
+  Entry(TextView sName, Choice eValue, TextView sShown = {})
+      : sItem(sName), lItemData(MQuillon::ToNumber(eValue)), sDisplayName(sShown) {}
   TextView sItem;
   std::int32_t lItemData;
-  TextView sDisplayName = {};
+  TextView sDisplayName;
 };
 
 std::unique_ptr<CXLookup> MakeLookup(std::initializer_list<Entry> oEntries) {
@@ -118,36 +124,36 @@ std::unique_ptr<CXLookup> MakeTemplateLookup(const TextArray& asTemplate) {
 
 namespace MQuillon {
 
-Text VBComponentTypeName(std::int32_t nType) {
-  return TextOf(ComponentTypes, nType);
+Text VBComponentTypeName(ComponentType nType) {
+  return TextOf(ComponentTypes, ToNumber(nType));
 }
-Text VBProjectTypeName(std::int32_t nType) {
-  return TextOf(ProjectTypes, nType);
+Text VBProjectTypeName(ProjectType nType) {
+  return TextOf(ProjectTypes, ToNumber(nType));
 }
 Text InstancingTypeName(std::int32_t lInstancing) {
   return TextOf(Instancings, lInstancing);
 }
-Text ScopeTypeName(std::int32_t nScope) {
-  return TextOf(Scopes, nScope);
+Text ScopeTypeName(MemberScope nScope) {
+  return TextOf(Scopes, ToNumber(nScope));
 }
 
-Text BoundaryName(std::int32_t eBoundary) {
+Text BoundaryName(Boundary eBoundary) {
   return NameOf(Boundaries, eBoundary);
 }
-Text SeverityName(std::int32_t eSeverity) {
+Text SeverityName(Severity eSeverity) {
   return NameOf(Severities, eSeverity);
 }
-Text RetryName(std::int32_t eRetry) {
+Text RetryName(Retry eRetry) {
   return NameOf(Retries, eRetry);
 }
-std::int32_t BoundaryId(TextView sName) {
-  return IdOf(Boundaries, sName);
+Boundary BoundaryId(TextView sName) {
+  return ValueOf<Boundary>(Boundaries, sName);
 }
-std::int32_t SeverityId(TextView sName) {
-  return IdOf(Severities, sName);
+Severity SeverityId(TextView sName) {
+  return ValueOf<Severity>(Severities, sName);
 }
-std::int32_t RetryId(TextView sName) {
-  return IdOf(Retries, sName);
+Retry RetryId(TextView sName) {
+  return ValueOf<Retry>(Retries, sName);
 }
 
 Text ProcTypeName(Text& sLine) {
@@ -178,16 +184,17 @@ void Initialize() {
 void LoadLookups(const TextArray& asModTemplate, const TextArray& asProcTemplate) {
   oLookupModTemplate = MakeTemplateLookup(asModTemplate);
   oLookupProcTemplate = MakeTemplateLookup(asProcTemplate);
-  oLookupBoundary = MakeLookup({{u"None", BoundaryNone},
-                                {u"VB", BoundaryVB},
-                                {u"Firewall", BoundaryFirewall},
-                                {u"ActiveX", BoundaryActiveX}});
-  oLookupSeverity = MakeLookup(
-      {{u"Cosmetic", SeverityCosmetic}, {u"Normal", SeverityNormal}, {u"Fatal", SeverityFatal}});
-  oLookupRetry =
-      MakeLookup({{u"Line", RetryLine}, {u"Procedure", RetryProcedure}, {u"None", RetryNone}});
-  oLookupTrace = MakeLookup({{u"True", StateTrue, u"Trace"}, {u"False", StateFalse}});
-  oLookupLocked = MakeLookup({{u"True", StateTrue, u"Locked"}, {u"False", StateFalse}});
+  oLookupBoundary = MakeLookup({{u"None", Boundary::None},
+                                {u"VB", Boundary::VB},
+                                {u"Firewall", Boundary::Firewall},
+                                {u"ActiveX", Boundary::ActiveX}});
+  oLookupSeverity = MakeLookup({{u"Cosmetic", Severity::Cosmetic},
+                                {u"Normal", Severity::Normal},
+                                {u"Fatal", Severity::Fatal}});
+  oLookupRetry = MakeLookup(
+      {{u"Line", Retry::Line}, {u"Procedure", Retry::Procedure}, {u"None", Retry::None}});
+  oLookupTrace = MakeLookup({{u"True", TriState::True, u"Trace"}, {u"False", TriState::False}});
+  oLookupLocked = MakeLookup({{u"True", TriState::True, u"Locked"}, {u"False", TriState::False}});
 }
 
 void ReleaseLookups() {

@@ -137,9 +137,9 @@ class FMain : public MainForm {
   Text TemplateBesideProgram() const;
 
   // FMain_Tree.
-  void EnumProjectsProc(Handle hProject, TextView sTitle, std::int32_t nType);
+  void EnumProjectsProc(Handle hProject, TextView sTitle, ProjectType nType);
   void EnumComponentsProc(Handle hProject, Handle hComponent, TextView sName,
-                          std::int32_t nComponentType);
+                          ComponentType nComponentType);
   void EnumComponentsEOF(Handle hProject);
   void tvwProjects_NodeClick();
   void ProcessNode(Forms::Node& oNode);
@@ -196,8 +196,8 @@ class FMain : public MainForm {
   void WalkScope(eAction eScope, Visit&& oVisit);
   void RefreshAfter(eAction eScope);
   template <class Dialog>
-  void RunRefresh(TextView sProcedure, std::int32_t LineNumAction);
-  void DoRefresh(eAction eScope, std::int32_t LineNumAction);
+  void RunRefresh(TextView sProcedure, MQuillon::LineNumAction LineNumAction);
+  void DoRefresh(eAction eScope, MQuillon::LineNumAction LineNumAction);
   void mnuToolsApplyPending_Click();
   void mnuPropsCopySuggest_Click();
   void mnuPropsUndoPending_Click();

@@ -87,7 +87,7 @@ void FMain::mnuToolsApplyPending_Click() {
       oTemplate->BatchStart();
       WalkScope(eScope, [&](Handle hProcedure, Handle hComponent, Handle hProject, bool bGroup) {
         oIDEHandler->ApplyPendingSettings(hProcedure, hComponent, hProject, bGroup, false,
-                                          MQuillon::NumberAsRule);
+                                          MQuillon::LineNumAction::AsRule);
       });
       RefreshAfter(eScope);
       oTemplate->BatchSummary();
@@ -124,32 +124,33 @@ void FMain::mnuPropsUndoPending_Click() {
 }
 
 void FMain::mnuToolsLineAdd_Click() {
-  RunRefresh<FInsertLine>(u"mnuToolsLineAdd_Click", MQuillon::NumberInsert);
+  RunRefresh<FInsertLine>(u"mnuToolsLineAdd_Click", MQuillon::LineNumAction::Insert);
 }
 
 void FMain::mnuToolsLineRemove_Click() {
-  RunRefresh<FRemoveLine>(u"mnuToolsLineRemove_Click", MQuillon::NumberRemove);
+  RunRefresh<FRemoveLine>(u"mnuToolsLineRemove_Click", MQuillon::LineNumAction::Remove);
 }
 
 void FMain::mnuToolsRefresh_Click() {
-  RunRefresh<FRefreshTemplates>(u"mnuToolsRefresh_Click", MQuillon::NumberAsRule);
+  RunRefresh<FRefreshTemplates>(u"mnuToolsRefresh_Click", MQuillon::LineNumAction::AsRule);
 }
 
 template <class Dialog>
-void FMain::RunRefresh(TextView sProcedure, std::int32_t LineNumAction) {
+void FMain::RunRefresh(TextView sProcedure, MQuillon::LineNumAction LineNumAction) {
   OnEvent(sProcedure, [&] {
     if (!HasScope()) return;
     const eAction eScope = AskScope<Dialog>();
     Busy(sProcedure, [&] {
       Refresh();
       DoRefresh(eScope, LineNumAction);
-      if (LineNumAction == MQuillon::NumberAsRule) RefreshCurrentList(false);
+      if (LineNumAction == MQuillon::LineNumAction::AsRule) RefreshCurrentList(false);
     });
   });
 }
 
-void FMain::DoRefresh(eAction eScope, std::int32_t LineNumAction) {
-  if (LineNumAction == MQuillon::NumberAsRule) LineNumAction = MRules::oRules.eLineNumAction;
+void FMain::DoRefresh(eAction eScope, MQuillon::LineNumAction LineNumAction) {
+  if (LineNumAction == MQuillon::LineNumAction::AsRule)
+    LineNumAction = MRules::oRules.eLineNumAction;
   SelectTab(u"Results");
   oTemplate->BatchStart();
   WalkScope(eScope, [&](Handle hProcedure, Handle hComponent, Handle hProject, bool bGroup) {

@@ -22,9 +22,10 @@ void EachRow(ListView& oList, bool bSelectedOnly, Visit&& oVisit) {
 }
 
 /// Trace means nothing for a declarations section.
-Text TraceText(TextView sName, std::int32_t eTrace) {
-  return sName == MQuillon::DeclarationsName ? Text()
-                                             : MQuillon::oLookupTrace->LookupDisplayName(eTrace);
+Text TraceText(TextView sName, MQuillon::TriState eTrace) {
+  return sName == MQuillon::DeclarationsName
+             ? Text()
+             : MQuillon::oLookupTrace->LookupDisplayName(MQuillon::ToNumber(eTrace));
 }
 
 }  // namespace
@@ -65,10 +66,11 @@ void FMain::EnumProceduresProc(const ProcedureRow& oRow) {
   const CProcSettings& o = *oRow.oProcSettings;
   ListItem& oItem = moProcList.AddRow(
       {oRow.sPROCEDURE, oRow.sProcType, MQuillon::ScopeTypeName(oRow.nScope), o.sTemplate(),
-       MQuillon::oLookupLocked->LookupDisplayName(o.eLocked()),
-       MQuillon::oLookupBoundary->LookupItem(o.eBoundary()),
-       MQuillon::oLookupSeverity->LookupItem(o.eSeverity()),
-       MQuillon::oLookupRetry->LookupItem(o.eRetry()), TraceText(oRow.sPROCEDURE, o.eTrace())});
+       MQuillon::oLookupLocked->LookupDisplayName(MQuillon::ToNumber(o.eLocked())),
+       MQuillon::oLookupBoundary->LookupItem(MQuillon::ToNumber(o.eBoundary())),
+       MQuillon::oLookupSeverity->LookupItem(MQuillon::ToNumber(o.eSeverity())),
+       MQuillon::oLookupRetry->LookupItem(MQuillon::ToNumber(o.eRetry())),
+       TraceText(oRow.sPROCEDURE, o.eTrace())});
   const Text sIcon = Icons::OfProcedure(oRow.sPROCEDURE, oRow.sProcType);
   oItem.SetSmallIcon(Icons::Marked(imlProjects, sIcon, oRow.bDirty));
   oItem.SetTag(oRow.hProcedure);
@@ -98,10 +100,10 @@ void FMain::RefreshProcRow(ListItem& oRow) {
   MarkRow(oRow, o.ProcedureIsDirty(h));
   const Text sTemplate = o.ProcTemplate(h);
   oRow.SetSubItems(3, sTemplate == MQuillon::NoneName ? Text() : sTemplate);
-  oRow.SetSubItems(4, MQuillon::oLookupLocked->LookupDisplayName(o.Locked(h)));
-  oRow.SetSubItems(5, MQuillon::oLookupBoundary->LookupItem(o.BoundaryId(h)));
-  oRow.SetSubItems(6, MQuillon::oLookupSeverity->LookupItem(o.SeverityId(h)));
-  oRow.SetSubItems(7, MQuillon::oLookupRetry->LookupItem(o.RetryId(h)));
+  oRow.SetSubItems(4, MQuillon::oLookupLocked->LookupDisplayName(MQuillon::ToNumber(o.Locked(h))));
+  oRow.SetSubItems(5, MQuillon::oLookupBoundary->LookupItem(MQuillon::ToNumber(o.BoundaryId(h))));
+  oRow.SetSubItems(6, MQuillon::oLookupSeverity->LookupItem(MQuillon::ToNumber(o.SeverityId(h))));
+  oRow.SetSubItems(7, MQuillon::oLookupRetry->LookupItem(MQuillon::ToNumber(o.RetryId(h))));
   oRow.SetSubItems(8, TraceText(oRow.Text(), o.Trace(h)));
 }
 

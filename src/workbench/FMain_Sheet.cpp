@@ -122,22 +122,31 @@ void FMain::prlProperties_PropertyChange(TextView sName, TextView sValue) {
   });
 }
 
+namespace {
+
+template <class Choice>
+Choice Picked(const std::unique_ptr<CXLookup>& pLookup, TextView sItem) {
+  return MQuillon::FromNumber<Choice>(pLookup->LookupItemData(sItem));
+}
+
+}  // namespace
+
 void FMain::SetPending(const ListItem& oRow, TextView sName, TextView sValue) {
   const Handle h = oRow.Tag();
   CIDEHandler& o = *oIDEHandler;
   if (sName == PropertySheet::Locked) {
-    return o.SetLocked(h, MQuillon::oLookupLocked->LookupItemData(sValue));
+    return o.SetLocked(h, Picked<MQuillon::TriState>(MQuillon::oLookupLocked, sValue));
   }
-  if (o.Locked(h) != MQuillon::StateFalse) return;
+  if (o.Locked(h) != MQuillon::TriState::False) return;
   if (sName == PropertySheet::Template) {
     o.SetProcTemplate(h, sValue == MQuillon::NoneName ? TextView() : sValue);
   } else if (sName == PropertySheet::Boundary) {
-    o.SetBoundaryId(h, MQuillon::oLookupBoundary->LookupItemData(sValue));
+    o.SetBoundaryId(h, Picked<MQuillon::Boundary>(MQuillon::oLookupBoundary, sValue));
   } else if (sName == PropertySheet::Severity) {
-    o.SetSeverityId(h, MQuillon::oLookupSeverity->LookupItemData(sValue));
+    o.SetSeverityId(h, Picked<MQuillon::Severity>(MQuillon::oLookupSeverity, sValue));
   } else if (sName == PropertySheet::Retry) {
-    o.SetRetryType(h, MQuillon::oLookupRetry->LookupItemData(sValue));
+    o.SetRetryType(h, Picked<MQuillon::Retry>(MQuillon::oLookupRetry, sValue));
   } else if (sName == PropertySheet::Trace && !IsDeclarations(oRow)) {
-    o.SetTrace(h, MQuillon::oLookupTrace->LookupItemData(sValue));
+    o.SetTrace(h, Picked<MQuillon::TriState>(MQuillon::oLookupTrace, sValue));
   }
 }

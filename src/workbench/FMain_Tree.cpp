@@ -44,7 +44,7 @@ Text Told(Ask&& oAsk) {
 
 }  // namespace
 
-void FMain::EnumProjectsProc(Handle hProject, TextView sTitle, std::int32_t nType) {
+void FMain::EnumProjectsProc(Handle hProject, TextView sTitle, ProjectType nType) {
   Nodes& oNodes = tvwProjects.Nodes();
   const Text sImage = Icons::Marked(imlProjects, MQuillon::VBProjectTypeName(nType), false);
   Node& oProject = oNodes.Add(NodeKey::Project(hProject), sTitle, sImage);
@@ -59,7 +59,7 @@ void FMain::EnumProjectsProc(Handle hProject, TextView sTitle, std::int32_t nTyp
 }
 
 void FMain::EnumComponentsProc(Handle hProject, Handle hComponent, TextView sName,
-                               std::int32_t nComponentType) {
+                               ComponentType nComponentType) {
   Nodes& oNodes = tvwProjects.Nodes();
   const std::int32_t lFolder = oIDEHandler->Component(hComponent).lFolderType;
   // A type that belongs to no folder stands below the project itself in both views.
@@ -181,7 +181,8 @@ void FMain::RefreshProjectTree() {
   for (std::int32_t i = 1; i <= oNodes.Count(); ++i) {
     Node& oNode = oNodes.Item(i);
     if (oNode.Tag() == 0) continue;
-    const std::int32_t nType = NodeKey::Number(oIDEHandler->ComponentType(oNode.Tag()));
+    const auto nType = MQuillon::FromNumber<ComponentType>(
+        NodeKey::Number(oIDEHandler->ComponentType(oNode.Tag())));
     oNode.SetImage(Icons::Marked(imlProjects, MQuillon::VBComponentTypeName(nType),
                                  oIDEHandler->ComponentIsDirty(oNode.Tag())));
   }

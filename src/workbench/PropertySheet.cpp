@@ -10,15 +10,20 @@ namespace {
 struct Property {
   TextView sName;
   std::int32_t lTipId;
-  std::int32_t (CProcSettings::*Id)() const;
+  std::int32_t (*Id)(const CProcSettings&);
   const std::unique_ptr<CXLookup>& pLookup;
 };
 
-const Property LockedRow{Locked, 12, &CProcSettings::eLocked, oLookupLocked};
-const Property BoundaryRow{Boundary, 13, &CProcSettings::eBoundary, oLookupBoundary};
-const Property SeverityRow{Severity, 14, &CProcSettings::eSeverity, oLookupSeverity};
-const Property RetryRow{Retry, 15, &CProcSettings::eRetry, oLookupRetry};
-const Property TraceRow{Trace, 16, &CProcSettings::eTrace, oLookupTrace};
+template <auto pValue>
+std::int32_t NumberOf(const CProcSettings& o) {
+  return ToNumber((o.*pValue)());
+}
+
+const Property LockedRow{Locked, 12, NumberOf<&CProcSettings::eLocked>, oLookupLocked};
+const Property BoundaryRow{Boundary, 13, NumberOf<&CProcSettings::eBoundary>, oLookupBoundary};
+const Property SeverityRow{Severity, 14, NumberOf<&CProcSettings::eSeverity>, oLookupSeverity};
+const Property RetryRow{Retry, 15, NumberOf<&CProcSettings::eRetry>, oLookupRetry};
+const Property TraceRow{Trace, 16, NumberOf<&CProcSettings::eTrace>, oLookupTrace};
 
 constexpr std::int32_t TemplateTip = 11;
 
@@ -29,7 +34,7 @@ Row Heading(TextView sName, std::int32_t lTipId) {
 /// A row that only shows a value.
 Row Shown(const CProcSettings& o, const Property& oProperty, TextView sNote = {}) {
   return {.sName = Text(oProperty.sName),
-          .sValue = oProperty.pLookup->LookupItem((o.*oProperty.Id)()),
+          .sValue = oProperty.pLookup->LookupItem(oProperty.Id(o)),
           .sNote = Text(sNote),
           .lTipId = oProperty.lTipId};
 }
@@ -47,7 +52,7 @@ bool HasTraceRow(const Subject& o) {
 
 Row PendingRow(const Subject& o, const Property& oProperty, bool bEnabled) {
   Row oRow = Shown(o.oPending, oProperty);
-  if ((o.oPending.*oProperty.Id)() == (o.oCurrent.*oProperty.Id)()) oRow.sValue.clear();
+  if (oProperty.Id(o.oPending) == oProperty.Id(o.oCurrent)) oRow.sValue.clear();
   oRow.bEnabled = bEnabled;
   oRow.poLookup = oProperty.pLookup.get();
   return oRow;
@@ -64,7 +69,7 @@ Row PendingTemplate(const Subject& o, bool bEnabled) {
 
 void AddPending(const Subject& o, std::vector<Row>& oRows) {
   const bool bOwn = !o.oPending.bForeign();
-  const bool bUnlocked = bOwn && o.oPending.eLocked() == StateFalse;
+  const bool bUnlocked = bOwn && o.oPending.eLocked() == TriState::False;
   // Of several, each procedure's lock and template are looked at when the edit arrives.
   const bool bValues = o.bSeveral ? bOwn : bUnlocked && !o.oPending.sTemplate().empty();
   oRows.push_back(Heading(u"Pending", 1));

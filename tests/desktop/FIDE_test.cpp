@@ -30,9 +30,9 @@ struct TestAddIn : IDTExtensibility {
   TestAddIn(std::string& sLog, std::function<void(VBE&)>& oOnClick)
       : psLog(&sLog), poOnClick(&oOnClick) {}
   ~TestAddIn() override { *psLog += "gone "; }
-  void OnConnection(VBE& oVBInst, std::int32_t nConnectMode) override {
+  void OnConnection(VBE& oVBInst, ConnectMode nConnectMode) override {
     poVBE = &oVBInst;
-    *psLog += "connect" + std::to_string(nConnectMode) + ' ';
+    *psLog += "connect" + std::to_string(MQuillon::ToNumber(nConnectMode)) + ' ';
     CommandBarControl& oEntry = oVBInst.CommandBars().Item(u"Add-Ins").Controls().Add(1);
     oEntry.SetCaption(u"&Test...");
     CommandBar& oBar = oVBInst.CommandBars().Add(u"Tester", 1);
@@ -69,7 +69,7 @@ class FIDETest : public FormsTest {
   }
   ~FIDETest() override { MXHTMLHelp::SetHelpFile({}); }
 
-  void Start(const std::string& sGroup = "Shop.vbp", std::int32_t nMode = 1) {
+  void Start(const std::string& sGroup = "Shop.vbp", ConnectMode nMode = ConnectMode::Startup) {
     moIDE.Start({sGroup.empty() ? Text() : PathText(sGroup), nMode});
     moRenderer.Advance(100);
   }
@@ -124,7 +124,7 @@ class FIDETest : public FormsTest {
 };
 
 TEST_F(FIDETest, OpensTheGroupAndConnectsTheAddInAMomentAfterItShows) {
-  moIDE.Start({PathText("Shop.vbp"), 1});
+  moIDE.Start({PathText("Shop.vbp"), ConnectMode::Startup});
   EXPECT_TRUE(moIDE.Visible());
   EXPECT_EQ(msLog, "");
   moRenderer.Advance(100);

@@ -1,5 +1,6 @@
 // The rules as controls: what they begin with, what depends on what, and what OK writes back.
 #include "FRules.h"
+#include "../vocabulary/Ids.h"
 
 #include "DialogTest.h"
 
@@ -136,9 +137,10 @@ TEST_F(FRulesTest, DamagedStoredValuesDoNoHarm) {
       Do(o, "close");
     });
   }
-  MRules::oRules.eLineNumAction = 77;
-  MRules::oRules.eLineNumWhat = -2;
-  MRules::oRules.eSeverityDefault = 9;  // of a newer release, or damaged: stays until one is picked
+  MRules::oRules.eLineNumAction = Id{77};
+  MRules::oRules.eLineNumWhat = Id{-2};
+  MRules::oRules.eSeverityDefault =
+      Id{9};  // of a newer release, or damaged: stays until one is picked
   MRules::oRules.sDefaultProcTemplate = u"Gone";
   Open(FRules(moToolkit), [](FRules& o) {
     EXPECT_TRUE(o.oNumbering.optAction(1).Value() && o.oNumbering.optWhat(0).Value());
@@ -150,7 +152,7 @@ TEST_F(FRulesTest, DamagedStoredValuesDoNoHarm) {
 
 TEST_F(FRulesTest, TheIntervalTakesFewCharactersAndNothingPasted) {
   moToolkit.Clipboard().SetText(u"99");
-  MRules::oRules.eLineNumWhat = 1;
+  MRules::oRules.eLineNumWhat = Id{1};
   Open(FRules(moToolkit), [](FRules& o) {
     Do(o, "tabOption=4; txtWhatLines=");
     auto& oBox = o.oNumbering.txtWhatLines;

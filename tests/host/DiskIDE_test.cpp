@@ -8,8 +8,8 @@ namespace {
 constexpr const char* Code = "Attribute VB_Name = \"Helpers\"\r\nSub A()\r\nEnd Sub\r\n";
 
 std::string Shown(VBComponent& oComponent) {
-  std::string sShown = std::to_string(oComponent.Type()) + ' ' + ToUtf8(oComponent.Name()) + " [" +
-                       ToUtf8(oComponent.DesignerID()) + ']';
+  std::string sShown = std::to_string(MQuillon::ToNumber(oComponent.Type())) + ' ' +
+                       ToUtf8(oComponent.Name()) + " [" + ToUtf8(oComponent.DesignerID()) + ']';
   for (std::int32_t i = 1; i <= oComponent.FileCount(); ++i)
     sShown += ' ' + std::filesystem::path(PathOfText(oComponent.FileNames(i))).filename().string();
   try {

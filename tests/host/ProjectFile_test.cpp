@@ -6,11 +6,13 @@ namespace {
 
 // A project as one line: type, name, constants, then the components as type:name:path, the notes.
 std::string Shown(const ProjectFile& oFile) {
-  Text sShown = (oFile.bProject ? u"" : u"no ") + ToText(oFile.nType) + u" " + oFile.sName;
+  Text sShown = (oFile.bProject ? u"" : u"no ") + ToText(MQuillon::ToNumber(oFile.nType)) + u" " +
+                oFile.sName;
   for (const auto& oConstant : oFile.oConstants)
     sShown += u" " + oConstant.sName + u"=" + ToText(oConstant.lValue);
   for (const auto& oEntry : oFile.oComponents)
-    sShown += u" " + ToText(oEntry.nType) + u":" + oEntry.sName + u":" + oEntry.sPath;
+    sShown +=
+        u" " + ToText(MQuillon::ToNumber(oEntry.nType)) + u":" + oEntry.sName + u":" + oEntry.sPath;
   for (const auto& oNote : oFile.oNotes)
     sShown += u" !" + ToText(static_cast<long long>(oNote.lLine));
   return ToUtf8(sShown);

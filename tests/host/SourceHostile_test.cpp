@@ -54,8 +54,8 @@ TEST(SourceHostile, ABigModuleIsRewrittenAndComesBack) {
   for (const bool bLonger : {true, false}) {
     for (int n = 0; n < 2000; ++n) {
       const Text sName = FromUtf8("p" + std::to_string(n));
-      const std::int32_t lStart = oDocument.ProcStartLine(sName, 0);
-      const std::int32_t lCount = oDocument.ProcCountLines(sName, 0);
+      const std::int32_t lStart = oDocument.ProcStartLine(sName, ProcKind::Method);
+      const std::int32_t lCount = oDocument.ProcCountLines(sName, ProcKind::Method);
       Text sCode = oDocument.Lines(lStart, lCount);
       const std::size_t lBehindHead = sCode.find(u"()") + 4;
       if (bLonger) sCode.insert(lBehindHead, u"    On Error GoTo 0\r\n");

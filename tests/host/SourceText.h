@@ -27,10 +27,11 @@ inline std::string IndexText(const SourceDocument& oDocument) {
   std::string sIndex = "D" + std::to_string(oDocument.CountOfDeclarationLines());
   for (std::int32_t l = 1; l <= oDocument.MemberCount(); ++l) {
     const auto o = oDocument.MemberAt(l);
-    sIndex += std::string(" ") + " mpvec"[o.nType] + std::to_string(o.nScope) + ToUtf8(o.sName) +
-              "@" + std::to_string(o.lLine);
-    for (ProcKind k = 0; k < 4; ++k) try {
-        sIndex += "," + std::to_string(k) + ":" +
+    sIndex += std::string(" ") + " mpvec"[MQuillon::ToNumber(o.nType)] +
+              std::to_string(MQuillon::ToNumber(o.nScope)) + ToUtf8(o.sName) + "@" +
+              std::to_string(o.lLine);
+    for (const ProcKind k : MQuillon::CodeKinds) try {
+        sIndex += "," + std::to_string(MQuillon::ToNumber(k)) + ":" +
                   std::to_string(oDocument.ProcStartLine(o.sName, k)) + "/" +
                   std::to_string(oDocument.ProcBodyLine(o.sName, k)) + "/" +
                   std::to_string(oDocument.ProcCountLines(o.sName, k));

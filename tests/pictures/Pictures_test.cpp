@@ -1,5 +1,6 @@
 // Every picture that a window asks for is there, in each size, and looks like no other.
 #include "Pictures.h"
+#include "../vocabulary/Ids.h"
 
 #include <gtest/gtest.h>
 
@@ -42,14 +43,15 @@ struct Use {
 
 std::vector<Use> Uses() {
   Use oProjects{"kinds of projects", {}, u""}, oComponents{"kinds of components", {}, u"Dirty"};
-  for (std::int32_t i = 0; i <= 3; ++i) oProjects.asKey.push_back(MQuillon::VBProjectTypeName(i));
+  for (std::int32_t i = 0; i <= 3; ++i)
+    oProjects.asKey.push_back(MQuillon::VBProjectTypeName(Id{i}));
   for (std::int32_t i : {1, 2, 3, 5, 6, 7, 8, 9, 11, 15})
-    oComponents.asKey.push_back(MQuillon::VBComponentTypeName(i));
+    oComponents.asKey.push_back(MQuillon::VBComponentTypeName(Id{i}));
   return {oProjects,
           oComponents,
           {"folders", {u"Closed Folder", u"Open Folder"}, u""},
           {"files without code",
-           {MQuillon::VBComponentTypeName(4), MQuillon::VBComponentTypeName(10)},
+           {MQuillon::VBComponentTypeName(Id{4}), MQuillon::VBComponentTypeName(Id{10})},
            u""},
           {"procedures", {u"Declarations", u"Property", u"Method", u"Event"}, u"Dirty"},
           {"toolbar", {u"Open", u"Print", u"Tree", u"List", u"Wand", u"Star", u"Help"}, u"X"},

@@ -52,16 +52,17 @@ struct ReportsTest : PrintTest {
 };
 
 TEST_F(ReportsTest, SummaryGroupsComponentsByFolderAndTheirFiles) {
-  FakeProject& oProject = oModel.oIDE.AddProject(u"Shop", 2);
+  FakeProject& oProject = oModel.oIDE.AddProject(u"Shop", ProjectType::ActiveXDll);
   oProject.sFileName = File("Shop.vbp", 0444);
-  oModel.oIDE.Add(u"MZoo", ComponentStdModule, u"").asFile = {u"/" + Text(90, u'x') + u"/Gone.bas"};
-  FakeComponent& oClass = oModel.oIDE.Add(u"CBox", ComponentClass, u"");
+  oModel.oIDE.Add(u"MZoo", ComponentType::StdModule, u"").asFile = {u"/" + Text(90, u'x') +
+                                                                    u"/Gone.bas"};
+  FakeComponent& oClass = oModel.oIDE.Add(u"CBox", ComponentType::Class, u"");
   oClass.nInstancing = 5;
-  oModel.oIDE.Add(u"mArk", ComponentStdModule, u"").asFile = {u""};
-  FakeComponent& oForm = oModel.oIDE.Add(u"FMain", ComponentVBForm, u"");
+  oModel.oIDE.Add(u"mArk", ComponentType::StdModule, u"").asFile = {u""};
+  FakeComponent& oForm = oModel.oIDE.Add(u"FMain", ComponentType::VBForm, u"");
   oForm.asFile = {File("FMain.frm"), File("FMain.frx"), File("FMain.log")};
   oModel.oIDE.oLog.Fail("CodeModule of FMain", 0);
-  oModel.oIDE.AddProject(u"New", 0).sFileName = u"";
+  oModel.oIDE.AddProject(u"New").sFileName = u"";
   oModel.Open(false);
   Reports::PrintProjects(oModel.oHandler, oPrinter, Wide, 1);
   const std::string sWhen = "2024/06/05 17:45:09";
@@ -95,9 +96,9 @@ const std::string Heading =
     "\nProcedure*|Type*|Scope*|Template*|Locked*|Boundary*|Severity*|Retry*|Trace*";
 
 TEST_F(ReportsTest, PropertiesShowCurrentByComponentAndName) {
-  oModel.oIDE.AddProject(u"Shop", 1);
-  oModel.oIDE.Add(u"CTwo", ComponentClass, u"").nInstancing = 2;
-  oModel.oIDE.Add(u"MOne", ComponentStdModule,
+  oModel.oIDE.AddProject(u"Shop", ProjectType::ActiveXExe);
+  oModel.oIDE.Add(u"CTwo", ComponentType::Class, u"").nInstancing = 2;
+  oModel.oIDE.Add(u"MOne", ComponentType::StdModule,
                   u"Const Sev = tvnSeverityFatal\n'@ Mod\n"
                   u"Private Sub Zap()\n'@ Std&Locked\n    On Error GoTo Trap\nTrap:\n"
                   u"    Fail tvnSeverityNormal\nEnd Sub\n"
@@ -106,7 +107,8 @@ TEST_F(ReportsTest, PropertiesShowCurrentByComponentAndName) {
                   u"Function a_1()\nEnd Function\n");
   oModel.Open(false);
   oModel.oHandler.LoadComponent(2);
-  oModel.oHandler.SetBoundaryId(oModel.oHandler.Component(2).lFirstProcedure, MQuillon::BoundaryVB);
+  oModel.oHandler.SetBoundaryId(oModel.oHandler.Component(2).lFirstProcedure,
+                                MQuillon::Boundary::VB);
   const std::string sOne = "\nMOne -  Standard Module*" + Heading +
                            "\n(declarations)|Mod|Fatal\na_1|Function|Public|Fatal"
                            "\na1|Function|Public|(bespoke)\nb|Property Let|Public|Fatal"
@@ -122,12 +124,12 @@ TEST_F(ReportsTest, PropertiesShowCurrentByComponentAndName) {
 }
 
 TEST_F(ReportsTest, PropertiesNameComponentsWithoutProcedures) {
-  oModel.oIDE.AddProject(u"P", 0);
-  oModel.oIDE.Add(u"Fixed", ComponentStdModule, u"Sub x()\nEnd Sub").asFile = {
+  oModel.oIDE.AddProject(u"P");
+  oModel.oIDE.Add(u"Fixed", ComponentType::StdModule, u"Sub x()\nEnd Sub").asFile = {
       File("Fixed.bas", 0444)};
-  oModel.oIDE.Add(u"Lost", ComponentStdModule, u"Sub y()\nEnd Sub");
+  oModel.oIDE.Add(u"Lost", ComponentType::StdModule, u"Sub y()\nEnd Sub");
   oModel.oIDE.oLog.Fail("CodeModule of Lost", 0);
-  oModel.oIDE.AddProject(u"Empty", 0);
+  oModel.oIDE.AddProject(u"Empty");
   oModel.Open(false);
   MRules::oRules.bSkipReadOnly = true;
   Reports::PrintSettings(oModel.oHandler, oPrinter, Wide, 1, 0);
@@ -153,8 +155,8 @@ TEST_F(ReportsTest, AComponentBeginsWhereTenLinesAreLeft) {
     oSmall.SetPaperSize(Paper::PaperA5), oSmall.SetOrientation(Paper::Landscape);
     Text sCode;
     for (int i = 0; i < std::stoi(as[1]); ++i) sCode += u"Sub a" + ToText(i) + u"()\nEnd Sub\n";
-    oOwn.oIDE.Add(u"A", ComponentStdModule, sCode);
-    oOwn.oIDE.Add(u"B", ComponentStdModule, u"");
+    oOwn.oIDE.Add(u"A", ComponentType::StdModule, sCode);
+    oOwn.oIDE.Add(u"B", ComponentType::StdModule, u"");
     oOwn.Open(false);
     MOptions::lBottomMargin = std::stoi(as[3]);
     Reports::PrintSettings(oOwn.oHandler, oSmall, Wide, 1, std::stoi(as[2]));
@@ -163,8 +165,8 @@ TEST_F(ReportsTest, AComponentBeginsWhereTenLinesAreLeft) {
 }
 
 TEST_F(ReportsTest, FailureDropsTheDocumentAndReachesTheCaller) {
-  oModel.oIDE.AddProject(u"P", 0);
-  for (int i = 0; i < 200; ++i) oModel.oIDE.Add(u"A", ComponentStdModule, u"");
+  oModel.oIDE.AddProject(u"P");
+  for (int i = 0; i < 200; ++i) oModel.oIDE.Add(u"A", ComponentType::StdModule, u"");
   oModel.Open(false);
   // The number of widths, the project, the page that can't begin, the failure.
   for (const auto& as : ::Rows(R"(

@@ -33,7 +33,7 @@ const Row Rows[] = {
      Handled, "Processing MMain.Run|", "Std 1 0 0 0 0"},
     {"and comes out again, ids and all", Handled,
      [](Model& m) {
-       m.oHandler.SetSeverityId(2, 3);
+       m.oHandler.SetSeverityId(2, Id{3});
        Set(m, 2, u"");
        m.Apply();
      },
@@ -41,7 +41,7 @@ const Row Rows[] = {
     {"a lock stays when its template goes", Handled,
      [](Model& m) {
        Set(m, 2, u"");
-       m.oHandler.SetLocked(2, 2);
+       m.oHandler.SetLocked(2, Id{2});
        m.Apply();
      },
      u"Option Explicit\nSub Run()\n'@ Locked\n    x = 1\nEnd Sub", "Processing MMain.Run|",
@@ -57,13 +57,13 @@ const Row Rows[] = {
     {"a lock goes and leaves the blank line behind it",
      u"Sub Run()\n'@ Locked\n\n    x = 1\nEnd Sub",
      [](Model& m) {
-       m.oHandler.SetLocked(2, 1);
+       m.oHandler.SetLocked(2, Id{1});
        m.Apply();
      },
      u"Sub Run()\n\n    x = 1\nEnd Sub", "Processing MMain.Run|", " 1 0 0 0 0"},
     {"a module's lock that would fall to its first procedure", u"Sub Run()\nEnd Sub",
      [](Model& m) {
-       m.oHandler.SetLocked(1, 2);
+       m.oHandler.SetLocked(1, Id{2});
        m.Apply();
        m.Apply();
      },
@@ -77,8 +77,8 @@ const Row Rows[] = {
      u"'@ Mod\nConst Sev = tvnSeverityFatal\nSub A()\nEnd Sub\nSub B()\nEnd Sub",
      [](Model& m) {
        for (const int h : {2, 3}) Set(m, h, u"Std");
-       m.oHandler.SetSeverityId(2, 3);
-       m.oHandler.SetSeverityId(3, 1);
+       m.oHandler.SetSeverityId(2, Id{3});
+       m.oHandler.SetSeverityId(3, Id{1});
        m.Apply();
      },
      u"'@ Mod\nConst Sev = tvnSeverityFatal\n"
@@ -89,7 +89,7 @@ const Row Rows[] = {
      u"Option Explicit\nDim x\n\nSub Run()\nEnd Sub",
      [](Model& m) {
        Set(m, 1, u"Mod");
-       m.oHandler.SetSeverityId(1, 2);
+       m.oHandler.SetSeverityId(1, Id{2});
        m.Apply();
      },
      u"Option Explicit\n'@ Mod\nConst Sev = tvnSeverityNormal\nDim x\n\nSub Run()\nEnd Sub",
@@ -110,7 +110,7 @@ const Row Rows[] = {
      u"\n\nSub Run()\nEnd Sub", "Processing MMain.(declarations)|", " 1 0 2 0 0"},
     {"foreign code stays, its lock dirty", u"Sub Run()\nOn Error GoTo X\nX: End Sub\nEnd Sub",
      [](Model& m) {
-       m.oHandler.SetLocked(2, 2);
+       m.oHandler.SetLocked(2, Id{2});
        m.Apply(true);
        EXPECT_TRUE(m.oHandler.ProcedureIsDirty(2));
      },
@@ -128,8 +128,8 @@ const Row Rows[] = {
      u"Sub Run()\n'@ Std\n    On Error GoTo Trap\n    x = 1\n    y = 2\nTrap:\nEnd Sub",
      [](Model& m) {
        m.oHandler.bProve = true;
-       m.Apply(true, 0);
-       m.Apply(true, 0);
+       m.Apply(true, Id{0});
+       m.Apply(true, Id{0});
      },
      u"Sub Run()\n'@ Std\n    On Error GoTo Trap\n1   x = 1\n2   y = 2\nTrap:\nEnd Sub",
      "Processing MMain.Run|Processing MMain.Run|", "Std 1 0 0 0 1"},
@@ -156,7 +156,7 @@ const Row Rows[] = {
     {"what the code became is read anew, and the wish kept", Plain,
      [](Model& m) {
        Set(m, 2, u"");
-       m.oHandler.SetLocked(2, 2);
+       m.oHandler.SetLocked(2, Id{2});
        m.oIDE.Component(1).SetCode(Handled);
        m.Apply();
      },
@@ -174,7 +174,7 @@ const Row Rows[] = {
      u"10  x = 1\n    GoTo 10\nTrap:\nEnd Sub",
      [](Model& m) {
        m.oHandler.bProve = true;
-       m.Apply(true, 2);
+       m.Apply(true, Id{2});
        EXPECT_EQ(m.oTemplate.BatchErrors(), 1);
      },
      u"Sub Run()\n'@ Std\n    On Error GoTo Trap\n10  x = 1\n    GoTo 10\nTrap:\nEnd Sub",
@@ -196,7 +196,7 @@ TEST(Apply, MakesTheCodeAgreeAndTellsWhatItDid) {
   for (const Row& oRow : Rows) {
     SCOPED_TRACE(oRow.sName);
     Model m;
-    FakeComponent& oMain = m.oIDE.Add(u"MMain", ComponentStdModule, oRow.sBefore);
+    FakeComponent& oMain = m.oIDE.Add(u"MMain", ComponentType::StdModule, oRow.sBefore);
     m.Open();
     oRow.oDo(m);
     EXPECT_EQ(ToUtf8(oMain.Code()), ToUtf8(oRow.sAfter));
@@ -207,7 +207,7 @@ TEST(Apply, MakesTheCodeAgreeAndTellsWhatItDid) {
 
 TEST(Apply, RewritesAFileOfTwoComponentsOnce) {
   Model m;
-  FakeComponent& oFirst = m.oIDE.Add(u"MShared", ComponentStdModule, Plain);
+  FakeComponent& oFirst = m.oIDE.Add(u"MShared", ComponentType::StdModule, Plain);
   m.oIDE.AddShared(u"MOther", oFirst);
   m.Open();
   for (const int h : {2, 4}) Set(m, h, u"Std");
@@ -223,16 +223,16 @@ TEST(Apply, RewritesAFileOfTwoComponentsOnce) {
 
 TEST(Apply, MovesPendingButNeverTheLock) {
   Model m;
-  m.oIDE.Add(u"MMain", ComponentStdModule, Plain);
+  m.oIDE.Add(u"MMain", ComponentType::StdModule, Plain);
   m.Open();
   MRules::oRules.sDefaultProcTemplate = u"Std";
   m.oHandler.RefreshSuggestions();
   m.oHandler.ApplySuggestedSettings(2, 0, 0, false);
   EXPECT_EQ(Model::Show(m.oHandler.Procedure(2).oPending), "Std 1 1 2 1 2");
-  m.oHandler.SetLocked(2, 2);
+  m.oHandler.SetLocked(2, Id{2});
   m.oHandler.ApplyCurrentSettings(2, 0, 0, false);
   EXPECT_EQ(m.oHandler.ProcTemplate(2), u"Std");
-  m.oHandler.SetLocked(2, 0);
+  m.oHandler.SetLocked(2, Id{0});
   m.oHandler.ApplyCurrentSettings(0, 0, 1, false);
   m.oHandler.ApplySuggestedSettings(0, 1, 0, false);
   EXPECT_EQ(Model::Show(m.oHandler.Procedure(2).oPending), " 0 0 0 0 0");

@@ -11,27 +11,27 @@ std::string Procedures(const CIDEHandler& oHandler) {
   for (std::int32_t h = 1; h <= oHandler.ProcedureCount(); ++h) {
     const ProcedureRecord& o = oHandler.Procedure(h);
     s += ToUtf8(oHandler.ProcName(h)) + ":" + ToUtf8(o.sDeclType) + ":" + ToUtf8(o.sProcType) +
-         ":" + std::to_string(o.oSuggest.eBoundary()) + "|";
+         ":" + std::to_string(MQuillon::ToNumber(o.oSuggest.eBoundary())) + "|";
   }
   return s;
 }
 
 const struct LoadRow {
   const char* sName;
-  std::int32_t nType;
+  ComponentType nType;
   const char16_t* sDesigner;
   std::vector<Text> asControl;
   TextView sCode;
   const char* sExpected;
 } Loads[] = {
     {"an empty module has its declarations",
-     ComponentStdModule,
+     ComponentType::StdModule,
      u"",
      {},
      u"",
      "(declarations):::1|"},
     {"events of a form and its controls",
-     ComponentVBForm,
+     ComponentType::VBForm,
      u"VB.Form",
      {u"cmd", u"cmd_A"},
      u"Sub Form_Load()\nEnd Sub\nSub Form_()\nEnd Sub\nSub cmd_A_Click()\nEnd Sub\n"
@@ -39,7 +39,7 @@ const struct LoadRow {
      "(declarations):::2|Form_Load:Sub:Load:2|Form_:Sub:Sub:1|cmd_A_Click:Sub:A_Click:2|"
      "cmd_Click:Function:Function:1|other_Click:Sub:Sub:1|"},
     {"an event variable of a public class",
-     ComponentClass,
+     ComponentType::Class,
      u"",
      {},
      u"Public WithEvents oTimer As Timer\nDim oOther As Timer\nSub oTimer_Timer()\nEnd Sub\n"
@@ -47,7 +47,7 @@ const struct LoadRow {
      "(declarations):::4|oTimer_Timer:Sub:Timer:2|Go:Sub:Sub:1|Class_Terminate:Sub:Terminate:2|"
      "oOther_Tick:Sub:Sub:1|"},
     {"an interface from outside, one of the group, one commented out",
-     ComponentClass,
+     ComponentType::Class,
      u"",
      {},
      u"  IMPLEMENTS IFoo ' from a reference\nImplements IOwn\n'Implements IGone\n"
@@ -56,14 +56,14 @@ const struct LoadRow {
      "(declarations):::4|IFoo_Do:Sub:Sub:4|IOwn_Do:Sub:Sub:1|IGone_Do:Sub:Sub:1|"
      "IFoo_It:Property Get:Property Get:4|"},
     {"kinds of a property, each once, and no external functions",
-     ComponentStdModule,
+     ComponentType::StdModule,
      u"",
      {},
      u"Declare Sub Sleep Lib \"kernel32\" ()\nProperty Get P()\nEnd Property\nSub S()\nEnd Sub\n"
      u"Property Let P(v)\nEnd Property",
      "(declarations):::1|P:Property Let:Property Let:1|P:Property Get:Property Get:1|S:Sub:Sub:1|"},
     {"heads that no editor has tidied",
-     ComponentStdModule,
+     ComponentType::StdModule,
      u"",
      {},
      u"private sub Low()\nend sub\nPublic Sub\tTabbed()\nEnd Sub\nPublic _\n  Static _\n"
@@ -71,7 +71,7 @@ const struct LoadRow {
      "(declarations):::1|Low:Sub:Sub:1|Tabbed:Sub:Sub:1|Long:Function:Function:1|"
      "P:Property Get:Property Get:1|"},
     {"an external function behind a procedure in line 1",
-     ComponentStdModule,
+     ComponentType::StdModule,
      u"",
      {},
      u"Sub First()\nEnd Sub\nDeclare Sub Beep Lib \"kernel32\" ()\nSub Last()\nEnd Sub",
@@ -84,12 +84,12 @@ TEST(LoadComponent, FindsProceduresEventsAndInterfaces) {
     Model m;
     MRules::oRules.sDefaultModTemplate = u"Mod";
     MRules::oRules.sDefaultProcTemplate = u"Std";
-    m.oIDE.AddProject(u"Group", 2);
+    m.oIDE.AddProject(u"Group", ProjectType::ActiveXDll);
     FakeComponent& oComponent = m.oIDE.Add(u"CMain", oRow.nType, oRow.sCode);
     oComponent.sDesignerID = oRow.sDesigner;
     oComponent.asControl = oRow.asControl;
     oComponent.nInstancing = 5;
-    m.oIDE.Add(u"iown", ComponentClass, u"");
+    m.oIDE.Add(u"iown", ComponentType::Class, u"");
     m.Open(false);
     m.oHandler.LoadComponent(1);
     m.oHandler.LoadComponent(1);
@@ -99,7 +99,7 @@ TEST(LoadComponent, FindsProceduresEventsAndInterfaces) {
 
 TEST(LoadComponent, InheritsWhatOnlyTheModuleStates) {
   Model m;
-  m.oIDE.Add(u"M", ComponentStdModule,
+  m.oIDE.Add(u"M", ComponentType::StdModule,
              u"'@ Mod\nConst Sev = tvnSeverityFatal\nSub A()\n'@ Std\nFail tvnSeverityCosmetic\n"
              u"End Sub\nSub B()\nEnd Sub");
   m.Open();
@@ -113,7 +113,7 @@ TEST(LoadComponent, ReportsProgressFromThirtyMembers) {
     Model m;
     Text sCode = u"Const K0 = 0";
     for (int i = 1; i < n; ++i) sCode += u"\nConst K" + ToText(i) + u" = 0";
-    m.oIDE.Add(u"M", ComponentStdModule, sCode);
+    m.oIDE.Add(u"M", ComponentType::StdModule, sCode);
     m.Open(false);
     std::string s;
     const auto o1 = m.oHandler.ProgressStart.Connect([&] { s += "<"; });
@@ -143,8 +143,8 @@ TEST(LoadComponent, OneThatFailsDoesNotStopTheOthers) {
   for (const FailRow& oRow : LoadFaults) {
     SCOPED_TRACE(std::string(oRow.sOperation) + " " + std::to_string(oRow.nCall));
     Model m;
-    m.oIDE.Add(u"FBad", ComponentVBForm, u"Sub A()\nEnd Sub");
-    m.oIDE.Add(u"MGood", ComponentStdModule, u"Sub B()\nEnd Sub");
+    m.oIDE.Add(u"FBad", ComponentType::VBForm, u"Sub A()\nEnd Sub");
+    m.oIDE.Add(u"MGood", ComponentType::StdModule, u"Sub B()\nEnd Sub");
     m.oIDE.oLog.Fail(oRow.sOperation, oRow.nCall);
     m.Open();
     std::string s;
@@ -164,21 +164,21 @@ TEST(LoadComponent, OneThatFailsDoesNotStopTheOthers) {
 
 TEST(Walks, TellProjectsAndComponents) {
   Model m;
-  m.oIDE.AddProject(u"Empty", 0);
-  m.oIDE.Add(u"Res", ComponentResFile, u"");
-  m.oIDE.Add(u"Doc", ComponentRelatedDocument, u"");
-  m.oIDE.AddProject(u"Full", 3);
-  m.oIDE.Add(u"FMain", ComponentVBForm, u"");
-  m.oIDE.Add(u"CMain", ComponentClass, u"").asFile = {u"/vanished/C.cls"};
+  m.oIDE.AddProject(u"Empty");
+  m.oIDE.Add(u"Res", ComponentType::ResFile, u"");
+  m.oIDE.Add(u"Doc", ComponentType::RelatedDocument, u"");
+  m.oIDE.AddProject(u"Full", ProjectType::ActiveXControl);
+  m.oIDE.Add(u"FMain", ComponentType::VBForm, u"");
+  m.oIDE.Add(u"CMain", ComponentType::Class, u"").asFile = {u"/vanished/C.cls"};
   m.Open(false);
   std::string s;
   auto& o = m.oHandler;
-  const auto o1 = o.EnumProjectsProc.Connect([&](std::int32_t h, TextView sTitle, std::int32_t n) {
-    s += std::to_string(h) + ToUtf8(sTitle) + std::to_string(n) + "(";
+  const auto o1 = o.EnumProjectsProc.Connect([&](std::int32_t h, TextView sTitle, ProjectType e) {
+    s += std::to_string(h) + ToUtf8(sTitle) + std::to_string(MQuillon::ToNumber(e)) + "(";
   });
   const auto o2 = o.EnumComponentsProc.Connect(
-      [&](std::int32_t, std::int32_t h, TextView sName, std::int32_t n) {
-        s += std::to_string(h) + ToUtf8(sName) + std::to_string(n) + " ";
+      [&](std::int32_t, std::int32_t h, TextView sName, ComponentType e) {
+        s += std::to_string(h) + ToUtf8(sName) + std::to_string(MQuillon::ToNumber(e)) + " ";
       });
   const auto o3 =
       o.EnumComponentsEOF.Connect([&](std::int32_t h) { s += ")" + std::to_string(h); });
@@ -193,18 +193,18 @@ TEST(Walks, TellProjectsAndComponents) {
   EXPECT_EQ(s, "FMain0 CMain/vanished/C.cls0 CMain/vanished/C.cls0 ");
   EXPECT_EQ(o.ComponentFolderName(2) + o.ComponentType(1), u"Class5");
   EXPECT_THROW(o.EnumComponentsEx(3, 0), Failure);
-  EXPECT_THROW(o.SetLocked(1, 2), Failure);
+  EXPECT_THROW(o.SetLocked(1, Id{2}), Failure);
 }
 
 TEST(ReadOnlyRule, PassesOverEveryWalk) {
   Model m;
-  m.oIDE.Add(u"M", ComponentStdModule, u"Sub A()\nEnd Sub").asFile = {u"/proc/version"};
+  m.oIDE.Add(u"M", ComponentType::StdModule, u"Sub A()\nEnd Sub").asFile = {u"/proc/version"};
   m.Open(false);
   m.oHandler.LoadComponent(1);
   m.oHandler.SetProcTemplate(2, u"Std");
   for (const bool bSkip : {true, false}) {
     MRules::oRules.bSkipReadOnly = bSkip;
-    m.oHandler.ApplyPendingSettings(2, 0, 0, false, false, -1);
+    m.oHandler.ApplyPendingSettings(2, 0, 0, false, false, Id{-1});
     m.oHandler.ApplySuggestedSettings(0, 1, 0, false);
     EXPECT_EQ(m.oTemplate.BatchItems(), bSkip ? 0 : 1);
     EXPECT_EQ(m.oHandler.ProcTemplate(2), bSkip ? u"Std" : u"");
@@ -213,7 +213,7 @@ TEST(ReadOnlyRule, PassesOverEveryWalk) {
 
 TEST(GetProcCode, CountsTheCommentsAheadOfTheHead) {
   Model m;
-  m.oIDE.Add(u"M", ComponentStdModule, u"' a\n' b\nSub A()\nEnd Sub\nSub B()\nEnd Sub");
+  m.oIDE.Add(u"M", ComponentType::StdModule, u"' a\n' b\nSub A()\nEnd Sub\nSub B()\nEnd Sub");
   m.Open();
   const std::pair<std::int32_t, TextView> Expected[] = {
       {1, u""}, {3, u"' a\r\n' b\r\nSub A()\r\nEnd Sub"}, {1, u"Sub B()\r\nEnd Sub"}};

@@ -1,6 +1,7 @@
 // A model over an IDE in memory with a template file of its own: what every test here starts from.
 #pragma once
 
+#include "../vocabulary/Ids.h"
 #include "CIDEHandler.h"
 #include "FakeIDE.h"
 #include "MQuillon.h"
@@ -39,13 +40,15 @@ struct Model {
     oHandler.oTemplate = &oTemplate;
     if (bLoad) oHandler.ForceLoadGroupComponents();
   }
-  void Apply(bool bRefresh = false, std::int32_t eAction = -1) {
+  void Apply(bool bRefresh = false,
+             MQuillon::LineNumAction eAction = MQuillon::LineNumAction::AsRule) {
     oHandler.ApplyPendingSettings(0, 0, 0, true, bRefresh, eAction);
   }
   /// Template, locked, boundary, severity, retry, trace, such as "Std 1 0 2 0 1".
   static std::string Show(const CProcSettings& o) {
     std::string s = ToUtf8(o.sTemplate());
-    for (const auto e : {o.eLocked(), o.eBoundary(), o.eSeverity(), o.eRetry(), o.eTrace()}) {
+    for (const auto e :
+         Numbers(o.eLocked(), o.eBoundary(), o.eSeverity(), o.eRetry(), o.eTrace())) {
       s += " " + std::to_string(e);
     }
     return s;

@@ -29,7 +29,7 @@ TEST(ReplaceProcedure, GivesTheOldLinesBackWhicheverCallFails) {
     for (const std::int32_t eAction : {ErrorIds::ActionLeave, ErrorIds::ActionNext}) {
       Model m;
       AnswersWith oAnswers(eAction);
-      FakeComponent& oMain = m.oIDE.Add(u"MMain", ComponentStdModule, Before);
+      FakeComponent& oMain = m.oIDE.Add(u"MMain", ComponentType::StdModule, Before);
       m.Open();
       m.oHandler.SetProcTemplate(2, u"Std");
       m.oHandler.SetProcTemplate(3, u"Std");
@@ -49,7 +49,7 @@ TEST(ReplaceProcedure, GivesTheOldLinesBackWhicheverCallFails) {
 TEST(ReplaceProcedure, RepeatsAStepThatTheAnswerRepeats) {
   Model m;
   AnswersWith oAnswers(ErrorIds::ActionRetry);
-  FakeComponent& oMain = m.oIDE.Add(u"MMain", ComponentStdModule, Before);
+  FakeComponent& oMain = m.oIDE.Add(u"MMain", ComponentType::StdModule, Before);
   m.Open();
   m.oHandler.SetProcTemplate(3, u"Std");
   m.oIDE.oLog.Fail("InsertLines");
@@ -60,7 +60,7 @@ TEST(ReplaceProcedure, RepeatsAStepThatTheAnswerRepeats) {
 
 TEST(ReplaceProcedure, TellsTheLinesThatNobodyTakesBack) {
   Model m;
-  m.oIDE.Add(u"MMain", ComponentStdModule, Before);
+  m.oIDE.Add(u"MMain", ComponentType::StdModule, Before);
   m.Open();
   m.oHandler.SetProcTemplate(2, u"Std");
   m.oIDE.oLog.Fail("InsertLines", 0);
@@ -71,7 +71,7 @@ TEST(ReplaceProcedure, TellsTheLinesThatNobodyTakesBack) {
 
 TEST(ReplaceProcedure, SetsTheAttributesThatItCouldRead) {
   Model m;
-  FakeComponent& oMain = m.oIDE.Add(u"MMain", ComponentStdModule, Before);
+  FakeComponent& oMain = m.oIDE.Add(u"MMain", ComponentType::StdModule, Before);
   Member& oMember = oMain.CodeModule()->Members().Item(1);
   const auto Set = [&](MemberAttribute e, AttributeValue o) { oMember.SetAttribute(e, o); };
   Set(MemberAttribute::Description, {u"text", 0});

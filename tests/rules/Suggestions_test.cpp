@@ -1,4 +1,5 @@
 #include "Suggestions.h"
+#include "../vocabulary/Ids.h"
 
 #include "../vocabulary/TextRows.h"
 
@@ -9,10 +10,10 @@ namespace {
 
 CProcSettings Current(TextView sTemplate, std::int32_t eBoundary = 0, std::int32_t eOthers = 0) {
   CProcSettings oSettings;
-  oSettings.SeteBoundary(eBoundary);
-  oSettings.SeteSeverity(eOthers);
-  oSettings.SeteRetry(eOthers);
-  oSettings.SeteTrace(eOthers);
+  oSettings.SeteBoundary(Id{eBoundary});
+  oSettings.SeteSeverity(Id{eOthers});
+  oSettings.SeteRetry(Id{eOthers});
+  oSettings.SeteTrace(Id{eOthers});
   oSettings.SetsTemplate(sTemplate);
   return oSettings;
 }
@@ -24,7 +25,8 @@ Text Shown(const CProcSettings& o) {
                                              {o.bBoundaryExpert, 'X'}, {o.bFirewallLeave, 'F'},
                                              {o.bBoundaryLeave, 'B'}};
   Text sResult = Text(o.sTemplate()) + u' ';
-  for (const auto e : {o.eBoundary(), o.eSeverity(), o.eRetry(), o.eTrace()}) sResult += ToText(e);
+  for (const auto e : Numbers(o.eBoundary(), o.eSeverity(), o.eRetry(), o.eTrace()))
+    sResult += ToText(e);
   for (const auto& [bFlag, cFlag] : Flags) sResult.append(bFlag, cFlag);
   return sResult;
 }
@@ -43,10 +45,10 @@ TEST(Suggestions, WorksOutTheBoundaryFromThePlaceOfTheProcedure) {
         const Text sFacts = MXString::StringBefore(s, u" "), sName = MXString::StringAfter(s, u" ");
         const auto Has = [&](char16_t c) { return sFacts.find(c) != Text::npos; };
         const Kind eKind = Has('m') ? Kind::Method : Has('p') ? Kind::Property : Kind::Declarations;
-        const std::int32_t nScope = Has('1') ? 1 : Has('2') ? 2 : Has('3') ? 3 : 0;
-        Facts oFacts = {eKind, sName, nScope, Has('E'), Has('P'), Has('S'), Has('D'), {}};
+        const std::int32_t lScope = Has('1') ? 1 : Has('2') ? 2 : Has('3') ? 3 : 0;
+        Facts oFacts = {eKind, sName, Id{lScope}, Has('E'), Has('P'), Has('S'), Has('D'), {}};
         if (Has('I')) oFacts.asForeignInterface = asForeign;
-        return ToText(Suggestions::BoundaryCandidate(oFacts));
+        return ToText(MQuillon::ToNumber(Suggestions::BoundaryCandidate(oFacts)));
       });
 }
 
@@ -64,12 +66,12 @@ TEST(Suggestions, WeighsTheCodeAgainstTheRules) {
         MRules::Values o;
         o.sDefaultProcTemplate = Has('E') ? u"" : u"P";
         o.sDefaultModTemplate = u"M";
-        o.eModSeverityDefault = 3;
-        o.eModRetryDefault = 2;
+        o.eModSeverityDefault = Id{3};
+        o.eModRetryDefault = Id{2};
         o.bTemplateReplace = o.bSeverityReplace = o.bRetryReplace = o.bTraceReplace =
             o.bFirewallReplace = Has('R');
         o.bExpertEnabled = o.bBoundaryReplace = !Has('O');
-        o.eBoundaryDefault = 3;
+        o.eBoundaryDefault = Id{3};
         CProcSettings oSuggest;
         Suggestions::Suggest({.eKind = Has('m')   ? Kind::Method
                                        : Has('p') ? Kind::Property

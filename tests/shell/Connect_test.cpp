@@ -26,7 +26,9 @@ class ConnectTest : public FormsTest {
   HostCommandBars& Bars() { return moIDE->Bars(); }
   HostCommandBar& ToolBar() { return Bars().Item(u"Tarvane"); }
   HostControls& AddIns() { return Bars().Item(u"Add-Ins").Controls(); }
-  void OnConnection(std::int32_t nMode) { moConnect.OnConnection(moIDE->Root(), nMode); }
+  void OnConnection(std::int32_t nMode) {
+    moConnect.OnConnection(moIDE->Root(), MQuillon::FromNumber<ConnectMode>(nMode));
+  }
   /// Captions in the menu "Add-Ins", and what the toolbars hold.
   std::string Shown() {
     std::string s;
@@ -77,7 +79,7 @@ TEST_F(ConnectTest, SecondConnectionKeepsTheFirstIDEAndWindow) {
   OnConnection(1);
   const FMain* poMain = moConnect.Main();
   const auto pOther = DiskIDE::Open(std::vector<std::string>(), {});
-  moConnect.OnConnection(pOther->Root(), 1);
+  moConnect.OnConnection(pOther->Root(), ConnectMode::Startup);
   EXPECT_EQ(moConnect.Main(), poMain);
   EXPECT_EQ(Shown(), sMenus);
   EXPECT_EQ(pOther->Bars().Count(), 1);

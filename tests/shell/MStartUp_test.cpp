@@ -59,7 +59,8 @@ TEST_F(MStartUpTest, EverythingStandsBehindMain) {
   EXPECT_EQ(NotedRuntime::sNoted,
             "client TarvaneQuillon /opt/quillon development off trace off start ");
   EXPECT_EQ(MQuillon::asFolderName.size(), 9U);
-  EXPECT_EQ(MRules::oRules.eSeverityDefault * 100 + MOptions::oErrorFont.lSize, 321);
+  EXPECT_EQ(MQuillon::ToNumber(MRules::oRules.eSeverityDefault) * 100 + MOptions::oErrorFont.lSize,
+            321);
   MRules::oRules = {};
   MOptions::oErrorFont = {};
   EXPECT_EQ(MXHTMLHelp::HelpFile(), u"/opt/quillon/Tarvane.htb");

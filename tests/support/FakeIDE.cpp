@@ -54,7 +54,7 @@ void FakeModule::InsertLines(std::int32_t lLine, TextView sText) {
 }
 
 FakeComponent::FakeComponent(VBProject& oProject, FakeLog& oLog, Text sTheName,
-                             std::int32_t nTheType, std::shared_ptr<SourceDocument> pTheDocument)
+                             ComponentType nTheType, std::shared_ptr<SourceDocument> pTheDocument)
     : sName(std::move(sTheName)),
       nType(nTheType),
       pDocument(std::move(pTheDocument)),
@@ -73,12 +73,12 @@ void FakeComponent::SetCode(TextView sCode) {
   pDocument->InsertLines(1, MXString::StringReplace(sCode, u"\n", CrLf));
 }
 
-FakeProject& FakeIDE::AddProject(Text sName, std::int32_t nType) {
+FakeProject& FakeIDE::AddProject(Text sName, ProjectType nType) {
   return moProjects.emplace_back(std::move(sName), nType);
 }
 
-FakeComponent& FakeIDE::Add(Text sName, std::int32_t nType, TextView sCode) {
-  if (moProjects.empty()) AddProject(u"Project1", 0);
+FakeComponent& FakeIDE::Add(Text sName, ComponentType nType, TextView sCode) {
+  if (moProjects.empty()) AddProject(u"Project1");
   FakeProject& oProject = moProjects.back();
   return oProject.oComponents.emplace_back(oProject, oLog, std::move(sName), nType,
                                            Document(sCode));

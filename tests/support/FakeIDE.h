@@ -2,7 +2,7 @@
 // be made to fail. Two components may share one text.
 //
 //   FakeIDE oIDE;
-//   auto& oMain = oIDE.Add(u"MMain", ComponentStdModule, u"Sub Run()\nEnd Sub");
+//   auto& oMain = oIDE.Add(u"MMain", ComponentType::StdModule, u"Sub Run()\nEnd Sub");
 //   oIDE.oLog.Fail("InsertLines");  // the next call
 //   oHandler.LoadProjects(oIDE);
 //   EXPECT_EQ(oMain.Code(), u"Sub Run()\nEnd Sub");
@@ -87,10 +87,10 @@ class FakeModule : public HostCodeModule {
 
 class FakeComponent : public VBComponent, public VBControls {
  public:
-  FakeComponent(VBProject& oProject, FakeLog& oLog, Text sTheName, std::int32_t nTheType,
+  FakeComponent(VBProject& oProject, FakeLog& oLog, Text sTheName, ComponentType nTheType,
                 std::shared_ptr<SourceDocument> pTheDocument);
   Text Name() const override { return sName; }
-  std::int32_t Type() const override { return nType; }
+  ComponentType Type() const override { return nType; }
   std::int32_t FileCount() const override { return static_cast<std::int32_t>(asFile.size()); }
   Text FileNames(std::int32_t i) const override {
     return asFile.at(static_cast<std::size_t>(i) - 1);
@@ -112,7 +112,8 @@ class FakeComponent : public VBComponent, public VBControls {
   void SetCode(TextView sCode);
 
   Text sName;
-  std::int32_t nType, nInstancing = 1;
+  ComponentType nType;
+  std::int32_t nInstancing = 1;
   Text sDesignerID;
   std::vector<Text> asFile, asControl;
   std::shared_ptr<SourceDocument> pDocument;
@@ -125,11 +126,11 @@ class FakeComponent : public VBComponent, public VBControls {
 
 class FakeProject : public VBProject, public ::VBComponents {
  public:
-  FakeProject(Text sTheName, std::int32_t nTheType)
+  FakeProject(Text sTheName, ProjectType nTheType)
       : sName(std::move(sTheName)), nType(nTheType), sFileName(sName + u".vbp") {}
   Text Name() const override { return sName; }
   Text FileName() const override { return sFileName; }
-  std::int32_t Type() const override { return nType; }
+  ProjectType Type() const override { return nType; }
   ::VBComponents& VBComponents() override { return *this; }
   std::int32_t Count() const override { return static_cast<std::int32_t>(oComponents.size()); }
   VBComponent& Item(std::int32_t i) override {
@@ -137,16 +138,16 @@ class FakeProject : public VBProject, public ::VBComponents {
   }
 
   Text sName;
-  std::int32_t nType;
+  ProjectType nType;
   Text sFileName;
   std::deque<FakeComponent> oComponents;
 };
 
 class FakeIDE : public VBE, public ::VBProjects {
  public:
-  FakeProject& AddProject(Text sName, std::int32_t nType);
+  FakeProject& AddProject(Text sName, ProjectType nType = ProjectType::StandardExe);
   /// Adds to the last project, which is made when there is none. sCode: lines joined by "\n".
-  FakeComponent& Add(Text sName, std::int32_t nType, TextView sCode);
+  FakeComponent& Add(Text sName, ComponentType nType, TextView sCode);
   /// A second component over the text of the first.
   FakeComponent& AddShared(Text sName, const FakeComponent& oFirst);
   /// Component i, from 1, of the first project.

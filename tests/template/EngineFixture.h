@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "../vocabulary/Ids.h"
 #include "CTemplate.h"
 #include "MXString.h"
 
@@ -35,8 +36,8 @@ class EngineFixture {
     Text sCode = Code(sPiped);
     bool bErrors = false;
     oEngine.InsertTemplate(u"Mod", sName, sType, sCode, lBody, sTemplate, oSet.bLocked,
-                           oSet.sBoundary, oSet.sSeverity, oSet.sRetry, oSet.bTrace, oSet.eNumbers,
-                           bErrors);
+                           oSet.sBoundary, oSet.sSeverity, oSet.sRetry, oSet.bTrace,
+                           Id{oSet.eNumbers}, bErrors);
     return Result(sCode, sPiped, bErrors);
   }
   std::string Remove(TextView sPiped, TextView sTemplate, TextView sType = u"Sub",

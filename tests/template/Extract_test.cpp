@@ -8,9 +8,10 @@ namespace {
 std::string Read(const CTemplate& oEngine, TextView sPiped) {
   CProcSettings oSet;
   oEngine.ExtractProcSettings(Code(sPiped), oSet);
-  return ToUtf8(oSet.sTemplate()) + " L" + std::to_string(oSet.eLocked()) + " B" +
-         std::to_string(oSet.eBoundary()) + " R" + std::to_string(oSet.eRetry()) + " T" +
-         std::to_string(oSet.eTrace());
+  return ToUtf8(oSet.sTemplate()) + " L" + std::to_string(MQuillon::ToNumber(oSet.eLocked())) +
+         " B" + std::to_string(MQuillon::ToNumber(oSet.eBoundary())) + " R" +
+         std::to_string(MQuillon::ToNumber(oSet.eRetry())) + " T" +
+         std::to_string(MQuillon::ToNumber(oSet.eTrace()));
 }
 
 TEST(Extract, ReadsSettingsBackFromCode) {

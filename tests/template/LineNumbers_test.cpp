@@ -1,12 +1,13 @@
 #include <gtest/gtest.h>
 
+#include "../vocabulary/Ids.h"
 #include "EngineFixture.h"
 #include "LineNumbers.h"
 #include "ProcText.h"
 
 namespace {
 
-std::string Number(TextView sPiped, std::int32_t eAction, const MRules::Values& oRules) {
+std::string Number(TextView sPiped, MQuillon::LineNumAction eAction, const MRules::Values& oRules) {
   const Text sCode = Code(sPiped);
   const ProcText oProc(sCode);
   Text sResult = LineNumbers::DoLineNumbers(oProc.Lines(), eAction, oRules);
@@ -87,29 +88,29 @@ TEST(LineNumbers, ArePutInByTheRulesAndTwiceEqualsOnce) {
   for (const Row& oRow : Rows) {
     SCOPED_TRACE(oRow.sName);
     MRules::Values oRules;
-    oRules.eLineNumWhat = oRow.eWhat;
+    oRules.eLineNumWhat = Id{oRow.eWhat};
     oRules.bLineNumSkipEnd = oRow.bSkipEnd;
     oRules.lLineNumInterval = oRow.lInterval;
     oRules.lLineNumSkipShortSize = oRow.lShort;
-    EXPECT_EQ(Number(oRow.sBefore, 0, oRules), oRow.sAfter);
-    EXPECT_EQ(Number(FromUtf8(oRow.sAfter), 0, oRules), oRow.sAfter);
+    EXPECT_EQ(Number(oRow.sBefore, Id{0}, oRules), oRow.sAfter);
+    EXPECT_EQ(Number(FromUtf8(oRow.sAfter), Id{0}, oRules), oRow.sAfter);
   }
 }
 
 TEST(LineNumbers, StayOrBecomeBlanksOfTheSameWidth) {
   const MRules::Values oRules;
   const TextView sBody = u"120 x = 1 + _|22 + 3|12a y| 7 z|5";
-  EXPECT_EQ(Number(sBody, 1, oRules), ToUtf8(sBody));
-  EXPECT_EQ(Number(sBody, 2, oRules), "    x = 1 + _|22 + 3|12a y| 7 z| ");
+  EXPECT_EQ(Number(sBody, Id{1}, oRules), ToUtf8(sBody));
+  EXPECT_EQ(Number(sBody, Id{2}, oRules), "    x = 1 + _|22 + 3|12a y| 7 z| ");
 }
 
 TEST(LineNumbers, OfFourDigitsStayWordsOfTheirOwn) {
   MRules::Values oRules;
   Text sBody;
   for (int i = 0; i < 1000; ++i) sBody += u"    x|";
-  const std::string sOnce = Number(sBody, 0, oRules);
+  const std::string sOnce = Number(sBody, Id{0}, oRules);
   EXPECT_TRUE(sOnce.ends_with("|999 x|1000 x|")) << sOnce.substr(sOnce.size() - 30);
-  EXPECT_EQ(Number(FromUtf8(sOnce), 0, oRules), sOnce);
+  EXPECT_EQ(Number(FromUtf8(sOnce), Id{0}, oRules), sOnce);
 }
 
 }  // namespace

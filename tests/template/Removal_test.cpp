@@ -96,7 +96,7 @@ TEST(Removal, TakesATemplateOutOfChangedCodeOrTellsWhyNot) {
   for (const auto& oRow : oRows) {
     SCOPED_TRACE(oRow.sName);
     EngineFixture oTest(Templates);
-    oTest.oRules.eLineNumAction = 0;
+    oTest.oRules.eLineNumAction = MQuillon::LineNumAction::Insert;
     EXPECT_EQ(oTest.Remove(oRow.sBefore, oRow.sTemplate), oRow.sAfter);
   }
 }

@@ -40,13 +40,13 @@ struct Loaded {
     std::string sText = "text=[" + ToUtf8(l.sLine) + "] if=[" + ToUtf8(l.sIfCondition) +
                         "] like=[" + ToUtf8(l.sLike.Pattern()) +
                         "] line=" + std::to_string(l.lFileLine) + " rows=";
-    for (auto lRow : t.lStart) sText += std::to_string(lRow) + ",";
+    for (auto lRow : t.lStart.values) sText += std::to_string(lRow) + ",";
     sText += std::to_string(oTemplate.Lines().size()) + " roles=";
     for (auto lRow : {t.lBoundary, t.lSeverity, t.lRetry, t.lTrace, t.lTraceExit}) {
       sText += std::to_string(lRow) + ",";
     }
     sText += " places=";
-    for (const LikePattern& oPlace : t.sLike) sText += "[" + ToUtf8(oPlace.Pattern()) + "]";
+    for (const LikePattern& oPlace : t.sLike.values) sText += "[" + ToUtf8(oPlace.Pattern()) + "]";
     return sText;
   }
 };

@@ -1,4 +1,5 @@
 #include "CProcSettings.h"
+#include "Ids.h"
 
 #include <map>
 
@@ -10,11 +11,11 @@ namespace {
 CProcSettings Made(TextView sTemplate, std::int32_t eBoundary, std::int32_t eSeverity,
                    std::int32_t eLocked = 1, bool bInherited = false) {
   CProcSettings oSettings;
-  oSettings.SeteBoundary(eBoundary);
-  oSettings.SeteSeverity(eSeverity);
-  oSettings.SeteRetry(3);
-  oSettings.SeteTrace(2);
-  oSettings.SeteLocked(eLocked);
+  oSettings.SeteBoundary(Id{eBoundary});
+  oSettings.SeteSeverity(Id{eSeverity});
+  oSettings.SeteRetry(Id{3});
+  oSettings.SeteTrace(Id{2});
+  oSettings.SeteLocked(Id{eLocked});
   oSettings.BoundaryInherited = oSettings.bTraceLeave = bInherited;
   oSettings.SetsTemplate(sTemplate);
   return oSettings;
@@ -23,7 +24,7 @@ CProcSettings Made(TextView sTemplate, std::int32_t eBoundary, std::int32_t eSev
 /// Selection name, the four ids and Locked, F for foreign, I and t for the two flags of Made.
 Text Shown(const CProcSettings& o) {
   Text sResult = o.sTemplateSelectionName() + u' ';
-  for (const auto e : {o.eBoundary(), o.eSeverity(), o.eRetry(), o.eTrace(), o.eLocked()}) {
+  for (const auto e : Numbers(o.eBoundary(), o.eSeverity(), o.eRetry(), o.eTrace(), o.eLocked())) {
     sResult += ToText(e);
   }
   return sResult.append(o.bForeign(), u'F')

@@ -1,5 +1,6 @@
 #include "MQuillon.h"
 
+#include "Ids.h"
 #include "TextRows.h"
 
 using namespace MQuillon;
@@ -9,12 +10,13 @@ namespace {
 TEST(MQuillon, TranslatesNamesBothWays) {
   for (std::int32_t lId = -1; lId <= 5; ++lId) {
     const auto Known = [&](std::int32_t lLast) { return lId >= 1 && lId <= lLast ? lId : 0; };
-    EXPECT_EQ(BoundaryId(LowerCase(BoundaryName(lId))), Known(4));
-    EXPECT_EQ(SeverityId(LowerCase(SeverityName(lId))), Known(3));
-    EXPECT_EQ(RetryId(LowerCase(RetryName(lId))), Known(3));
-    EXPECT_EQ(BoundaryId(BoundaryName(lId)), 0) << "only folded names count";
+    EXPECT_EQ(ToNumber(BoundaryId(LowerCase(BoundaryName(Id{lId})))), Known(4));
+    EXPECT_EQ(ToNumber(SeverityId(LowerCase(SeverityName(Id{lId})))), Known(3));
+    EXPECT_EQ(ToNumber(RetryId(LowerCase(RetryName(Id{lId})))), Known(3));
+    EXPECT_EQ(BoundaryId(BoundaryName(Id{lId})), Boundary::Unset) << "only folded names count";
   }
-  EXPECT_EQ(ToText(BoundaryId(u"tvnboundaryvb")) + RetryName(2), u"2tvnRetryProcedure");
+  EXPECT_EQ(ToNumber(BoundaryId(u"tvnboundaryvb")), 2);
+  EXPECT_EQ(RetryName(Retry::Procedure), u"tvnRetryProcedure");
 }
 
 TEST(MQuillon, FindsTheKindOfADeclarationLine) {
@@ -40,7 +42,7 @@ TEST(MQuillon, SortsComponentsIntoFolders) {
         const auto lFolder = static_cast<std::size_t>(aiFolderOfType[std::stoul(ToUtf8(s))]);
         return asFolderItemName[lFolder] + u'/' + asFolderName[lFolder];
       });
-  EXPECT_EQ(VBComponentTypeName(12) + VBProjectTypeName(-1) + ScopeTypeName(0), u"");
+  EXPECT_EQ(VBComponentTypeName(Id{12}) + VBProjectTypeName(Id{-1}) + ScopeTypeName(Id{0}), u"");
   EXPECT_EQ(StringResource(108) + InstancingTypeName(7), u"");
 }
 

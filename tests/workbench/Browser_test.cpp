@@ -31,12 +31,12 @@ TEST(NodeKey, IsReadByTheViewThatMadeIt) {
 }
 
 TEST_F(FMainTest, TreeShowsProjectsAndComponentsInBothViews) {
-  oIDE.AddProject(u"Shop", 2);
+  oIDE.AddProject(u"Shop", ProjectType::ActiveXDll);
   Add(u"mZoo", u"");
-  Add(u"FTwo", u"", ComponentVBForm);
+  Add(u"FTwo", u"", ComponentType::VBForm);
   Add(u"MArk", u"");
-  Add(u"Odd", u"", 13);
-  oIDE.AddProject(u"Till", 0);
+  Add(u"Odd", u"", MQuillon::FromNumber<ComponentType>(13));
+  oIDE.AddProject(u"Till");
   Add(u"MArk", u"Sub t()\nEnd Sub");
   Run([&] {
     EXPECT_EQ(Tree(),
@@ -66,8 +66,8 @@ TEST_F(FMainTest, TreeShowsProjectsAndComponentsInBothViews) {
 }
 
 TEST_F(FMainTest, NodesDecideWhatTheListsShow) {
-  oIDE.AddProject(u"Shop", 2).sFileName = u"/a/Shop.vbp";
-  Add(u"CBox", u"", ComponentClass).nInstancing = 5;
+  oIDE.AddProject(u"Shop", ProjectType::ActiveXDll).sFileName = u"/a/Shop.vbp";
+  Add(u"CBox", u"", ComponentType::Class).nInstancing = 5;
   const std::string sFixed = oFolder / "MFix.bas";
   TempFolder::Write(sFixed, "x");
   chmod(sFixed.c_str(), 0444);
@@ -108,7 +108,7 @@ TEST_F(FMainTest, ProcedureRowsTellTypeScopeAndPendingValues) {
       u"Private Sub cmd_Click()\n'@ Std&Locked\n    On Error GoTo Trap\nTrap:\n"
       u"    Fail tvnSeverityNormal\nEnd Sub\nFriend Property Let b(v)\nEnd Property\n"
       u"Function a1()\nOn Error Resume Next\nEnd Function\n",
-      ComponentVBForm)
+      ComponentType::VBForm)
       .asControl = {u"cmd"};
   Run([&] {
     Click(u"FOne");

@@ -53,7 +53,7 @@ TEST_F(BulkTest, DialogsOfferTheScopesThatAreThere) {
   Check(u"MFix", {1}, "||on||");  // passed over by the rules
   MRules::oRules.bSkipReadOnly = false;
   Check(u"MFix", {1}, "on|on|on||");
-  oIDE.AddProject(u"Q", 0);
+  oIDE.AddProject(u"Q");
   Check(u"MOne", {1}, "on|on|on|on|");
 }
 
@@ -80,7 +80,7 @@ TEST_F(BulkTest, ApplyRewritesTheScopeAndShowsTheNewState) {
 
 TEST_F(BulkTest, CopyAndDiscardChangePendingAlone) {
   FakeComponent& oModule = Add(u"MOne", Bare);
-  oIDE.AddProject(u"Q", 0);
+  oIDE.AddProject(u"Q");
   Add(u"MTwo", Bare);
   Run([&] {
     Click(u"MOne");
@@ -117,10 +117,10 @@ TEST_F(BulkTest, RefreshAndLineNumbersRewriteWhatHasATemplate) {
     EXPECT_NE(oMain.txtCode.Text().find(u"3   z"), Text::npos);
     Command<FRemoveLine>(u"ToolsLineRemove", 1);
     EXPECT_FALSE(Numbered()) << ToUtf8(oModule.Code());
-    for (const std::int32_t eRule : {MQuillon::NumberInsert, MQuillon::NumberRemove}) {
+    for (const auto eRule : {MQuillon::LineNumAction::Insert, MQuillon::LineNumAction::Remove}) {
       MRules::oRules.eLineNumAction = eRule;
       Refresh(3);
-      EXPECT_EQ(Numbered(), eRule == MQuillon::NumberInsert) << "as the rule says";
+      EXPECT_EQ(Numbered(), eRule == MQuillon::LineNumAction::Insert) << "as the rule says";
       EXPECT_FALSE(AnyDirty());
     }
   });
@@ -160,7 +160,7 @@ TEST_F(BulkTest, AFailingProcedureDoesNotStopTheOthers) {
 }
 
 TEST_F(BulkTest, ProvingIsARuleThatLasts) {
-  oIDE.AddProject(u"P", 0);
+  oIDE.AddProject(u"P");
   Run([&] {
     EXPECT_FALSE(oMain.oMenu.mnuToolsProve.Checked() || oMain.Model()->bProve);
     Pick(u"ToolsProve");

@@ -74,8 +74,9 @@ class FMainTest : public FormsTest {
   }
   Text File(const std::string& sName) const { return FromUtf8(oFolder / sName); }
   /// To the project P, unless the test has made another one.
-  FakeComponent& Add(TextView sName, TextView sCode, std::int32_t nType = ComponentStdModule) {
-    if (oIDE.Count() == 0) oIDE.AddProject(u"P", 0);
+  FakeComponent& Add(TextView sName, TextView sCode,
+                     ::ComponentType nType = ComponentType::StdModule) {
+    if (oIDE.Count() == 0) oIDE.AddProject(u"P");
     FakeComponent& o = oIDE.Add(Text(sName), nType, sCode);
     o.asFile = {u"/src/" + Text(sName) + u".bas"};
     return o;

@@ -106,9 +106,9 @@ TEST_F(MenusTest, EachStateEnablesItsCommands) {
     SCOPED_TRACE(std::to_string(eLacks) + sNode);
     PaneIDE oOwn;
     if (eLacks != Project) {
-      oOwn.AddProject(u"P", 0);
-      oOwn.Add(u"MOne", ComponentStdModule, u"Sub a()\nEnd Sub");
-      oOwn.Add(u"MBad", ComponentStdModule, u"");
+      oOwn.AddProject(u"P");
+      oOwn.Add(u"MOne", ComponentType::StdModule, u"Sub a()\nEnd Sub");
+      oOwn.Add(u"MBad", ComponentType::StdModule, u"");
       oOwn.oLog.Fail("CodeModule of MBad", 0);
     }
     const bool bNone = eLacks == Template, bTabs = !bNone && eLacks != GoodTemplate;
@@ -142,7 +142,7 @@ TEST_F(MenusTest, EachStateEnablesItsCommands) {
 }
 
 TEST_F(MenusTest, ViewChecksWhatIsShownAndClears) {
-  oIDE.AddProject(u"P", 0);
+  oIDE.AddProject(u"P");
   Run([&] {
     const auto Checked = [&] {
       oMain.oMenu.mnuView.UserDrop();

@@ -1,4 +1,5 @@
 // What is selected, the sheet of it, the edits in it, and the Code tab.
+#include "../vocabulary/Ids.h"
 #include "FMainTest.h"
 #include "FSelectCustom.h"
 #include "PropertySheet.h"
@@ -23,11 +24,11 @@ std::string Show(const Subject& oSubject) {
 CProcSettings Settings(TextView sTemplate, std::int32_t eLocked, std::int32_t eBoundary,
                        std::int32_t eTrace = 1) {
   CProcSettings o;
-  o.SeteLocked(eLocked);
-  o.SeteBoundary(eBoundary);
-  o.SeteSeverity(2);
-  o.SeteRetry(1);
-  o.SeteTrace(eTrace);
+  o.SeteLocked(Id{eLocked});
+  o.SeteBoundary(Id{eBoundary});
+  o.SeteSeverity(Id{2});
+  o.SeteRetry(Id{1});
+  o.SeteTrace(Id{eTrace});
   o.SetsTemplate(sTemplate);
   return o;
 }
@@ -162,7 +163,8 @@ TEST_F(FMainTest, AnEditReachesWhoCanTakeItAndOnlyPending) {
         << "b is locked, c has its own handler";
     ExpectHolds(Tree(), "MOne[Standard ModuleDirty]");
     EXPECT_EQ(oMain.prlProperties.Row(), 4);
-    EXPECT_EQ(oMain.Model()->Trace(oMain.lvwProcs.ListItems().Item(1).Tag()), 0)
+    EXPECT_EQ(oMain.Model()->Trace(oMain.lvwProcs.ListItems().Item(1).Tag()),
+              MQuillon::TriState::Unset)
         << "no trace in declarations";
     Edit(u"Locked", u"True");
     EXPECT_TRUE(Rows(oMain.lvwProcs).ends_with("*Method|c|Sub|Public|(bespoke)\n"));

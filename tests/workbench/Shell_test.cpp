@@ -44,7 +44,7 @@ TEST_F(FMainTest, LeavingAsksWhenSomethingIsPending) {
 }
 
 TEST_F(FMainTest, PlacesComeBackAndTheRestBeginsAnew) {
-  oIDE.AddProject(u"P", 0);
+  oIDE.AddProject(u"P");
   Rect oPlace;
   std::int32_t lBar = 0;
   Run([&] {
@@ -186,7 +186,7 @@ TEST_F(FMainTest, ACommandOnManyRowsShowsProgressOverThem) {
 }
 
 TEST_F(FMainTest, ToolbarPressesReleasesAndFrames) {
-  oIDE.AddProject(u"P", 0);
+  oIDE.AddProject(u"P");
   Run([&] {
     const MainToolbar& o = oMain.oToolbar;
     EXPECT_EQ(Each(0, 6, [&](auto i) { return ToText(o.picButton(i).Left()); }),
@@ -230,7 +230,7 @@ TEST_F(FMainTest, ToolbarPressesReleasesAndFrames) {
 }
 
 TEST_F(FMainTest, PartsFollowTheWindow) {
-  oIDE.AddProject(u"P", 0);
+  oIDE.AddProject(u"P");
   Run([&] {
     const std::int32_t lBar = oMain.StatusBar1.Height();
     EXPECT_EQ(oMain.picSplit1.Left(), oMain.ScaleWidth() / 3);

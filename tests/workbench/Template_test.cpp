@@ -44,7 +44,7 @@ TEST_F(FMainTest, StartTakesTheNewestFileThatExists) {
 TEST_F(FMainTest, OpeningShowsTheReportAndTheNodeOfTheCodeInFront) {
   Add(u"MOne", u"");
   oIDE.poShown = &Add(u"MTwo", u"Sub b()\nEnd Sub");
-  oIDE.AddProject(u"Q", 0);
+  oIDE.AddProject(u"Q");
   Add(u"MTwo", u"");
   Run([&] {
     EXPECT_EQ(Tab(), "Results");
@@ -92,7 +92,7 @@ TEST_F(FMainTest, ABadTemplateLeavesTheWindowToOpenAnother) {
 }
 
 TEST_F(FMainTest, AGroupThatCantBeReadIsToldAndTheWindowStaysUsable) {
-  oIDE.AddProject(u"P", 0);
+  oIDE.AddProject(u"P");
   Run([&] {
     oIDE.oLog.Fail("VBProjects", 0);
     ChooseTemplate("Template.dat");

@@ -26,6 +26,6 @@ int ApplyCommand(Session& oSession) {
   Assignments::Passed oPassed;
   for (Session::Handle h : oSession.Procedures()) oAssignments.Apply(oSession, h, oPassed);
   TellPassed(oSession, oPassed);
-  Rewrite(oSession, false, MQuillon::NumberAsRule);
+  Rewrite(oSession, false, MQuillon::LineNumAction::AsRule);
   return SaveChanges(oSession);
 }

@@ -5,6 +5,8 @@
 #include "MQuillon.h"
 #include "Session.h"
 
+using MQuillon::FromNumber;
+
 namespace {
 
 /// The name as the file writes it; null when there is none.
@@ -64,16 +66,16 @@ void Assignments::Apply(Session& oSession, CIDEHandler::Handle hProcedure, Passe
     return;
   }
   const std::optional<Value>& oLock = Of(Property::Locked);
-  if (oLock && oLock->lId == MQuillon::StateFalse)
-    oHandler.SetLocked(hProcedure, MQuillon::StateFalse);
-  if (oHandler.Locked(hProcedure) != MQuillon::StateFalse) {
+  if (oLock && oLock->lId == MQuillon::ToNumber(MQuillon::TriState::False))
+    oHandler.SetLocked(hProcedure, MQuillon::TriState::False);
+  if (oHandler.Locked(hProcedure) != MQuillon::TriState::False) {
     ++oPassed.lLocked;
     return;
   }
   if (oSession.oArguments.bSuggested) oHandler.ApplySuggestedSettings(hProcedure, 0, 0, false);
   SetTemplate(oSession, hProcedure);
   SetOthers(oSession, hProcedure, oPassed);
-  if (oLock) oHandler.SetLocked(hProcedure, oLock->lId);
+  if (oLock) oHandler.SetLocked(hProcedure, FromNumber<MQuillon::TriState>(oLock->lId));
 }
 
 void Assignments::SetTemplate(Session& oSession, CIDEHandler::Handle hProcedure) const {
@@ -95,8 +97,9 @@ void Assignments::SetOthers(Session& oSession, CIDEHandler::Handle hProcedure,
     ++oPassed.lNoTemplate;
     return;
   }
-  if (oBoundary) oHandler.SetBoundaryId(hProcedure, oBoundary->lId);
-  if (oSeverity) oHandler.SetSeverityId(hProcedure, oSeverity->lId);
-  if (oRetry) oHandler.SetRetryType(hProcedure, oRetry->lId);
-  if (oTrace && !oSession.IsDeclarations(hProcedure)) oHandler.SetTrace(hProcedure, oTrace->lId);
+  if (oBoundary) oHandler.SetBoundaryId(hProcedure, FromNumber<MQuillon::Boundary>(oBoundary->lId));
+  if (oSeverity) oHandler.SetSeverityId(hProcedure, FromNumber<MQuillon::Severity>(oSeverity->lId));
+  if (oRetry) oHandler.SetRetryType(hProcedure, FromNumber<MQuillon::Retry>(oRetry->lId));
+  if (oTrace && !oSession.IsDeclarations(hProcedure))
+    oHandler.SetTrace(hProcedure, FromNumber<MQuillon::TriState>(oTrace->lId));
 }

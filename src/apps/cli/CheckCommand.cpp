@@ -90,7 +90,7 @@ void FindRefusals(Session& oSession, std::vector<ProcedureFinding>& oFindings) {
     if (oFinding != oFindings.end() && oFinding->hProcedure == h) oFinding->asRefusal = asMessage;
   });
   oSession.oTemplate.BatchStart();
-  oSession.oHandler.ApplyPendingSettings(0, 0, 0, true, false, MQuillon::NumberAsRule);
+  oSession.oHandler.ApplyPendingSettings(0, 0, 0, true, false, MQuillon::LineNumAction::AsRule);
   oSession.oConsole.ProgressEnd();
 }
 

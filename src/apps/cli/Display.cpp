@@ -72,15 +72,15 @@ std::string AllowedValues(Property eProperty) {
 std::int32_t ValueOf(const CProcSettings& oSettings, Property eProperty) {
   switch (eProperty) {
     case Property::Locked:
-      return oSettings.eLocked();
+      return MQuillon::ToNumber(oSettings.eLocked());
     case Property::Boundary:
-      return oSettings.eBoundary();
+      return MQuillon::ToNumber(oSettings.eBoundary());
     case Property::Severity:
-      return oSettings.eSeverity();
+      return MQuillon::ToNumber(oSettings.eSeverity());
     case Property::Retry:
-      return oSettings.eRetry();
+      return MQuillon::ToNumber(oSettings.eRetry());
     case Property::Trace:
-      return oSettings.eTrace();
+      return MQuillon::ToNumber(oSettings.eTrace());
     case Property::Template:
       break;
   }

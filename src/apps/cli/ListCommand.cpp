@@ -130,7 +130,7 @@ class Lister {
     oJson.BeginObject();
     for (std::size_t i = 0; i < Keys.size(); ++i) oJson.Key(Keys[i]).String(moRow[i]);
     oJson.Key("template").StringOrNull(ToUtf8(oSettings.sTemplate()));
-    oJson.Key("locked").Bool(oSettings.eLocked() == MQuillon::StateTrue);
+    oJson.Key("locked").Bool(oSettings.eLocked() == MQuillon::TriState::True);
     oJson.Key("boundary").StringOrNull(moRow[7]);
     oJson.Key("severity").StringOrNull(moRow[8]);
     oJson.Key("retry").StringOrNull(moRow[9]);
@@ -138,7 +138,7 @@ class Lister {
     if (moRow[10].empty())
       oJson.Null();
     else
-      oJson.Bool(oSettings.eTrace() == MQuillon::StateTrue);
+      oJson.Bool(oSettings.eTrace() == MQuillon::TriState::True);
     PlaceJson(oJson);
     FlagsJson(oProcedure, oSettings, oJson);
     oJson.EndObject();

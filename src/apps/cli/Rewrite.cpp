@@ -88,7 +88,7 @@ bool SaveFiles(Session& oSession) {
 
 }  // namespace
 
-void Rewrite(Session& oSession, bool bRefresh, std::int32_t eLineNumAction) {
+void Rewrite(Session& oSession, bool bRefresh, MQuillon::LineNumAction eLineNumAction) {
   CTemplate& oTemplate = oSession.oTemplate;
   Account oAccount(oSession);
   oTemplate.BatchStart();

@@ -5,9 +5,9 @@
 
 int RunCommand(Session& oSession) {
   const std::string& sCommand = oSession.oArguments.sCommand;
-  std::int32_t eLineNumAction = MQuillon::NumberAsRule;
-  if (sCommand == "number") eLineNumAction = MQuillon::NumberInsert;
-  if (sCommand == "unnumber") eLineNumAction = MQuillon::NumberRemove;
+  MQuillon::LineNumAction eLineNumAction = MQuillon::LineNumAction::AsRule;
+  if (sCommand == "number") eLineNumAction = MQuillon::LineNumAction::Insert;
+  if (sCommand == "unnumber") eLineNumAction = MQuillon::LineNumAction::Remove;
   oSession.OpenGroup();
   oSession.LoadScope(false);
   Rewrite(oSession, true, eLineNumAction);

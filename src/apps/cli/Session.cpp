@@ -193,7 +193,7 @@ void Session::TakeProcedures(Handle hComponent) {
 }
 
 bool Session::IsDeclarations(Handle hProcedure) const {
-  return oHandler.Procedure(hProcedure).nKind == MQuillon::KindDeclarations;
+  return oHandler.Procedure(hProcedure).nKind == MQuillon::ProcKind::Declarations;
 }
 
 std::string Session::FileOf(Handle hComponent) {

@@ -31,13 +31,13 @@ void Dump(Session& oSession) {
   oSession.oTemplate.PrintTemplateFile();
 }
 
-const char* TypeName(std::int32_t eType) {
+const char* TypeName(TemplateType eType) {
   switch (eType) {
-    case TemplateSignature:
+    case TemplateType::Signature:
       return "signature";
-    case TemplateModule:
+    case TemplateType::Module:
       return "module";
-    case TemplateProcedure:
+    case TemplateType::Procedure:
       return "procedure";
     default:
       return "unknown";

@@ -61,11 +61,11 @@ class Input {
 Json SettingsJson(const CProcSettings& oSettings) {
   Json oJson;
   oJson["template"] = ToUtf8(oSettings.sTemplate());
-  oJson["locked"] = oSettings.eLocked() == MQuillon::StateTrue;
+  oJson["locked"] = oSettings.eLocked() == MQuillon::TriState::True;
   oJson["boundary"] = ToUtf8(MQuillon::BoundaryName(oSettings.eBoundary()));
   oJson["severity"] = ToUtf8(MQuillon::SeverityName(oSettings.eSeverity()));
   oJson["retry"] = ToUtf8(MQuillon::RetryName(oSettings.eRetry()));
-  oJson["trace"] = oSettings.eTrace() == MQuillon::StateTrue;
+  oJson["trace"] = oSettings.eTrace() == MQuillon::TriState::True;
   return oJson;
 }
 
@@ -94,8 +94,9 @@ class Worker {
   }
 
  private:
-  static std::int32_t LineAction(const TextRequest& r) {
-    return r.eLineAction == MQuillon::NumberAsRule ? MRules::oRules.eLineNumAction : r.eLineAction;
+  static MQuillon::LineNumAction LineAction(const TextRequest& r) {
+    return r.eLineAction == MQuillon::LineNumAction::AsRule ? MRules::oRules.eLineNumAction
+                                                            : r.eLineAction;
   }
 
   void Run(TextRequest& r, Text& sCode, bool& bErrors) {

@@ -63,7 +63,7 @@ bool StateField(const Json& oObject, const char* sName) {
   if (pField->is_boolean()) return pField->get<bool>();
   if (pField->is_string()) {
     std::int32_t lId = ValueByName(Property::Locked, pField->get_ref<const std::string&>());
-    if (lId != 0) return lId == MQuillon::StateTrue;
+    if (lId != 0) return lId == MQuillon::ToNumber(MQuillon::TriState::True);
   } else if (pField->is_number_integer() && *pField >= 0 && *pField <= 2) {
     return *pField == 2;
   }
@@ -71,6 +71,11 @@ bool StateField(const Json& oObject, const char* sName) {
 }
 
 using NameOfId = Text (*)(std::int32_t);
+
+template <class Choice, Text (*nameOf)(Choice)>
+Text NameOf(std::int32_t lId) {
+  return nameOf(MQuillon::FromNumber<Choice>(lId));
+}
 
 /// A constant name, a display name or an id of the property.
 Text IdField(const Json& oObject, const char* sName, Property eProperty, NameOfId fnName) {
@@ -105,11 +110,15 @@ TextRequest ReadTextRequest(std::string_view sLine) {
   oRequest.sTemplate = TextField(oObject, "template");
   oRequest.sBefore = TextField(oObject, "before");
   oRequest.lBodyLine = NumberField(oObject, "body_line", 1, 1, 1 << 30);
-  oRequest.eLineAction = NumberField(oObject, "line_action", MQuillon::NumberAsRule, -1, 2);
+  oRequest.eLineAction = MQuillon::FromNumber<MQuillon::LineNumAction>(NumberField(
+      oObject, "line_action", MQuillon::ToNumber(MQuillon::LineNumAction::AsRule), -1, 2));
   oRequest.bLocked = StateField(oObject, "locked");
   oRequest.bTrace = StateField(oObject, "trace");
-  oRequest.sBoundary = IdField(oObject, "boundary", Property::Boundary, &MQuillon::BoundaryName);
-  oRequest.sSeverity = IdField(oObject, "severity", Property::Severity, &MQuillon::SeverityName);
-  oRequest.sRetry = IdField(oObject, "retry", Property::Retry, &MQuillon::RetryName);
+  oRequest.sBoundary = IdField(oObject, "boundary", Property::Boundary,
+                               NameOf<MQuillon::Boundary, MQuillon::BoundaryName>);
+  oRequest.sSeverity = IdField(oObject, "severity", Property::Severity,
+                               NameOf<MQuillon::Severity, MQuillon::SeverityName>);
+  oRequest.sRetry =
+      IdField(oObject, "retry", Property::Retry, NameOf<MQuillon::Retry, MQuillon::RetryName>);
   return oRequest;
 }

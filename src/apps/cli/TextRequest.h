@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "Choices.h"
 #include "Text.h"
 
 struct TextRequest {
@@ -16,7 +17,7 @@ struct TextRequest {
   std::int32_t lBodyLine = 1;
   bool bLocked = false, bTrace = false;
   Text sBoundary, sSeverity, sRetry;  ///< constant names; empty: not stated
-  std::int32_t eLineAction = -1;      ///< -1 as the rule says, 0 insert, 1 leave, 2 remove
+  MQuillon::LineNumAction eLineAction = MQuillon::LineNumAction::AsRule;
   Text sBefore;
 };
 

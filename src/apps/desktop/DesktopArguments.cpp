@@ -60,7 +60,7 @@ std::optional<int> ReadDesktopArguments(int argc, char** argv, DesktopArguments&
   } catch (const CLI::ParseError& oError) {
     return oApp.exit(oError) == 0 ? 0 : 2;
   }
-  oArguments.nConnectMode = sConnect == "external" ? 2 : 1;
+  oArguments.nConnectMode = sConnect == "external" ? ConnectMode::External : ConnectMode::Startup;
   oArguments.sGroup = FullPath(oArguments.sGroup);
   oArguments.sTemplateFile = FullPath(oArguments.sTemplateFile);
   return std::nullopt;

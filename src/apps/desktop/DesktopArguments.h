@@ -4,9 +4,11 @@
 #include <optional>
 #include <string>
 
+#include "VBE.h"
+
 struct DesktopArguments {
-  std::string sGroup;                        ///< full path; empty: the last one, or a question
-  std::int32_t nConnectMode = 1;             ///< 1 start-up, 2 external
+  std::string sGroup;  ///< full path; empty: the last one, or a question
+  ConnectMode nConnectMode = ConnectMode::Startup;
   std::optional<std::string> oSettingsFile;  ///< empty text: settings in memory only
   std::string sTemplateFile;                 ///< full path; empty: the most recent one
   std::string sLogFile;                      ///< empty: the state folder of the user

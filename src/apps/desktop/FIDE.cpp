@@ -78,7 +78,8 @@ void FIDE::ConnectEvents() {
     });
   });
   On(mnuAddInsLoad.Click, [this] {
-    Handle(u"mnuAddInsLoad_Click", [&] { mpAddIn ? DisconnectAddIn() : ConnectAddIn(0); });
+    Handle(u"mnuAddInsLoad_Click",
+           [&] { mpAddIn ? DisconnectAddIn() : ConnectAddIn(ConnectMode::AfterStartup); });
   });
   On(mnuHelpContents.Click,
      [this] { Handle(u"mnuHelpContents_Click", [&] { mnuHelpContents_Click(); }); });

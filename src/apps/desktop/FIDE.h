@@ -39,7 +39,7 @@ class FIDE : public Forms::Form {
     /// Full path of a group, a project or a folder; empty: the one that was open last, and
     /// without one the user is asked.
     Text sGroup;
-    std::int32_t nConnectMode = 1;  ///< 1 at start-up, 2 external
+    ConnectMode nConnectMode = ConnectMode::Startup;
   };
 
   /// oFaces: where the toolkit's pictures of buttons come from; it outlives this object.
@@ -118,7 +118,7 @@ class FIDE : public Forms::Form {
   void Form_Unload();
 
   // FIDE_AddIn.
-  void ConnectAddIn(std::int32_t nConnectMode);
+  void ConnectAddIn(ConnectMode nConnectMode);
   void DisconnectAddIn();
   void Clicked(CommandBarControl* poControl);
   /// Runs something that may lead into the add-in, and shows what has become of the group.

@@ -21,7 +21,7 @@ void FIDE::InAddIn(Work&& oWork) {
   End();
 }
 
-void FIDE::ConnectAddIn(std::int32_t nConnectMode) {
+void FIDE::ConnectAddIn(ConnectMode nConnectMode) {
   mpIDE->Bars().SetClipboard([this] {
     const std::int32_t lPixels = 16 * 15 / App().Screen().TwipsPerPixelX();
     return Picture{App().Picture(App().Clipboard().PictureKey(), lPixels)};
@@ -29,7 +29,7 @@ void FIDE::ConnectAddIn(std::int32_t nConnectMode) {
   mpAddIn = moMakeAddIn();
   InAddIn([&] {
     mpAddIn->OnConnection(mpIDE->Root(), nConnectMode);
-    if (nConnectMode != 0) mpAddIn->OnStartupComplete();
+    if (nConnectMode != ConnectMode::AfterStartup) mpAddIn->OnStartupComplete();
     mpAddIn->OnAddInsUpdate();
   });
 }

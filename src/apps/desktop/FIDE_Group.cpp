@@ -102,7 +102,7 @@ void FIDE::TakeGroup(std::unique_ptr<DiskIDE> pNew, TextView sPath) {
   pNew.reset();  // tree and bars showed its objects until now
   moRecent.Add(msGroup);
   ShowRecent();
-  if (bConnected) ConnectAddIn(0);
+  if (bConnected) ConnectAddIn(ConnectMode::AfterStartup);
 }
 
 void FIDE::TellNotes() {

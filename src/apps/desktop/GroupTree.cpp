@@ -12,8 +12,8 @@ constexpr std::int32_t lLastProjectType = 3, lLastComponentType = 15;
 constexpr TextView sMark = u"Dirty";
 
 /// Kinds that can't change have no picture with the mark.
-bool HasMarked(std::int32_t nType) {
-  return nType != ComponentResFile && nType != ComponentRelatedDocument;
+bool HasMarked(ComponentType nType) {
+  return nType != ComponentType::ResFile && nType != ComponentType::RelatedDocument;
 }
 
 std::string IdentityOf(const std::string& sPath) {
@@ -25,12 +25,14 @@ std::string IdentityOf(const std::string& sPath) {
 }  // namespace
 
 void GroupTree::DesignImages() {
-  for (std::int32_t n = 0; n <= lLastProjectType; ++n) moImages.Add(MQuillon::VBProjectTypeName(n));
+  for (std::int32_t n = 0; n <= lLastProjectType; ++n)
+    moImages.Add(MQuillon::VBProjectTypeName(MQuillon::FromNumber<ProjectType>(n)));
   for (std::int32_t n = 1; n <= lLastComponentType; ++n) {
-    const Text sName = MQuillon::VBComponentTypeName(n);
+    const auto eType = MQuillon::FromNumber<ComponentType>(n);
+    const Text sName = MQuillon::VBComponentTypeName(eType);
     if (sName.empty()) continue;
     moImages.Add(sName);
-    if (HasMarked(n)) moImages.Add(sName + Text(sMark));
+    if (HasMarked(eType)) moImages.Add(sName + Text(sMark));
   }
 }
 
