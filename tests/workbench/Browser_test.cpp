@@ -39,29 +39,27 @@ TEST_F(FMainTest, TreeShowsProjectsAndComponentsInBothViews) {
   oIDE.AddProject(u"Till");
   Add(u"MArk", u"Sub t()\nEnd Sub");
   Run([&] {
-    EXPECT_EQ(Tree(),
-              "*Shop[ActiveX DLL](Forms[Closed Folder](FTwo[Form Module]) Modules[Closed "
-              "Folder](MArk[Standard Module] mZoo[Standard Module]) Odd[]) "
-              "Till[Standard EXE](Modules[Closed Folder](MArk[Standard Module]))");
     Node& oShop = *oMain.tvwProjects.Nodes().Roots().front();
     EXPECT_TRUE(oShop.Expanded());
     EXPECT_EQ(oShop.Children().front()->ExpandedImage(), u"Open Folder");
-    Click(u"Modules");
-    Pick(u"ViewProjectList");
-    EXPECT_EQ(Tree(),
-              "*Shop[ActiveX DLL](FTwo[Form Module] MArk[Standard Module] mZoo[Standard Module] "
-              "Odd[]) Till[Standard EXE](MArk[Standard Module])")
-        << "the folder's project";
-    Click(u"mZoo");
-    Edit(u"Locked", u"True");
-    Pick(u"ViewProjectTree");
-    ExpectHolds(Tree(), " *mZoo[Standard ModuleDirty]");
-    EXPECT_EQ(oMain.lblList.GetCaption(), u"Procedures of Module 'mZoo'");
+    Play(R"(
+        folders | | tree | *Shop[ActiveX DLL](Forms[Closed Folder](FTwo[Form Module])
+            \ Modules[Closed Folder](MArk[Standard Module] mZoo[Standard Module]) Odd[])
+            \ Till[Standard EXE](Modules[Closed Folder](MArk[Standard Module]))
+        no folders, and the folder's project | >Modules; ViewProjectList | tree
+            | *Shop[ActiveX DLL](FTwo[Form Module] MArk[Standard Module] mZoo[Standard Module]
+            \ Odd[]) Till[Standard EXE](MArk[Standard Module])
+        the same component, marked | >mZoo; Locked=True; ViewProjectTree | tree, list
+            | Shop[ActiveX DLL](Forms[Closed Folder](FTwo[Form Module])
+            \ Modules[Closed Folder](MArk[Standard Module] *mZoo[Standard ModuleDirty]) Odd[])
+            \ Till[Standard EXE](Modules[Closed Folder](MArk[Standard Module])),
+            \ Procedures of Module 'mZoo')");
     Node& oTill = *oMain.tvwProjects.Nodes().Roots().back();
     EXPECT_TRUE(oMain.tvwProjects.UserNodeClick(*oTill.Children().front()->Children().front()));
-    Pick(u"ViewProjectList");
-    EXPECT_TRUE(Tree().ends_with("(*MArk[Standard Module])")) << "not the other MArk";
-    EXPECT_EQ(Rows(oMain.lvwProcs), "*Declarations|(declarations)\nMethod|t|Sub|Public\n");
+    Play(
+        "not the other MArk | ViewProjectList | rows "
+        "| *Declarations,(declarations) / Method,t,Sub,Public /");
+    EXPECT_TRUE(Tree().ends_with("(*MArk[Standard Module])"));
   });
 }
 
@@ -74,25 +72,20 @@ TEST_F(FMainTest, NodesDecideWhatTheListsShow) {
   Add(u"MFix", u"").asFile = {FromUtf8(sFixed)};
   Add(u"MNew", u"").asFile = {u""};
   Run([&] {
-    const auto Check = [&](TextView sNode, const char* sTitle, const std::string& sRows,
-                           const char* sPanels) {
-      SCOPED_TRACE(sTitle);
-      Click(sNode);
-      oMain.SetWidth(oMain.Width() - 15);  // the path follows the window
-      EXPECT_EQ(ToUtf8(oMain.lblList.GetCaption()), sTitle);
-      EXPECT_EQ(Panel(1) + " " + Panel(2), sPanels);
-      const std::string sShown = Rows(oMain.lvwMods.Visible() ? oMain.lvwMods : oMain.lvwProcs);
-      EXPECT_EQ(sRows.empty() ? "" : sShown, sRows);
-      EXPECT_NE(oMain.lvwMods.Visible(), oMain.lvwProcs.Visible());
-    };
-    Check(u"Class Modules", "Class Modules of Project 'Shop'",
-          "*Class Module|CBox|Class Module|MultiUse|/src/CBox.bas\n", "1 Object(s) /a/Shop.vbp");
-    Check(u"Shop", "Modules of Project 'Shop'", "", "3 Object(s) /a/Shop.vbp");
-    Check(u"CBox", "Procedures of Class 'CBox'", "*Declarations|(declarations)\n",
-          "1 Object(s) Selected /src/CBox.bas");
-    Check(u"MNew", "Procedures of Module 'MNew'", "*Declarations|(declarations)\n",
-          "1 Object(s) Selected ");
+    Play(R"(
+        a folder  | >Class Modules | list, count, path, rows
+            | Class Modules of Project 'Shop', 1 Object(s), /a/Shop.vbp,
+            \ *Class Module,CBox,Class Module,MultiUse,/src/CBox.bas /
+        a project | >Shop | list, count, path | Modules of Project 'Shop', 3 Object(s), /a/Shop.vbp
+        a class   | >CBox | list, count, path, rows
+            | Procedures of Class 'CBox', 1 Object(s) Selected, /src/CBox.bas,
+            \ *Declarations,(declarations) /
+        no file   | >MNew | list, count, path
+            | Procedures of Module 'MNew', 1 Object(s) Selected,)");
+    EXPECT_NE(oMain.lvwMods.Visible(), oMain.lvwProcs.Visible());
     Click(u"Modules");
+    oMain.SetWidth(oMain.Width() - 15);
+    EXPECT_EQ(Panel(2), "/a/Shop.vbp") << "the path follows the window";
     const std::string sRows = Rows(oMain.lvwMods);
     EXPECT_TRUE(
         std::regex_search(sRows, std::regex("^.Standard Module.MFix.Standard Module.ReadOnly."
@@ -111,26 +104,22 @@ TEST_F(FMainTest, ProcedureRowsTellTypeScopeAndPendingValues) {
       ComponentType::VBForm)
       .asControl = {u"cmd"};
   Run([&] {
-    Click(u"FOne");
-    EXPECT_EQ(Rows(oMain.lvwProcs),
-              "*Declarations|(declarations)|Mod|Fatal\nMethod|a1|Function|Public|(bespoke)\n"
-              "Property|b|Property Let|Friend|Fatal\n"
-              "Event|cmd_Click|Click|Private|Std|Locked|Normal\n");
+    Play(R"(a form | >FOne | rows
+        | *Declarations,(declarations),Mod,Fatal / Method,a1,Function,Public,(bespoke) /
+        \ Property,b,Property Let,Friend,Fatal /
+        \ Event,cmd_Click,Click,Private,Std,Locked,Normal /)");
   });
 }
 
 TEST_F(FMainTest, TheSheetFollowsTheMouseAndTheArrowKeysAlone) {
   Add(u"MOne", u"Sub a()\nEnd Sub\nSub b()\nEnd Sub");
   Run([&] {
-    Click(u"MOne");
-    Select(oMain.lvwProcs, {2, 3});
-    Click(u"MOne");
-    EXPECT_EQ(Panel(1), "2 Object(s) Selected") << "the processed node reloads nothing";
+    Play("the processed node reloads nothing | >MOne; #2 3; >MOne | count | 2 Object(s) Selected");
     EXPECT_TRUE(oMain.tvwProjects.HasFocus());
     const auto Keyed = [&](ListView& oList, std::int32_t nKey, std::int32_t lRow) {
       EXPECT_TRUE(oList.UserSelection({lRow}, lRow));
       oList.UserKeyUp(nKey, 0);
-      return Panel(1) + " " + ToUtf8(oMain.lblProperties.GetCaption());
+      return Panel(1) + " " + Look("title");
     };
     EXPECT_EQ(Keyed(oMain.lvwProcs, Key::Home, 2), "2 Object(s) Selected Selection");
     EXPECT_EQ(Keyed(oMain.lvwProcs, Key::Down, 2), "1 Object(s) Selected MOne.a");
@@ -194,11 +183,10 @@ TEST_F(FMainTest, ADoubleClickGoesDownToTheProceduresAndColumnWidthsComeBack) {
     Click(u"Modules");
     EXPECT_TRUE(oMain.lvwMods.UserSelect(2));
     EXPECT_TRUE(oMain.lvwMods.UserDblClick());
-    EXPECT_EQ(oMain.lblList.GetCaption(), u"Procedures of Module 'MTwo'");
+    Play("down | | list | Procedures of Module 'MTwo'");
     ExpectHolds(Tree(), "*MTwo");
     EXPECT_TRUE(oMain.lvwProcs.UserColumnWidth(2, 1234));
   });
-  EXPECT_FALSE(oStore.ValueNames(Key(u"FMain\\ProcList")).empty());
   Run([&] {
     EXPECT_EQ(oMain.lvwProcs.ColumnHeaders().Item(2).Width(), 1234);
     EXPECT_EQ(oMain.lvwMods.ColumnHeaders().Item(2).Width(), 1500);

@@ -12,23 +12,7 @@ constexpr TextView Bare = u"Sub a()\n    x = 1\nEnd Sub\nSub b()\n    y = 1\nEnd
 
 class BulkTest : public FMainTest {
  protected:
-  /// Picks the command and answers its dialog by that button, 0 is Cancel; notes what was offered.
-  template <class Dialog>
-  void Command(TextView sItem, std::int32_t nButton) {
-    User().Modal<Dialog>([this, nButton](Dialog& o) {
-      sOffered = Each(1, 4, [&](auto i) { return Text(o.cmdAction(i).Enabled() ? u"on" : u""); });
-      EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Default);
-      nButton == 0 ? o.cmdCancel.UserClick() : o.cmdAction(nButton).UserClick();
-    });
-    sItem.empty() ? Press(ToolbarButton::Apply) : Pick(sItem);
-    EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Default);
-  }
-  void Apply(std::int32_t nButton) { Command<FApplyPending>(u"ToolsApplyPending", nButton); }
-  void Copy(std::int32_t nButton) { Command<FCopySuggest>(u"PropsCopySuggest", nButton); }
-  void Undo(std::int32_t nButton) { Command<FUndoPending>(u"PropsUndoPending", nButton); }
-  void Refresh(std::int32_t nButton) { Command<FRefreshTemplates>(u"ToolsRefresh", nButton); }
   bool AnyDirty() { return (Tree() + Rows(oMain.lvwProcs)).find("Dirty") != std::string::npos; }
-  std::string sOffered;
 };
 
 TEST_F(BulkTest, DialogsOfferTheScopesThatAreThere) {
@@ -37,42 +21,35 @@ TEST_F(BulkTest, DialogsOfferTheScopesThatAreThere) {
   TempFolder::Write(sFixed, "x");
   ASSERT_EQ(chmod(sFixed.c_str(), 0444), 0);
   Add(u"MFix", u"Sub b()\nEnd Sub").asFile = {FromUtf8(sFixed)};
-  const auto Check = [&](TextView sNode, const std::vector<std::int32_t>& alRow,
-                         const char* sExpected) {
-    Run([&] {
-      Click(sNode);
-      Select(oMain.lvwMods.Visible() ? oMain.lvwMods : oMain.lvwProcs, alRow);
-      Undo(0);
-      EXPECT_EQ(sOffered, sExpected) << ToUtf8(sNode);
-    });
-  };
-  Check(u"P", {}, "||on||");
-  Check(u"P", {1}, "on||on||");
-  Check(u"MOne", {1}, "on|on|on||");
-  Check(u"MOne", {}, "|on|on||");
-  Check(u"MFix", {1}, "||on||");  // passed over by the rules
+  Run([&] {
+    Play(R"(
+        none of the modules | >P; #; PropsUndoPending(0)  | offered | FUndoPending - - on -
+        a module     | >P; #1; PropsUndoPending(0)        | offered | FUndoPending on - on -
+        a procedure  | >MOne; #1; PropsUndoPending(0)     | offered | FUndoPending on on on -
+        no procedure | >MOne; #; PropsUndoPending(0)      | offered | FUndoPending - on on -
+        passed over  | >MFix; #1; PropsUndoPending(0)     | offered | FUndoPending - - on -)");
+  });
   MRules::oRules.bSkipReadOnly = false;
-  Check(u"MFix", {1}, "on|on|on||");
+  Run([&] {
+    Play("read-only | >MFix; #1; PropsUndoPending(0) | offered | FUndoPending on on on -");
+  });
   oIDE.AddProject(u"Q");
-  Check(u"MOne", {1}, "on|on|on|on|");
+  Run([&] {
+    Play("several | >MOne; #1; PropsUndoPending(0) | offered | FUndoPending on on on on");
+  });
 }
 
 TEST_F(BulkTest, ApplyRewritesTheScopeAndShowsTheNewState) {
   FakeComponent& oModule = Add(u"MOne", Bare);
   Run([&] {
-    Click(u"MOne");
-    Select(oMain.lvwProcs, {2, 3});
-    Edit(u"Template", u"Std");
-    Select(oMain.lvwProcs, {2});
-    Command<FApplyPending>(u"", 1);
-    EXPECT_EQ(oModule.Code(),
-              u"Sub a()\n'@ Std\n    On Error GoTo Trap\n    x = 1\nTrap:\nEnd Sub\n"
-              u"Sub b()\n    y = 1\nEnd Sub");
-    EXPECT_EQ(Tab(), "Results");
-    ExpectHolds(Rows(oMain.lvwProcs), "*Method|a|Sub|Public|Std\nMethodDirty|b");
-    EXPECT_EQ(oMain.txtCode.LineCount(), 6) << "the sheet shows the new text";
+    Play(R"(
+        one of two | >MOne; #2 3; Template=Std; #2; !Apply(1) | tab, rows, code
+            | Results, Declarations,(declarations) / *Method,a,Sub,Public,Std /
+            \ MethodDirty,b,Sub,Public,Std / ,
+            \ Sub a() / '@ Std /     On Error GoTo Trap /     x = 1 / Trap: / End Sub)");
+    EXPECT_TRUE(oModule.Code().ends_with(u"Trap:\nEnd Sub\nSub b()\n    y = 1\nEnd Sub"));
     ExpectHolds(Lines(oMain.srlResults), "Processing MOne.a");
-    Apply(3);
+    Play("the project | ToolsApplyPending(3) | offered | FApplyPending on on on -");
     EXPECT_FALSE(AnyDirty());
   });
   EXPECT_TRUE(oModule.Code().ends_with(u"Trap:\nEnd Sub")) << ToUtf8(oModule.Code());
@@ -83,22 +60,17 @@ TEST_F(BulkTest, CopyAndDiscardChangePendingAlone) {
   oIDE.AddProject(u"Q");
   Add(u"MTwo", Bare);
   Run([&] {
-    Click(u"MOne");
-    Copy(4);
+    Play("all | >MOne; PropsCopySuggest(4) | offered | FCopySuggest on on on on");
     ExpectHolds(Tree(), "MTwo[Standard ModuleDirty]");
-    Undo(4);
+    Does("PropsUndoPending(4)");
     EXPECT_FALSE(AnyDirty());
-    Copy(2);
+    Does("PropsCopySuggest(2)");
     ExpectHolds(Rows(oMain.lvwProcs), "MethodDirty|b|Sub|Public|Std|");
     EXPECT_EQ(Tree().find("MTwo[Standard ModuleDirty]"), std::string::npos);
-    Select(oMain.lvwProcs, {1, 2});
-    Undo(1);
+    for (const char* s : {"#1 2", "PropsUndoPending(1)"}) Does(s);
     ExpectHolds(Rows(oMain.lvwProcs), "*Method|a|Sub|Public\nMethodDirty|b");
-    Click(u"P");
-    Select(oMain.lvwMods, {1});
-    Undo(1);
+    Play("a module | >P; #1; PropsUndoPending(1) | tab | Results");  // as before
     EXPECT_EQ(Rows(oMain.lvwMods).find("Dirty"), std::string::npos);
-    EXPECT_EQ(Tab(), "Results") << "as before";
   });
   EXPECT_EQ(oModule.Code(), Bare);
 }
@@ -108,20 +80,20 @@ TEST_F(BulkTest, RefreshAndLineNumbersRewriteWhatHasATemplate) {
       u"MOne",
       u"Sub a()\n'@ Std\n    On Error GoTo Trap\n    x = 1\n    y = 1\n    z = 1\nTrap:\nEnd Sub");
   MRules::oRules.bLineNumSkipShort = false;
-  const auto Numbered = [&] { return oModule.Code().find(u"\n3   z") != Text::npos; };
   Run([&] {
-    Click(u"MOne");
-    Select(oMain.lvwProcs, {2});
-    Command<FInsertLine>(u"ToolsLineAdd", 1);
-    EXPECT_TRUE(Numbered()) << ToUtf8(oModule.Code());
-    EXPECT_NE(oMain.txtCode.Text().find(u"3   z"), Text::npos);
-    Command<FRemoveLine>(u"ToolsLineRemove", 1);
-    EXPECT_FALSE(Numbered()) << ToUtf8(oModule.Code());
+    for (const char* s : {">MOne", "#2"}) Does(s);
+    const auto Check = [&](const std::string& sDeed, const char* sDialog, bool bNumbered) {
+      Does(sDeed);
+      EXPECT_EQ(sOffered, std::string(sDialog) + " on on on -");
+      EXPECT_EQ(oModule.Code().find(u"\n3   z") != Text::npos, bNumbered) << ToUtf8(oModule.Code());
+      EXPECT_EQ(oMain.txtCode.Text().find(u"3   z") != Text::npos, bNumbered);
+      EXPECT_FALSE(AnyDirty());
+    };
+    Check("ToolsLineAdd(1)", "FInsertLine", true);
+    Check("ToolsLineRemove(1)", "FRemoveLine", false);
     for (const auto eRule : {MQuillon::LineNumAction::Insert, MQuillon::LineNumAction::Remove}) {
       MRules::oRules.eLineNumAction = eRule;
-      Refresh(3);
-      EXPECT_EQ(Numbered(), eRule == MQuillon::LineNumAction::Insert) << "as the rule says";
-      EXPECT_FALSE(AnyDirty());
+      Check("ToolsRefresh(3)", "FRefreshTemplates", eRule == MQuillon::LineNumAction::Insert);
     }
   });
 }
@@ -129,14 +101,11 @@ TEST_F(BulkTest, RefreshAndLineNumbersRewriteWhatHasATemplate) {
 TEST_F(BulkTest, CancelLeavesAZeroSummaryAndNoChange) {
   FakeComponent& oModule = Add(u"MOne", Bare);
   Run([&] {
-    Click(u"MOne");
-    Pick(u"ViewProperties");
-    Copy(0);
+    for (const char* s : {">MOne", "ViewProperties", "PropsCopySuggest(0)"}) Does(s);
     User().Modal<FCopySuggest>([](FCopySuggest& o) { o.UserClose(); });
     Press(ToolbarButton::Copy);
-    EXPECT_EQ(Tab(), "Properties");
-    Refresh(0);
-    EXPECT_EQ(Tab(), "Results");
+    Play(R"(none yet | | tab | Properties
+            shown    | ToolsRefresh(0) | tab | Results)");
     ExpectHolds(Lines(oMain.srlResults), "0 Procedures Processed - No Failures");
   });
   EXPECT_EQ(oModule.Code(), Bare);
@@ -145,14 +114,11 @@ TEST_F(BulkTest, CancelLeavesAZeroSummaryAndNoChange) {
 TEST_F(BulkTest, AFailingProcedureDoesNotStopTheOthers) {
   FakeComponent& oModule = Add(u"MOne", Bare);
   Run([&] {
-    Click(u"MOne");
-    Select(oMain.lvwProcs, {2, 3});
-    Edit(u"Template", u"Std");
+    for (const char* s : {">MOne", "#2 3", "Template=Std"}) Does(s);
     oIDE.oLog.Fail("InsertLines", 1, FakeLog::Half::Done);
-    Apply(1);
+    Play(R"(both | ToolsApplyPending(1) | rows | Declarations,(declarations) /
+            \ *MethodDirty,a,Sub,Public,Std / *Method,b,Sub,Public,Std /)");
     ExpectHolds(Lines(oMain.srlResults), "InsertLines failed");
-    ExpectHolds(Rows(oMain.lvwProcs), "*MethodDirty|a");
-    ExpectHolds(Rows(oMain.lvwProcs), "*Method|b");
     Leave();
   });
   EXPECT_TRUE(oModule.Code().starts_with(u"Sub a()\n    x = 1\nEnd Sub\nSub b()\n'@ Std"))

@@ -2,12 +2,13 @@
 // file of its own: what every test here starts from.
 //
 //   Add(u"MOne", u"Sub a()\nEnd Sub");
-//   Run([&] { Click(u"MOne"); Pick(u"ViewCode"); EXPECT_EQ(Rows(oMain.lvwProcs), ...); });
+//   Run([&] { Play(R"(a module | >MOne; ViewCode | count, tab | 2 Object(s) Selected, Code)"); });
 //
 // Run shows the window, lets the start-up timer fire, acts, and leaves by the program.
 #pragma once
 
 #include "CXRecent.h"
+#include "FAction.h"
 #include "FMain.h"
 #include "FormsFixture.h"
 #include "IPrintQueues.h"
@@ -15,8 +16,9 @@
 #include "MXHTMLHelp.h"
 #include "MXRegistry.h"
 #include "Model.h"
+#include "OwnSettings.h"
 #include "Printers.h"
-#include "RegistryStore.h"
+#include "TableRows.h"
 #include "TempFolder.h"
 
 /// The caller that the window only hands back.
@@ -49,7 +51,6 @@ class PaneIDE : public FakeIDE, public ::CodePane {
 class FMainTest : public FormsTest {
  protected:
   FMainTest() {
-    goRegistry = &oStore;
     ResetRecentFiles();
     MRules::oRules = {};
     MRules::Initialize();
@@ -61,7 +62,6 @@ class FMainTest : public FormsTest {
     TempFolder::Write(oFolder / "Template.dat", ToUtf8(TestTemplates));
   }
   ~FMainTest() override {
-    goRegistry = nullptr;
     ResetRecentFiles();
     MRules::oRules = {};
     MXHTMLHelp::SetHelpFile({});
@@ -141,6 +141,68 @@ class FMainTest : public FormsTest {
     EXPECT_TRUE(oList.UserMouseUp(Forms::Button::Left, 0, 0, 0));
   }
   void Edit(TextView sName, TextView sValue) { oMain.prlProperties.PropertyChange(sName, sValue); }
+  /// Picks a command and answers its dialog by the button of that number, 0 is Cancel.
+  void Command(TextView sItem, std::int32_t nButton) {
+    User().Modal<FAction>([this, nButton](FAction& o) {
+      sOffered = ToUtf8(o.Name());
+      for (const std::int32_t i : {1, 2, 3, 4}) sOffered += o.cmdAction(i).Enabled() ? " on" : " -";
+      EXPECT_EQ(moRenderer.ShownPointer(), Forms::Pointer::Default);
+      nButton == 0 ? o.cmdCancel.UserClick() : o.cmdAction(nButton).UserClick();
+    });
+    sItem == u"!Apply" ? Press(ToolbarButton::Apply) : Pick(sItem);
+    EXPECT_EQ(moRenderer.ShownPointer(), Forms::Pointer::Default);
+  }
+  /// `>MOne` clicks a node, `#2 3` selects rows of the list in front, `Locked=True` edits the
+  /// sheet, `PropsUndoPending(1)` is a command with its dialog's button, `ViewCode` picks an item.
+  void Does(const std::string& s) {
+    if (const auto lMark = s.find_first_of("=("); lMark != std::string::npos) {
+      const Text sName = FromUtf8(s.substr(0, lMark)), sRest = FromUtf8(s.substr(lMark + 1));
+      return s[lMark] == '=' ? Edit(sName, sRest) : Command(sName, sRest[0] - u'0');
+    }
+    if (s[0] == '>') return Click(FromUtf8(s.substr(1)));
+    if (s[0] != '#') return Pick(FromUtf8(s));
+    std::istringstream oNumbers(s.substr(1));
+    Select(oMain.lvwMods.Visible() ? oMain.lvwMods : oMain.lvwProcs,
+           {std::istream_iterator<std::int32_t>(oNumbers), {}});
+  }
+  /// What one of these words stands for. Line ends are " / " in it, and marks between cells ",".
+  std::string Look(const std::string& sWord) {
+    const auto& o = oMain;
+    const std::map<std::string, std::string> sLooks = {
+        {"count", Panel(1)},
+        {"path", Panel(2)},
+        {"tab", Tab()},
+        {"tree", Tree()},
+        {"rows", Rows(o.lvwMods.Visible() ? oMain.lvwMods : oMain.lvwProcs)},
+        {"list", ToUtf8(o.lblList.GetCaption())},
+        {"title", ToUtf8(o.lblProperties.GetCaption())},
+        {"codetitle", ToUtf8(o.lblCode.GetCaption())},
+        {"sheet", std::to_string(o.prlProperties.RowCount())},
+        {"code", ToUtf8(o.txtCode.Text())},
+        {"offered", sOffered}};
+    std::string s;
+    for (const char c : sLooks.at(sWord))
+      s += c == '|' ? "," : c == '\n' ? " / " : c == '\r' ? "" : std::string(1, c);
+    return s;
+  }
+  /// Goes through a table row by row: its name, what the user does, parted by "; ", what is looked
+  /// at, parted by ", ", and what is seen there, parted in the same way.
+  void Play(const std::string& sTable) {
+    const auto Parts = [](std::string s, const std::string& sMark) {
+      std::vector<std::string> as;
+      for (s += s.empty() ? "" : sMark; !s.empty(); s.erase(0, s.find(sMark) + sMark.size()))
+        as.push_back(s.substr(0, s.find(sMark)));
+      return as;
+    };
+    for (const auto& as : ::Rows(sTable)) {
+      SCOPED_TRACE(as[0]);
+      for (const std::string& s : Parts(as[1], "; ")) Does(s);
+      std::string sSeen;
+      for (const std::string& s : Parts(as[2], ", "))
+        sSeen += (sSeen.empty() ? "" : ", ") + Look(s);
+      EXPECT_EQ(ToUtf8(Trim(FromUtf8(sSeen))), as[3]);
+    }
+  }
 
   /// What oTell gives for each number, each followed by "|".
   template <class Tell>
@@ -178,7 +240,7 @@ class FMainTest : public FormsTest {
   }
 
   const TempFolder oFolder;
-  RegistryStore oStore;
+  OwnSettings oStore;
   PaneIDE oIDE;
   Connect oConnect;
   NoQueues oQueues;
@@ -189,6 +251,7 @@ class FMainTest : public FormsTest {
                             },
                             oQueues};
   FMain oMain{moToolkit, oPrinters};
+  std::string sOffered;  ///< which buttons the last dialog had
 
  private:
   static std::string Tree(const std::vector<Forms::Node*>& oNodes) {

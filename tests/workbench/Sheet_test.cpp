@@ -9,16 +9,19 @@ namespace {
 using namespace Forms;
 using PropertySheet::Subject;
 
-/// A line per row: headings as they are, the others as `name=value [note]` with * when enabled.
-std::string Show(const Subject& oSubject) {
-  std::string s;
+/// A word per row of each heading: its value and note, with * when enabled.
+std::map<std::string, std::string> Show(const Subject& oSubject) {
+  std::map<std::string, std::string> sShown;
+  std::string sHeading;
   for (const auto& o : PropertySheet::Rows(oSubject)) {
-    s += (o.bHeading ? "" : o.bEnabled ? "*" : " ") + ToUtf8(o.sName);
-    if (!o.bHeading) s += "=" + ToUtf8(o.sValue) + ToUtf8(o.sNote);
-    if (o.poLookup == MQuillon::oLookupModTemplate.get() && o.poLookup) s += " (module)";
-    s += ";";
+    if (o.bHeading) sHeading = ToUtf8(o.sName);
+    if (o.bHeading) continue;
+    const bool bModule = o.poLookup && o.poLookup == MQuillon::oLookupModTemplate.get();
+    sShown[sHeading] += (sShown[sHeading].empty() ? "" : " ") + std::string(o.bEnabled ? "*" : "") +
+                        ToUtf8(o.sName.substr(0, 2) + u"=" + o.sValue + o.sNote) +
+                        (bModule ? "(module)" : "");
   }
-  return s;
+  return sShown;
 }
 
 CProcSettings Settings(TextView sTemplate, std::int32_t eLocked, std::int32_t eBoundary,
@@ -40,44 +43,42 @@ class SheetTest : public FMainTest {
 };
 
 TEST_F(SheetTest, RowsOfOneProcedureAndOfSeveral) {
-  const auto Std = Settings(u"Std", 1, 2), None = Settings(u"", 1, 0),
-             Locked = Settings(u"Std", 2, 2), Own = Settings(u"(bespoke)", 1, 2),
-             Foreign = Settings(u"[Other]", 1, 2);
-  const std::string sValues = "Boundary=VB; Severity=Normal; Retry=Line; Trace=False;",
-                    sCurrent = "Current; Template=Std; Locked=False; " + sValues,
-                    sSuggested = "Suggested; Template=Std; " + sValues,
-                    sRest = sCurrent + sSuggested,
-                    sNoValues = "Boundary=; Severity=Normal; Retry=Line; Trace=False;",
-                    sNoCurrent = "Current; Template=(none); Locked=False; " + sNoValues;
-  const auto Check = [](const char* sName, const Subject& o, const std::string& sRows) {
-    EXPECT_EQ(Show(o), sRows) << sName;
-  };
-  Check("nothing pending", {Std, Std, Std},
-        "Pending;*Template=;*Locked=;*Boundary=;*Severity=;*Retry=;*Trace=;" + sRest);
-  Check("read-only", {Std, Std, Std, false, false, true}, sCurrent);
-  Check("pending differs", {Settings(u"Std", 1, 3, 2), Std, Std},
-        "Pending;*Template=;*Locked=;*Boundary=Firewall;*Severity=;*Retry=;*Trace=True;" + sRest);
-  Check("no template asked for", {None, Std, Std},
-        "Pending;*Template=(none);*Locked=; Boundary=; Severity=; Retry=; Trace=;" + sRest);
-  Check("locked", {Locked, Std, Std},
-        "Pending; Template=;*Locked=True; Boundary=; Severity=; Retry=; Trace=;" + sRest);
-  Check("own handler", {Own, Own, Std},
-        "Current; Template=(bespoke); Locked=False; " + sValues + sSuggested);
-  Check("of another program", {Foreign, Std, Std},
-        "Pending; Template=[Other]; Locked=; Boundary=; Severity=; Retry=; Trace=;" + sRest);
-  Check("declarations", {Std, Std, Std, false, true},
-        "Pending;*Template= (module);*Locked=;*Boundary=;*Severity=;*Retry=;"
-        "Current; Template=Std; Locked=False; Boundary=VB; Severity=Normal; Retry=Line;"
-        "Suggested; Template=Std; Boundary=VB; Severity=Normal; Retry=Line;");
-  Check("several, where the lock isn't tested", {Locked, None, Std, true},
-        "Pending; Template=Std;*Locked=True;*Boundary=VB;*Severity=;*Retry=;*Trace=;" + sNoCurrent +
-            sSuggested);
-  Check("several, nor the template", {None, None, None, true},
-        "Pending;*Template=;*Locked=;*Boundary=;*Severity=;*Retry=;*Trace=;" + sNoCurrent +
-            "Suggested; Template=(none); " + sNoValues);
-  Check("several with declarations", {None, None, Std, true, true},
-        "Pending; Template=;*Locked=;*Boundary=;*Severity=;*Retry=;*Trace=;" + sNoCurrent +
-            sSuggested);
+  const std::map<std::string, CProcSettings> oSettings = {
+      {"Std", Settings(u"Std", 1, 2)},         {"None", Settings(u"", 1, 0)},
+      {"Locked", Settings(u"Std", 2, 2)},      {"Own", Settings(u"(bespoke)", 1, 2)},
+      {"Foreign", Settings(u"[Other]", 1, 2)}, {"Other", Settings(u"Std", 1, 3, 2)}};
+  // Pending, current and suggested settings, flags; then what shows as pending, and the templates
+  // of what shows as current and suggested, with the usual values behind them.
+  for (const auto& as : ::Rows(R"(
+         nothing pending       | Std | Std | Std | | *Te= *Lo= *Bo= *Se= *Re= *Tr= | Std | Std
+         read-only             | Std | Std | Std | read-only | | Std |
+         pending differs       | Other | Std | Std | | *Te= *Lo= *Bo=Firewall *Se= *Re= *Tr=True
+                               | Std | Std
+         no template asked for | None | Std | Std | | *Te=(none) *Lo= Bo= Se= Re= Tr= | Std | Std
+         locked                | Locked | Std | Std | | Te= *Lo=True Bo= Se= Re= Tr= | Std | Std
+         own handler           | Own | Own | Std | | | (bespoke) | Std
+         of another program    | Foreign | Std | Std | | Te=[Other] Lo= Bo= Se= Re= Tr= | Std | Std
+         declarations          | Std | Std | Std | declarations
+                               | *Te=(module) *Lo= *Bo= *Se= *Re= | Std | Std
+         several, where the lock isn't tested | Locked | None | Std | several
+                               | Te=Std *Lo=True *Bo=VB *Se= *Re= *Tr= | (none) | Std
+         several, nor the template | None | None | None | several
+                               | *Te= *Lo= *Bo= *Se= *Re= *Tr= | (none) | (none)
+         several with declarations | None | None | Std | several declarations
+                               | Te= *Lo= *Bo= *Se= *Re= *Tr= | (none) | Std)")) {
+    SCOPED_TRACE(as[0]);
+    const auto Has = [&](const char* s) { return as[4].find(s) != std::string::npos; };
+    const auto Values = [&](const std::string& sTemplate, const char* sLocked) {
+      if (sTemplate.empty()) return sTemplate;
+      return "Te=" + sTemplate + sLocked + (sTemplate == "(none)" ? " Bo=" : " Bo=VB") +
+             " Se=Normal Re=Line" + (as[4] == "declarations" ? "" : " Tr=False");
+    };
+    auto sShown = Show({oSettings.at(as[1]), oSettings.at(as[2]), oSettings.at(as[3]),
+                        Has("several"), Has("declarations"), Has("read-only")});
+    EXPECT_EQ(sShown["Pending"], as[5]);
+    EXPECT_EQ(sShown["Current"], Values(as[6], " Lo=False"));
+    EXPECT_EQ(sShown["Suggested"], Values(as[7], ""));
+  }
 }
 
 TEST_F(SheetTest, NotesTellWhyAValueStands) {
@@ -125,24 +126,19 @@ constexpr TextView Code =
 TEST_F(FMainTest, SelectionFillsSheetCodeAndCount) {
   Add(u"MOne", Code);
   Run([&] {
-    Click(u"MOne");
-    Pick(u"ViewCode");
-    const auto Check = [&](const std::vector<std::int32_t>& alRow, const std::string& sTitle,
-                           const char* sPanelAndTab, std::int16_t nRows, bool bCode) {
-      SCOPED_TRACE(sTitle);
-      Select(oMain.lvwProcs, alRow);
-      EXPECT_EQ(ToUtf8(oMain.lblProperties.GetCaption()), sTitle);
-      EXPECT_EQ(Panel(1) + " " + Tab(), sPanelAndTab);
-      EXPECT_EQ(oMain.prlProperties.RowCount(), nRows);
-      EXPECT_EQ(!oMain.txtCode.Text().empty(), bCode);
-      EXPECT_EQ(ToUtf8(oMain.lblCode.GetCaption()), alRow.size() == 1 ? sTitle : "");
-    };
-    Check({}, "", "4 Object(s) Code", 0, false);
-    Check({1}, "MOne.(declarations)", "1 Object(s) Selected Code", 17, false);
-    Check({2}, "MOne.a", "1 Object(s) Selected Code", 20, true);
-    Check({4}, "MOne.c", "1 Object(s) Selected Code", 13, true);  // has its own handler
-    Check({2, 3}, "Selection", "2 Object(s) Selected Properties", 20, false);
-    Check({2, 4}, "Selection", "2 Object(s) Selected Properties", 20, false);
+    for (const char* s : {">MOne", "ViewCode"}) Does(s);
+    Play(R"(
+        none | # | count, tab, title, codetitle, sheet, code | 4 Object(s), Code, , , 0,
+        declarations | #1 | count, tab, title, codetitle, sheet, code
+            | 1 Object(s) Selected, Code, MOne.(declarations), MOne.(declarations), 17,
+        one | #2 | count, tab, title, codetitle, sheet
+            | 1 Object(s) Selected, Code, MOne.a, MOne.a, 20
+        its own handler | #4 | count, tab, title, codetitle, sheet, code
+            | 1 Object(s) Selected, Code, MOne.c, MOne.c, 13,
+            \ Sub c() / On Error Resume Next / End Sub
+        several | #2 3 | count, tab, title, codetitle, sheet, code
+            | 2 Object(s) Selected, Properties, Selection, , 20,
+        others | #2 4 | count, title, sheet | 2 Object(s) Selected, Selection, 20)");
   });
 }
 
@@ -150,33 +146,24 @@ TEST_F(FMainTest, AnEditReachesWhoCanTakeItAndOnlyPending) {
   FakeComponent& oModule = Add(u"MOne", Code);
   const Text sBefore = oModule.Code();
   Run([&] {
-    Click(u"MOne");
-    Select(oMain.lvwProcs, {1, 2, 3, 4});
+    for (const char* s : {">MOne", "#1 2 3 4"}) Does(s);
     oMain.prlProperties.SetRow(4);
-    Edit(u"Boundary", u"Firewall");
-    Edit(u"Trace", u"True");
-    EXPECT_EQ(Rows(oMain.lvwProcs),
-              "*DeclarationsDirty|(declarations)|Firewall\n"
-              "*MethodDirty|a|Sub|Public|Std|Firewall|Normal|Trace\n"
-              "*Method|b|Sub|Public|Std|Locked|Normal\n"
-              "*Method|c|Sub|Public|(bespoke)\n")
-        << "b is locked, c has its own handler";
+    Play(R"(
+        b is locked, c has its own handler | Boundary=Firewall; Trace=True | rows
+            | *DeclarationsDirty,(declarations),Firewall /
+            \ *MethodDirty,a,Sub,Public,Std,Firewall,Normal,Trace /
+            \ *Method,b,Sub,Public,Std,Locked,Normal / *Method,c,Sub,Public,(bespoke) /)");
     ExpectHolds(Tree(), "MOne[Standard ModuleDirty]");
     EXPECT_EQ(oMain.prlProperties.Row(), 4);
     EXPECT_EQ(oMain.Model()->Trace(oMain.lvwProcs.ListItems().Item(1).Tag()),
               MQuillon::TriState::Unset)
         << "no trace in declarations";
-    Edit(u"Locked", u"True");
-    EXPECT_TRUE(Rows(oMain.lvwProcs).ends_with("*Method|c|Sub|Public|(bespoke)\n"));
-    Edit(u"Locked", u"False");
-    Edit(u"Template", u"(none)");
-    Edit(u"Severity", u"Fatal");
-    Edit(u"Retry", u"Procedure");
-    EXPECT_EQ(Rows(oMain.lvwProcs),
-              "*DeclarationsDirty|(declarations)|Firewall|Fatal|Procedure\n"
-              "*MethodDirty|a|Sub|Public|Firewall|Fatal|Procedure|Trace\n"
-              "*MethodDirty|b|Sub|Public|Fatal|Procedure\n"
-              "*Method|c|Sub|Public|(bespoke)\n");
+    Play(R"(
+        all locked but c, and unlocked | Locked=True; Locked=False; Template=(none); Severity=Fatal;
+            \ Retry=Procedure | rows
+            | *DeclarationsDirty,(declarations),Firewall,Fatal,Procedure /
+            \ *MethodDirty,a,Sub,Public,Firewall,Fatal,Procedure,Trace /
+            \ *MethodDirty,b,Sub,Public,Fatal,Procedure / *Method,c,Sub,Public,(bespoke) /)");
     Leave();
   });
   EXPECT_EQ(oModule.Code(), sBefore);
@@ -185,25 +172,19 @@ TEST_F(FMainTest, AnEditReachesWhoCanTakeItAndOnlyPending) {
 TEST_F(FMainTest, TheSelectMenuWorksOnTheListInFront) {
   Add(u"MOne", u"Sub a()\nEnd Sub\nSub b()\nEnd Sub\nSub c()\nEnd Sub\nFunction d()\nEnd Function");
   Run([&] {
-    Click(u"MOne");
     User().Modal<FSelectCustom>(
         [](FSelectCustom& o) { o.chkFunction.UserClick(), o.cmdOK.UserClick(); });
-    const auto Check = [&](TextView sItem, TextView sNode, const char* sShown) {
-      Click(sNode);
-      Pick(sItem);
-      EXPECT_EQ(Panel(1) + " " + ToUtf8(oMain.lblProperties.GetCaption()), sShown);
-    };
-    Check(u"SelectInvert", u"MOne", "4 Object(s) Selected Selection");
-    Check(u"SelectAll", u"MOne", "5 Object(s) Selected Selection");
-    Check(u"SelectCustom", u"MOne", "1 Object(s) Selected MOne.d");
-    Check(u"SelectNone", u"MOne", "5 Object(s) ");
-    Check(u"SelectNone", u"P", "1 Object(s) ");
-    Check(u"SelectAll", u"P", "1 Object(s) ");
-    EXPECT_EQ(Rows(oMain.lvwMods).front(), '*');
-    Pick(u"SelectInvert");
-    EXPECT_EQ(Rows(oMain.lvwMods).front(), 'S') << "not selected";
-    Select(oMain.lvwMods, {1});
-    EXPECT_EQ(Panel(1), "1 Object(s) Selected");
+    Play(R"(
+        all but the first | >MOne; SelectInvert | count, title | 4 Object(s) Selected, Selection
+        all               | SelectAll    | count, title | 5 Object(s) Selected, Selection
+        by type           | SelectCustom | count, title | 1 Object(s) Selected, MOne.d
+        none              | SelectNone   | count, title | 5 Object(s),
+        no module         | >P; SelectNone | count, title | 1 Object(s),
+        all modules       | SelectAll    | count, rows
+            | 1 Object(s), *Standard Module,MOne,Standard Module,/src/MOne.bas /
+        not this one      | SelectInvert | rows
+            | Standard Module,MOne,Standard Module,/src/MOne.bas /
+        by the mouse      | #1           | count | 1 Object(s) Selected)");
   });
 }
 
@@ -218,18 +199,16 @@ TEST_F(FMainTest, PendingCodeShowsWhatApplyingWouldWrite) {
                 [&](auto i) { return (o.LineNumbers() ? o.LineNumber(i) : u"") + o.Line(i); });
   };
   Run([&] {
-    Click(u"MOne");
-    Select(oMain.lvwProcs, {2});
-    Edit(u"Template", u"Std");
+    for (const char* s : {">MOne", "#2", "Template=Std"}) Does(s);
     EXPECT_EQ(Shown(), "Sub a()|    x = 1|End Sub|") << "not asked for";
-    Pick(u"ViewPending");
-    EXPECT_EQ(Tab(), "Code");
+    Play("the tab comes to the front | ViewPending | tab | Code");
     EXPECT_EQ(Shown(), "Sub a()|+'@ Std|+    On Error GoTo Trap|    x = 1|+Trap:|End Sub|");
     EXPECT_EQ(oMain.txtCode.Mark(2), LineMark::Added);
     EXPECT_EQ(oModule.Code(), sBefore);
     const std::string sResults = Lines(oMain.srlResults);
-    Select(oMain.lvwProcs, {3});
-    Edit(u"Template", u"(none)");
+    Does("#3");
+    EXPECT_FALSE(oMain.txtCode.LineNumbers()) << "nothing is pending for it";
+    Does("Template=(none)");
     EXPECT_TRUE(Shown().starts_with("Can't be applied: ")) << Shown();
     EXPECT_EQ(Lines(oMain.srlResults), sResults) << "looking says nothing there";
     Leave();

@@ -12,35 +12,27 @@ namespace {
 using namespace Forms;
 
 TEST_F(FMainTest, LeavingAsksWhenSomethingIsPending) {
-  const struct {
-    const char* sName;
-    bool bDirty;
-    MsgBoxResult eAnswer;
-    bool bOpen;
-  } aoRow[] = {{"nothing pending", false, MsgBoxResult::Ok, false},
-               {"kept", true, MsgBoxResult::Cancel, true},
-               {"discarded", true, MsgBoxResult::Ok, false}};
   Add(u"MOne", u"Sub a()\nEnd Sub");
-  for (const bool bExit : {true, false}) {
-    for (const auto& oRow : aoRow) {
-      SCOPED_TRACE(oRow.sName);
-      const std::size_t nBoxes = User().Boxes().size();
-      Run([&] {
-        Click(u"MOne");
-        if (oRow.bDirty) Edit(u"Locked", u"True");
-        if (oRow.bDirty) User().MsgBox(oRow.eAnswer);
-        bExit ? Pick(u"FileExit") : static_cast<void>(oMain.UserClose());
-        EXPECT_EQ(oMain.Loaded(), oRow.bOpen);
-        EXPECT_EQ(oMain.Model() != nullptr, oRow.bOpen);
-      });
-      EXPECT_EQ(oMain.poConnect(), &oConnect);
-      ASSERT_EQ(User().Boxes().size() - nBoxes, oRow.bDirty ? 1U : 0U);
-    }
-    const MsgBoxRequest& oBox = User().Boxes().back();
-    EXPECT_EQ(oBox.sPrompt + u"|" + oBox.sTitle, u"Discard Pending Properties?|Tarvane Quillon");
-    EXPECT_EQ(oBox.eButtons, MsgBoxButtons::OkCancel);
-    EXPECT_EQ(oBox.eIcon, MsgBoxIcon::Question);
-  }
+  for (const bool bExit : {true, false})
+    for (const bool bDirty : {false, true})
+      for (const bool bStays : {false, true}) {
+        SCOPED_TRACE(std::to_string(bExit) + std::to_string(bDirty) + std::to_string(bStays));
+        Run([&] {
+          Click(u"MOne");
+          if (bDirty) Edit(u"Locked", u"True");
+          if (bDirty)
+            User().MsgBox([&](const MsgBoxRequest& o) {
+              EXPECT_EQ(o.sPrompt + u"|" + o.sTitle,
+                        u"Discard Pending Properties?|Tarvane Quillon");
+              EXPECT_TRUE(o.eButtons == MsgBoxButtons::OkCancel && o.eIcon == MsgBoxIcon::Question);
+              return bStays ? MsgBoxResult::Cancel : MsgBoxResult::Ok;
+            });
+          bExit ? Pick(u"FileExit") : static_cast<void>(oMain.UserClose());
+          EXPECT_EQ(oMain.Loaded(), bDirty && bStays);
+          EXPECT_EQ(oMain.Model() != nullptr, bDirty && bStays);
+        });
+        EXPECT_EQ(oMain.poConnect(), &oConnect);
+      }
 }
 
 TEST_F(FMainTest, PlacesComeBackAndTheRestBeginsAnew) {
@@ -87,35 +79,39 @@ TEST_F(FMainTest, DamagedPlacesGiveAUsableWindow) {
            o.picSplit3.Top() < o.ScaleHeight() && o.picSplit1.Width() < 100 && o.Left() >= 0 &&
            o.Top() >= 0 && o.Left() + o.Width() <= 15360 && o.Top() + o.Height() <= 11520;
   };
-  const auto Check = [&](TextView sKey, TextView sName, std::int32_t lValue) {
+  const struct {
+    TextView sKey, sName;
+    std::int32_t lValue;
+  } aoRow[] = {{u"FMain", u"Left", -lFar},
+               {u"FMain", u"Left", lFar},
+               {u"FMain", u"Top", lFar},
+               {u"FMain", u"Width", 0},
+               {u"FMain", u"State", 1},
+               {u"FMain", u"State", 2},
+               {u"FMain", u"State", 77},
+               {u"FMain\\Split1", u"Left", lFar},
+               {u"FMain\\Split1", u"Width", 9000},
+               {u"FMain\\Split2", u"Left", -5},
+               {u"FMain\\Split2", u"Left", 40},
+               {u"FMain\\Split3", u"Top", lFar},
+               {u"FMain\\ModList", u"ColWidth1", -7}};
+  for (const auto& [sKey, sName, lValue] : aoRow) {
     SCOPED_TRACE(ToUtf8(sKey) + " " + ToUtf8(sName) + " " + std::to_string(lValue));
-    RegistryStore oOwn(oFolder / "settings.reg");
-    goRegistry = &oOwn;
+    OwnSettings oOwn(oFolder / "settings.reg");
     oOwn.SetLong(Key(sKey), sName, lValue);
     // Settings that can't be saved don't keep the window from closing.
     std::filesystem::remove(oFolder / "settings.reg");
     std::filesystem::create_directory(oFolder / "settings.reg");
-    Run([&] {
+    Run([&, bLarge = lValue == 2] {
       EXPECT_TRUE(Fits());
-      EXPECT_NE(oMain.WindowState(), WindowState::Minimized);
-      EXPECT_EQ(oMain.WindowState() == WindowState::Maximized, lValue == 2);
+      EXPECT_EQ(oMain.WindowState(), bLarge ? WindowState::Maximized : WindowState::Normal);
       EXPECT_EQ(oMain.lvwMods.ColumnHeaders().Count(), 6);
       Pick(u"ViewErrors");
       EXPECT_TRUE(Fits());
     });
     EXPECT_FALSE(oMain.Loaded());
     EXPECT_TRUE(std::filesystem::remove(oFolder / "settings.reg"));
-    goRegistry = &oStore;
-  };
-  for (const std::int32_t lPlace : {-lFar, lFar}) Check(u"FMain", u"Left", lPlace);
-  Check(u"FMain", u"Top", lFar);
-  Check(u"FMain", u"Width", 0);
-  for (const std::int32_t eState : {1, 2, 77}) Check(u"FMain", u"State", eState);
-  Check(u"FMain\\Split1", u"Left", lFar);
-  Check(u"FMain\\Split1", u"Width", 9000);
-  for (const std::int32_t lPlace : {-5, 40}) Check(u"FMain\\Split2", u"Left", lPlace);
-  Check(u"FMain\\Split3", u"Top", lFar);
-  Check(u"FMain\\ModList", u"ColWidth1", -7);
+  }
 }
 
 TEST_F(FMainTest, GuardCountsAndProgressBorrowsThePanels) {
@@ -189,12 +185,9 @@ TEST_F(FMainTest, ToolbarPressesReleasesAndFrames) {
   oIDE.AddProject(u"P");
   Run([&] {
     const MainToolbar& o = oMain.oToolbar;
-    EXPECT_EQ(Each(0, 6, [&](auto i) { return ToText(o.picButton(i).Left()); }),
-              "15|450|885|1230|1665|2010|2445|");
-    EXPECT_EQ(
-        Each(0, 3,
-             [&](auto i) { return ToText(o.linSep1(i).X1()) + u"+" + ToText(o.linSep2(i).X1()); }),
-        "375+390|810+825|1590+1605|2370+2385|");
+    for (std::int32_t i = 1; i < MainToolbar::lButtons; ++i)
+      EXPECT_GE(o.picButton(i).Left(), o.picButton(i - 1).Left() + o.picButton(i - 1).Width());
+    for (std::int32_t i = 0; i < 4; ++i) EXPECT_EQ(o.linSep2(i).X1(), o.linSep1(i).X1() + 15);
     PictureBox& oList = o.picButton(3);
     const auto Check = [&](auto oAct, std::int32_t nButton, std::int32_t lX, std::int32_t lY,
                            const char* sPlaces) {
@@ -217,12 +210,11 @@ TEST_F(FMainTest, ToolbarPressesReleasesAndFrames) {
     Check(Move, Button::Left, 400, 10, "1230,60 framed Tree");
     Check(Move, Button::Left, 20, 10, "1245,75 pressed framed Tree");
     Check(Up, Button::Left, 20, 10, "1230,60 framed List");
-    const auto Points = [](const Line& oLine) {
-      return ToUtf8(ToText(oLine.X1()) + u"," + ToText(oLine.Y1()) + u"," + ToText(oLine.X2()) +
-                    u"," + ToText(oLine.Y2()) + u" ");
-    };
-    EXPECT_EQ(Points(o.linLeft) + Points(o.linRight) + Points(o.linTop) + Points(o.linBottom),
-              "1215,45,1215,360 1545,45,1545,360 1215,45,1545,45 1215,360,1560,360 ");
+    std::string sFrame;
+    for (const Line* po : {&o.linLeft, &o.linRight, &o.linTop, &o.linBottom})
+      for (const std::int32_t l : {po->X1(), po->Y1(), po->X2(), po->Y2()})
+        sFrame += std::to_string(l) + " ";
+    EXPECT_EQ(sFrame, "1215 45 1215 360 1545 45 1545 360 1215 45 1545 45 1215 360 1560 360 ");
     EXPECT_FALSE(oList.UserMouseDown(Button::Left, 0, 0, 0)) << "off now";
     oMain.UserMouseMove(0, 0, 5000, 200);
     EXPECT_FALSE(o.linTop.Visible() || o.linRight.Visible());
@@ -231,34 +223,32 @@ TEST_F(FMainTest, ToolbarPressesReleasesAndFrames) {
 
 TEST_F(FMainTest, PartsFollowTheWindow) {
   oIDE.AddProject(u"P");
+  const auto Bottom = [](const Control& o) { return o.Top() + o.Height(); };
+  const auto Right = [](const Control& o) { return o.Left() + o.Width(); };
   Run([&] {
-    const std::int32_t lBar = oMain.StatusBar1.Height();
     EXPECT_EQ(oMain.picSplit1.Left(), oMain.ScaleWidth() / 3);
     EXPECT_EQ(oMain.picSplit2.Left(), oMain.ScaleWidth() / 3 * 2);
     EXPECT_EQ(oMain.picSplit3.Top(), oMain.ScaleHeight() / 3 * 2);
     oMain.Move(0, 0, 12000, 8000);
-    const Control* const apoPart[] = {
-        &oMain.picContainer, &oMain.picSplit1,   &oMain.picSplit2, &oMain.lblTree,
-        &oMain.lblList,      &oMain.tvwProjects, &oMain.lvwProcs,  &oMain.lblListViewSurrogate};
-    EXPECT_EQ(Each(0, 7, [&](auto i) { return ToText(apoPart[i]->Top()); }),
-              "360|375|375|390|390|690|690|690|");
-    EXPECT_EQ(oMain.picSplit2.Height(), oMain.ScaleHeight() - 420 - lBar);
-    EXPECT_EQ(oMain.picSplit1.Height(), oMain.tvwProjects.Height() + 330);
-    EXPECT_EQ(oMain.picProgress.Top(), oMain.ScaleHeight() - lBar + 45);
+    const std::int32_t lEnd = oMain.ScaleHeight() - oMain.StatusBar1.Height();
+    for (const Control* po : std::initializer_list<const Control*>{
+             &oMain.picContainer, &oMain.tvwProjects, &oMain.lvwMods, &oMain.lvwProcs})
+      EXPECT_EQ(Bottom(*po), lEnd) << ToUtf8(po->Name());
+    EXPECT_EQ(Bottom(oMain.picSplit1), lEnd + 15);
+    EXPECT_EQ(Bottom(oMain.picSplit2), lEnd - 45);
+    EXPECT_EQ(oMain.picProgress.Top(), lEnd + 45);
+    EXPECT_EQ(oMain.tvwProjects.Top(), oMain.lvwProcs.Top());
     EXPECT_EQ(oMain.oToolbar.linToolbarTop(0).X2(), oMain.ScaleWidth());
-    EXPECT_EQ(oMain.lblResults.Top(), oMain.tabView.ClientArea().lTop + 30);
-    EXPECT_EQ(oMain.tvwProjects.Height(), oMain.ScaleHeight() - 690 - lBar);
-    EXPECT_EQ(oMain.lvwMods.Height(), oMain.tvwProjects.Height());
-    EXPECT_EQ(oMain.picContainer.Left() + oMain.picContainer.Width(), oMain.ScaleWidth());
+    EXPECT_EQ(Right(oMain.picContainer), oMain.ScaleWidth());
     EXPECT_EQ(oMain.StatusBar1.Panels(2).Width(), oMain.StatusBar1.Width() - 2145);
-    const Rect oClient = oMain.tabView.ClientArea(), oPane = oMain.srlResults.Bounds();
-    EXPECT_EQ(oPane,
-              (Rect{oClient.lLeft, oClient.lTop + 255, oClient.lWidth, oClient.lHeight - 255}));
+    const Rect o = oMain.tabView.ClientArea();
+    EXPECT_EQ(oMain.lblResults.Top(), o.lTop + 30);
+    EXPECT_EQ(oMain.srlResults.Bounds(), (Rect{o.lLeft, o.lTop + 255, o.lWidth, o.lHeight - 255}));
     oMain.picSplit3.SetTop(oMain.StatusBar1.Top() - 100);
     Pick(u"ViewErrors");
     EXPECT_EQ(oMain.picSplit3.Top(), oMain.StatusBar1.Top() - 645) << "room for the pane";
-    EXPECT_EQ(oMain.fraErrors.Top() + oMain.fraErrors.Height(), oMain.ScaleHeight() - lBar);
-    EXPECT_EQ(oMain.lvwMods.Top() + oMain.lvwMods.Height(), oMain.picSplit3.Top());
+    EXPECT_EQ(Bottom(oMain.fraErrors), lEnd);
+    EXPECT_EQ(Bottom(oMain.lvwMods), oMain.picSplit3.Top());
     EXPECT_EQ(oMain.srlErrors.Width(), oMain.fraErrors.Width());
     EXPECT_EQ(oMain.srlErrors.Height(), oMain.fraErrors.Height() - 270);
     EXPECT_EQ(oMain.cmdHideErrors.Left(), oMain.fraErrors.Width() - 255);
@@ -286,8 +276,8 @@ TEST_F(FMainTest, RulesAndFontsTakeEffectAtOnce) {
   MOptions::oCodeFont = {u"Gone", 14, true, false};
   MOptions::oResultsFont = MOptions::oErrorFont = {u"Arial", 13, true, true};
   Run([&] {
-    EXPECT_EQ(oMain.txtCode.Font().sName, u"Courier New") << "its own, for want of the other";
-    EXPECT_EQ(oMain.txtCode.Font().dSize, 14);
+    const FontSpec oCode = oMain.txtCode.Font();
+    EXPECT_TRUE(oCode.sName == u"Courier New" && oCode.dSize == 14) << "the name is its own";
     Click(u"MOne");
     Select(oMain.lvwProcs, {2});
     const auto Fatals = [&] {

@@ -6,38 +6,32 @@ namespace {
 using namespace Forms;
 
 TEST_F(FMainTest, StartTakesTheNewestFileThatExists) {
-  const struct {
-    const char* sName;
-    std::vector<const char*> asRecent;  // the oldest first
-    bool bBeside;
-    std::string sOpened;  // empty: the user is asked, and cancels
-  } aoRow[] = {
-      {"recent", {"Old.dat", "New.dat"}, true, "New.dat"},
-      {"the newest is gone", {"Old.dat", "Gone.dat"}, true, "Old.dat"},
-      {"all are gone", {"Gone.dat"}, true, "Template.dat"},
-      {"none beside the program", {}, false, ""},
-  };
-  for (const auto& oRow : aoRow) {
-    SCOPED_TRACE(oRow.sName);
-    RegistryStore oOwn;
-    goRegistry = &oOwn;
+  // Recent files, the oldest first, and what opens; where nothing does, the user is asked and
+  // cancels.
+  for (const auto& as : ::Rows(R"(
+         recent                  | Old.dat New.dat  | New.dat
+         the newest is gone      | Old.dat Gone.dat | Old.dat
+         all are gone            | Gone.dat         | Template.dat
+         none beside the program |                  |)")) {
+    SCOPED_TRACE(as[0]);
+    OwnSettings oOwn;
     ResetRecentFiles();
     for (const char* s : {"Old.dat", "New.dat"})
       TempFolder::Write(oFolder / s, ToUtf8(TestTemplates));
-    if (!oRow.bBeside) std::filesystem::remove(oFolder / "Template.dat");
     RecentFiles().Initialize(MXRegistry::OpenRegKey(
         MXRegistry::HKEY_CURRENT_USER, Text(MXRegistry::RootKey) + u"FMain\\Recent Files",
         MXRegistry::KEY_ALL_ACCESS));
-    for (const char* s : oRow.asRecent) RecentFiles().Add(File(s));
-    const bool bOpens = !oRow.sOpened.empty();
-    if (!bOpens) User().ChooseFile([](FileDialog&) { return DialogAnswer{}; });
+    std::istringstream oRecent(as[1]);
+    for (std::string s; oRecent >> s;) RecentFiles().Add(File(s));
+    const Text sOpens = as[2].empty() ? Text() : File(as[2]);
+    if (sOpens.empty()) std::filesystem::remove(oFolder / "Template.dat");
+    if (sOpens.empty()) User().ChooseFile([](FileDialog&) { return DialogAnswer{}; });
     FMain oOwnMain(moToolkit, oPrinters);
     Run(oIDE, oOwnMain, [&] {
       EXPECT_EQ(oOwnMain.Caption(),
-                u"Tarvane Quillon" + (bOpens ? u" - " + File(oRow.sOpened) : Text()));
-      EXPECT_EQ(RecentFiles().Item(1), bOpens ? File(oRow.sOpened) : Text());
+                u"Tarvane Quillon" + (sOpens.empty() ? Text() : u" - " + sOpens));
+      EXPECT_EQ(RecentFiles().Item(1), sOpens);
     });
-    goRegistry = &oStore;
   }
 }
 
@@ -47,14 +41,13 @@ TEST_F(FMainTest, OpeningShowsTheReportAndTheNodeOfTheCodeInFront) {
   oIDE.AddProject(u"Q");
   Add(u"MTwo", u"");
   Run([&] {
-    EXPECT_EQ(Tab(), "Results");
     ExpectHolds(Lines(oMain.srlResults), "Processing Template \"Std\"");
-    EXPECT_EQ(Tree(),
-              "P[Standard EXE](Modules[Closed Folder](MOne[Standard Module] *MTwo[Standard "
-              "Module])) Q[Standard EXE](Modules[Closed Folder](MTwo[Standard Module]))");
+    Play(R"(the first of that name | | tab, tree, list, title
+            | Results, P[Standard EXE](Modules[Closed Folder](MOne[Standard Module]
+            \ *MTwo[Standard Module]))
+            \ Q[Standard EXE](Modules[Closed Folder](MTwo[Standard Module])),
+            \ Procedures of Module 'MTwo', MTwo.(declarations))");
     EXPECT_EQ(oMain.lblTree.GetCaption(), u"Projects");
-    EXPECT_EQ(oMain.lblList.GetCaption(), u"Procedures of Module 'MTwo'");
-    EXPECT_EQ(oMain.lblProperties.GetCaption(), u"MTwo.(declarations)");
     EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Default);
   });
   oIDE.oLog.Fail("ActiveCodePane");
