@@ -92,14 +92,13 @@ class FIDETest : public FormsTest {
   }
   /// Names and pictures of the tree, children in brackets.
   std::string Tree() const {
-    std::string sTree;
+    Text sTree;
     for (const Node* poRoot : moIDE.tvwGroup.Nodes().Roots()) {
-      sTree += ToUtf8(poRoot->Text() + u"=" + poRoot->Image()) + '[';
-      for (const Node* po : poRoot->Children())
-        sTree += ToUtf8(po->Text() + u"=" + po->Image()) + ' ';
-      sTree += ']';
+      sTree += poRoot->Text() + u"=" + poRoot->Image() + u"[";
+      for (const Node* po : poRoot->Children()) sTree += po->Text() + u"=" + po->Image() + u" ";
+      sTree += u"]";
     }
-    return sTree;
+    return ToUtf8(sTree);
   }
   /// Does something of which a box tells; gives its words.
   template <class Deed>
