@@ -91,8 +91,8 @@ bool ErrorLog::MakeRoom(std::size_t lBytes) noexcept {
   if (fstat(mhFile, &oOpen) != 0) return Fails();
   const auto lSize = static_cast<std::size_t>(oOpen.st_size);
   if (!S_ISREG(oOpen.st_mode) || lSize == 0 || lSize + lBytes <= mlMaxBytes) return true;
-  // Under the lock only one program shifts the files; another one finds its open file moved away
-  // and just opens the new one.
+  // Only the program that holds the lock renames the files. A program that waited for the lock sees
+  // that its open file isn't the named one any more, and opens the new one.
   flock(mhFile, LOCK_EX);
   const bool bMine = stat(msPath.c_str(), &oNamed) == 0 && SameFile(oOpen, oNamed);
   if (bMine) {

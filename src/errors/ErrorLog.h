@@ -9,10 +9,11 @@
 
 class ErrorLog {
  public:
+  /// Choices: at most four files of one megabyte.
   static constexpr std::size_t lUsualBytes = 1 << 20;
   static constexpr int lUsualKept = 3;
 
-  /// lKept: how many old files stay beside the one in use. Nothing is opened yet.
+  /// lKept: how many old files are kept beside the one in use. Doesn't open the file.
   explicit ErrorLog(std::string sPath, std::size_t lMaxBytes = lUsualBytes, int lKept = lUsualKept);
   ~ErrorLog();
   ErrorLog(const ErrorLog&) = delete;

@@ -14,7 +14,7 @@ void NeverThrows(Call&& oCall) noexcept {
   try {
     oCall();
   } catch (...) {
-    // Nowhere left to tell it: a report must not bring down what it reports on.
+    // There is no place left to report this to, and a failing report must not end the program.
   }
 }
 

@@ -7,7 +7,7 @@
 // Exit or Repeated for the other kinds of events. An empty field is "-", control characters are
 // \xNN. The time is UTC. An event that comes again and again is written once and then counted: its
 // fields come once more behind "Repeated" and the count.
-// A log that can't be written is told once through the dialog; the program goes on.
+// A log that can't be written is reported once through the dialog; the program goes on.
 #pragma once
 
 #include <memory>
@@ -23,7 +23,8 @@ class ErrorRuntime : public IErrorRuntime {
   /// told at once.
   explicit ErrorRuntime(IErrorDialog& oDialog, std::string sLogPath = {},
                         std::size_t lMaxBytes = ErrorLog::lUsualBytes);
-  /// Writes the count of an event that was left out, and goError is silent again if it was this.
+  /// Writes the pending count of a repeated event. If goError points here, the silent run-time
+  /// replaces it.
   ~ErrorRuntime() override;
 
   void SetErrorClient(IErrorClient* poErrorClient) override { mpoClient = poErrorClient; }

@@ -56,7 +56,8 @@ std::size_t SequenceLength(unsigned char cLead) {
                         : 0;
 }
 
-/// The character at lAt, which moves behind it; one byte is passed over where there is none.
+/// Decodes the character at lAt and moves lAt behind it. A byte that begins no valid character is
+/// skipped alone.
 char32_t NextUtf8(std::string_view sBytes, std::size_t& lAt) {
   const auto cLead = static_cast<unsigned char>(sBytes[lAt]);
   const std::size_t lLength = SequenceLength(cLead);

@@ -1,4 +1,5 @@
-// Text to bytes for logs and terminals, for a layer that has no text tools above it.
+// Text to bytes for logs and terminals. Needed here because this layer is the lowest one and can't
+// use the text tools of vocabulary/.
 #pragma once
 
 #include <string>
@@ -11,5 +12,5 @@ std::string ErrorUtf8(std::u16string_view sText);
 /// a tab nor a line end of a message can break the line; the empty text becomes "-".
 void AppendErrorField(std::u16string_view sText, std::string& sLine);
 
-/// UTF-8 to 16-bit text; bytes that are none become U+FFFD.
+/// UTF-8 to 16-bit text; bytes that aren't valid UTF-8 become U+FFFD.
 std::u16string ErrorUtf16(std::string_view sBytes);

@@ -54,7 +54,8 @@ bool GuardScope::RepeatsFailedStep() {
 
 void GuardScope::EndOfRoutine() {
   Failure oFailure = FailureInFlight();
-  // No step that could be tried again or passed over: whoever is asked isn't offered either.
+  // Outside of a step nothing can be repeated or skipped, so the user must not be offered Retry or
+  // Ignore.
   Routine oOnlyLeaves = moRoutine;
   oOnlyLeaves.eRetry = ErrorIds::RetryNone;
   Report(oFailure, oOnlyLeaves);

@@ -28,7 +28,7 @@ class IErrorRuntime {
   virtual void SetDevelopmentMode(bool bOn) = 0;
   virtual bool BreakRequested() = 0;
   virtual void Start() = 0;
-  /// Ends the error in hand. nBoundary: the routine's boundary id.
+  /// Ends the handling of the current error. nBoundary: the routine's boundary id.
   virtual void CloseError(std::int16_t nBoundary) = 0;
   /// Reports a failure and gives the action in eAction (ErrorIds::Action...).
   virtual void ReportError(const Failure& oFailure, std::u16string_view sModule,

@@ -1,5 +1,5 @@
 // The dialog of programs without a window: prints a line per failure and never asks, so that a
-// script is never kept waiting. The same failure several times in a row is printed once.
+// script doesn't hang at a question. The same failure several times in a row is printed once.
 #pragma once
 
 #include <cstdio>

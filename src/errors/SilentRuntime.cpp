@@ -2,7 +2,7 @@
 
 namespace {
 
-/// Stands in before start-up, so that a guard never asks whether there is a run-time.
+/// Used before start-up, so that guards needn't check whether there is a run-time.
 class SilentRuntime : public IErrorRuntime {
  public:
   void SetErrorClient(IErrorClient*) override {}

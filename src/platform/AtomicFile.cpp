@@ -19,7 +19,7 @@ std::string FolderOf(const std::string& sPath) {
 
 std::string NewNameOf(const std::string& sPath) {
   const std::size_t lName = sPath.rfind('/') + 1;
-  // A name may have 255 bytes; the additions must fit behind a long one.
+  // File systems limit names to 255 bytes; a long name is cut so that the additions fit.
   return sPath.substr(0, lName) + '.' + sPath.substr(lName, 200) + '.' + std::to_string(getpid()) +
          ".quillon-new";
 }
@@ -85,7 +85,8 @@ bool IsReadOnlyFolder(const std::string& sPath, IFileOps& oFiles) {
   }
 }
 
-/// The new file until it has taken the place of the old one; goes when anything fails before.
+/// The new file beside the old one. Removed at the end of the object unless it was renamed over the
+/// old one.
 class NewFile {
  public:
   NewFile(std::string sPath, IFileOps& oFiles) : msPath(std::move(sPath)), moFiles(oFiles) {}
@@ -99,7 +100,7 @@ class NewFile {
   int Create(std::uint32_t lMode) {
     int lError = moFiles.CreateNew(msPath, lMode, mhFile);
     if (lError == EEXIST) {
-      // A killed program of the same process id left it.
+      // Left by a program that was killed and had the same process id.
       moFiles.Remove(msPath);
       lError = moFiles.CreateNew(msPath, lMode, mhFile);
     }
@@ -154,7 +155,7 @@ bool FindOld(const std::string& sTarget, IFileOps::Stat& oOld, IFileOps& oFiles)
 
 void FlushFolderOf(const std::string& sTarget, IFileOps& oFiles) {
   const int lError = oFiles.FlushFolder(FolderOf(sTarget));
-  // Other errors only say that folders can't be flushed here, by this user or on this system.
+  // Other errors mean that folders can't be flushed on this system or by this user: not a failure.
   if (lError != EIO && lError != ENOSPC && lError != EDQUOT) return;
   Fail(57, sTarget,
        u" was replaced, but its folder can't be flushed: the change may not last; check the disk");
@@ -171,7 +172,7 @@ void Replace(const std::string& sPath, std::string_view sBytes, IFileOps& oFiles
   const bool bOld = FindOld(sTarget, oOld, oFiles);
   {
     NewFile oNew(NewNameOf(sTarget), oFiles);
-    // Nobody but the owner sees the bytes before the old file's mode is on them.
+    // Only the owner may read the new file until it has the old one's mode.
     int lError = oNew.Create(bOld ? 0600 : 0666);
     if (lError == 0 && bOld) {
       lError = oNew.TakeOwnerAndMode(oOld);

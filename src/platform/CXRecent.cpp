@@ -31,7 +31,8 @@ std::size_t NumberOf(TextView sName) {
   return lNumber <= 0x7FFFFFFF ? lNumber : 0;
 }
 
-/// The numbers in use, ascending: a limit of two thousand million isn't counted through.
+/// The numbers in use, ascending. Taken from the value names, since a damaged MaxCount may be two
+/// thousand million, too many to try one by one.
 std::set<std::size_t> EntryNumbers(std::int32_t hReg) {
   std::set<std::size_t> oNumbers;
   for (const Text& sName : RegValueNames(hReg)) {
@@ -118,7 +119,8 @@ void CXRecent::SaveToRegistry() {
       SetRegString(mhReg, ParamsName(i), oEntry.sParams);
     }
   }
-  // All above the count, not just the first run of them: what stood behind a gap would come back.
+  // Deletes all entries above the count. Stopping at the first gap would leave entries behind it,
+  // which the next start would read again.
   for (const std::size_t lNumber : EntryNumbers(mhReg)) {
     if (lNumber <= moEntries.size()) continue;
     DeleteRegValue(mhReg, NumberName(lNumber));

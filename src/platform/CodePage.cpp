@@ -83,6 +83,7 @@ Text TextOfPath(std::string_view sPath) {
 std::string PathOfText(TextView sPath) {
   std::string sBytes;
   std::size_t lBadUnit = 0;
-  // No path of this platform gives such text; the replacement character then finds no file.
+  // TextOfPath never gives such text, so that it names no file; with replacement characters it
+  // isn't found.
   return CodePage::Get("utf-8").Encode(sPath, sBytes, lBadUnit) ? sBytes : ToUtf8(sPath);
 }

@@ -1,8 +1,9 @@
 // Bytes to text and back by a named code page, losing nothing: for every page and every byte
 // string, Encode(Decode(bytes)) == bytes. Bytes that the page leaves undefined become text as
 // follows: in 1252 the five codes U+0081, U+008D, U+008F, U+0090, U+009D, as Windows maps them;
-// in every other page (UTF-8 too) a lone low surrogate U+DC00 + byte, which no sound text holds.
-// A double-byte character whose text doesn't map back to the same bytes is carried that way, too.
+// in every other page (UTF-8 too) a lone low surrogate U+DC00 + byte, which valid text doesn't
+// contain. A double-byte character whose text doesn't map back to the same bytes is carried that
+// way, too.
 //
 //   const CodePage& oPage = CodePage::Get("932");
 //   Text sText = oPage.Decode(sBytes);

@@ -1,6 +1,6 @@
 // Page 1252 by a table of its own: a bijection of 256 bytes and 256 units, with the five codes
-// that the page leaves undefined on themselves. Strict converters fail on those, and a constant
-// with enciphered text in a user's source may hold them.
+// that the page leaves undefined on themselves. Strict converters fail on those, and a string
+// constant with encrypted data in a user's source may hold them.
 #include <algorithm>
 #include <iterator>
 

@@ -1,4 +1,5 @@
-// The three kinds of code pages behind CodePage::Get, and the fast road for ASCII that they share.
+// The three kinds of code pages behind CodePage::Get, and the fast conversion of ASCII that they
+// share.
 #pragma once
 
 #include <memory>
@@ -7,13 +8,14 @@
 
 std::unique_ptr<CodePage> MakeCodePage1252();
 std::unique_ptr<CodePage> MakeCodePageUtf8();
-/// Null when lNumber is no page that is known; Failure 5 when the C library lacks its table.
+/// Null when lNumber isn't the number of a known page; Failure 5 when the C library lacks its
+/// table.
 std::unique_ptr<CodePage> MakeCodePageTable(int lNumber);
 
 namespace CodePageAscii {
 
-/// How many bytes or units at the beginning are ASCII, counted in whole blocks only, so that the
-/// compiler turns both loops into wide registers. The rest is the caller's, one by one.
+/// Converts ASCII at the beginning and gives its length. Works in whole blocks, so that the
+/// compiler vectorises the loops; the caller converts what is left one by one.
 std::size_t WidenBlocks(const char* pcFrom, std::size_t lCount, char16_t* pcTo);
 std::size_t NarrowBlocks(const char16_t* pcFrom, std::size_t lCount, char* pcTo);
 /// The length of the ASCII beginning.

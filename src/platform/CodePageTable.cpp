@@ -18,7 +18,7 @@ struct Range {
   bool Holds(unsigned char cByte) const { return cByte >= cFirst && cByte <= cLast; }
 };
 
-/// Lead and trail bytes as Windows splits characters, also those that a user defined for himself.
+/// Lead and trail bytes as Windows splits characters, with the ranges for user-defined characters.
 /// An empty range has its first above its last.
 struct PageRow {
   const char* pcTable;
@@ -64,7 +64,8 @@ class Converter {
 
   /// Converts the lCount bytes alone; false unless they give exactly the lWanted bytes of pTo.
   bool Convert(const void* pFrom, std::size_t lCount, void* pTo, std::size_t lWanted) {
-    // The call for a character that may still combine gives nothing before it is flushed.
+    // The converter holds back a character that may combine with the next one; this call flushes
+    // it.
     iconv(mhConverter, nullptr, nullptr, nullptr, nullptr);
     char* pcFrom = const_cast<char*>(static_cast<const char*>(pFrom));
     char* pcTo = static_cast<char*>(pTo);

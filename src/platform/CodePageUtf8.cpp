@@ -25,7 +25,7 @@ char32_t CharOf(std::string_view sSequence) {
   return cChar;
 }
 
-/// Writes the text of one character of 80h or above, or of one byte that is none.
+/// Writes the text of one character beyond ASCII, or of one byte that begins no valid character.
 std::size_t DecodeOne(std::string_view sBytes, char16_t*& pcTo) {
   const std::size_t lLength = Utf8SequenceLength(sBytes);
   if (lLength == 0) {
@@ -46,7 +46,8 @@ void PutTail(char32_t cChar, int lShift, char*& pcTo) {
   for (; lShift >= 0; lShift -= 6) *pcTo++ = static_cast<char>(0x80 | ((cChar >> lShift) & 0x3F));
 }
 
-/// The units that were taken; 0 for a unit that has no bytes.
+/// Result: how many units were encoded; 0 for a surrogate that is neither half of a pair nor
+/// carries a byte.
 std::size_t EncodeOne(TextView sText, char*& pcTo) {
   const char16_t cUnit = sText[0];
   if (IsHigh(cUnit)) {
@@ -71,7 +72,8 @@ std::size_t EncodeOne(TextView sText, char*& pcTo) {
   return 1;
 }
 
-/// At least the bytes of sText; a pair of surrogates counts six for its four.
+/// An upper limit for the bytes of sText: a surrogate pair is counted as six bytes, though it takes
+/// four.
 std::size_t MostBytes(TextView sText) {
   std::size_t lBytes = sText.size();
   for (const char16_t cUnit : sText)
@@ -86,7 +88,7 @@ class CodePageUtf8 : public CodePage {
   bool IsLeadByte(unsigned char) const override { return false; }
 
   void Decode(std::string_view sBytes, Text& sText) const override {
-    // No byte gives more than one unit, so the text is cut at the end, never grown.
+    // A byte gives at most one unit: the text gets that size first and is cut to the real one.
     const std::size_t lOld = sText.size(), lCount = sBytes.size();
     sText.resize(lOld + lCount);
     char16_t* pcTo = sText.data() + lOld;

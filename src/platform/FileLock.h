@@ -6,7 +6,8 @@
 
 class FileLock {
  public:
-  /// Waits lMilliseconds at most; then, or when the file can't be made, a Failure with the path.
+  /// Waits lMilliseconds at most (the default is a choice, far longer than a save takes); then, or
+  /// when the file can't be made, a Failure with the path.
   explicit FileLock(const std::string& sPath, int lMilliseconds = 10000);
   ~FileLock();
   FileLock(const FileLock&) = delete;

@@ -46,5 +46,5 @@ class IFileOps {
   virtual int FlushFolder(const std::string& sPath) = 0;
 };
 
-/// The system's own. Never ends.
+/// The system's file operations. The object lives until the process ends.
 IFileOps& SystemFileOps();

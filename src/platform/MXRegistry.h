@@ -1,6 +1,6 @@
 // Thin routines over the registry: keys, 32-bit values, strings. Every call hands its result code
 // to the error run-time and goes on; "not found" (2) and "more data" (234) are expected ones in
-// queries and deletions, so that asking for a missing value leaves no trace in the log.
+// queries and deletions, so that asking for a missing value isn't logged.
 #pragma once
 
 #include <cstdint>

@@ -58,7 +58,7 @@ void RegistryDocument::ChooseEncoding(std::string_view sBytes) {
   } else if (sBytes.starts_with("REGEDIT4")) {
     meEncoding = Encoding::Ansi;
   } else if (&CodePage::Detect(sBytes, oAnsi) == &oAnsi) {
-    // Pure ASCII is UTF-8: a name beyond it can be written then, and is found again.
+    // A pure ASCII file is taken as UTF-8, so that names with other characters can be added.
     const bool bAscii = std::none_of(sBytes.begin(), sBytes.end(), [](char c) { return c < 0; });
     meEncoding = bAscii ? Encoding::Utf8 : Encoding::Ansi;
   }
@@ -68,7 +68,7 @@ std::string_view RegistryDocument::TakeLine(std::string_view& sRest) const {
   const bool bWide = meEncoding == Encoding::Wide;
   const std::string_view sFeed = bWide ? std::string_view("\n\0", 2) : "\n";
   std::size_t lFeed = sRest.find(sFeed);
-  // Between two units the same bytes mean something else.
+  // At an odd offset the bytes are halves of two units and no line feed.
   while (bWide && lFeed != sRest.npos && lFeed % 2 != 0) lFeed = sRest.find(sFeed, lFeed + 1);
   const std::string_view sLine =
       sRest.substr(0, lFeed == sRest.npos ? sRest.npos : lFeed + sFeed.size());
@@ -86,7 +86,7 @@ Text RegistryDocument::TextOf(std::string_view sRaw) const {
   } else {
     sLine = CodePage::Get(meEncoding == Encoding::Ansi ? "1252" : "utf-8").Decode(sRaw);
   }
-  // A lone CR at the end of the file ends no line: with a line behind it, it would be another.
+  // A lone CR at the end of the file isn't a line end, as it isn't one inside the file either.
   const bool bPair = sLine.ends_with(CrLf);
   if (bPair || sLine.ends_with(u'\n')) sLine.resize(sLine.size() - (bPair ? 2 : 1));
   return sLine;
@@ -149,7 +149,7 @@ void RegistryDocument::AddEntry(Entry oEntry, std::size_t lLineNumber, std::size
   if (oLine.eKind == Kind::Key) {
     lKey = NumberOfKey(oLine.sName);
   } else if (oLine.eKind == Kind::Damaged && IsKeyLike(TextOf(oEntry.sRaw))) {
-    // What follows belongs to a key that isn't known, and to no other.
+    // The key's line is damaged: the values below it must not go to the key before.
     lKey = 0;
   } else if (IsHit(oLine) && lKey == 0) {
     oLine = {Kind::Damaged, {}, {}, u"there is no sound key above it"};

@@ -60,7 +60,8 @@ struct RegistryStore::Impl {
   }
 
   void Save() {
-    std::unique_ptr<FileLock> pHeld = std::move(pLock);  // let go of however this ends
+    std::unique_ptr<FileLock> pHeld =
+        std::move(pLock);  // released at the end, also by an exception
     if (!oChanges.empty() && !sPath.empty()) {
       if (!pHeld) pHeld = Lock();
       MergeIntoFile();

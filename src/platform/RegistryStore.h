@@ -3,9 +3,9 @@
 // Reads what registry editors export ("Windows Registry Editor Version 5.00" in UTF-16 LE with
 // mark, or UTF-8; "REGEDIT4" in 1252). A new file has the 5.00 header, and values are written in
 // ASCII, so that it can be imported: a text with other characters is written as hex(1). A file
-// that is there keeps its header, encoding and line ends, for other value types and lines that
-// aren't understood stay where they are, byte for byte, when the file is written next.
-// A damaged line is skipped and told through Problems() with its number.
+// that exists keeps its header, encoding and line ends. Other value types and lines that aren't
+// understood stay where they are, byte for byte.
+// A damaged line is skipped and reported by Problems() with its number.
 //
 // Every write locks the file (a lock file beside it), reads it again, puts this program's changes
 // into it and replaces it atomically: two programs that write at once lose nothing.
@@ -58,8 +58,8 @@ class RegistryStore {
     explicit Batch(RegistryStore& oStore);
     ~Batch();  ///< saves if Commit wasn't called; a failure is then reported only
     void Commit();
-    /// Locks the file until the outermost Batch ends and reads it again: for writes that rest on
-    /// values read, which another program could change in between. Failure with the path.
+    /// Locks the file until the outermost Batch ends and reads it again: for writes that depend on
+    /// values just read, which another program could change in between. Failure with the path.
     void LockAndRead();
 
    private:

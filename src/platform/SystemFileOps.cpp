@@ -39,7 +39,7 @@ int ReadToEnd(int hFile, std::string& sBytes) {
   struct stat oState = {};
   if (fstat(hFile, &oState) != 0) return errno;
   if (S_ISDIR(oState.st_mode)) return EISDIR;
-  // One byte more than the file has, so that the end shows without another round of growing.
+  // One byte more than the size, so that the read that finds the end needs no larger buffer.
   sBytes.resize(static_cast<std::size_t>(std::max<off_t>(oState.st_size, 0)) + 1);
   std::size_t lHave = 0;
   for (;;) {
@@ -76,7 +76,7 @@ class SystemOps : public IFileOps {
   int ReadAll(const std::string& sPath, std::string& sBytes) override {
     int hFile = -1;
     sBytes.clear();
-    // A pipe that nobody writes to must not hold up the program; the flag goes once it is open.
+    // O_NONBLOCK only for opening: without it, opening a pipe that has no writer would hang.
     if (const int lError = OpenFile(sPath, O_RDONLY | O_NONBLOCK, 0, hFile)) return lError;
     fcntl(hFile, F_SETFL, 0);
     const int lError = ReadToEnd(hFile, sBytes);
@@ -105,7 +105,7 @@ class SystemOps : public IFileOps {
     for (int lLinks = 0; lLinks < 40; ++lLinks) {
       char acLink[4096];
       const ssize_t lLength = readlink(sTarget.c_str(), acLink, sizeof acLink);
-      // EINVAL: no link. A missing file is for the caller to find.
+      // EINVAL: not a link. ENOENT: the caller finds out that the file is missing.
       if (lLength < 0) return errno == EINVAL || errno == ENOENT ? 0 : errno;
       const std::string sLink(acLink, static_cast<std::size_t>(lLength));
       sTarget.resize(sLink.front() == '/' ? 0 : sTarget.rfind('/') + 1);
@@ -135,7 +135,7 @@ class SystemOps : public IFileOps {
     return ErrorOf(Repeated([&] { return fsync(hFile); }));
   }
   int Close(int hFile) override {
-    // After EINTR the file is closed on this system, and a second call could hit another one.
+    // On this system the file is closed even after EINTR; a second call could close another file.
     const int lError = ErrorOf(close(hFile));
     return lError == EINTR ? 0 : lError;
   }
@@ -156,7 +156,7 @@ class SystemOps : public IFileOps {
 }  // namespace
 
 IFileOps& SystemFileOps() {
-  // Never ended: a store that saves at the end of the process still finds it.
+  // Never destroyed, because a store may still save while the process ends.
   static SystemOps& oOps = *new SystemOps;
   return oOps;
 }
