@@ -19,8 +19,8 @@ namespace Forms {
 
 namespace {
 
-/// The place in a box's own height or, where the window system needs a little more, in that: from
-/// the middle to both sides, so that rows stay in line.
+/// The box's place, enlarged where the window system's control needs more height: by the same
+/// amount above and below, so that rows of boxes stay aligned.
 wxRect WithBestHeight(wxRect oPlace, const wxWindow& oNative) {
   const int nMore = oNative.GetBestSize().y - oPlace.height;
   return nMore > 0 ? oPlace.Inflate(0, (nMore + 1) / 2) : oPlace;
@@ -29,7 +29,7 @@ wxRect WithBestHeight(wxRect oPlace, const wxWindow& oNative) {
 /// The caption of a box, broken at blanks where it is wider than the room behind the box.
 wxString CaptionInside(wxWindow& oNative, const Control& oControl, TextView sCaption,
                        const Units& oUnit) {
-  constexpr int nBox = 22;
+  constexpr int nBox = 22;  // pixels of the box and the gap behind it; a choice
   const int nRoom = oUnit.Pixels(oControl.Width()) - oUnit.Scaled(nBox);
   const wxString sText = ToWx(sCaption);
   wxClientDC oDC(&oNative);
@@ -56,12 +56,12 @@ CommandButtonPeer::CommandButtonPeer(WxRenderer& oRenderer, CommandButton& oButt
   Adopt(moNative);
   Listen(moNative, wxEVT_BUTTON, [this](wxCommandEvent&) {
     moButton.UserClick();
-    // Behind the click nothing is touched: it may have unloaded the form.
+    // Nothing may be touched after the click: its handler may have unloaded the form.
   });
 }
 
-// A press whose handler gave the focus away is over: the native button would take the focus back,
-// and its click behind the release once more.
+// If a handler of MouseDown moved the focus away, the native button must not see the press: it
+// would take the focus back and raise a click at the release.
 void CommandButtonPeer::OnMouse(wxMouseEvent& oEvent) {
   const auto pLife = Life();
   ControlPeer::OnMouse(oEvent);
@@ -69,7 +69,8 @@ void CommandButtonPeer::OnMouse(wxMouseEvent& oEvent) {
 }
 
 void CommandButtonPeer::Apply(const Changes& oChanges) {
-  // A native button that never had a text is one for a picture; the empty text is one, too.
+  // A native button that ever had a label, even an empty one, isn't drawn as a button for a
+  // picture.
   const wxString sCaption = ToWx(moButton.Caption());
   if (moButton.Picture().empty() && moNative.GetLabel() != sCaption) moNative.SetLabel(sCaption);
   if (oChanges.Has(Property::Picture) && !moButton.Picture().empty()) {
@@ -89,7 +90,7 @@ CheckBoxPeer::CheckBoxPeer(WxRenderer& oRenderer, CheckBox& oBox)
                                wxCHK_3STATE)) {
   Adopt(moNative);
   Listen(moNative, wxEVT_CHECKBOX, [this](wxCommandEvent&) {
-    Later(Property::Value);  // the object may have another value, or none for this user
+    Later(Property::Value);  // the object may refuse the change or take another value
     moBox.UserClick();
   });
 }

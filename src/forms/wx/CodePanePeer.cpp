@@ -17,15 +17,16 @@ namespace {
 
 constexpr std::size_t TabWidth = 4;
 constexpr int Gap = 6;
-/// More than any pane is wide, less than the window system can count the pixels of.
+/// How many characters of a long line are drawn: wider than any pane, and narrow enough for the
+/// coordinates of the window system.
 constexpr std::size_t PartSize = 4096;
 
-/// Control characters have no width of their own, and a NUL would end the text.
+/// Control characters have no defined width, and the window system takes a NUL as the text's end.
 bool IsControl(char16_t c) {
   return c < u' ' || c == u'\x7F';
 }
 
-/// The line with blanks for its tabs: rows are drawn without any.
+/// The line as it is drawn: tabs become blanks, since the window system doesn't expand them.
 Text Expanded(TextView sLine) {
   Text sShown;
   for (const char16_t c : sLine) {
@@ -42,7 +43,8 @@ bool IsLight(const wxColour& o) {
   return o.Red() + o.Green() + o.Blue() > 3 * 128;
 }
 
-/// The ground of a marked line: a tint of the pane's own ground, so that it suits dark themes too.
+/// The background of a marked line: the pane's own background with a tint, which suits dark themes
+/// too.
 wxColour MarkColour(LineMark eMark, const wxColour& oGround) {
   wxColour oTint;
   switch (eMark) {
@@ -105,7 +107,7 @@ void CodePanePeer::DrawRow(wxDC& oDC, int nRow, const wxRect& oRect) {
   oText.x += mnMargin + Gap / 2;
   DrawLine(oDC, Expanded(moCode.Line(lLine)), {oText.x, oText.y + RowSpace()});
   if (mnMargin == 0) return;
-  // The numbers stand still while the text scrolls sideways.
+  // Drawn last and at a fixed place: the numbers don't scroll sideways with the text.
   const wxRect oMargin(0, oRect.y, mnMargin - Gap / 2, oRect.height);
   oDC.SetPen(*wxTRANSPARENT_PEN);
   oDC.SetBrush(NativeColor(SystemColor::ButtonFace));
@@ -115,7 +117,8 @@ void CodePanePeer::DrawRow(wxDC& oDC, int nRow, const wxRect& oRect) {
                 wxALIGN_RIGHT | wxALIGN_CENTER_VERTICAL);
 }
 
-// Of a line that is longer than any editor makes them, the part that is in sight.
+// Draws only the visible part of a very long line: drawing a line of millions of characters takes
+// seconds.
 void CodePanePeer::DrawLine(wxDC& oDC, TextView sLine, wxPoint oAt) const {
   const int nHidden = sLine.size() > PartSize ? std::max(0, -oAt.x) / mnChar : 0;
   oAt.x += nHidden * mnChar;
@@ -142,7 +145,7 @@ void CodePanePeer::GoToRow(int nRow, std::int32_t) {
 void CodePanePeer::Apply(const Changes& oChanges) {
   if (oChanges.Has(Property::Items)) mlAnchor = 1;
   if (oChanges.Has(Property::Items) || oChanges.Has(Property::Font)) {
-    ControlPeer::Apply(oChanges);  // the font is what is measured with
+    ControlPeer::Apply(oChanges);  // the font has to be set before measuring
     MeasureText();
   }
   RowsPeer::Apply(oChanges);

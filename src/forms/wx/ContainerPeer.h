@@ -10,7 +10,7 @@ namespace Forms {
 class Frame;
 class PictureBox;
 
-/// What a surface asks of its container's peer.
+/// What a surface needs from its container's peer.
 class IContainerPeer {
  public:
   virtual ~IContainerPeer() = default;
@@ -25,7 +25,7 @@ class ContainerPeer : public ControlPeer, public IContainerPeer {
   ~ContainerPeer() override { moArea.Leave(); }
   Surface& Area() override { return moArea; }
   void DrawGround(wxDC& oDC, const wxSize& oSize) override;
-  /// The surface hands on the mouse.
+  /// Called by the surface for mouse events.
   void OnMouse(wxMouseEvent& oEvent) override;
   bool OwnsKey(const Stroke& oStroke) const override { return oStroke.nKeyCode != 0; }
 

@@ -17,34 +17,34 @@ class Surface;
 class ControlPeer : public WxPeer {
  public:
   ControlPeer(WxRenderer& oRenderer, Control& oControl) : WxPeer(oRenderer), moControl(oControl) {}
-  /// The window ends with the events that wait for it, not before.
+  /// Leaves the native window to wxWidgets, which destroys it when its pending events are handled.
   ~ControlPeer() override;
 
   void Focus() override;
   void TakeFocus();
   wxWindow& Native() const { return *mpoWindow; }
   wxWindow* Drawn() const override { return mpoWindow; }
-  /// Whether the control itself does all with a key, because its window has no own way with it.
+  /// Whether the control handles the key completely, because its native window doesn't.
   virtual bool OwnsKey(const Stroke&) const { return false; }
   /// Handles a key that it owns.
   virtual void UseKey(const Stroke& oStroke);
   /// Brings the object's state, such as a caret, up to what the user did, before a key is handled.
   virtual void BeforeKey() {}
-  /// Hears of the mouse over its window before the window does anything with it. By default the
-  /// control is told, and the window goes on.
+  /// Called for mouse events ahead of the native window. By default passes them to the control and
+  /// then to the window.
   virtual void OnMouse(wxMouseEvent& oEvent);
 
  protected:
   /// The window has to be made by the derived class, and handed to this function once.
   void Adopt(wxWindow& oWindow);
-  /// What the control stands on.
+  /// The surface of the control's container.
   Surface& Ground() const;
   void Apply(const Changes& oChanges) override;
   void PaintNow() override;
-  /// Where the window goes; the second may be larger than the control's own place.
+  /// The control's place in pixels, and that of its native window, which may be larger.
   wxRect Place() const;
   virtual wxRect NativePlace() const { return Place(); }
-  /// A character that KeyPress changed takes the place of the typed one.
+  /// Inserts a character that a handler of KeyPress put in place of the typed one.
   virtual void InsertCharacter(std::int32_t /*nCharacter*/) {}
 
   Control& moControl;

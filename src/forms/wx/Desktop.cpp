@@ -16,8 +16,8 @@ namespace Forms {
 
 namespace {
 
-/// What is left to say when an error reaches the event loop: the routine that should have met it
-/// has no handler. The program goes on.
+/// Shows an exception that no handler caught before it reached the event loop, which is a fault of
+/// the program, and goes on.
 class DesktopApp : public wxApp {
  public:
   bool OnInit() override {
@@ -51,7 +51,7 @@ class Session {
   Session() {
     wxSetAssertHandler(PrintAssert);
     wxApp::SetInstance(new DesktopApp);
-    const wxLogNull oQuiet;  // it would tell in a box that there is no display for boxes
+    const wxLogNull oQuiet;  // without a display the library would try to show this error in a box
     int nArguments = 0;
     mbRuns = wxEntryStart(nArguments, static_cast<wxChar**>(nullptr)) && wxTheApp->CallOnInit();
   }

@@ -16,7 +16,8 @@ namespace Forms {
 
 /// Starts the window system, hands a toolkit that draws on the screen to oProgram, and ends the
 /// window system behind it. Result: what oProgram gives, or 3 without a display, with a message on
-/// standard error. An exception that oProgram throws comes out behind the end. Once per process.
+/// standard error. An exception of oProgram is passed on after the window system has ended. Once
+/// per process.
 int RunDesktop(const std::function<int(Toolkit&)>& oProgram);
 
 /// The main loop: runs events until no form is visible. Inside RunDesktop only.

@@ -12,7 +12,7 @@ namespace Forms {
 
 namespace {
 
-/// A caption that the window system takes; it has none for the empty one.
+/// The caption, or a blank for the empty one, which the window system doesn't accept.
 wxString LabelOf(const Menu& oMenu) {
   const wxString sCaption = oMenu.Caption().empty() ? wxString(" ") : ToWx(oMenu.Caption());
   const Shortcut o = oMenu.Shortcut();

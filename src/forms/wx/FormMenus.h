@@ -25,14 +25,14 @@ class FormMenus {
   void Update();
   /// A menu is about to show: its own Click may enable, check and hide.
   void Opened(const wxMenuEvent& oEvent);
-  /// The form may have ended behind it.
+  /// The form may be destroyed when this returns.
   void Picked(const wxCommandEvent& oEvent);
 
  private:
   struct Entry {
     Menu* poMenu;
     bool bSeparator, bItems;
-    bool bMark;  ///< has room for a mark: it was checked at some time
+    bool bMark;  ///< was checked at some time, so that its native item has room for a check mark
     bool operator==(const Entry&) const = default;
   };
   using Entries = std::vector<Entry>;

@@ -25,7 +25,7 @@ long StyleOf(const Form& oForm) {
   return nStyle;
 }
 
-/// What drops a menu unless the form has another use for it.
+/// Alt with a letter or digit, or F10: opens a menu unless the form uses the key itself.
 bool LeadsToMenus(const Stroke& o) {
   const bool bCharacter = o.nKeyCode >= '0' && o.nKeyCode <= 'Z';
   return o.nShift == Shift::Alt ? bCharacter : o.nKeyCode == Key::F1 + 9;
@@ -51,10 +51,11 @@ FormPeer::FormPeer(WxRenderer& oRenderer, Form& oForm)
   Listen(moFrame, wxEVT_MENU, [this](wxCommandEvent& o) {
     const auto pLife = Life();
     moMenus.Picked(o);
-    if (!pLife.expired()) Later(Property::Menu);  // the window has turned its mark
+    if (!pLife.expired())
+      Later(Property::Menu);  // the native menu toggled its check mark; set it as the form has it
   });
   LaterAll();
-  // Measures of the form count the menu bar from the start.
+  // Now and not with the other changes: the form's inner size depends on the menu bar.
   moMenus.Update();
 }
 
@@ -201,7 +202,7 @@ void FormPeer::TellPlace() {
   if (oOwn.GetSize() != oNow.GetSize()) {
     moForm.UserResize(oUnits.Twips(oNow.width), oUnits.Twips(oNow.height));
   } else if (oInner != moInner) {
-    // The frame around it became known: the same outer size has another inside.
+    // The size of the frame became known only now: the inner size changed, the outer one didn't.
     moForm.Resized();
   }
 }

@@ -36,7 +36,7 @@ class FormPeer : public WxPeer, public IContainerPeer {
   void OnClose(wxCloseEvent& oEvent);
   void OnPlace();
   void OnActivate(wxActivateEvent& oEvent);
-  /// Hands the frame's place and size to the form when they are others than the form's own.
+  /// Passes the frame's place and size to the form where they differ from the form's own.
   void TellPlace();
   void TellWindowState();
 

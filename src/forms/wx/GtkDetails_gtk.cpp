@@ -5,7 +5,7 @@
 
 #ifdef __WXGTK__
 
-// Its headers predate several of the warnings that are on here.
+// GTK's headers cause several of the warnings that are on here.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wpedantic"
 #include <gtk/gtk.h>
@@ -17,7 +17,7 @@ namespace Forms::NativeDetails {
 
 namespace {
 
-// The usual theme makes a button 34 pixels high, where forms leave 25.
+// GTK's default theme makes a button 34 pixels high; forms are laid out for 25.
 constexpr char CompactStyle[] =
     "button { min-height: 0; min-width: 0; padding: 1px 4px; }"
     "entry { min-height: 0; padding: 0 3px; }"
@@ -46,7 +46,7 @@ void MakeCompact() {
   gtk_style_context_add_provider_for_screen(gdk_screen_get_default(), GTK_STYLE_PROVIDER(poStyle),
                                             GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
   g_object_unref(poStyle);
-  // Bars that hide until the mouse comes near tell nobody that there is more to see.
+  // Scroll bars that appear only under the mouse don't show that there is more to see.
   g_object_set(gtk_settings_get_default(), "gtk-overlay-scrolling", FALSE, nullptr);
 }
 
@@ -64,7 +64,7 @@ void FreeFromModal(wxTopLevelWindow& oWindow) {
   g_object_unref(poGroup);
 }
 
-// Holds a reference, because the window may end before this does.
+// Holds a reference, because the window may be destroyed first.
 ModalInput::ModalInput(wxTopLevelWindow& oWindow) : mpNative(g_object_ref(NativeWindow(oWindow))) {
   gtk_window_set_modal(GTK_WINDOW(mpNative), TRUE);
 }

@@ -16,16 +16,16 @@ namespace Forms {
 
 namespace {
 
-/// The book that is there for a help file: the file itself, or one of its name with the ending that
-/// this window reads. Empty when there is none.
+/// The book for a help file: the file itself, or the one of the same name with the extension that
+/// this window reads. Empty when neither exists.
 wxString BookOf(const wxString& sFile) {
   wxFileName oName(sFile);
   if (oName.GetExt().IsSameAs("chm", false)) oName.SetExt("htb");
   return wxFileExists(oName.GetFullPath()) ? oName.GetFullPath() : wxString();
 }
 
-/// The library shows its search page only with the results of a search. The page's place is for
-/// derived windows to know.
+/// Shows the search page. The library shows it only with the results of a search, and only a
+/// derived class has access to the page's number.
 class SearchPage : public wxHtmlHelpWindow {
  public:
   static void Show(wxHtmlHelpWindow& o) {

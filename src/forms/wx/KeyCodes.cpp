@@ -73,7 +73,7 @@ std::int32_t CharacterOf(const wxKeyEvent& oEvent) {
   const int nKey = oEvent.GetKeyCode();
   if (nKey == WXK_NUMPAD_ENTER) return Key::Return;
   const auto cKey = oEvent.GetUnicodeKey();
-  // A key press takes one unit; characters of two go their native way.
+  // KeyPress has one 16-bit code; characters that need two are left to the native control.
   if (cKey == WXK_NONE || cKey > 0xFFFF || nKey == WXK_DELETE) return 0;
   return static_cast<std::int32_t>(cKey);
 }

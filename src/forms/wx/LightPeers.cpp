@@ -86,7 +86,7 @@ void LabelPeer::DrawText(wxDC& oDC, const wxRect& oRect) const {
   if (oDC.GetMultiLineTextExtent(sText).x <= oRect.width) {
     oDC.DrawLabel(sText, oRect, nAlignment | wxALIGN_TOP, nAccess);
   } else if (oRect.height < 2 * nLine) {
-    // A second line would be out of sight.
+    // Draws the first line only: a second one would be below the panel's edge.
     DrawTextIn(oDC, sText, wxRect(oRect.x, oRect.y, oRect.width, nLine), nAlignment);
   } else {
     wxRect oLine(oRect.x, oRect.y, oRect.width, nLine);

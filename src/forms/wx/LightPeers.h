@@ -21,7 +21,7 @@ class LightPeer : public WxPeer, public ILightPeer {
   virtual wxRect Covered() const = 0;
   void Apply(const Changes& oChanges) override;
   void PaintNow() override;
-  /// Null when the container's window is gone already.
+  /// Null when the container's window has been destroyed.
   Surface* Ground() const;
 
  private:

@@ -47,7 +47,8 @@ void ListBoxPeer::GoToRow(int nRow, std::int32_t nShift) {
 }
 
 wxRect ListBoxPeer::NativePlace() const {
-  // A line of the font that forms are laid out for is lower than those of other systems.
+  // Forms are laid out for lines of 195 twips at 8.25 points, as Windows has them; here lines may
+  // be higher. A list that was to show all of its rows grows, so that it still does.
   constexpr double dTwipsPerPoint = 195 / 8.25;
   wxRect o = RowsPeer::NativePlace();
   const double dEntries = RowCount() * moList.Font().dSize * dTwipsPerPoint;
@@ -69,13 +70,13 @@ ComboBoxPeer::ComboBoxPeer(WxRenderer& oRenderer, ComboBox& oCombo)
       moNative(*new wxChoice(&Ground(), wxID_ANY, wxDefaultPosition, {1, 1})) {
   Adopt(moNative);
   Listen(moNative, wxEVT_CHOICE, [this](wxCommandEvent& o) {
-    Later(Property::Selection);  // the object may have refused it
+    Later(Property::Selection);  // the object may have refused the change
     moCombo.UserSelect(o.GetSelection());
   });
 }
 
 bool ComboBoxPeer::OwnsKey(const Stroke& o) const {
-  // What opens or closes the native list stays with it.
+  // Space opens and closes the native list.
   return o.nKeyCode != 0 && o.nKeyCode != Key::Space;
 }
 
@@ -89,7 +90,7 @@ void ComboBoxPeer::UseKey(const Stroke& o) {
 
 wxRect ComboBoxPeer::NativePlace() const {
   wxRect o = Place();
-  // A drop-down list has a height of its own, whatever the form says.
+  // The native list doesn't become lower than its best height, whatever the form says.
   const int nBest = moNative.GetBestSize().y;
   if (nBest > o.height) o.y -= (nBest - o.height) / 2;
   o.height = std::max(nBest, o.height);

@@ -23,7 +23,7 @@ class ListBoxPeer : public RowsPeer {
   int FocusRow() const override;
   void GoToRow(int nRow, std::int32_t nShift) override;
   int RowSpace() const override { return 0; }
-  /// As high as its rows where forms reckon that all of them fit.
+  /// Enlarged to the height of all rows where the form left room for all of them.
   wxRect NativePlace() const override;
 
  private:

@@ -45,7 +45,7 @@ int ListViewPeer::RowsWidth() const {
 void ListViewPeer::DrawRow(wxDC& oDC, int nRow, const wxRect& oRect) {
   const ListItem& oItem = moList.ListItems().Item(nRow + 1);
   const std::int32_t lColumns = moList.ColumnHeaders().Count();
-  // Icons stand before the selection: blue ones would be lost in it.
+  // The selection begins behind the icon, since a blue icon couldn't be seen on it.
   const int nIcon = IconPixels(moList.SmallIcons()) + (moList.SmallIcons() ? CellMargin + 1 : 0);
   wxRect oText(oRect);
   oText.x += nIcon;
@@ -121,7 +121,7 @@ void ListViewPeer::DrawHead(wxDC& oDC, const wxRect& oRect) {
         &Pane(), oDC, oCell, mlPressed == i ? wxCONTROL_PRESSED : wxCONTROL_NONE, eArrow, &oLook);
     oCell.x += oCell.width;
   }
-  // The head goes on to the right edge of the window.
+  // The last heading is drawn up to the window's right edge.
   oCell.width = std::max(0, oRect.GetRight() + 1 - oCell.x) + 2;
   if (oCell.width > 2) wxRendererNative::Get().DrawHeaderButton(&Pane(), oDC, oCell, 0);
 }

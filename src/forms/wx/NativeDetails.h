@@ -1,4 +1,4 @@
-// What the window library has no portable word for. One file per window system implements it:
+// What the window library has no portable call for. One file per window system implements it:
 // GtkDetails_gtk.cpp, and PlainDetails.cpp for the others.
 #pragma once
 

@@ -18,7 +18,8 @@ struct BoxButtons {
   MsgBoxResult eYes, eNo, eCancel, eOk;
 };
 
-/// By MsgBoxButtons. Where no button cancels, closing the box is the answer that changes least.
+/// By MsgBoxButtons. Where there is no Cancel button, closing the box gives the answer that changes
+/// least.
 const BoxButtons BoxRows[] = {
     {wxOK, nullptr, nullptr, nullptr, MsgBoxResult::Ok, MsgBoxResult::Ok, MsgBoxResult::Ok,
      MsgBoxResult::Ok},
@@ -49,7 +50,8 @@ long IconOf(MsgBoxIcon e) {
   }
 }
 
-/// The style bit of the button that Return presses: the one whose answer stands at that place.
+/// The style bit of the button that Return presses: the request names it by its place from the
+/// left, the window system by its role.
 long DefaultOf(const MsgBoxRequest& o, const BoxButtons& oButtons) {
   using enum MsgBoxResult;
   static const std::vector<MsgBoxResult> aeOrder[] = {

@@ -39,7 +39,7 @@ const SystemRow SystemRows[] = {
     {SystemColor::InfoBackground, wxSYS_COLOUR_INFOBK},
 };
 
-/// The list of faces is asked for once: it takes longer than all the rest of making a font.
+/// Keeps the list of faces: asking for it takes longer than all the rest of making a font.
 bool IsInstalled(const wxString& sFace) {
   static std::map<wxString, bool> oKnown;
   const auto [it, bNew] = oKnown.try_emplace(sFace, false);

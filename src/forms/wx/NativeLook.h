@@ -14,15 +14,15 @@ namespace Forms {
 
 class Toolkit;
 
-/// The faces "MS Sans Serif" and "Courier New" are the names of a role here: without such a face,
-/// the system's own face for windows, and its face of equal widths, take their places.
+/// Where the faces "MS Sans Serif" and "Courier New" aren't installed, the system's own face for
+/// windows and its fixed-width face are used instead.
 wxFont NativeFont(const FontSpec& oFont);
-/// Whether the face is installed, or has one of those roles.
+/// Whether the face is installed, or is one of those two.
 bool HasNativeFont(TextView sName);
 FontSpec FontSpecOf(const wxFont& oFont);
 
 wxColour NativeColor(Color lColor);
-/// Never a system colour.
+/// Result: a colour value, never the number of a system colour.
 Color ColorOf(const wxColour& oColour);
 /// nPointer: a value of MousePointer.
 wxCursor NativeCursor(std::int32_t nPointer);

@@ -21,7 +21,7 @@ constexpr std::int32_t Across = 2;
 bool IsMetric(const PageDialog& o) {
   return o.eUnit == MarginUnit::HundredthsOfMillimeter;
 }
-/// The dialog's lengths in one of those that it shows: millimetres or inches.
+/// How many of the dialog's units make one of the shown ones: a millimetre or an inch.
 int PerUnit(const PageDialog& o) {
   return IsMetric(o) ? 100 : 1000;
 }
@@ -92,7 +92,8 @@ wxSizer* PageSetupDialog::MarginBox(const PageDialog& o) {
       {"&Bottom:", &PageDialog::lBottom}};
   for (const auto& [psLabel, plLength] : aoRow) {
     const double dNow = static_cast<double>(o.*plLength) / PerUnit(o);
-    // No sheet is larger; a margin that is stays as it is.
+    // Limits of the field (choices: about a metre, larger than any sheet). A stored margin beyond
+    // them isn't changed.
     const double dMost = std::max(dNow, IsMetric(o) ? 999.0 : 40.0);
     auto* const po = NewLabelled<wxSpinCtrlDouble>(
         *poGrid, poBox->GetStaticBox(), psLabel, wxString(), wxDefaultPosition, wxDefaultSize,

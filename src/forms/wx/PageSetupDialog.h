@@ -16,7 +16,7 @@ namespace Forms {
 class PageSetupDialog : public wxDialog {
  public:
   PageSetupDialog(wxWindow* poOwner, const PageDialog& o);
-  /// What the user left alone stays exactly as it was.
+  /// Values that the user didn't change stay exactly as they were (the fields show rounded ones).
   void Take(PageDialog& o) const;
 
  private:

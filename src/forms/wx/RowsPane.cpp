@@ -22,7 +22,7 @@ RowsPane::RowsPane(wxWindow* poParent, IRows& oRows) : mpoRows(&oRows) {
     o.Skip();
     SetBars();
   });
-  // The selection is drawn otherwise without the focus.
+  // The selection has another colour without the focus.
   Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& o) { o.Skip(), Refresh(); });
   Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& o) { o.Skip(), Refresh(); });
 }

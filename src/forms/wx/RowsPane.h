@@ -1,5 +1,5 @@
 // A scrolled window of rows of one height, below an optional head. It paints what its owner tells
-// it and keeps nothing of the rows itself, so that long lists cost nothing but the rows in view.
+// it and keeps nothing of the rows itself, so that the cost depends on the rows in view only.
 // Rows count from 0; all lengths are pixels.
 #pragma once
 
@@ -27,9 +27,9 @@ class IRows {
 class RowsPane : public wxWindow {
  public:
   RowsPane(wxWindow* poParent, IRows& oRows);
-  /// The owner ends: nothing is painted any more.
+  /// Called when the owner is destroyed: nothing is painted any more.
   void Leave() { mpoRows = nullptr; }
-  /// Rows came, went or changed their widths, or the row height is another.
+  /// To be called when rows were added, removed or changed their widths, or with a new row height.
   void Reshape(int nRowHeight);
   void ShowRow(int nRow);
   void SetTop(int nRow);

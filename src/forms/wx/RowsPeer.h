@@ -18,7 +18,7 @@ class RowsPeer : public ControlPeer, public IRows, public ILightPeer {
   void UseKey(const Stroke& oStroke) override;
   void OnMouse(wxMouseEvent& oEvent) override;
   int RowsWidth() const override { return 0; }
-  /// The line around the window, which is as fine as those of native fields.
+  /// Draws the window's border, as thin as that of native fields.
   void Draw(wxDC& oDC) override;
 
  protected:
@@ -28,11 +28,11 @@ class RowsPeer : public ControlPeer, public IRows, public ILightPeer {
   virtual void DoubleRow(int /*nRow*/) { moControl.UserDblClick(); }
   /// The mouse moves over a row with the left button down.
   virtual void DragRow(int /*nRow*/) {}
-  /// True when the head took it.
+  /// True when the head handled the event.
   virtual bool UseHead(const wxMouseEvent&) { return false; }
   /// The row with the list's own focus; -1 for none.
   virtual int FocusRow() const { return -1; }
-  /// A key leads to the row.
+  /// A key moves the list's focus to the row.
   virtual void GoToRow(int /*nRow*/, std::int32_t /*nShift*/) {}
   /// Room above and below a row's text.
   virtual int RowSpace() const { return 2; }
@@ -40,7 +40,7 @@ class RowsPeer : public ControlPeer, public IRows, public ILightPeer {
 
   void Apply(const Changes& oChanges) override;
   RowsPane& Pane() const { return moPane; }
-  /// Fills a row's ground and sets the colour of its text.
+  /// Fills a row's background and sets the colour of its text.
   void DrawRowGround(wxDC& oDC, const wxRect& oRect, bool bSelected) const;
   /// Paints a picture of the list in the middle of the height; the width that it takes, 0 without.
   int DrawIcon(wxDC& oDC, const ImageList* poImages, TextView sKey, const wxRect& oRect) const;

@@ -16,7 +16,7 @@ Surface::Surface(wxWindow* poParent, ControlContainer& oContainer, WxRenderer& o
   SetBackgroundStyle(wxBG_STYLE_PAINT);
   Create(poParent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
          wxBORDER_NONE | wxCLIP_CHILDREN | wxFULL_REPAINT_ON_RESIZE | wxWANTS_CHARS);
-  // Without it a surface with controls on it hands the native focus on to one of them.
+  // Otherwise wxWidgets would pass the native focus on to one of the controls on the surface.
   SetCanFocus(oContainer.CanFocus());
   Bind(wxEVT_PAINT, &Surface::OnPaint, this);
   for (const auto& oTag : {wxEVT_LEFT_DOWN, wxEVT_LEFT_UP, wxEVT_LEFT_DCLICK, wxEVT_RIGHT_DOWN,
@@ -60,7 +60,7 @@ Control* Surface::Hit(const wxPoint& oPlace) const {
   const auto& oAll = mpoContainer->Controls();
   for (auto it = oAll.rbegin(); it != oAll.rend(); ++it) {
     Control* const po = *it;
-    // A disabled label lets the mouse through to what it stands on.
+    // The mouse over a disabled label goes to the label's container.
     const bool bTakes = po->Kind() == ComponentKind::Label && po->Visible() && po->Enabled();
     if (bTakes && PlaceOf(*po).Contains(oPlace)) return po;
   }
@@ -79,7 +79,7 @@ void Surface::OnMouse(wxMouseEvent& oEvent) {
   auto* const poPeer = dynamic_cast<WxPeer*>(oTarget.Peer());
   if (!poPeer) return;
   if (oEvent.ButtonDown() || oEvent.ButtonDClick()) {
-    // The one that was pressed hears of the mouse until the release, wherever that is.
+    // The pressed control gets all mouse events until the release, wherever the pointer is.
     mpoPressed = &oTarget;
     mpPressedLife = poPeer->Life();
     if (!HasCapture()) CaptureMouse();

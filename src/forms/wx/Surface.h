@@ -31,14 +31,14 @@ class ILightPeer {
 class Surface : public wxWindow {
  public:
   Surface(wxWindow* poParent, ControlContainer& oContainer, WxRenderer& oRenderer);
-  /// The container's peer ends: nothing is painted or told any more.
+  /// Called when the container's peer is destroyed: nothing is painted or passed on any more.
   void Leave() { mpoContainer = nullptr; }
   /// Where the container's own coordinates begin, behind its border.
   const wxPoint& Origin() const { return moOrigin; }
   void SetOrigin(const wxPoint& o) { moOrigin = o; }
 
-  /// A hidden option button of the native group on this window: it is on while none of the others
-  /// is, which a native group has no other way for. Made before the first of the others.
+  /// A hidden option button in the native group on this window. It is on while none of the others
+  /// is, because in a native group one button is always on. Has to be made before the others.
   wxRadioButton& NoOption();
 
   bool AcceptsFocus() const override;

@@ -15,7 +15,7 @@ namespace Forms {
 
 namespace {
 
-/// Tabs paint all of themselves.
+/// A window without a background of its own, since the tabs paint all of it.
 wxWindow* NewTabWindow(wxWindow* poParent) {
   auto* const po = new wxWindow;
   po->SetBackgroundStyle(wxBG_STYLE_PAINT);

@@ -1,5 +1,5 @@
 // A row of tabs with a window of their own; the frame around their content is painted by the
-// surface, so that nothing lies over the controls that stand there.
+// surface, so that no window covers the controls there.
 #pragma once
 
 #include "ControlPeer.h"

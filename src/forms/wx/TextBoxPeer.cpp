@@ -29,7 +29,8 @@ TextBoxPeer::TextBoxPeer(WxRenderer& oRenderer, TextBox& oBox)
                                StyleOf(oBox))) {
   Adopt(moNative);
   Listen(moNative, wxEVT_TEXT, [this](wxCommandEvent&) { OnText(); });
-  // The native field selects its text when it gets the focus; the object decides that.
+  // The native field selects all of its text when it gets the focus; restore the object's
+  // selection.
   Listen(moNative, wxEVT_SET_FOCUS, [this](wxFocusEvent& o) {
     o.Skip();
     Later(Property::Selection);
@@ -88,7 +89,7 @@ void TextBoxPeer::Apply(const Changes& oChanges) {
 void TextBoxPeer::ApplyText() {
   const wxString sNew = ToField(moBox.Text()), sOld = moNative.GetValue();
   if (sNew == sOld) return;
-  // Added lines don't cost the text that is there already.
+  // Text at the end is appended: setting the whole text again would take time for all of it.
   if (!sOld.empty() && sNew.StartsWith(sOld)) {
     moNative.SetEvtHandlerEnabled(false);
     moNative.AppendText(sNew.Mid(sOld.length()));

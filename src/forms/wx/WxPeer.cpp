@@ -30,8 +30,9 @@ void WxPeer::LaterAll() {
 }
 
 void WxPeer::Refresh() {
-  // A painting at once takes milliseconds, and a loop may ask for thousands. Nobody sees more than
-  // some thirty pictures a second: what comes sooner shows with the next events.
+  // Painting at once takes milliseconds, and a loop may ask for it thousands of times. So it
+  // happens at most every 30 ms, about 30 times a second (a choice: a progress bar still moves
+  // smoothly); what is asked for sooner is painted with the next events.
   constexpr std::chrono::milliseconds oPicture(30);
   const auto oNow = std::chrono::steady_clock::now();
   if (oNow < moNextPicture) {

@@ -1,8 +1,8 @@
 // The base of all peers: it notes what changed, and applies it when the program waits for events.
 //
-// Lists fill by thousands of changes in a row; the renderer has each peer catch up once. What a
-// peer hears from its native window it hands to the object's User... operations, which may unload
-// the form: a native handler that goes on behind such a call first looks whether the peer is alive.
+// A list may change thousands of times in a row; the renderer lets each peer catch up once. A peer
+// passes the events of its native window to the object's User... operations, which may unload the
+// form: a native handler that continues after such a call first checks that the peer still exists.
 #pragma once
 
 #include <wx/event.h>
@@ -47,7 +47,7 @@ class WxPeer : public IPeer {
   void Refresh() final;
   /// Applies what was noted. For the renderer.
   void CatchUp();
-  /// Forms catch up behind what stands on them, so that a window is complete when it shows.
+  /// Forms catch up after the controls on them, so that a window is complete when it appears.
   virtual bool IsForm() const { return false; }
   /// The window whose drawing can be locked; null for none.
   virtual wxWindow* Drawn() const { return nullptr; }
@@ -57,15 +57,15 @@ class WxPeer : public IPeer {
  protected:
   virtual void Apply(const Changes& oChanges) = 0;
   virtual void PaintNow() {}
-  /// Notes it as if the object had changed it.
+  /// Notes a property as if the object had changed it.
   void Later(Property eProperty);
-  /// Notes everything. The last deed of a constructor.
+  /// Notes all properties. To be called at the end of a constructor.
   void LaterAll();
   /// The last lIndex that came with Scroll since the last CatchUp; -1 for none.
   std::int32_t ScrollTarget() const { return mlScroll; }
 
-  /// Handles an event of a native window as long as the peer lives; behind that, the event goes its
-  /// native way.
+  /// Handles an event of a native window as long as the peer exists; after that, the window handles
+  /// it by itself.
   template <class Tag, class Handler>
   void Listen(wxEvtHandler& oWindow, const Tag& oTag, Handler oHandler) {
     oWindow.Bind(oTag, [pLife = Life(), oHandler](auto& oEvent) {
@@ -79,7 +79,7 @@ class WxPeer : public IPeer {
   Changes moChanges;
   std::int32_t mlScroll = -1;
   std::chrono::steady_clock::time_point moNextPicture;
-  // Shared because native handlers look at it behind the peer's end.
+  // Shared, because native handlers check it after the peer's end.
   std::shared_ptr<void> mpLife = std::make_shared<char>();
 };
 

@@ -50,7 +50,7 @@ void WxRenderer::CatchUp() {
 }
 
 void WxRenderer::BringUpToDate() {
-  // Ends with the function also when a handler of the form's Resize throws.
+  // Resets the flag at the end of the function, also when a handler of the form's Resize throws.
   struct Flag {
     explicit Flag(bool& b) : mb(b) { mb = true; }
     ~Flag() { mb = false; }
@@ -147,7 +147,7 @@ Edges WxRenderer::FormEdges(const Form& oForm) const {
 }
 
 void WxRenderer::SetMousePointer(std::int32_t nPointer) {
-  // The system has one pointer that lies over all windows: that of a busy program.
+  // The library can set only the busy pointer for all windows at once.
   const bool bBusy = nPointer == Pointer::Hourglass;
   if (bBusy == wxIsBusy()) return;
   bBusy ? wxBeginBusyCursor() : wxEndBusyCursor();
@@ -167,7 +167,7 @@ void WxRenderer::SetClipboardText(TextView sText) {
     wxTheClipboard->Clear();
   } else {
     wxTheClipboard->SetData(new wxTextDataObject(ToField(sText)));
-    wxTheClipboard->Flush();  // stays behind the program's end
+    wxTheClipboard->Flush();  // keeps the content available after the program's end
   }
   wxTheClipboard->Close();
 }

@@ -53,7 +53,7 @@ class WxRenderer : public IRenderer {
 
   /// Runs events until none of the toolkit's forms is visible.
   void RunForms(Toolkit& oToolkit);
-  /// Where pictures come from when no component asks, as for the clipboard.
+  /// The source of pictures for requests without a component, such as the clipboard's.
   void SetToolkit(Toolkit& oToolkit) { mpoToolkit = &oToolkit; }
 
   // For peers only.
@@ -63,7 +63,7 @@ class WxRenderer : public IRenderer {
   void Forget(WxPeer& oPeer);
   /// Brings all peers up to date, then the native focus.
   void CatchUp();
-  /// Native events that come meanwhile are echoes of changes by code.
+  /// Native events that arrive meanwhile come from changes by code, not by the user.
   bool CatchingUp() const { return mbCatchingUp; }
   /// The peer's window gets the native focus at the next CatchUp.
   void FocusLater(ControlPeer& oPeer) { mpoFocus = &oPeer; }
@@ -71,7 +71,7 @@ class WxRenderer : public IRenderer {
   void EndLoops();
 
  private:
-  /// What runs now, innermost last; poForm null for the main loop.
+  /// The loops that run now, innermost last; poForm is null for the main loop.
   struct Loop {
     Form* poForm;
     wxEventLoopBase* poLoop;
