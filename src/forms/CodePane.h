@@ -57,7 +57,7 @@ class CodePane : public WithState<Control, CodePaneState> {
   void SetMark(std::int32_t lLine, LineMark eMark);
   bool LineNumbers() const { return mo.bLineNumbers; }
   void SetLineNumbers(bool b) { Set(mo.bLineNumbers, b, Property::Items); }
-  /// What stands before the line; by default its number.
+  /// What is shown before the line; by default its number.
   ::Text LineNumber(std::int32_t lLine) const;
   void SetLineNumber(std::int32_t lLine, TextView sNumber);
   /// The first line in view; held inside the text.

@@ -87,7 +87,7 @@ class Component {
   std::shared_ptr<Component> Hold() const { return mpSelf.lock(); }
 
  protected:
-  /// For forms, which bind themselves.
+  /// For forms, which call BindForm with themselves.
   explicit Component(TextView sName) : msName(sName) {}
   void BindForm(Form& oForm) { mpoForm = &oForm; }
   void UnbindForm() { mpoForm = nullptr; }
@@ -104,8 +104,8 @@ class Component {
     Changed(eProperty);
     return true;
   }
-  /// Raises an event that code caused, unless the values of design time are being set. The last
-  /// deed of an operation: the handler may have ended this object.
+  /// Raises an event that code caused, unless the values of design time are being set. Must be the
+  /// last thing that an operation does: the handler may destroy this object.
   template <class... Args, class... Values>
   void Raise(Signal<Args...>& oSignal, Values&&... values) {
     if (Designing()) return;

@@ -47,7 +47,7 @@ Control::Control(ControlContainer& oContainer, TextView sName)
   oContainer.Add(*this);
 }
 
-// The peer looks at the control up to its own end.
+// The peer is destroyed first, because it reads the control until then.
 Control::~Control() {
   Unrealize();
   if (!mpoContainer) return;
@@ -229,7 +229,7 @@ bool Control::UserKey(std::int32_t nKeyCode, std::int32_t nShift) {
     if (!bDropped && UserEnabled()) KeyAction(nKeyCode, nShift);
     if (nCharacter != 0 && UserEnabled()) CharAction(nCharacter);
   }
-  // The key comes up wherever the focus is by now.
+  // A handler may have moved the focus: KeyUp goes to the control that has it now.
   if (Control* poNow = oForm.ActiveControl()) poNow->UserKeyUp(nKeyCode, nShift);
   return true;
 }

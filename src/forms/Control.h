@@ -76,8 +76,8 @@ class Control : public Component {
   void SetFontBold(bool bBold);
   void SetFontItalic(bool bItalic);
 
-  /// Place in the tab order, from 0; without a set, the order of construction. Equal numbers:
-  /// likewise.
+  /// Place in the tab order, from 0. Controls without a set number, or with equal ones, follow in
+  /// the order of construction.
   std::int32_t TabIndex() const { return mlTabIndex; }
   void SetTabIndex(std::int32_t lIndex);
   bool TabStop() const { return moControl.bTabStop; }
@@ -93,7 +93,7 @@ class Control : public Component {
   void Refresh();
   /// Brings it before its neighbours.
   void ZOrder();
-  /// Gives a container the place and size of its content anew; called when the form's size changed.
+  /// Lets a container lay out its content again after the form's size changed.
   virtual void ContainerResized() {}
 
   Signal<> Click, DblClick;

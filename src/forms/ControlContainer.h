@@ -28,7 +28,7 @@ class ControlContainer : public Control {
   void Remove(Control& oControl);
   void BringToFront(Control& oControl);
   void Reset() override;
-  /// Raises Resize unless the form isn't that far.
+  /// Raises Resize, except while the form sets its values of design time.
   void Resized() override;
 
  private:

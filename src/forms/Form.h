@@ -3,8 +3,8 @@
 //   FRules oRules(oToolkit);
 //   oRules.chkExpert.SetValue(CheckValue::On);  // touching it loads it
 //   oRules.Show(ShowMode::Modal);               // returns when it is hidden or unloaded
-//   if (oRules.bAccepted) ...                   // hidden only: the controls still have their
-//   values oRules.Unload();
+//   if (oRules.bAccepted) ...                   // only hidden: the controls keep their values
+//   oRules.Unload();
 //
 // Loading: all components get their defaults, then the user controls' and the form's own Design
 // run, then each container's Resize, then OnLoad. Any operation that changes the form or a
@@ -164,8 +164,8 @@ class Form : public WithState<ControlContainer, FormState> {
   Rect moNormal;                 ///< its bounds in the normal state while it is maximised
   Form* mpoOwner = nullptr;
   Control* mpoActive = nullptr;         ///< the control with the focus
-  Control* mpoTold = nullptr;           ///< that had GotFocus, and not yet LostFocus
-  std::vector<UserControl*> moEntered;  ///< that had EnterFocus, from the outermost
+  Control* mpoTold = nullptr;           ///< had GotFocus, and not yet LostFocus
+  std::vector<UserControl*> moEntered;  ///< had EnterFocus, from the outermost
   std::int64_t mlFocusMoves = 0;
   CommandButton* mpoDefault = nullptr;
   CommandButton* mpoCancel = nullptr;

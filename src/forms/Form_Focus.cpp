@@ -98,7 +98,8 @@ Control* Form::NextInTabOrder(const Control* poFrom, bool bForward) const {
 void Form::ChangeFocus(Control* poControl) {
   if (poControl == mpoActive) return;
   mpoActive = poControl;
-  // A handler of one of the events may move the focus on: then that move has told the rest.
+  // A handler of one of these events may move the focus again. That inner call raises the events
+  // that are still due, so this one stops when the number of moves has changed.
   const auto lMove = ++mlFocusMoves;
   TellLeft(poControl, lMove);
   if (lMove == mlFocusMoves) TellEntered(poControl, lMove);

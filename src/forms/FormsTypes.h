@@ -21,7 +21,7 @@ struct Edges {
 
 struct FontSpec {
   Text sName = u"MS Sans Serif";
-  double dSize = 8.25;  ///< points
+  double dSize = 8.25;  ///< points; the default of Visual Basic
   bool bBold = false, bItalic = false, bUnderline = false, bStrikethrough = false;
   std::int32_t lWeight =
       400;  ///< 400 normal, 700 bold; follows bBold when that is set by SetFontBold

@@ -1,11 +1,12 @@
 // A renderer that draws nothing: forms work without a display, answered by a Script. For tests, and
 // for programs that use forms on machines without a screen.
 //
-// Its measures never change: a screen of 1024 by 768 pixels of 15 twips (15360 by 11520), whose
-// lowest 450 twips are a task bar; frames of 60 twips around a form, a title of 345, a menu bar of
-// 285; tabs of 300 over a border of 60. A character is as wide as three quarters of the font's size
-// in pixels, 90 twips at 8.25 points, one pixel more when bold; a line is 195 twips high at 8.25
-// points, in proportion at other sizes.
+// Its measures never change, so that tests can expect exact places (all are choices, near to those
+// of a desktop of 96 pixels to the inch): a screen of 1024 by 768 pixels of 15 twips (15360 by
+// 11520), whose lowest 450 twips are a task bar; frames of 60 twips around a form, a title of 345,
+// a menu bar of 285; tabs of 300 over a border of 60. A character is as wide as three quarters of
+// the font's size in pixels, 90 twips at 8.25 points, one pixel more when bold; a line is 195 twips
+// high at 8.25 points, in proportion at other sizes.
 #pragma once
 
 #include <map>

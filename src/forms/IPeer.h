@@ -1,5 +1,6 @@
-// The seam to what draws: an object of this layer tells its peer what changed, and the peer reads
-// the new state from the object. The other direction goes through the object's User... operations.
+// The interface to what draws: an object of this layer tells its peer what changed, and the peer
+// reads the new state from the object. The other direction goes through the object's User...
+// operations.
 #pragma once
 
 #include <cstdint>
@@ -38,7 +39,8 @@ enum class Property {
 
 class IPeer {
  public:
-  /// A peer may end inside one of its own native events; it must not touch its object after that.
+  /// A peer may be destroyed inside one of its own native events; it must not touch its object
+  /// after that.
   virtual ~IPeer() = default;
   /// lIndex: the row, node, tab, panel or line (counted as the object counts) that alone changed;
   /// 0 for all of it. Many calls come in a row when a list fills: a peer notes them and catches up

@@ -31,8 +31,8 @@ class ImageList : public WithState<Component, ImageListState> {
   std::int32_t Count() const { return static_cast<std::int32_t>(mo.asImage.size()); }
 };
 
-/// Failure 35601 for a key that the list doesn't have; the empty key, and any without a list, will
-/// do.
+/// Failure 35601 for a key that the list doesn't have. The empty key is allowed, and so is any key
+/// when there is no list.
 void CheckImage(const ImageList* poImages, TextView sKey);
 
 }  // namespace Forms

@@ -28,7 +28,7 @@ class Label : public WithState<Control, LabelState> {
   void SetAlignment(Forms::Alignment e) { mo.eAlignment = e; }  ///< design time
   Forms::BorderStyle BorderStyle() const { return mo.eBorder; }
   void SetBorderStyle(Forms::BorderStyle e) { mo.eBorder = e; }  ///< design time
-  /// Whether what lies behind shows through.
+  /// Whether the container shows through the label.
   bool Transparent() const { return mo.bTransparent; }
   void SetTransparent(bool b) { mo.bTransparent = b; }  ///< design time
   bool WordWrap() const { return mo.bWordWrap; }

@@ -11,7 +11,7 @@ class ListEntries : public Control, public ILookupList {
   using Control::Control;
 
   void AddItem(TextView sItem) override;
-  /// Failure 5 outside 0 to ListCount. In a sorted list too the line stands where it is put.
+  /// Failure 5 outside 0 to ListCount. An explicit index overrules the order of a sorted list.
   void AddItem(TextView sItem, std::int32_t lIndex);
   void RemoveItem(std::int32_t lIndex);
   void Clear() override;

@@ -12,7 +12,7 @@ class Screen {
   std::int32_t Height() const { return moRenderer.Metrics().oScreen.lHeight; }
   std::int32_t TwipsPerPixelX() const { return moRenderer.Metrics().lTwipsPerPixelX; }
   std::int32_t TwipsPerPixelY() const { return moRenderer.Metrics().lTwipsPerPixelY; }
-  /// What task bars leave free.
+  /// The part of the screen that task bars leave free.
   Rect WorkArea() const { return moRenderer.Metrics().oWorkArea; }
   /// The pointer over all windows of the program; Pointer::Default leaves it to the controls.
   std::int32_t MousePointer() const { return mnPointer; }

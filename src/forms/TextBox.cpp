@@ -14,8 +14,9 @@ std::int32_t Length(TextView sText) {
   return static_cast<std::int32_t>(sText.size());
 }
 
-/// How many units ahead of the caret an edit has too many. What the user put in ends at the caret;
-/// nothing else is taken, and no line end or pair in halves.
+/// By how many units an edit exceeds the limit. They are taken out directly ahead of the caret,
+/// where the user's input ends: never more than that input, and never half of a line end or of a
+/// surrogate pair.
 std::int32_t Overrun(TextView sOld, TextView sNew, std::int32_t lCaret, std::int32_t lMaxLength) {
   const std::int32_t lOver = Length(sNew) - lMaxLength;
   if (lMaxLength <= 0 || lOver <= 0) return 0;

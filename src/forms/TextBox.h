@@ -48,13 +48,13 @@ class TextBox : public WithState<Control, TextBoxState> {
 
   Signal<> Change;
 
-  /// The native control's text after an edit of the user's, with the caret; raises Change. A locked
-  /// box refuses, and the peer has to take the old text back; what is beyond MaxLength it takes
-  /// out.
+  /// The native control's text after an edit of the user's, with the caret; raises Change. False
+  /// for a locked box: the peer then has to show the old text again. What exceeds MaxLength is
+  /// taken out of what the user put in.
   bool UserText(TextView sText, std::int32_t lSelStart, std::int32_t lSelLength = 0);
   bool UserSelection(std::int32_t lSelStart, std::int32_t lSelLength);
-  /// The commands of the clipboard, as by Ctrl+X, Ctrl+C and Ctrl+V; a line end ends what a
-  /// single-line box takes.
+  /// The commands of the clipboard, as by Ctrl+X, Ctrl+C and Ctrl+V. A single-line box takes
+  /// a pasted text up to its first line end.
   bool UserCut();
   bool UserCopy();
   bool UserPaste();

@@ -132,7 +132,7 @@ void Nodes::Remove(Node& oNode) {
   moTree.TouchTree();
   if (IsBelow(moTree.SelectedItem(), oNode)) moTree.Select(nullptr);
   std::erase(oNode.mpoParent ? oNode.mpoParent->moChildren : moRoots, &oNode);
-  // A node stands behind the one above it, so marks reach all below in one pass.
+  // The list has parents ahead of their children, so that one pass marks all descendants.
   oNode.mlIndex = 0;
   for (const auto& p : moNodes) {
     if (p->mpoParent && p->mpoParent->mlIndex == 0) p->mlIndex = 0;
@@ -183,7 +183,7 @@ bool TreeView::UserExpand(Node& oNode, bool bExpand) {
   oNode.SetExpanded(bExpand);
   if (bHides) Select(&oNode);
   bExpand ? Expand(oNode) : Collapse(oNode);
-  // A handler that took the node away has left none selected.
+  // If a handler of Collapse removed the node, nothing is selected any more.
   if (bHides && mpoSelected == &oNode) NodeClick(oNode);
   return true;
 }

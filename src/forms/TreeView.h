@@ -24,7 +24,7 @@ class Node {
   const ::Text& Key() const { return msKey; }
   std::int32_t Index() const { return mlIndex; }
   const ::Text& Text() const { return msText; }
-  /// In a sorted place the node stays where it stands.
+  /// Doesn't move the node, even if its siblings are sorted.
   void SetText(TextView sText);
   const ::Text& Image() const { return msImage; }
   /// Failure 35601 for a key that the tree's image list doesn't have.
