@@ -10,8 +10,8 @@ using namespace Forms;
 
 namespace {
 
-constexpr std::int32_t OwnWidth = -1;  ///< for the list's own default width
-constexpr std::int32_t ColumnGap = 300;
+constexpr std::int32_t OwnWidth = -1;    ///< for the list's own default width
+constexpr std::int32_t ColumnGap = 300;  ///< twips that ResizeColumns takes off each column
 
 Text WidthName(std::int32_t lColumn) {
   return u"ColWidth" + ToText(lColumn);
@@ -122,7 +122,7 @@ void CXListView::SetLayout(TextView sLayout) {
 }
 
 void CXListView::SaveLayout() {
-  // Rows are cleared at every click in a tree: a store on disk is written only for a new width.
+  // This runs at every click in a tree, so the settings file is written only if a width changed.
   const RegistryStore::Batch oOneSave(CurrentRegistry());
   ColumnHeaders& oColumns = List().ColumnHeaders();
   for (std::int32_t i = 1; i <= oColumns.Count(); ++i) {

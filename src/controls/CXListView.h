@@ -8,9 +8,9 @@
 //   oList.AddHeading(u"Name", 1500);
 //   oList.AddRow({u"FMain", u"Form Module"});
 //
-// A layout that isn't empty turns keeping on: each column has a value "ColWidth" with its number
-// from 1, in twips, in the key hRegNode. The layout's text is no part of the name: lists are kept
-// apart by keys of their own. Without a list the operations give Failure 91.
+// With a layout that isn't empty the widths are kept: each column has a value "ColWidth" with its
+// number from 1, in twips, in the key hRegNode. The layout's text isn't a part of that name, so
+// that each list needs a key of its own. Without a list the operations give Failure 91.
 #pragma once
 
 #include <cstdint>

@@ -10,7 +10,7 @@ using namespace Forms;
 
 namespace {
 
-/// Back to what a place can hold: a kept place of a bar may be any number.
+/// Limits a length to 32 bits. The sums are 64-bit, because a bar's stored place may be any number.
 std::int32_t Narrow(std::int64_t lLength) {
   using Limits = std::numeric_limits<std::int32_t>;
   return static_cast<std::int32_t>(std::clamp<std::int64_t>(lLength, Limits::min(), Limits::max()));
@@ -38,7 +38,8 @@ void CXSplit::Split(PictureBox& oPictureBox, SplitBar eAlignment) {
   moLinks.push_back(oPictureBox.MouseUp.Connect([this](std::int32_t nButton, auto...) {
     Event(u"oSplit_MouseUp", [&] { MouseUp(nButton); });
   }));
-  // A drag of no length brings a bar that was placed by hand inside its limits.
+  // A drag by 0 twips moves a bar that stands outside of its limits back inside, and lays out both
+  // sides.
   MouseDown(Button::Left);
   MouseMove(Button::Left, 0);
   MouseUp(Button::Left);
@@ -114,7 +115,8 @@ void CXSplit::FitBSide(Control& oControl, const Span& oBar) const {
   const std::int64_t lSize = oOld.lPosition + oOld.lSize - lStart;
   const std::int64_t lAsked = std::max<std::int64_t>(lSize, 0);
   SetSize(oControl, lAsked);
-  // A control may round its size, such as a list of whole lines: its far edge stays all the same.
+  // A control may round its size, as a list of whole lines does: it is moved so that its far edge
+  // stays in place.
   SetPosition(oControl, lStart - (SpanOf(oControl).lSize - lAsked));
   ShowIfWide(oControl, lSize);
 }

@@ -44,7 +44,7 @@ class CXSplit {
   Signal<> AfterSplit;
 
  private:
-  /// Place and size of a control along the axis, wide enough to add up any.
+  /// Place and size of a control along the axis; 64-bit, so that sums can't overflow.
   struct Span {
     std::int64_t lPosition, lSize;
   };

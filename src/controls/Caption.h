@@ -12,7 +12,7 @@ class Caption : public Forms::UserControl {
   Caption(Forms::ControlContainer& oContainer, TextView sName);
   bool CanFocus() const override { return false; }
 
-  /// Its text; `Caption` would be a constructor's name here.
+  /// Its text. Not named Caption, because that is the constructor's name.
   const Text& GetCaption() const { return lblCaption.Caption(); }
   void SetCaption(TextView sCaption) { lblCaption.SetCaption(sCaption); }
   /// Whether the border is drawn.

@@ -1,5 +1,5 @@
 // Keeps a control from being drawn while it is rebuilt, for the life of this object. Does nothing
-// when drawing is locked already: who locked it releases it.
+// when drawing is locked already, and then doesn't release it either.
 #pragma once
 
 #include "Control.h"

@@ -130,7 +130,7 @@ void PropertyList::ShowProperties() {
   ParkParts(ValueWidth(0));
   LayOutTips();
   lblTip(0).SetVisible(true);
-  // Cells are made later than these and would lie over them.
+  // The cells were made after the borders and would cover them.
   for (std::int32_t i = 0; i < linBorder.Count(); ++i) linBorder(i).ZOrder();
   txtValue.ZOrder();
   cmdPopup.ZOrder();
@@ -173,7 +173,7 @@ void PropertyList::ShowRow(std::int32_t lRow) {
   lblValue(lRow).SetEnabled(!oRow.bDisabled);
   PlaceCell(Element(lblNote, lRow), oRow.sNote,
             {ValueLeft() + NoteOffset, lTop, NoteWidth, RowHeight});
-  // A note that is empty would keep the mouse from the value that it lies over.
+  // An empty note is hidden: it lies over the value and would catch its mouse events.
   lblNote(lRow).SetVisible(!oRow.sNote.empty());
 
   const std::int32_t lLine = lTop + RowHeight - mnPixelY;

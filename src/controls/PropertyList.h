@@ -93,7 +93,8 @@ class PropertyList : public Forms::UserControl {
     return moRows[static_cast<std::size_t>(lRow) - 1];
   }
   void SelectRow(std::int32_t lRow);
-  /// Holds the focus on the sheet itself while its parts hide, so that it doesn't leave the sheet.
+  /// Moves the focus to the sheet itself before its parts are hidden, so that it stays in the
+  /// sheet.
   void KeepFocus();
   /// Gives the focus to the text box, or to the sheet when that doesn't show, so that the arrow
   /// keys go on.

@@ -6,11 +6,11 @@ using namespace Forms;
 
 namespace {
 
-constexpr std::int32_t LineHeight = 195;
-constexpr std::int32_t FarAway = -3000;
+constexpr std::int32_t LineHeight = 195;  ///< of the default font, 8.25 points
+constexpr std::int32_t FarAway = -3000;   ///< left of any visible part
 /// From the line below a row up to the bottom of a list that opens above it.
 constexpr std::int32_t FlipOffset = 225;
-/// An id that no lookup has: a row's value is found by its text alone.
+/// An id that no lookup has, so that a row's value is found by its text only.
 constexpr std::int32_t NoId = -1;
 
 template <class Work>
@@ -130,7 +130,8 @@ void PropertyList::TogglePopup() {
 }
 
 void PropertyList::ClosePopup() {
-  // First the focus: hiding the list while it has it would hand it to another control for a moment.
+  // The focus is moved first: hiding the list while it has the focus would pass it to another
+  // control for a moment.
   TakeFocus();
   lstPopup.SetVisible(false);
 }
@@ -156,7 +157,7 @@ void PropertyList::MoveRow(std::int32_t& nKeyCode) {
 
 void PropertyList::ValueChanged() {
   if (mbSuspendChange || mlRow == 0) return;
-  // Copies: the handler may take the row away.
+  // Copies, because the handler may remove the row.
   const Text sName = RowAt(mlRow).sName, sValue = txtValue.Text();
   lblValue(mlRow).SetCaption(sValue);
   PropertyChange(sName, sValue);

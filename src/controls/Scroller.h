@@ -1,6 +1,6 @@
-// A pane of text that only ever appends, and lets its oldest text fall away in blocks of 1024
-// characters once it holds more than 32000, so that what it costs to append stays the same. A cut
-// may fall into the middle of a line.
+// A pane of text to which lines are only appended. Once it holds more than 32000 characters, its
+// oldest text is removed in blocks of 1024, so that the cost of appending doesn't grow. A cut may
+// be in the middle of a line.
 #pragma once
 
 #include "TextBox.h"

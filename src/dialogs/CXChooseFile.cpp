@@ -28,8 +28,8 @@ std::vector<FileFilter> FiltersOf(const std::vector<Text>& asFilter) {
   return aoFilter;
 }
 
-/// Up to the last separator, and with it; empty without one. Where slashes part folders, a
-/// backslash is a character of a name.
+/// Up to the last separator, and with it; empty without one. On systems with slashes a
+/// backslash is an ordinary character of a name.
 TextView FolderOf(TextView sPath) {
   const char16_t cSeparator = sPath.find(u'/') != TextView::npos ? u'/' : u'\\';
   return sPath.substr(0, sPath.rfind(cSeparator) + 1);

@@ -10,7 +10,7 @@ using namespace Forms;
 namespace {
 
 constexpr std::int32_t ItemCount = 9, SeparatorIndex = 10;
-constexpr double CaptionWidth = 2700;
+constexpr double CaptionWidth = 2700;  ///< twips, about 30 characters
 
 void DropMissingFiles() {
   for (std::int32_t i = RecentFiles().Count(); i >= 1; --i) {
@@ -67,7 +67,7 @@ void CXRecentFiles::ShowItem(std::int32_t lIndex) {
   const Text sFile = Item(lIndex);
   const auto oMeasure = [this](TextView s) -> double { return mpoMenu->Parent().TextWidth(s); };
   const Text sFitted = MXString::TrimPathToFit(sFile, oMeasure, CaptionWidth, false);
-  // An ampersand of a path is no mark of an access key.
+  // Ampersands in a path are doubled, so that they don't mark access keys.
   oItem.SetCaption(u"&" + ToText(lIndex) + u" " + MXString::StringReplace(sFitted, u"&", u"&&"));
   oItem.SetTag(sFile);
 }

@@ -18,7 +18,7 @@ enum class eAction : std::int16_t {
 
 class FAction : public FDialog {
  public:
-  /// The flags tell which buttons can be pressed; the one for the project always can.
+  /// The flags enable the buttons; the one for the project is always enabled.
   eAction Display(bool bSelection, bool bModule, bool bAll);
 
   Forms::PictureBox Image1{*this, u"Image1"};

@@ -14,8 +14,8 @@ class FDialog : public Forms::Form {
 
   /// For Design: lWidth and lHeight are the window's, with its frame and title.
   void DesignWindow(TextView sCaption, std::int32_t lWidth, std::int32_t lHeight);
-  /// Shows the loaded form and returns when it is hidden or unloaded. The pointer of before returns
-  /// then.
+  /// Shows the loaded form and returns when it is hidden or unloaded. Then the
+  /// pointer is what it was before.
   void RunModal();
   /// 0 while the form isn't loaded.
   std::int32_t hReg() const { return mhReg; }

@@ -13,7 +13,7 @@ using namespace Forms;
 namespace {
 
 constexpr std::int32_t HelpContext = 2300;
-constexpr double LargestFont = 1638;  // what the font dialogs of the system go up to
+constexpr double LargestFont = 1638;  // the limit of Windows' font dialogs
 
 MOptions::Font* const apoOption[] = {&MOptions::oCodeFont, &MOptions::oResultsFont,
                                      &MOptions::oErrorFont};
@@ -67,7 +67,7 @@ void FontBox::ShowSample() {
 }
 
 void FontBox::cmdFont_Click() {
-  // A failing dialog is told, and the options stay open.
+  // A failure of the font dialog is reported, and the options stay open.
   Guard({u"FOptions", u"cmdFont_Click", ErrorIds::BoundaryVB}, [this](GuardScope&) {
     CXChooseFont oChoose(cmdFont.Kit());
     oChoose.Dialog = &cmdFont.Parent();

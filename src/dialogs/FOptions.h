@@ -22,7 +22,7 @@ class FontBox {
   void cmdFont_Click();
   void ShowSample();
 
-  /// The font by itself, because a label can't take a face that this machine doesn't have.
+  /// Kept apart from the sample, because a label can't have a face that isn't installed.
   Forms::FontSpec moFont;
 };
 

@@ -77,7 +77,8 @@ void FPrintOption::chkProcSettings_Click() {
 }
 
 void FPrintOption::cmdPrintSetup_Click() {
-  // A failing dialog is told, and this one goes on; the printer may have become another one.
+  // A failure of the dialog is reported, and this one stays open. The printer may have changed
+  // nevertheless.
   Guard({u"FPrintOption", u"cmdPrintSetup_Click", ErrorIds::BoundaryVB},
         [this](GuardScope&) { ShowPageSetup(*this, moPrinters); });
   ShowPrinter();

@@ -26,8 +26,8 @@ bool Holds(const ListBox& oList, TextView sItem) {
   return false;
 }
 
-/// An invalid pattern has an open list or a range that runs backwards; closing a list at the end
-/// mends the first alone.
+/// Says what is wrong with an invalid pattern: a list that isn't closed, or a range that runs
+/// backwards. If the pattern is valid with a "]" appended, it was the first.
 Text FaultOf(const LikePattern& oPattern) {
   return LikePattern(oPattern.Pattern() + u"]").IsValid()
              ? u"a list that begins with [ isn't closed by ]."

@@ -12,7 +12,7 @@ using namespace Forms;
 
 namespace {
 
-/// Placing windows is never worth more than a line in the log.
+/// A failure to place a window is only logged (severity cosmetic).
 template <class Work>
 void Place(TextView sRoutine, Work&& oWork) {
   Guard({u"MXForm", sRoutine, ErrorIds::BoundaryNone, ErrorIds::SeverityCosmetic},
@@ -23,7 +23,7 @@ bool IsForm(const Control& oControl) {
   return oControl.Kind() == ComponentKind::Form;
 }
 
-/// A number in the store that can't be a size counts as missing.
+/// A stored size below 0 counts as missing.
 std::int32_t KeptSize(std::int32_t hReg, TextView sName, std::int32_t lPresent) {
   const std::int32_t lSize = MXRegistry::GetRegLong(hReg, sName, lPresent);
   return lSize < 0 ? lPresent : lSize;
@@ -39,7 +39,7 @@ Rect KeptPlace(const Control& oForm, std::int32_t hReg, bool bSize) {
   return oPlace;
 }
 
-/// Wide sums: a kept place may be any number.
+/// With 64-bit sums, because a stored place may be any number.
 std::int32_t Inside(std::int32_t lStart, std::int32_t lSize, std::int32_t lContainer) {
   const std::int64_t lEnd = std::int64_t{lStart} + lSize;
   return std::max(lEnd > lContainer ? lContainer - lSize : lStart, 0);

@@ -22,8 +22,8 @@ void Center(Forms::Form& oForm, const Forms::Form* poOwner = nullptr);
 /// for a minimised one nothing else, so that its last place stays.
 void SavePosition(const Forms::Control& oForm, std::int32_t hReg, bool bSize);
 
-/// Moves it to the place that was kept, each part that wasn't as it is now. A form is brought onto
-/// the screen (NormalizePosition); a control is not held to anything. "State" is the caller's.
+/// Moves it to the stored place; values that aren't stored stay as they are. A form is brought onto
+/// the screen (NormalizePosition), a control isn't limited. The caller restores "State".
 void RestorePosition(Forms::Control& oForm, std::int32_t hReg, bool bSize);
 
 /// The place that is inside the container as far as the size allows: its right and bottom edges

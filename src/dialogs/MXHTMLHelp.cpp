@@ -16,7 +16,7 @@ void Show(const Forms::Toolkit& oToolkit, HelpCommand eCommand, std::int32_t lCo
   try {
     oToolkit.Renderer().ShowHelp(File(), eCommand, lContext, MXHTMLHelp::poOwner);
   } catch (const std::exception&) {
-    // Help is never worth a failure of what the user was doing.
+    // A failure of the help must not end what the user was doing.
   }
 }
 

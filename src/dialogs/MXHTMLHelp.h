@@ -1,5 +1,5 @@
-// The book behind the Help buttons and the Help menu: one file for the whole program. That the
-// viewer can't be started is no failure of the program, and is ignored.
+// The book behind the Help buttons and the Help menu: one file for the whole program. If the
+// viewer can't be started, that is ignored.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// What every dialog's Design does with most of its controls.
+// Shared by the Design operations of all dialogs.
 #pragma once
 
 #include "FormsTypes.h"

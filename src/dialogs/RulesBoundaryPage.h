@@ -1,5 +1,5 @@
 // The page of the rules about the boundary: whether the Property Expert works it out, and when a
-// boundary in the code gives way. Warns of choices that rarely fit, and lets them stand.
+// boundary in the code gives way. Warns of choices that rarely fit, but doesn't forbid them.
 #pragma once
 
 #include "CheckBox.h"
@@ -8,7 +8,7 @@
 
 class RulesBoundaryPage : public IRulesPage {
  public:
-  /// bShown: whether changes are the user's; while it is false nothing warns.
+  /// bShown: false while the program fills the page; warnings are shown only while it is true.
   RulesBoundaryPage(Forms::ControlContainer& oPage, const bool& bShown);
   void Design() override;
   void Fill(const MRules::Values& oRules) override;

@@ -47,7 +47,8 @@ void RulesDefaultsPage::Fill(const MRules::Values& oRules) {
   FillIds(cboSeverity, oLookupSeverity.get(), oRules.eSeverityDefault);
   FillIds(cboRetry, oLookupRetry.get(), oRules.eRetryDefault);
   FillIds(cboTrace, oLookupTrace.get(), oRules.eTraceDefault);
-  // Where no line could be picked, no click has come.
+  // If a value isn't in its list, no line was picked and no Click was raised: enable the other
+  // boxes here.
   cboModTemplate_Click();
   cboProcTemplate_Click();
 }

@@ -7,19 +7,19 @@ using RulesPage::NumberAtStart;
 
 namespace {
 
-/// What a button or box takes ahead of its caption: window systems differ by about 50 both ways,
-/// which the margin of a box in a gap allows for.
+/// Twips that a button or box takes ahead of its caption, and the margin of a text box in a gap.
+/// Window systems differ from the first by about 50 in both directions; the margin allows for that.
 constexpr std::int32_t lIndicator = 240, lMargin = 60;
 
-/// The index of the button to turn on: that of the rule, or of its default for a number that
-/// stands for none.
+/// The index of the button to turn on: the rule's number, or the default for a number that no
+/// button has.
 template <class Choice>
 std::int32_t IndexOf(Choice eRule, Choice eDefault) {
   const std::int32_t lRule = MQuillon::ToNumber(eRule);
   return lRule >= 0 && lRule <= 2 ? lRule : MQuillon::ToNumber(eDefault);
 }
 
-/// Over the run of blanks in the caption of oBeside, apart from the words around it.
+/// Places the box over the run of blanks in the caption of oBeside.
 void PlaceInGap(TextBox& oBox, const Control& oBeside, TextView sCaption) {
   const Text sPlain = PlainCaption(sCaption);
   const auto lGap = sPlain.find(u"  "), lBehind = sPlain.find_first_not_of(u' ', lGap);
@@ -113,7 +113,8 @@ void RulesNumberingPage::txtWhatLines_KeyDown(std::int32_t& KeyCode, std::int32_
 
 void RulesNumberingPage::txtWhatLines_KeyPress(std::int32_t& KeyAscii) {
   const bool bDigit = KeyAscii >= u'0' && KeyAscii <= u'9';
-  // The last three have the codes of Delete, Left and Right; as characters they pass as well.
+  // The key codes of Delete, Left and Right are those of the last three characters, so that these
+  // characters are let through too.
   const bool bOther =
       KeyAscii == Key::Back || KeyAscii == u'.' || KeyAscii == u'%' || KeyAscii == u'\'';
   if (!bDigit && !bOther) KeyAscii = 0;

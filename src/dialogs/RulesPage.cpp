@@ -38,7 +38,7 @@ void FillNames(ComboBox& oCombo, const CXLookup* poLookup, TextView sName) {
 }
 
 void FillIds(ComboBox& oCombo, const CXLookup* poLookup, std::int32_t lId) {
-  constexpr TextView sNoName = u"\n";  // the empty name could be one
+  constexpr TextView sNoName = u"\n";  // no entry has this name; the empty text could be one
   Fill(oCombo, poLookup, sNoName, lId);
 }
 
@@ -49,10 +49,10 @@ void ReadName(const ComboBox& oCombo, Text& sName) {
 
 std::int32_t NumberAtStart(TextView sText) {
   using Limits = std::numeric_limits<std::int32_t>;
-  constexpr std::size_t lEnough = 30;  // so many digits are beyond 32 bits, and inside a double
+  constexpr std::size_t lEnough = 30;  // digits: beyond 32 bits, well within a double
   std::string sNumber = ToUtf8(LeftTrim(sText).substr(0, lEnough));
   if (sNumber.starts_with('+')) sNumber.erase(0, 1);
-  // Infinity and the like, which the library would read, are no numbers here.
+  // The library would also read "inf" and "nan", which aren't numbers here.
   if (sNumber.find_first_of("0123456789") > 2) return 0;
   double dNumber = 0;
   std::from_chars(sNumber.data(), sNumber.data() + sNumber.size(), dNumber,
