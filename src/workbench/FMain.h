@@ -50,7 +50,7 @@ class FMain : public MainForm {
   /// screen, and its end gives the normal one back. Blocks nothing.
   void EventPush(std::int32_t MousePointer);
   void EventPop();
-  /// Back to rest, whatever was left open by a failure.
+  /// Ends all operations that a failure left open.
   void EventFlush();
   /// True inside at least two operations.
   void CascadedEvent(bool& bCascaded) const { bCascaded = miEventDepth >= 2; }
@@ -217,12 +217,12 @@ class FMain : public MainForm {
   void ProgressStart();
   void ProgressEnd();
   void Progress(std::int16_t Percent, TextView Caption);
-  /// Progress over rows of a list, if there are enough of them to wait for. Until its end the model
-  /// is silent about what it loads on the way.
+  /// Shows progress over the rows of a list, if they are many. Until its end the model's own
+  /// progress events aren't shown.
   class RowProgress;
 
   // FMain_Layout.
-  /// Brings bars with damaged stored places back to the given ones.
+  /// Moves the bars to the given places if their stored ones are damaged.
   void HoldBars(const Forms::Rect& oBar1, const Forms::Rect& oBar2, const Forms::Rect& oBar3);
   void PlacePanes();
   void Form_Resize();
@@ -252,8 +252,8 @@ class FMain : public MainForm {
   Connect* moConnect = nullptr;
   CXRecentFiles oRecentFiles;
 
-  // The template outlives the model, which refers to it. The model is shared because it pumps
-  // events while it walks: the walk holds on to it though an event closes the template.
+  // The template outlives the model, which refers to it. The model is shared, because it
+  // handles events while it enumerates: the loop keeps it alive if an event closes the template.
   std::shared_ptr<CTemplate> oTemplate;
   std::shared_ptr<CIDEHandler> oIDEHandler;
   Connection moReportLink;

@@ -22,7 +22,8 @@ bool FMain::HasScope() const {
 class FMain::RowProgress {
  public:
   RowProgress(FMain& oMain, std::size_t lRows) : moMain(oMain), mlRows(lRows) {
-    constexpr std::size_t RowsWorthProgress = 30;
+    constexpr std::size_t RowsWorthProgress =
+        30;  // for fewer rows the bar would only flicker; a choice
     if (lRows < RowsWorthProgress) return;
     moMain.ProgressStart();
     moMain.mbRowProgress = true;
@@ -51,7 +52,7 @@ void FMain::WalkScope(eAction eScope, Visit&& oVisit) {
   if (eScope == eAction::All) return oVisit(0, 0, 0, true);
   ListView* poList = ListInFront();
   if (eScope == eAction::Cancel || !poList) return;
-  // Taken down first: what a row leads to may change the list.
+  // Collected first, because processing a row may change the list.
   std::vector<std::pair<Handle, Text>> oRows;
   for (std::int32_t i = 1; i <= poList->ListItems().Count(); ++i) {
     const ListItem& oRow = poList->ListItems().Item(i);

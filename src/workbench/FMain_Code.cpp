@@ -7,7 +7,7 @@ using namespace Forms;
 
 namespace {
 
-/// Beside the line: a colour alone doesn't tell everybody.
+/// Shown beside the line, since not everybody can tell the colours apart.
 TextView SignOf(LineFate fate) {
   if (fate == LineFate::Stays) return u"";
   return fate == LineFate::Goes ? u"-" : u"+";

@@ -26,7 +26,7 @@ void FMain::ManageControls() {
 
 bool FMain::HasProjects() {
   std::int32_t lCount = 0;
-  // An IDE that can't tell counts as one without projects.
+  // If the IDE fails to answer, it counts as having no projects.
   OnEvent(u"HasProjects", [&] { lCount = moVBInst ? moVBInst->VBProjects().Count() : 0; });
   return lCount > 0;
 }

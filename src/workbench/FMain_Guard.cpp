@@ -14,7 +14,7 @@ void FMain::EventPop() {
   if (miEventDepth > 0) --miEventDepth;
   if (miEventDepth > 0) return;
   App().Screen().SetMousePointer(Pointer::Default);
-  // The operation may have closed the window; hiding something on it would load it again.
+  // The operation may have closed the window; changing a control would load it again.
   if (Loaded()) picProgress.SetVisible(false);
 }
 
@@ -46,7 +46,7 @@ void FMain::Progress(std::int16_t Percent, TextView Caption) {
 void FMain::ProgressEnd() {
   picProgress.SetVisible(false);
   picProgress.SetWidth(0);
-  // The model tells the end of small loads, too, which had no start.
+  // The model raises this event also for small loads, for which ProgressStart wasn't raised.
   if (!std::exchange(mbPanelsSaved, false)) return;
   StatusBar1.Panels(1).SetText(msSavedPanel1);
   StatusBar1.Panels(2).SetText(msSavedPanel2);

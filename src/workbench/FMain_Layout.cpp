@@ -80,7 +80,7 @@ void FMain::LayOutVertically() {
 void FMain::picContainer_Resize() {
   OnEvent(u"picContainer_Resize", [&] {
     tabView.Move(0, 0, picContainer.ScaleWidth(), picContainer.ScaleHeight());
-    // Asked for anew for each part: painting one can let a newer size of the window in between.
+    // The size is read again for each part: painting a part can let a further resize in.
     for (Control* po : std::initializer_list<Control*>{&lblProperties, &lblCode, &lblResults}) {
       const Rect o = tabView.ClientArea();
       po->Move(o.lLeft, o.lTop + 30, Held(o.lWidth), po->Height());

@@ -154,7 +154,7 @@ void FMain::ShowPath(TextView sPath) {
 }
 
 void FMain::FitPath() {
-  constexpr std::int32_t PanelEdges = 360;
+  constexpr std::int32_t PanelEdges = 360;  // twips for the panel's borders and gaps; an estimate
   Panel& oPanel = StatusBar1.Panels(2);
   oPanel.SetText(MXString::TrimPathToFit(
       oPanel.Tag(), [&](TextView s) { return static_cast<double>(TextWidth(s)); },

@@ -15,7 +15,7 @@ void FMain::tabView_Click() {
     const Pane aoPane[] = {{u"Properties", prlProperties, lblProperties},
                            {u"Code", txtCode, lblCode},
                            {u"Results", srlResults, lblResults}};
-    // All others go first, so that no two of them show at a time.
+    // The others are hidden first, so that two panes are never visible at once.
     for (const bool bShown : {false, true}) {
       for (const Pane& o : aoPane) {
         if ((o.sKey == sKey) != bShown) continue;

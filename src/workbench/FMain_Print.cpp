@@ -8,7 +8,7 @@ using namespace Forms;
 
 namespace {
 
-/// A report has the columns that the user has on the screen.
+/// The column widths on the screen, which the report takes over.
 Reports::Widths WidthsOf(ListView& oList) {
   Reports::Widths alWidth;
   for (std::int32_t i = 1; i <= oList.ColumnHeaders().Count(); ++i)

@@ -109,7 +109,7 @@ void FMain::ShowSheet(PropertySheet::Subject& oSubject) {
 }
 
 void FMain::prlProperties_PropertyChange(TextView sName, TextView sValue) {
-  // The sheet's own texts, which are gone once it is filled anew.
+  // Copies, because the sheet's texts don't exist any more once it is filled again.
   OnEvent(u"prlProperties_PropertyChange", [&, sOwnName = Text(sName), sOwnValue = Text(sValue)] {
     const std::int16_t nRow = prlProperties.Row();
     for (const ListItem* poRow : SelectedRows(lvwProcs, All)) {

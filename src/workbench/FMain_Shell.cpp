@@ -25,7 +25,8 @@ std::int32_t OpenKey(TextView sKey) {
                                 MXRegistry::KEY_ALL_ACCESS);
 }
 
-/// A font that this machine doesn't have leaves the pane's own; the rest is taken all the same.
+/// Ignores the failure of one font property (such as a face that isn't installed), so that the
+/// others are still set.
 template <class Set>
 void Try(Set&& oSet) {
   try {
@@ -88,7 +89,8 @@ void FMain::Form_Load() {
 
 void FMain::OpenKeys() {
   mhRegForm = OpenKey(u"");
-  // The recent list belongs to the process and goes on with this key when the window is closed.
+  // The key stays open: the recent list belongs to the process and uses it after the window is
+  // closed.
   if (mhRegRecent == 0) mhRegRecent = OpenKey(u"\\Recent Files");
   mhRegSplit1 = OpenKey(u"\\Split1");
   mhRegSplit2 = OpenKey(u"\\Split2");
@@ -109,7 +111,8 @@ void FMain::RestorePlaces() {
   MXForm::FitToScreen(*this);
   MXForm::RestorePosition(*this, mhRegForm, true);
   if (Width() < LeastSize || Height() < LeastSize) MXForm::FitToScreen(*this);
-  // A window that was left minimised comes up in its normal state: nobody could answer it.
+  // A window that was closed minimised is shown in its normal state, since a minimised modal window
+  // would seem to hang.
   const auto eState =
       static_cast<Forms::WindowState>(MXRegistry::GetRegLong(mhRegForm, u"State", 0));
   if (eState == Forms::WindowState::Maximized) SetWindowState(eState);
@@ -213,7 +216,7 @@ void FMain::Form_Unload() {
     CloseTemplate();
     MQuillon::ReleaseLookups();
   });
-  // Whatever failed above: the next Display has to begin anew.
+  // Also after a failure above, so that the next Display starts from the beginning.
   moSplitLinks.clear();
   CloseKeys();
   moVBInst = nullptr;

@@ -16,8 +16,8 @@ namespace {
 
 constexpr TextView PathName = u"Open Template Path";
 
-/// Name of the component whose code is in front; empty when there is none. An IDE that can't tell
-/// is no failure: the tree then begins with its first node.
+/// Name of the component whose code is in front; empty when there is none or the IDE fails to
+/// answer: then the tree's first node is selected.
 Text ComponentInFront(VBE& oVBInst) {
   try {
     ::CodePane* poPane = oVBInst.ActiveCodePane();
@@ -85,7 +85,7 @@ bool FMain::LoadTemplate(TextView sTemplateFile) {
   try {
     oTemplate->LoadTemplateFile(sTemplateFile);
   } catch (const Failure& oFailure) {
-    // A file that can't be read has been reported; the pane says so too, as of any other fault.
+    // The failure has been reported already; the results pane lists it like every other fault.
     srlResults.Add(u"    " + oFailure.Description());
     return false;
   }

@@ -12,8 +12,8 @@ namespace {
 
 constexpr std::int32_t Folders = 8;
 
-/// Keeps the tree from being used while a node is processed, however that ends. Without a model,
-/// when the template was closed meanwhile, it stays off.
+/// Disables the tree while a node is processed, also if that fails. The tree stays disabled when
+/// there is no model at the end, because the template was closed meanwhile.
 class TreeOff {
  public:
   TreeOff(TreeView& oTree, const std::shared_ptr<CIDEHandler>& pModel)
@@ -32,7 +32,7 @@ class TreeOff {
   const std::shared_ptr<CIDEHandler>& mpModel;  ///< the window's own
 };
 
-/// What the IDE can't tell shows as nothing: its failure has been reported by the model.
+/// An empty text if the IDE fails to answer; the model has reported the failure.
 template <class Ask>
 Text Told(Ask&& oAsk) {
   try {
@@ -66,7 +66,7 @@ void FMain::EnumComponentsProc(Handle hProject, Handle hComponent, TextView sNam
   const bool bFolder = tvwProjects.Tag() == NodeKey::Tree && lFolder > 0;
   Node& oAbove =
       oNodes.Item(bFolder ? NodeKey::Folder(hProject, lFolder) : NodeKey::Project(hProject));
-  // A change of view builds the tree anew, with what is pending.
+  // With its mark: the tree is also rebuilt when the view changes, while changes are pending.
   const Text sImage = Icons::Marked(imlProjects, MQuillon::VBComponentTypeName(nComponentType),
                                     oIDEHandler->ComponentIsDirty(hComponent));
   oNodes
@@ -97,8 +97,8 @@ void FMain::ProcessNode(Node& oNode) {
   const NodeKey::Fields oFields = NodeKey::Read(oNode.Key(), tvwProjects.Tag());
   mhProject = oFields.hProject;
   mhComponent = oFields.hComponent;
-  // Ahead of the rows: the lists let waiting events through, and a command among them works on the
-  // list that fills.
+  // Set ahead of filling the list: filling handles waiting events, and a command among them must
+  // work on the new list.
   msListType = mhComponent != 0 ? u"Procs" : u"Mods";
   mbReadOnly = mhComponent != 0 && oIDEHandler->ComponentReadOnly(mhComponent) &&
                MRules::oRules.bSkipReadOnly;
@@ -111,7 +111,7 @@ void FMain::ProcessNode(Node& oNode) {
 }
 
 bool FMain::ShowComponent(TextView sNode) {
-  // The lists let waiting events through; one of them may close the template or click elsewhere.
+  // Filling handles waiting events; one of them may close the template or select another node.
   const auto pModel = oIDEHandler;
   const auto pTemplate = oTemplate;
   const Handle hComponent = mhComponent;

@@ -73,6 +73,6 @@ void MainMenu::Design() {
     oRow.oMenu.SetCaption(oRow.sCaption);
     if (oRow.cCtrl) oRow.oMenu.SetShortcut(oRow.cCtrl, Forms::Shift::Ctrl);
   }
-  // It only stands for the items that the recent list makes from it.
+  // Only the pattern for the items that the recent list makes from it.
   mnuFileRecent(0).SetVisible(false);
 }

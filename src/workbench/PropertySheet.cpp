@@ -70,7 +70,7 @@ Row PendingTemplate(const Subject& o, bool bEnabled) {
 void AddPending(const Subject& o, std::vector<Row>& oRows) {
   const bool bOwn = !o.oPending.bForeign();
   const bool bUnlocked = bOwn && o.oPending.eLocked() == TriState::False;
-  // Of several, each procedure's lock and template are looked at when the edit arrives.
+  // For several procedures, lock and template of each are checked when the edit is applied.
   const bool bValues = o.bSeveral ? bOwn : bUnlocked && !o.oPending.sTemplate().empty();
   oRows.push_back(Heading(u"Pending", 1));
   oRows.push_back(PendingTemplate(o, bUnlocked && !(o.bSeveral && o.bDeclarations)));
@@ -96,7 +96,8 @@ void AddCurrent(const Subject& oSubject, std::vector<Row>& oRows) {
 }
 
 TextView BoundaryNote(const CProcSettings& o, bool bSeveral) {
-  // The flags of several say what all have; more than one of them is no one reason.
+  // For several procedures a flag is set only if all of them have it. When several flags are set
+  // there is no single reason to show.
   if (bSeveral && o.bFirewallLeave + o.bBoundaryLeave + o.bBoundaryExpert != 1) return {};
   if (o.bFirewallLeave) return u"[Leave Firewall]";
   if (o.bBoundaryLeave) return u"[Leave Boundary]";
