@@ -10,7 +10,7 @@ namespace Paper {
 
 namespace {
 
-// What most printers need, where a queue doesn't tell.
+// A quarter of an inch on each side, for queues that don't report their margins: an assumption.
 constexpr Strips UsualStrips{360, 360, 360, 360};
 
 /// The service counts in hundredths of a millimetre.
@@ -70,7 +70,7 @@ class CupsQueues : public IPrintQueues {
   std::int32_t PaperSizeOf(const std::string& sQueue) override {
     cups_size_t oSize;
     if (!Destination(sQueue).DefaultMedia(oSize)) return 0;
-    constexpr int Tolerance = 100;
+    constexpr int Tolerance = 100;  // one millimetre, since queues round their sizes
     for (const PaperForm& oForm : PaperForms()) {
       if (std::abs(Hundredths(oForm.lWidth) - oSize.width) <= Tolerance &&
           std::abs(Hundredths(oForm.lHeight) - oSize.length) <= Tolerance) {

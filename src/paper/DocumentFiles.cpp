@@ -33,7 +33,7 @@ void WriteStraight(const std::string& sPath, const std::string& sBytes) {
   if (!oFile) throw Failure(57, FailureText(57) + u": " + TextOfPath(sPath) + u" can't be written");
 }
 
-/// A file for the eyes of this user alone, gone with the object.
+/// A temporary file that only this user may read; removed with the object.
 class PassingFile {
  public:
   PassingFile() {
@@ -89,7 +89,8 @@ std::int32_t QueueDevice::LoadedPaper() {
 Strips QueueDevice::Unprintable(const Sheet& oSheet) {
   const Strips oUpright = moQueues.StripsOf(msQueue, oSheet.ePaperSize);
   if (oSheet.eOrientation == Portrait) return oUpright;
-  // Which way the sheet gets turned is the device's business: the widest strip is safe all round.
+  // The device may turn the sheet in either direction, so the widest strip is kept free on all
+  // sides.
   const std::int32_t lWidest =
       std::max({oUpright.lLeft, oUpright.lTop, oUpright.lRight, oUpright.lBottom});
   return {lWidest, lWidest, lWidest, lWidest};

@@ -1,4 +1,4 @@
-// The two ways on which a finished PDF document leaves the program: into a file that a person
+// Where a finished PDF document goes: into a file that a person
 // named, and into a print queue.
 #pragma once
 

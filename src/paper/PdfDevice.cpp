@@ -17,7 +17,8 @@ namespace Paper {
 namespace {
 
 constexpr double TwipsPerPoint = 20;
-// As a part of the font's size: some fonts leave the space between lines to whoever sets them.
+// The least height of a line in font sizes, since some fonts define no space between lines. A
+// choice, near to what common fonts have.
 constexpr double LeastLineHeight = 1.15;
 
 [[noreturn]] void Fail(cairo_status_t eStatus) {
@@ -104,7 +105,7 @@ PdfDevice::Fonts::Description PdfDevice::Fonts::Describe(const PrintFont& oFont)
 PangoLayoutLine* PdfDevice::Fonts::Shape(TextView sLine, const PrintFont& oFont) {
   const std::string sUtf8 = ToUtf8(sLine);
   pango_layout_set_font_description(moLayout.get(), Describe(oFont).get());
-  // What was measured is drawn next, most of the time: it is shaped once.
+  // A text is mostly measured and then drawn, so that the last one is kept shaped.
   if (sUtf8 != pango_layout_get_text(moLayout.get())) {
     pango_layout_set_text(moLayout.get(), sUtf8.data(), static_cast<int>(sUtf8.size()));
   }

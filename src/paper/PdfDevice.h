@@ -1,4 +1,4 @@
-// Makes a PDF document in memory and gives its bytes away when it ends. Text in any script: what
+// Makes a PDF document in memory and hands its bytes over at its end. Text in any script: what
 // the font doesn't have is taken from one that does.
 #pragma once
 

@@ -10,8 +10,8 @@ namespace Paper {
 
 namespace {
 
-// Families in order of preference. At this size the widest words of the reports' fixed columns fit
-// the widths that those columns begin with.
+// Families in order of preference. The size is chosen so that the widest words of the reports'
+// fixed columns fit the default widths.
 constexpr TextView UsualFonts = u"Liberation Sans,Arial,Helvetica,DejaVu Sans Condensed,Sans";
 constexpr double UsualFontSize = 7.5;
 

@@ -30,11 +30,12 @@ class Printers {
   std::int32_t Count();
   /// lIndex from 1; Failure 9 out of range.
   Printer& Item(std::int32_t lIndex);
-  /// Without asking the printer for its paper, as a list of names wants it.
+  /// Doesn't ask the printer for its paper, which may be slow, so that names can be listed quickly.
   Text DeviceName(std::int32_t lIndex);
   Printer& Current();
-  /// Makes the first printer the current one whose name agrees in its first 31 characters, which is
-  /// as much as page dialogs tell. False: there is none, and the current one stays.
+  /// Makes the first printer the current one whose name agrees in its first 31 characters: page
+  /// dialogs of Windows report no more (a field of 32 units with its end). False: there is none,
+  /// and the current one stays.
   bool SetCurrent(TextView sDeviceName);
   /// Looks the queues up again; the current printer stays by its name where it is still there.
   /// Not while a document is open: every Printer& that was given is invalid afterwards.

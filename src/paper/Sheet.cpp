@@ -29,7 +29,7 @@ constexpr std::array Forms = {
 int PaperWidthOfCountry() {
   const locale_t oLocale = newlocale(LC_PAPER_MASK, "", nullptr);
   if (!oLocale) return 0;
-  // The number comes in the place of the pointer.
+  // For this item the function returns the number itself in place of a pointer.
   const auto lWidth = reinterpret_cast<std::uintptr_t>(nl_langinfo_l(_NL_PAPER_WIDTH, oLocale));
   freelocale(oLocale);
   return static_cast<int>(lWidth);

@@ -8,10 +8,10 @@ namespace Paper {
 
 namespace {
 
-// Narrow enough that the longest words of the reports' columns fit the widths that they begin with;
-// a page between its margins has some 145 characters then.
+// Twips, chosen so that the longest words of the reports' columns fit the default widths; a line
+// between the margins of an A4 page has about 145 characters.
 constexpr double CharacterWidth = 72;
-constexpr double RowHeight = 180;
+constexpr double RowHeight = 180;  // an eighth of an inch; a choice
 
 /// A pair of surrogates is one character.
 std::size_t Characters(TextView sText) {
@@ -19,7 +19,7 @@ std::size_t Characters(TextView sText) {
       sText.begin(), sText.end(), [](char16_t c) { return c < 0xDC00 || c > 0xDFFF; }));
 }
 
-/// Control characters would act on a terminal.
+/// Replaces control characters, which a terminal would act on.
 Text Shown(TextView sText) {
   Text sResult(sText);
   std::replace_if(

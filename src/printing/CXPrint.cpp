@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr std::int32_t ColumnGap = 100;
+constexpr std::int32_t ColumnGap = 100;  ///< twips; a part of the reports' layout
 
 /// Halves go to the even number, as everywhere in Visual Basic.
 std::int32_t Rounded(double dValue) {
@@ -19,7 +19,7 @@ std::int32_t Rounded(double dValue) {
 }  // namespace
 
 CXPrint::~CXPrint() {
-  // Half a report must not become the first pages of the next one.
+  // Otherwise the pages printed so far would become the first pages of the next report.
   if (!mbFinished) moPrinter.KillDoc();
 }
 

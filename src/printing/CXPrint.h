@@ -20,7 +20,8 @@
 
 class CXPrint {
  public:
-  /// From the top margin down to the first line of the body.
+  /// From the top margin down to the first line of the body, in twips; a part of the
+  /// reports' layout.
   std::int32_t HeaderMargin = 500;
   /// What the body keeps above the bottom margin.
   std::int32_t FooterMargin = 500;
@@ -51,13 +52,13 @@ class CXPrint {
   void Footer(TextView sLeft, TextView sCenter, TextView sRight);
 
   void PrintLine(TextView sLine);
-  /// One line of space; nothing where it would begin a page.
+  /// A blank line; nothing at the top of a page.
   void PrintBlank();
   /// Breaks the page unless nLines more lines fit on it.
   void CheckPage(std::int16_t nLines);
 
   /// Positions from the left margin, from index 0, each column 100 short of the next one; the last
-  /// runs to the right margin. No column is a path afterwards.
+  /// runs to the right margin. Afterwards no column is marked as a path.
   void SetColumns(const std::vector<std::int32_t>& alPosition);
   /// A path is shortened in its middle, any other text is cut at its end. lColumn from 0; Failure 9
   /// out of range.

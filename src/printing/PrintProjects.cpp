@@ -19,7 +19,7 @@ constexpr float HalfLine = 0.5f;
 constexpr std::size_t ColumnCount = 6;
 constexpr std::int32_t FileNameColumn = 5;
 
-/// A file that is gone is reported, but one of them must not take the whole report away.
+/// A missing file is reported, but doesn't end the report.
 Text ModifiedText(TextView sFile) {
   constexpr std::int64_t NanosecondsPerSecond = 1'000'000'000;
   try {
@@ -103,7 +103,7 @@ class Summary {
 
 void PrintProjects(CIDEHandler& oHandler, Paper::Printer& oPrinter, const Widths& alModWidth,
                    CIDEHandler::Handle hProject) {
-  // No call of the printer is a step: a page that failed halfway can't be printed again.
+  // Calls of the printer aren't steps, because repeating one would print a part of a page twice.
   Guard(Named(u"PrintProjects"), [&](GuardScope& oScope) {
     oPrinter.SetScaleMode(Paper::ScaleTwips);
     Summary(oScope, oHandler, oPrinter).Print(alModWidth, hProject);

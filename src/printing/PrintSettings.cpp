@@ -13,7 +13,8 @@ namespace {
 
 constexpr float HalfLine = 0.5f;
 constexpr std::size_t ColumnCount = 9;
-/// A component begins on a new page unless this many lines still fit.
+/// A component begins on a new page unless this many lines still fit; a part of the reports'
+/// layout.
 constexpr std::int16_t LinesOfComponent = 10;
 
 const CXLookup& Words(const std::unique_ptr<CXLookup>& oLookup) {
@@ -101,7 +102,7 @@ class Settings {
 
 void PrintSettings(CIDEHandler& oHandler, Paper::Printer& oPrinter, const Widths& alProcWidth,
                    CIDEHandler::Handle hProject, CIDEHandler::Handle hComponent) {
-  // No call of the printer is a step: a page that failed halfway can't be printed again.
+  // Calls of the printer aren't steps, because repeating one would print a part of a page twice.
   Guard(Named(u"PrintSettings"), [&](GuardScope& oScope) {
     oPrinter.SetScaleMode(Paper::ScaleTwips);
     Settings(oScope, oHandler, oPrinter).Print(alProcWidth, hProject, hComponent);

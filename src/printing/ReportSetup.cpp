@@ -14,7 +14,7 @@ namespace Reports {
 
 namespace {
 
-/// Thousandths of an inch, which a settings file may hold in any size.
+/// From thousandths of an inch; limited, because a settings file may hold any number.
 std::int32_t Twips(std::int32_t lThousandths) {
   constexpr double TwipsPerThousandth = 1.44;
   constexpr double Largest = std::numeric_limits<std::int32_t>::max() / 4;
@@ -46,7 +46,7 @@ void SetUp(CXPrint& oPrint, Paper::Printer& oPrinter, TextView sProduct, TextVie
 }
 
 std::vector<std::int32_t> Positions(const Widths& alWidth, std::size_t lCount) {
-  // Far beyond any page, and far from the end of the numbers.
+  // Larger than any page, and small enough that sums don't overflow 32 bits.
   constexpr std::int64_t Largest = std::numeric_limits<std::int32_t>::max() / 2;
   if (alWidth.size() + 1 < lCount) throw Failure(9);
   std::vector<std::int32_t> alPosition(1, 0);

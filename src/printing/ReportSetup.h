@@ -1,5 +1,5 @@
-// What both reports begin with, and the walk over a project that they share. For the sources of the
-// reports alone.
+// Set-up of both reports, and the loop over a project's components that they share. Internal to
+// this layer.
 #pragma once
 
 #include <functional>

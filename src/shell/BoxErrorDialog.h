@@ -1,5 +1,5 @@
-// Failures as message boxes: what happened, what to do about it, and the answer of the user. Where
-// the failing step can be run again, the answers are Abort (leave the routine), Retry and Ignore
+// Failures as message boxes: what happened, what to do about it, and the answer of the user. If
+// the failing step can be repeated, the answers are Abort (leave the routine), Retry and Ignore
 // (go on behind the step); else there is only OK.
 #pragma once
 

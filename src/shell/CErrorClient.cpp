@@ -37,7 +37,7 @@ void Ignoring(Call&& oCall) {
   try {
     oCall();
   } catch (const std::exception&) {
-    // The application ends: what can't be closed any more is left.
+    // The application is ending: a form that can't be closed is left open.
   }
 }
 
@@ -54,7 +54,7 @@ void CloseMain(Forms::Form& oForm) {
 CErrorClient::CErrorClient(Forms::Toolkit& oToolkit, std::vector<Text> asHostForm)
     : moToolkit(oToolkit), masHostForm(std::move(asHostForm)) {}
 
-// A copy: forms leave the toolkit's list while they are closed.
+// A copy, because closing a form removes it from the toolkit's list.
 std::vector<Forms::Form*> CErrorClient::OwnForms() const {
   std::vector<Forms::Form*> aoForm = moToolkit.LoadedForms();
   std::erase_if(aoForm, [&](const Forms::Form* po) {

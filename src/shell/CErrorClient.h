@@ -15,7 +15,7 @@ class Toolkit;
 class CErrorClient : public IErrorClient {
  public:
   /// asHostForm: names of forms that belong to the program around the add-in. They stay open when
-  /// the add-in ends: what is unsaved in them isn't the add-in's to lose.
+  /// the add-in ends, because they may hold unsaved work.
   explicit CErrorClient(Forms::Toolkit& oToolkit, std::vector<Text> asHostForm = {});
 
   void CustomClick(std::int32_t) override {}

@@ -24,13 +24,13 @@ void Ignoring(Call&& oCall) {
   try {
     oCall();
   } catch (const std::exception&) {
-    // What isn't there need not be taken away.
+    // Something that doesn't exist needn't be removed.
   }
 }
 
-/// What a step that was passed over should have set.
+/// Failure 91 for an object that isn't there because the step that makes it failed and was ignored.
 template <class T>
-T& Need(T* po) {
+T& Existing(T* po) {
   if (!po) throw Failure(91);
   return *po;
 }
@@ -81,7 +81,7 @@ void Connect::OnConnection(VBE& oVBInst, ConnectMode nConnectMode) {
 
 void Connect::OnAddInsUpdate() {
   Guard(HostRoutine(u"IDTExtensibility_OnAddInsUpdate"),
-        [&](GuardScope& oScope) { oScope.Step([&] { Need(VBInst).Addins().Update(); }); });
+        [&](GuardScope& oScope) { oScope.Step([&] { Existing(VBInst).Addins().Update(); }); });
 }
 
 // Each call of the IDE is a step of its own, so that trying one again adds nothing twice.
@@ -91,37 +91,37 @@ void Connect::AddMenus() {
     AddMenuEntry(oScope);
     AddToolBar(oScope);
     oScope.Step([&] { moToolkit.Clipboard().SetPicture(u"Quillon"); });
-    // The clipboard is the only way to give a control its picture; what it held before is lost.
-    oScope.Step([&] { Need(moMenu).PasteFace(); });
-    oScope.Step([&] { Need(moButton).PasteFace(); });
+    // The IDE takes a control's picture only from the clipboard; the clipboard's content is lost.
+    oScope.Step([&] { Existing(moMenu).PasteFace(); });
+    oScope.Step([&] { Existing(moButton).PasteFace(); });
     oScope.Step([&] { RestorePlace(); });
   });
 }
 
 void Connect::AddMenuEntry(GuardScope& oScope) {
   oScope.Step(
-      [&] { moMenu = &Need(VBInst).CommandBars().Item(sAddIns).Controls().Add(lTypeButton); });
-  oScope.Step([&] { Need(moMenu).SetCaption(sEntryCaption); });
+      [&] { moMenu = &Existing(VBInst).CommandBars().Item(sAddIns).Controls().Add(lTypeButton); });
+  oScope.Step([&] { Existing(moMenu).SetCaption(sEntryCaption); });
   oScope.Step([&] { moMenuEvents = OnClick(moMenu, u"moMenuEvents_Click"); });
 }
 
 void Connect::AddToolBar(GuardScope& oScope) {
-  oScope.Step([&] { moToolBar = &Need(VBInst).CommandBars().Add(sToolBarName, lPositionTop); });
-  oScope.Step([&] { Need(moToolBar).SetProtection(lProtectNoCustomize); });
-  oScope.Step([&] { moButton = &Need(moToolBar).Controls().Add(lTypeButton); });
+  oScope.Step([&] { moToolBar = &Existing(VBInst).CommandBars().Add(sToolBarName, lPositionTop); });
+  oScope.Step([&] { Existing(moToolBar).SetProtection(lProtectNoCustomize); });
+  oScope.Step([&] { moButton = &Existing(moToolBar).Controls().Add(lTypeButton); });
   oScope.Step([&] { moButtonEvents = OnClick(moButton, u"moButtonEvents_Click"); });
-  oScope.Step([&] { Need(moButton).SetTooltipText(sEntryCaption); });
+  oScope.Step([&] { Existing(moButton).SetTooltipText(sEntryCaption); });
 }
 
 Connection Connect::OnClick(CommandBarControl* poControl, TextView sRoutine) {
-  return Need(VBInst)
+  return Existing(VBInst)
       .Events()
-      .CommandBarEvents(Need(poControl))
+      .CommandBarEvents(Existing(poControl))
       .Click.Connect([this, sRoutine](CommandBarControl&, bool&, bool&) { Clicked(sRoutine); });
 }
 
 void Connect::RestorePlace() {
-  CommandBar& oToolBar = Need(moToolBar);
+  CommandBar& oToolBar = Existing(moToolBar);
   const PlaceKey hKey;
   for (const Place& oPlace : Places)
     (oToolBar.*oPlace.Set)(GetRegLong(hKey, oPlace.sValue, (oToolBar.*oPlace.Get)()));
@@ -136,9 +136,9 @@ void Connect::SavePlace() const {
 
 void Connect::RemoveAddInMenus() {
   ForgetControls();
-  Ignoring([&] { Need(VBInst).CommandBars().Item(sToolBarName).Delete(); });
+  Ignoring([&] { Existing(VBInst).CommandBars().Item(sToolBarName).Delete(); });
   Ignoring([&] {
-    CommandBarControls& oControls = Need(VBInst).CommandBars().Item(sAddIns).Controls();
+    CommandBarControls& oControls = Existing(VBInst).CommandBars().Item(sAddIns).Controls();
     // From the end: deleting one moves those behind it.
     for (std::int32_t i = oControls.Count(); i > 0; --i)
       Ignoring([&] {
@@ -154,7 +154,7 @@ void Connect::ForgetControls() {
   moToolBar = nullptr;
 }
 
-// A connection without menus, or whose menus were taken away already, has nothing to save there.
+// Without menus, or after they were removed, there is no place to save.
 void Connect::OnDisconnection(std::int32_t) {
   Guard(HostRoutine(u"IDTExtensibility_OnDisconnection"), [&](GuardScope& oScope) {
     if (moToolBar) oScope.Step([&] { SavePlace(); });
@@ -171,6 +171,6 @@ void Connect::OnDisconnection(std::int32_t) {
 
 void Connect::Clicked(TextView sRoutine) {
   Guard({sModule, sRoutine, ErrorIds::BoundaryVB}, [&](GuardScope& oScope) {
-    oScope.Step([&] { Need(moMain.get()).Display(Need(VBInst), *this); });
+    oScope.Step([&] { Existing(moMain.get()).Display(Existing(VBInst), *this); });
   });
 }

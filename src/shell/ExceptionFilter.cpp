@@ -21,10 +21,11 @@ constexpr std::array Fatal = {
     FatalSignal{SIGABRT, u"Signal SIGABRT"},
 };
 
-// The handler of a stack that overflowed needs one of its own.
+// A stack for the handler, which can't run on a stack that overflowed. 64 KB is a choice.
 alignas(16) std::array<char, 1 << 16> acStack;
 
-/// The handler has gone back to the default by then, so raising the signal again ends the program.
+/// SA_RESETHAND has restored the default handler, so that raising the signal again ends the
+/// program.
 extern "C" void OnFatal(int nSignal) {
   for (const FatalSignal& oFatal : Fatal)
     if (oFatal.nSignal == nSignal) goError->HandleException(oFatal.sRecord);
@@ -42,7 +43,7 @@ extern "C" void OnFatal(int nSignal) {
     }
   }
   goError->HandleException(sRecord);
-  signal(SIGABRT, SIG_DFL);  // it has been told
+  signal(SIGABRT, SIG_DFL);  // the record is written; abort must not write another one
   std::abort();
 }
 

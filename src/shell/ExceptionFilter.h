@@ -1,6 +1,6 @@
-// The last word of a program that crashes: an exception that nobody catches and the signals
+// What is logged when the program crashes: an exception that nobody catches and the signals
 // SIGSEGV, SIGBUS, SIGFPE, SIGILL and SIGABRT go as a record to the error run-time, which writes it
-// to its log; then the program ends as the system has it end.
+// to its log; then the program ends by the system's default handling.
 #pragma once
 
 namespace ExceptionFilter {

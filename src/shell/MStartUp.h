@@ -1,5 +1,5 @@
-// What has to stand before the IDE gets its first object: the exception filter, the error run-time
-// with its client, the shared tables, rules, options and the help file.
+// What has to be set up before the IDE gets its first object: the exception filter, the error
+// run-time with its client, the shared tables, rules, options and the help file.
 //
 //   MStartUp::Setup oSetup{oToolkit, sCommandLine};
 //   if (!MStartUp::Main(oSetup)) ...   // the user has been told

@@ -2,9 +2,10 @@
 
 namespace {
 
+// Choices: a box of 20 rows stays well below the 768 pixels of a small screen.
 constexpr std::size_t lRowsShown = 20, lRowWidth = 60;
 
-/// About how many rows of a box the text fills.
+/// An estimate of how many rows of a box the text takes.
 std::size_t Rows(TextView sText) {
   std::size_t lRows = 0, lWidth = 0;
   for (const char16_t c : sText) {

@@ -5,6 +5,6 @@
 
 #include "Text.h"
 
-/// The items, each behind sBreak: as many as leave the box lower than a small screen, since its
-/// button would be out of reach below; then how many more there are.
+/// The items, each behind sBreak: as many as fit a box on a small screen, whose
+/// button would be out of reach below otherwise; then how many more there are.
 Text BoxList(const std::vector<Text>& asItem, TextView sBreak);

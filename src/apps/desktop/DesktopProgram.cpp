@@ -32,8 +32,8 @@ std::string PictureBytes(const ButtonFaces& oFaces, TextView sKey, std::int32_t 
   return oFaces.Find(sKey);
 }
 
-/// Where a printed document goes that no printer takes.
-// Nothing for Cancel: that is no failure.
+/// Asks for the file of a document that is printed to "PDF file". Nothing after Cancel, which isn't
+/// a failure.
 std::optional<Text> AskPdfFile(Forms::Toolkit& oToolkit, TextView sTitle) {
   CXChooseFile oChoose(oToolkit);
   oChoose.Dialog = oToolkit.ActiveForm();

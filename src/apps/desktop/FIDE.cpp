@@ -181,7 +181,7 @@ void FIDE::Form_Load() {
 void FIDE::RestorePlaces() {
   MXForm::Center(*this);
   const Rect oUsual = Bounds();
-  // A damaged place in the settings leaves the usual one.
+  // If the stored place is damaged, the default one is used.
   const auto TakeUsual = [&] { Move(oUsual.lLeft, oUsual.lTop, oUsual.lWidth, oUsual.lHeight); };
   try {
     MXForm::RestorePosition(*this, mhReg, true);

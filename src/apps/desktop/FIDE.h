@@ -8,7 +8,7 @@
 //
 // Nothing on disk changes before Save All. Files that other programs change meanwhile are read
 // again, when the window comes to the front and around everything that the add-in does; one with
-// unsaved changes is a conflict, which is told, and which Save All refuses.
+// unsaved changes is a conflict: the user is told, and Save All refuses to overwrite it.
 //
 // Subjects: FIDE (design and layout), FIDE_Group (opening, saving, leaving), FIDE_AddIn (the
 // add-in and its bars), FIDE_View (tree, code and changes).
@@ -136,7 +136,7 @@ class FIDE : public Forms::Form {
   void ShowChanges();
   /// Marks, what can be saved, and the changes of the component that is selected.
   void ShowGroupState();
-  /// Looks at the disk, and tells of new conflicts.
+  /// Reads files that changed on disk, and reports new conflicts.
   void Refresh();
   void TellConflicts(const std::vector<std::string>& asConflict);
   void TellProjects(const std::vector<std::string>& asProject);

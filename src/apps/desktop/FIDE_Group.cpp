@@ -74,7 +74,7 @@ void FIDE::ShowRecent() {
 }
 
 bool FIDE::OpenGroup(TextView sPath) {
-  const Text sGroup(sPath);  // it may be an entry of the list that changes here
+  const Text sGroup(sPath);  // a copy: sPath may point into the list that is changed here
   if (sGroup.empty() || !MayLeaveGroup()) return false;
   std::unique_ptr<DiskIDE> pNew;
   try {
@@ -99,7 +99,7 @@ void FIDE::TakeGroup(std::unique_ptr<DiskIDE> pNew, TextView sPath) {
   masConflict.clear();
   ShowGroup();
   ShowBars();
-  pNew.reset();  // tree and bars showed its objects until now
+  pNew.reset();  // the old group; not earlier, since tree and bars showed its objects
   moRecent.Add(msGroup);
   ShowRecent();
   if (bConnected) ConnectAddIn(ConnectMode::AfterStartup);
@@ -131,7 +131,7 @@ bool FIDE::MayLeaveGroup() {
 }
 
 void FIDE::Form_QueryUnload(bool& bCancel) {
-  bCancel = true;  // a failure on the way must not lose anything
+  bCancel = true;  // stays so if something below fails, so that nothing is lost
   bCancel = mbInAddIn || !MayLeaveGroup();
 }
 

@@ -74,7 +74,7 @@ void FIDE::ShowComponentCode(VBComponent& oComponent) {
   } catch (const Failure& oFailure) {
     sText = u"The code can't be read: " + oFailure.Description();
   }
-  // A pane that shows the same text again stays where the user has scrolled it.
+  // Setting the same text again would scroll the pane to its start.
   paneCode.SetLineNumbers(bCode);
   if (paneCode.Text() != sText) paneCode.SetText(sText);
 }
@@ -101,7 +101,8 @@ void FIDE::ShowGroupState() {
 }
 
 void FIDE::Refresh() {
-  // While the add-in works its model knows lines and members by their objects.
+  // Not while the add-in works: its model holds line numbers and member objects, which reading
+  // files again would invalidate.
   if (mbInAddIn || !Loaded()) return;
   const DiskIDE::Refreshed oRefreshed = mpIDE->Refresh();
   ShowCode();

@@ -11,7 +11,7 @@ namespace {
 constexpr std::int32_t lLastProjectType = 3, lLastComponentType = 15;
 constexpr TextView sMark = u"Dirty";
 
-/// Kinds that can't change have no picture with the mark.
+/// Kinds of components that can't change have no picture with the mark.
 bool HasMarked(ComponentType nType) {
   return nType != ComponentType::ResFile && nType != ComponentType::RelatedDocument;
 }

@@ -88,7 +88,7 @@ std::int32_t ToolBars::Layout(std::int32_t lWidth) {
   for (std::size_t i = 0; i < moPlaces.size(); ++i) {
     const HostCommandBar& oBar = *moPlaces[i].poBar;
     Forms::CommandButton& oButton = moButtons(static_cast<std::int32_t>(i) + 1);
-    // A button without a picture shows its words.
+    // A button without a picture shows its caption.
     const std::int32_t lButton = oButton.Picture().empty()
                                      ? oButton.Parent().TextWidth(oButton.Caption()) + 4 * lGap
                                      : lButtonSize;
@@ -97,7 +97,8 @@ std::int32_t ToolBars::Layout(std::int32_t lWidth) {
       lTop += lButtonSize + lGap;
     }
     if (poLast != &oBar) {
-      // The wish is in pixels; a stored one may come from a wider screen.
+      // Left is in pixels. It is limited to the window, since it may have been stored on a wider
+      // screen.
       const auto lWish = static_cast<std::int64_t>(oBar.Left()) * lTwipsPerPixel;
       const std::int64_t lMost = std::max(lGap, lWidth - lButton - lGap);
       lLeft = std::max(lLeft, static_cast<std::int32_t>(std::clamp<std::int64_t>(lWish, 0, lMost)));

@@ -1,6 +1,6 @@
 // The command bars of the object model as a window shows them: items of a menu, and rows of
-// buttons. The bars raise no events when they change, so Show is called behind everything that an
-// add-in may have done.
+// buttons. The bars raise no events when they change, so Show has to be called after everything
+// that an add-in may have done.
 #pragma once
 
 #include <vector>
@@ -26,8 +26,8 @@ class BarMenu {
 };
 
 /// All bars but the menu "Add-Ins", as rows of buttons below the menu bar. Element 0 of the array
-/// stays hidden. Wherever an add-in wants its bar, it is shown at the top; its row, its place in
-/// the row and whether it is visible hold.
+/// stays hidden. All bars are shown at the top, whatever Position an add-in sets; RowIndex, Left
+/// and Visible are respected.
 class ToolBars {
  public:
   static constexpr std::int32_t lButtonSize = 390, lGap = 60;  ///< twips
