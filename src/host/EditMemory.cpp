@@ -24,7 +24,7 @@ std::string Folded(std::string_view sName) {
   return sFolded;
 }
 
-// Where the declarations end that stand among some lines, by name. Looked for when first asked.
+// Where the declarations among some lines end, by name. Read at the first question.
 class DeclarationEnds {
  public:
   DeclarationEnds(const LineTable& oLines, LexicalScan& oScan, std::int32_t lFirst,
@@ -207,8 +207,8 @@ void EditMemory::AddChanged(const std::vector<std::string_view>& asNew, std::siz
   }
 }
 
-// Hidden lines whose line is back are back with it. The others go behind the declaration of their
-// name, or else behind the nearest line ahead of them that is still there.
+// Hidden lines return together with the line that they stand behind. If that line didn't come back,
+// they go behind the declaration of their name, or else behind the nearest line ahead that did.
 void EditMemory::PlaceTails(std::int32_t lLine, std::int32_t lCount, LexicalScan& oScan) {
   DeclarationEnds oEnds(moLines, oScan, lLine, lLine + lCount - 1);
   std::int32_t lNear = lLine - 1;

@@ -35,8 +35,8 @@ bool ImplementsForeign(const Facts& oFacts) {
   return std::any_of(oFacts.asForeignInterface.begin(), oFacts.asForeignInterface.end(), bPrefix);
 }
 
-// Code that the run-time calls from an event has nobody above it; a component with events never
-// counts as a public class here, even when it is one.
+// The run-time calls event handlers, so that no caller of the project could handle their errors
+// (VB). A component with event sources is never taken for a public class here, even when it is one.
 Boundary MethodCandidate(const Facts& oFacts) {
   if (ImplementsForeign(oFacts)) return Boundary::ActiveX;
   if (oFacts.sName == u"Class_Terminate") return Boundary::VB;

@@ -118,7 +118,8 @@ void Session::OpenGroup() {
 }
 
 void Session::TellNotes() {
-  // The name of a project that can't be read isn't known: it is missed where any name would do.
+  // The name of a project that can't be read isn't known. It counts as missing only if the scope
+  // takes projects of any name; otherwise it may be one that the scope leaves out.
   const bool bAnyProject = moScope.TakesProject(u"");
   for (const DiskIDE::Note& oNote : pIDE->Notes()) {
     oConsole.Error(Finding(RelativePath(PathOfText(oNote.sFile)),
