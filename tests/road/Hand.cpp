@@ -9,11 +9,7 @@
 #include <filesystem>
 
 #include "ContainerPeer.h"
-#include "Form.h"
-#include "FormPeer.h"
 #include "FrontWindow.h"
-#include "Menu.h"
-#include "NativeText.h"
 #include "RowsPane.h"
 #include "Units.h"
 
@@ -114,39 +110,6 @@ void Hand::ClickRow(const Control& oControl, int nRow, int nModifier) {
 
 void Hand::Key(int nKey, int nModifiers) {
   wxUIActionSimulator().Char(nKey, nModifiers);
-}
-
-// The window library tells no places of menus: they are reckoned from texts and the theme that the
-// tests run with.
-std::pair<int, const Menu*> Hand::FindMenu(const Form& oForm, char16_t cAccessKey) const {
-  auto& oFrame = dynamic_cast<FormPeer&>(*oForm.Peer()).Frame();
-  constexpr int nPadding = 14;
-  int nLeft = 0;
-  for (const Menu* poMenu : oForm.Menus()) {
-    if (AccessKey(poMenu->Caption()) == cAccessKey) return {nLeft, poMenu};
-    const wxString sTitle = ToWx(PlainCaption(poMenu->Caption()));
-    nLeft += oFrame.GetMenuBar()->GetTextExtent(sTitle).x + nPadding;
-  }
-  return {0, nullptr};
-}
-
-void Hand::ClickMenu(const Form& oForm, char16_t cAccessKey) {
-  auto& oFrame = dynamic_cast<FormPeer&>(*oForm.Peer()).Frame();
-  ClickAt(oFrame.GetPosition() + wxPoint(FindMenu(oForm, cAccessKey).first + 15, 10), wxMOD_NONE);
-}
-
-void Hand::ClickItem(const Form& oForm, char16_t cMenuKey, char16_t cItemKey) {
-  auto& oFrame = dynamic_cast<FormPeer&>(*oForm.Peer()).Frame();
-  const auto [nLeft, poMenu] = FindMenu(oForm, cMenuKey);
-  constexpr double dFirst = 33, dRow = 23.5;
-  int nRow = 0;
-  for (const Menu* poItem : poMenu->Items()) {
-    if (!poItem->Visible() || poItem->Separator()) continue;
-    if (AccessKey(poItem->Caption()) == cItemKey) break;
-    ++nRow;
-  }
-  ClickAt(oFrame.GetPosition() + wxPoint(nLeft + 50, static_cast<int>(dFirst + dRow * nRow)),
-          wxMOD_NONE);
 }
 
 // Where no screen is kept in a file there is none to copy.

@@ -21,7 +21,6 @@
 #include <string>
 
 #include "Control.h"
-#include "Menu.h"
 #include "Toolkit.h"
 
 class Hand {
@@ -48,10 +47,6 @@ class Hand {
   void Click(const Forms::Control& oControl);
   /// On a row of a list or a tree, from 0 in the order shown. nModifier: such as wxMOD_CONTROL.
   void ClickRow(const Forms::Control& oControl, int nRow, int nModifier = wxMOD_NONE);
-  /// The title of a menu in the menu bar, by its access key.
-  void ClickMenu(const Forms::Form& oForm, char16_t cAccessKey);
-  /// An item of the menu that was dropped by ClickMenu.
-  void ClickItem(const Forms::Form& oForm, char16_t cMenuKey, char16_t cItemKey);
   /// A key with modifiers (wxMOD_...), for the window in front.
   void Key(int nKey, int nModifiers = wxMOD_NONE);
   /// Whether a menu has dropped.
@@ -69,8 +64,6 @@ class Hand {
   };
   void Tick();
   [[noreturn]] void Fail(const std::string& sWhat) const;
-  /// The left edge of a menu's title and the menu; null when the form has no such menu.
-  std::pair<int, const Forms::Menu*> FindMenu(const Forms::Form& oForm, char16_t cAccessKey) const;
   void ClickAt(const wxPoint& oPlace, int nModifier);
 
   std::string msName;
