@@ -84,28 +84,20 @@ TEST_F(FMainTest, ABadTemplateLeavesTheWindowToOpenAnother) {
   EXPECT_EQ(oStore.GetString(Key(u"FMain"), u"Open Template Path"), File(""));
 }
 
-TEST_F(FMainTest, AGroupThatCantBeReadIsToldAndTheWindowStaysUsable) {
+TEST_F(FMainTest, AGroupThatCantBeReadIsToldAndOpensFromARecentFileOnceItCan) {
+  TempFolder::Write(oFolder / "Other.dat", ToUtf8(TestTemplates));
   oIDE.AddProject(u"P");
   Run([&] {
     oIDE.oLog.Fail("VBProjects", 0);
-    ChooseTemplate("Template.dat");
+    ChooseTemplate("Other.dat");
     Pick(u"FileOpenTemplate");
     ExpectHolds(Lines(oMain.srlResults), "The projects could not be read");
     EXPECT_TRUE(oMain.oMenu.mnuFile.Enabled() && !oMain.oMenu.mnuTools.Enabled());
     EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Default);
     oIDE.oLog.Fail("VBProjects", 1000000);
-    EXPECT_TRUE(oMain.oMenu.mnuFileRecent(1).UserPick());
-    EXPECT_EQ(Tree(), "*P[Standard EXE]");
-  });
-}
-
-TEST_F(FMainTest, ARecentFileGoesToTheTopAndKeepsWhatBelongsToIt) {
-  TempFolder::Write(oFolder / "Other.dat", ToUtf8(TestTemplates));
-  Run([&] {
-    ChooseTemplate("Other.dat");
-    Pick(u"FileOpenTemplate");
     EXPECT_EQ(oMain.oMenu.mnuFileRecent(2).Tag(), File("Template.dat"));
     EXPECT_TRUE(oMain.oMenu.mnuFileRecent(2).UserPick());
+    EXPECT_EQ(Tree(), "*P[Standard EXE]");
     EXPECT_EQ(oMain.Caption(), u"Tarvane Quillon - " + File("Template.dat"));
     EXPECT_EQ(oMain.oMenu.mnuFileRecent(1).Tag(), File("Template.dat"));
   });
