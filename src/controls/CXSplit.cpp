@@ -75,7 +75,7 @@ void CXSplit::MouseDown(std::int32_t nButton) {
 
 void CXSplit::MouseMove(std::int32_t nButton, std::int32_t lOffset) {
   if ((nButton & Button::Left) == 0 || !HasRoom()) return;
-  SetPosition(*mpoSplit, Held(SpanOf(*mpoSplit).lPosition + lOffset));
+  SetPosition(*mpoSplit, WithinLimits(SpanOf(*mpoSplit).lPosition + lOffset));
   if (mbRealTime) DoSplit();
 }
 
@@ -85,7 +85,7 @@ void CXSplit::MouseUp(std::int32_t nButton) {
   if (HasRoom()) DoSplit();
 }
 
-std::int64_t CXSplit::Held(std::int64_t lPosition) const {
+std::int64_t CXSplit::WithinLimits(std::int64_t lPosition) const {
   const std::int32_t lSnap = mbMarginSnap ? mlMargin : 0;
   if (lPosition < mlMinPos) {
     lPosition = mlMinPos - lSnap;

@@ -57,7 +57,7 @@ class CXSplit {
   void MouseMove(std::int32_t nButton, std::int32_t lOffset);
   void MouseUp(std::int32_t nButton);
   bool HasRoom() const { return mlMinPos < mlMaxPos; }
-  std::int64_t Held(std::int64_t lPosition) const;
+  std::int64_t WithinLimits(std::int64_t lPosition) const;
   void FitASide(Forms::Control& oControl, const Span& oBar) const;
   void FitBSide(Forms::Control& oControl, const Span& oBar) const;
 

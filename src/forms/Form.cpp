@@ -92,7 +92,7 @@ bool Form::Unload(UnloadMode eMode) {
 
 void Form::Drop() {
   meLife = Life::Unloading;
-  mpoActive = mpoTold = nullptr;
+  mpoActive = mpoGotFocus = nullptr;
   moEntered.clear();
   ++mlFocusMoves;
   Set(moControl.bVisible, false, Property::Visible);

@@ -138,8 +138,8 @@ class Form : public WithState<ControlContainer, FormState> {
  private:
   enum class Life { Unloaded, Designing, Loaded, Unloading };
 
-  void TellLeft(Control* poControl, std::int64_t lMove);
-  void TellEntered(Control* poControl, std::int64_t lMove);
+  void RaiseLeft(Control* poControl, std::int64_t lMove);
+  void RaiseEntered(Control* poControl, std::int64_t lMove);
   void DesignAll();
   void FirstLayout();
   /// Back to the state of a form that was never loaded, without events of its own.
@@ -164,7 +164,7 @@ class Form : public WithState<ControlContainer, FormState> {
   Rect moNormal;                 ///< its bounds in the normal state while it is maximised
   Form* mpoOwner = nullptr;
   Control* mpoActive = nullptr;         ///< the control with the focus
-  Control* mpoTold = nullptr;           ///< had GotFocus, and not yet LostFocus
+  Control* mpoGotFocus = nullptr;       ///< had GotFocus, and not yet LostFocus
   std::vector<UserControl*> moEntered;  ///< had EnterFocus, from the outermost
   std::int64_t mlFocusMoves = 0;
   CommandButton* mpoDefault = nullptr;

@@ -101,12 +101,12 @@ void Form::ChangeFocus(Control* poControl) {
   // A handler of one of these events may move the focus again. That inner call raises the events
   // that are still due, so this one stops when the number of moves has changed.
   const auto lMove = ++mlFocusMoves;
-  TellLeft(poControl, lMove);
-  if (lMove == mlFocusMoves) TellEntered(poControl, lMove);
+  RaiseLeft(poControl, lMove);
+  if (lMove == mlFocusMoves) RaiseEntered(poControl, lMove);
 }
 
-void Form::TellLeft(Control* poControl, std::int64_t lMove) {
-  if (Control* const poOld = std::exchange(mpoTold, nullptr)) {
+void Form::RaiseLeft(Control* poControl, std::int64_t lMove) {
+  if (Control* const poOld = std::exchange(mpoGotFocus, nullptr)) {
     const auto pHold = poOld->Hold();
     poOld->LostFocus();
   }
@@ -119,7 +119,7 @@ void Form::TellLeft(Control* poControl, std::int64_t lMove) {
   }
 }
 
-void Form::TellEntered(Control* poControl, std::int64_t lMove) {
+void Form::RaiseEntered(Control* poControl, std::int64_t lMove) {
   const auto oAround = UserControlsAround(poControl);
   for (auto it = oAround.rbegin(); it != oAround.rend(); ++it) {
     if (Contains(moEntered, *it)) continue;
@@ -131,7 +131,7 @@ void Form::TellEntered(Control* poControl, std::int64_t lMove) {
   if (!poControl) return;
   if (IPeer* poPeer = poControl->Peer()) poPeer->Focus();
   if (poControl->Kind() == ComponentKind::UserControl) return;
-  mpoTold = poControl;
+  mpoGotFocus = poControl;
   poControl->GotFocus();
 }
 
@@ -141,7 +141,7 @@ void Form::PassFocus(const Control& oControl) {
 
 void Form::ForgetControl(const Control& oControl) {
   if (mpoActive == &oControl) mpoActive = nullptr, ++mlFocusMoves;
-  if (mpoTold == &oControl) mpoTold = nullptr;
+  if (mpoGotFocus == &oControl) mpoGotFocus = nullptr;
   std::erase(moEntered, &oControl);
 }
 

@@ -34,9 +34,9 @@ void WriteStraight(const std::string& sPath, const std::string& sBytes) {
 }
 
 /// A temporary file that only this user may read; removed with the object.
-class PassingFile {
+class TemporaryFile {
  public:
-  PassingFile() {
+  TemporaryFile() {
     std::error_code oError;
     fs::path oFolder = fs::temp_directory_path(oError);
     if (oError) oFolder = "/tmp";
@@ -49,9 +49,9 @@ class PassingFile {
     }
     close(hFile);
   }
-  ~PassingFile() { unlink(msPath.c_str()); }
-  PassingFile(const PassingFile&) = delete;
-  PassingFile& operator=(const PassingFile&) = delete;
+  ~TemporaryFile() { unlink(msPath.c_str()); }
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
   const std::string& Path() const { return msPath; }
 
  private:
@@ -107,7 +107,7 @@ void QueueDevice::StartPage(const Sheet& oSheet) {
 }
 
 void QueueDevice::Submit(const std::string& sBytes) {
-  const PassingFile oFile;
+  const TemporaryFile oFile;
   WriteStraight(oFile.Path(), sBytes);
   moQueues.Submit(msQueue, oFile.Path(), msTitle, mePaperSize);
 }

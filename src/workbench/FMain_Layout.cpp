@@ -12,7 +12,7 @@ constexpr std::int32_t ContainerTop = 360, BarTop = 375, TitleTop = 390, ListTop
                        LeastVertical = 3000, LeastPath = 2000, ErrorsTitle = 270, PaneTop = 255,
                        CloseButton = 255;
 
-std::int32_t Held(std::int32_t lSize) {
+std::int32_t AtLeast0(std::int32_t lSize) {
   return MXForm::MaskNegative(lSize, 0);
 }
 
@@ -37,7 +37,7 @@ void FMain::HoldBars(const Rect& oBar1, const Rect& oBar2, const Rect& oBar3) {
 
 void FMain::PlacePanes() {
   const std::int32_t lList = picSplit1.Left() + picSplit1.Width();
-  const std::int32_t lListWidth = Held(picSplit2.Left() - lList);
+  const std::int32_t lListWidth = AtLeast0(picSplit2.Left() - lList);
   const std::int32_t lPanes = picSplit2.Left() + picSplit2.Width();
   lblTree.Move(0, TitleTop);
   tvwProjects.Move(0, ListTop);
@@ -46,8 +46,9 @@ void FMain::PlacePanes() {
     po->Move(lList, ListTop, lListWidth, po->Height());
   picSplit3.Move(lList, picSplit3.Top(), lListWidth, picSplit3.Height());
   const std::int32_t lErrors = picSplit3.Top() + picSplit3.Height();
-  fraErrors.Move(lList, lErrors, lListWidth, Held(ScaleHeight() - lErrors - StatusBar1.Height()));
-  picContainer.Move(lPanes, ContainerTop, Held(ScaleWidth() - lPanes), picContainer.Height());
+  fraErrors.Move(lList, lErrors, lListWidth,
+                 AtLeast0(ScaleHeight() - lErrors - StatusBar1.Height()));
+  picContainer.Move(lPanes, ContainerTop, AtLeast0(ScaleWidth() - lPanes), picContainer.Height());
 }
 
 void FMain::Form_Resize() {
@@ -55,7 +56,7 @@ void FMain::Form_Resize() {
     if (WindowState() == Forms::WindowState::Minimized) return;
     picProgress.SetTop(ScaleHeight() - StatusBar1.Height() + 45);
     oToolbar.Span(ScaleWidth());
-    picContainer.SetWidth(Held(ScaleWidth() - picContainer.Left()));
+    picContainer.SetWidth(AtLeast0(ScaleWidth() - picContainer.Left()));
     const std::int32_t lRest = StatusBar1.Width() - StatusBar1.Panels(1).Width();
     StatusBar1.Panels(2).SetWidth(MXForm::MaskNegative(lRest, LeastPath));
     FitPath();
@@ -65,12 +66,12 @@ void FMain::Form_Resize() {
 
 void FMain::LayOutVertically() {
   const std::int32_t lBottom = ScaleHeight() - StatusBar1.Height();
-  picSplit2.SetHeight(Held(lBottom - 420));
-  picContainer.SetHeight(Held(lBottom - picContainer.Top()));
-  tvwProjects.SetHeight(Held(lBottom - tvwProjects.Top()));
+  picSplit2.SetHeight(AtLeast0(lBottom - 420));
+  picContainer.SetHeight(AtLeast0(lBottom - picContainer.Top()));
+  tvwProjects.SetHeight(AtLeast0(lBottom - tvwProjects.Top()));
   picSplit1.SetHeight(tvwProjects.Height() + 330);
   if (mbErrors) {
-    fraErrors.SetHeight(Held(lBottom - fraErrors.Top()));
+    fraErrors.SetHeight(AtLeast0(lBottom - fraErrors.Top()));
     return oSplit3_AfterSplit();
   }
   for (Control* po : std::initializer_list<Control*>{&lvwMods, &lvwProcs, &lblListViewSurrogate})
@@ -83,11 +84,11 @@ void FMain::picContainer_Resize() {
     // The size is read again for each part: painting a part can let a further resize in.
     for (Control* po : std::initializer_list<Control*>{&lblProperties, &lblCode, &lblResults}) {
       const Rect o = tabView.ClientArea();
-      po->Move(o.lLeft, o.lTop + 30, Held(o.lWidth), po->Height());
+      po->Move(o.lLeft, o.lTop + 30, AtLeast0(o.lWidth), po->Height());
     }
     for (Control* po : std::initializer_list<Control*>{&prlProperties, &txtCode, &srlResults}) {
       const Rect o = tabView.ClientArea();
-      po->Move(o.lLeft, o.lTop + PaneTop, Held(o.lWidth), Held(o.lHeight - PaneTop));
+      po->Move(o.lLeft, o.lTop + PaneTop, AtLeast0(o.lWidth), AtLeast0(o.lHeight - PaneTop));
     }
   });
 }
@@ -100,5 +101,5 @@ void FMain::oSplit2_AfterSplit() {
 }
 
 void FMain::oSplit3_AfterSplit() {
-  srlErrors.SetHeight(Held(fraErrors.Height() - ErrorsTitle));
+  srlErrors.SetHeight(AtLeast0(fraErrors.Height() - ErrorsTitle));
 }

@@ -28,7 +28,7 @@ std::int32_t OpenKey(TextView sKey) {
 /// Ignores the failure of one font property (such as a face that isn't installed), so that the
 /// others are still set.
 template <class Set>
-void Try(Set&& oSet) {
+void IgnoringFailure(Set&& oSet) {
   try {
     oSet();
   } catch (const Failure&) {
@@ -37,8 +37,8 @@ void Try(Set&& oSet) {
 
 template <class Pane>
 void TakeFace(Pane& oPane, const MOptions::Font& oFont) {
-  Try([&] { oPane.SetFontName(oFont.sFace); });
-  Try([&] { oPane.SetFontSize(oFont.lSize); });
+  IgnoringFailure([&] { oPane.SetFontName(oFont.sFace); });
+  IgnoringFailure([&] { oPane.SetFontSize(oFont.lSize); });
 }
 
 template <class Pane>
@@ -120,9 +120,9 @@ void FMain::RestorePlaces() {
   picSplit2.SetLeft(ScaleWidth() / 3 * 2);
   picSplit3.SetTop(ScaleHeight() / 3 * 2);
   const Rect oBar1 = picSplit1.Bounds(), oBar2 = picSplit2.Bounds(), oBar3 = picSplit3.Bounds();
-  Try([&] { MXForm::RestorePosition(picSplit1, mhRegSplit1, true); });
-  Try([&] { MXForm::RestorePosition(picSplit2, mhRegSplit2, true); });
-  Try([&] { MXForm::RestorePosition(picSplit3, mhRegSplit3, true); });
+  IgnoringFailure([&] { MXForm::RestorePosition(picSplit1, mhRegSplit1, true); });
+  IgnoringFailure([&] { MXForm::RestorePosition(picSplit2, mhRegSplit2, true); });
+  IgnoringFailure([&] { MXForm::RestorePosition(picSplit3, mhRegSplit3, true); });
   HoldBars(oBar1, oBar2, oBar3);
 }
 

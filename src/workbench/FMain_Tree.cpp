@@ -14,16 +14,16 @@ constexpr std::int32_t Folders = 8;
 
 /// Disables the tree while a node is processed, also if that fails. The tree stays disabled when
 /// there is no model at the end, because the template was closed meanwhile.
-class TreeOff {
+class DisabledTree {
  public:
-  TreeOff(TreeView& oTree, const std::shared_ptr<CIDEHandler>& pModel)
+  DisabledTree(TreeView& oTree, const std::shared_ptr<CIDEHandler>& pModel)
       : moTree(oTree), mpModel(pModel) {
     moTree.SetEnabled(false);
   }
-  ~TreeOff() { On(); }
-  TreeOff(const TreeOff&) = delete;
-  TreeOff& operator=(const TreeOff&) = delete;
-  void On() {
+  ~DisabledTree() { Enable(); }
+  DisabledTree(const DisabledTree&) = delete;
+  DisabledTree& operator=(const DisabledTree&) = delete;
+  void Enable() {
     if (moTree.Parent().Loaded() && mpModel) moTree.SetEnabled(true);
   }
 
@@ -34,7 +34,7 @@ class TreeOff {
 
 /// An empty text if the IDE fails to answer; the model has reported the failure.
 template <class Ask>
-Text Told(Ask&& oAsk) {
+Text TextOrEmpty(Ask&& oAsk) {
   try {
     return oAsk();
   } catch (const Failure&) {
@@ -93,7 +93,7 @@ void FMain::tvwProjects_NodeClick() {
 
 void FMain::ProcessNode(Node& oNode) {
   const std::int32_t lIndex = oNode.Index();
-  TreeOff oTreeOff(tvwProjects, oIDEHandler);
+  DisabledTree oDisabled(tvwProjects, oIDEHandler);
   const NodeKey::Fields oFields = NodeKey::Read(oNode.Key(), tvwProjects.Tag());
   mhProject = oFields.hProject;
   mhComponent = oFields.hComponent;
@@ -105,7 +105,7 @@ void FMain::ProcessNode(Node& oNode) {
   ClearSheet();
   const Text sText = oNode.Text();
   if (!(mhComponent != 0 ? ShowComponent(sText) : ShowModules(sText, oFields.lFolder))) return;
-  oTreeOff.On();
+  oDisabled.Enable();
   if (tvwProjects.Usable()) tvwProjects.SetFocus();
   mlLastNode = lIndex;
 }
@@ -119,7 +119,7 @@ bool FMain::ShowComponent(TextView sNode) {
   pModel->EnumProcedures(hComponent);
   if (oIDEHandler != pModel || mhComponent != hComponent) return false;
   ShowObjectCount(lvwProcs);
-  const Text sFile = Told([&] { return pModel->ComponentFileName(mhComponent); });
+  const Text sFile = TextOrEmpty([&] { return pModel->ComponentFileName(mhComponent); });
   StatusBar1.Panels(2).SetTag(sFile);
   StatusBar1.Panels(2).SetText(sFile);
   lblList.SetCaption(u"Procedures of " + pModel->ComponentFolderName(mhComponent) + u" '" +
@@ -135,8 +135,9 @@ bool FMain::ShowModules(TextView sNode, std::int32_t lFolder) {
   pModel->EnumComponentsEx(hProject, lFolder);
   if (oIDEHandler != pModel || mhProject != hProject || mhComponent != 0) return false;
   ShowObjectCount(lvwMods);
-  ShowPath(Told([&] { return pModel->ProjectFileName(mhProject); }));
-  const Text sProject = u"Project '" + Told([&] { return pModel->ProjectName(mhProject); }) + u"'";
+  ShowPath(TextOrEmpty([&] { return pModel->ProjectFileName(mhProject); }));
+  const Text sProject =
+      u"Project '" + TextOrEmpty([&] { return pModel->ProjectName(mhProject); }) + u"'";
   lblList.SetCaption((lFolder > 0 ? Text(sNode) : u"Modules") + u" of " + sProject);
   return true;
 }
