@@ -4,7 +4,7 @@
 #include "Form.h"
 #include "FormsFixture.h"
 #include "MXRegistry.h"
-#include "RegistryStore.h"
+#include "OwnSettings.h"
 #include "TableRows.h"
 
 namespace {
@@ -12,22 +12,18 @@ namespace {
 using namespace Forms;
 using namespace MXRegistry;
 
-class CXListViewTest : public FormsTest {
- protected:
+struct CXListViewTest : FormsTest {
   CXListViewTest() {
-    goRegistry = &moStore;
-    mhKey = OpenRegKey(HKEY_CURRENT_USER, u"Lists", KEY_ALL_ACCESS);
     moForm.Show();
     lvw.SetWidth(3000);
     lvw.ListItems().Add(u"old");
     moList.SetListView(lvw);
     moList.SethRegNode(mhKey);
   }
-  ~CXListViewTest() override { goRegistry = nullptr; }
-  ColumnHeader& Column(std::int32_t lIndex) { return lvw.ColumnHeaders().Item(lIndex); }
+  ColumnHeader& Column(std::int32_t index) { return lvw.ColumnHeaders().Item(index); }
 
-  RegistryStore moStore;
-  std::int32_t mhKey = 0;
+  OwnSettings settings;
+  std::int32_t mhKey = OpenRegKey(HKEY_CURRENT_USER, u"Lists", KEY_ALL_ACCESS);
   Form moForm{moToolkit, u"FList"};
   ListView lvw{moForm, u"lvw"};
   CXListView moList;

@@ -3,12 +3,9 @@
 
 #include <limits>
 
-#include "Form.h"
-#include "FormsFixture.h"
-#include "Frame.h"
 #include "Parts.h"
-#include "TableRows.h"
-#include "TextBox.h"
+#include "PictureBox.h"
+#include "Play.h"
 
 namespace {
 
@@ -22,102 +19,93 @@ struct LineBox : TextBox {
   }
 };
 
-class CXSplitTest : public FormsTest {
+class CXSplitTest : public PlayTest {
  protected:
   CXSplitTest() {
-    fraBox.Move(0, 0, 6000, 6000);
+    box.Move(0, 0, 6000, 6000);
     txtA.Move(0, 0, 3000, 3000);
     txtB.Move(3060, 0, 2940, 2000);
-    linB.Move(3060, 3100, 2940, 2800);
-    oBar.Move(3000, 0, 60, 3000);
-    moForm.Show();
-    moSplit.AddASide(txtA);
-    moSplit.AddBSide(txtB);
-    moLog.Watch(moSplit.AfterSplit, "split");
+    lines.Move(3060, 3100, 2940, 2800);
+    bar.Move(3000, 0, 60, 3000);
+    form.Show();
+    split.AddASide(txtA);
+    split.AddBSide(txtB);
+    log.Watch(split.AfterSplit, "split");
+    Can("drag", [this](auto& o) { Drag(o.Number(1), std::max(1, o.Number(2))); });
+    Can("back", [this](auto&) { Drag(3000 - bar.Left()), log.Take(); });
+    Can("snap", [this](auto& o) { split.SetMarginSnap(o.Number(1) != 0); });
+    Can("late", [this](auto&) { split.SetRealTime(false); });
+    Can("cut", [this](auto& o) { bar.SetLeft(3000), txtB.Move(660, 0, o.Number(1), 2000); });
+    Can("split", [this](auto&) { split.DoSplit(); });
   }
-  void Drag(std::int32_t lX, std::int32_t nButton = Button::Left) {
-    oBar.UserMouseDown(nButton, 0, 15, 15);
-    if (oBar.BackColor() == SystemColor::ButtonShadow) moLog.Note("pressed");
-    oBar.UserMouseMove(nButton, 0, lX, 15);
-    if (txtA.Width() == oBar.Left()) moLog.Note("followed");
-    oBar.UserMouseUp(nButton, 0, 15, 15);
-    EXPECT_EQ(oBar.BackColor(), SystemColor::ButtonFace);
+  void Drag(std::int32_t x, std::int32_t button = Button::Left) {
+    bar.UserMouseDown(button, 0, 15, 15);
+    if (bar.BackColor() == SystemColor::ButtonShadow) log.Note("pressed");
+    bar.UserMouseMove(button, 0, x, 15);
+    if (txtA.Width() == bar.Left()) log.Note("followed");
+    bar.UserMouseUp(button, 0, 15, 15);
+    EXPECT_EQ(bar.BackColor(), SystemColor::ButtonFace);
   }
   /// The bar, the sides, and whether they show.
-  std::string Look() {
-    return std::to_string(oBar.Left()) + ": " + std::to_string(txtA.Width()) +
+  std::string Look() override {
+    return std::to_string(bar.Left()) + ": " + std::to_string(txtA.Width()) +
            (txtA.Visible() ? "" : " hidden") + ", " + PlaceOf(txtB) +
            (txtB.Visible() ? "" : " hidden");
   }
 
-  Form moForm{moToolkit, u"FSplit"};
-  Frame fraBox{moForm, u"fraBox"};
-  TextBox txtA{fraBox, u"txtA"}, txtB{fraBox, u"txtB"};
-  LineBox linB{fraBox, u"linB"};
-  PictureBox oBar{fraBox, u"picSplit"};
-  CXSplit moSplit;
-  EventLog moLog;
+  Frame box{form, u"box"};
+  TextBox txtA{box, u"txtA"}, txtB{box, u"txtB"};
+  LineBox lines{box, u"lines"};
+  PictureBox bar{box, u"bar"};
+  CXSplit split;
 };
 
 TEST_F(CXSplitTest, DragsEndInsideTheLimits) {
-  moSplit.Split(oBar, SplitBar::Vertical);
-  for (const auto& as : Rows(R"(
-         up to the margin       | -2700 | 300: 300, 360 0 5640 2000
-         one into the margin    | -2701 | 0: 0 hidden, 60 0 5940 2000
-         without snap           | -2701 | 300: 300, 360 0 5640 2000
-         up to the right margin | 2640  | 5640: 5640, 5700 0 300 2000
-         one into it            | 2641  | 5940: 5940, 6000 0 0 2000 hidden)")) {
-    SCOPED_TRACE(as[0]);
-    moSplit.SetMarginSnap(as[0] != "without snap");
-    Drag(std::stoi(as[1]));
-    EXPECT_EQ(Look(), as[2]);
-    Drag(3000 - oBar.Left());
-    EXPECT_EQ(Look(), "3000: 3000, 3060 0 2940 2000");
-  }
+  split.Split(bar, SplitBar::Vertical);
+  Play(R"(
+    at first               |                           | 3000: 3000, 3060 0 2940 2000      | split split
+    up to the margin       | drag -2700                | 300: 300, 360 0 5640 2000   | pressed split followed split
+    one into the margin    | back; drag -2701          | 0: 0 hidden, 60 0 5940 2000 | pressed split followed split
+    without snap           | back; snap 0; drag -2701  | 300: 300, 360 0 5640 2000   | pressed split followed split
+    up to the right margin | back; snap 1; drag 2640   | 5640: 5640, 5700 0 300 2000 | pressed split followed split
+    one into it            | back; drag 2641    | 5940: 5940, 6000 0 0 2000 hidden   | pressed split followed split
+    back again             | back                      | 3000: 3000, 3060 0 2940 2000      |)");
   txtB.SetWidth(4000);  // reaches beyond the container
   Drag(3500);
-  EXPECT_EQ(oBar.Left(), 5940);
+  EXPECT_EQ(bar.Left(), 5940);
 }
 
 TEST_F(CXSplitTest, SidesFollowInTheDragOrAtItsEnd) {
-  moSplit.Split(oBar, SplitBar::Vertical);
-  Drag(-300);
-  EXPECT_EQ(moLog.Take(), "split split pressed split followed split");
-  moSplit.SetRealTime(false);
-  Drag(-300);
-  EXPECT_EQ(moLog.Take(), "pressed split");
-  Drag(-300, Button::Right);
-  EXPECT_EQ(Look() + moLog.Take(), "2400: 2400, 2460 0 3540 2000followed");
+  split.Split(bar, SplitBar::Vertical);
+  log.Take();
+  Play(R"(
+    in the drag      | drag -300       | 2700: 2700, 2760 0 3240 2000 | pressed split followed split
+    at its end       | late; drag -300 | 2400: 2400, 2460 0 3540 2000 | pressed split
+    another button   | drag -300 2     |                              | followed
+    room for one margin only | cut 0; drag -300 | 3000: 2400, 660 0 0 2000 | pressed
+    by the window itself: no size below 0 | snap 0; split | 3000: 3000, 3060 0 0 2000 | split)");
 }
 
-TEST_F(CXSplitTest, PlacesThatCannotBe) {
+TEST_F(CXSplitTest, KeptPlacesThatCannotBeComeInsideTheLimits) {
   using Limits = std::numeric_limits<std::int32_t>;
-  moSplit.SetMarginSnap(false);
-  for (const std::int32_t lPlace : {Limits::max(), Limits::min()}) {
-    oBar.SetLeft(lPlace);
-    moSplit.Split(oBar, SplitBar::Vertical);
-    EXPECT_EQ(oBar.Left(), lPlace > 0 ? 5640 : 300);
+  split.SetMarginSnap(false);
+  for (const std::int32_t place : {Limits::max(), Limits::min()}) {
+    bar.SetLeft(place);
+    split.Split(bar, SplitBar::Vertical);
+    EXPECT_EQ(bar.Left(), place > 0 ? 5640 : 300);
   }
-  moLog.Take();
-  oBar.SetLeft(3000);
-  txtB.Move(660, 0, 0, 2000);  // room for one margin only
-  Drag(-300);
-  EXPECT_EQ(oBar.Left(), 3000);
-  EXPECT_EQ(moLog.Take(), "pressed");
-  moSplit.DoSplit();  // by the window itself: no size below 0
-  EXPECT_EQ(Look(), "3000: 3000, 3060 0 0 2000");
 }
 
 TEST_F(CXSplitTest, AControlThatRoundsItsSizeKeepsItsFarEdge) {
-  CXSplit oSplit;
-  EXPECT_EQ(FailureOf([&] { oSplit.DoSplit(); }), 91);
-  EXPECT_EQ(FailureOf([&] { oSplit.Split(oBar, SplitBar::Horizontal); }), 9);
-  oSplit.AddASide(txtB);
-  oSplit.AddBSide(linB);
-  oBar.Move(3060, 2150, 2940, 60);
-  oSplit.Split(oBar, SplitBar::Horizontal);
+  CXSplit own;
+  EXPECT_EQ(FailureOf([&] { own.DoSplit(); }), 91);
+  EXPECT_EQ(FailureOf([&] { own.Split(bar, SplitBar::Horizontal); }), 9);
+  own.AddASide(txtB);
+  own.AddBSide(lines);
+  bar.Move(3060, 2150, 2940, 60);
+  own.Split(bar, SplitBar::Horizontal);
   EXPECT_EQ(PlaceOf(txtB), "3060 0 2940 2150");
-  EXPECT_EQ(PlaceOf(linB), "3060 2300 2940 3600");
+  EXPECT_EQ(PlaceOf(lines), "3060 2300 2940 3600");
 }
 
 }  // namespace

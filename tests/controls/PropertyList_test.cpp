@@ -2,60 +2,69 @@
 // Names are 90 twips a character wide here, headings 105.
 #include "PropertyList.h"
 
-#include "Form.h"
-#include "FormsFixture.h"
 #include "Parts.h"
-#include "TableRows.h"
+#include "Play.h"
 
 namespace {
 
 using namespace Forms;
 
-class PropertyListTest : public FormsTest {
+class PropertyListTest : public PlayTest {
  protected:
   PropertyListTest() {
-    for (const TextView s : {u"None", u"VB", u"Firewall"}) moChoices.Add(s, ++mlId, u"");
-    oSheet.Move(0, 0, 6000, 3000);
-    moForm.Show();
-    moLink = oSheet.PropertyChange.Connect([this](TextView sName, TextView sValue) {
-      moLog.Note(ToUtf8(sName) + "=" + ToUtf8(sValue));
-    });
+    for (const TextView s : {u"None", u"VB", u"Firewall"}) choices.Add(s, ++lastId, u"");
+    sheet.Move(0, 0, 6000, 3000);
+    form.Show();
+    link = sheet.PropertyChange.Connect(
+        [this](TextView name, TextView value) { log.Note(ToUtf8(name) + "=" + ToUtf8(value)); });
+    Can("row", [this](auto& o) { sheet.SetRow(static_cast<std::int16_t>(o.Number(1))); });
+    Can("up", [this](auto& o) { return At(o).UserMouseUp(Button::Left, 0, 15, 15); });
+    Can("height", [this](auto& o) { sheet.SetHeight(o.Number(1)); });
+    Can("end", [this](auto&) { Box().SetSelStart(99); });
+    Can("arrow", [this](auto& o) { return form.ActiveControl()->UserKey(o.Number(1)); });
+    Can("fill", [this](auto&) { Fill(); });
+    Can("clear", [this](auto&) { sheet.Clear(); });
+    Can("unload", [this](auto&) { form.Unload(); });
   }
   void Fill() {
-    oSheet.AddHeading(u"Pending", 1);
-    oSheet.AddRow(u"Boundary", u"VB", PropertyType::List, true, &moChoices, u"mixed", 11);
-    oSheet.AddRow(u"Comment", u"ab", PropertyType::FreeText, true, nullptr, u"", 99);
-    oSheet.AddRow(u"File", u"x.bas", PropertyType::FreeText, false, nullptr, u"", 0);
-    oSheet.AddRow(u"Retry", u"Line", PropertyType::List, false, &moChoices, u"", 0);
-    oSheet.SetTip(11, u"Where errors stop.");
-    oSheet.ShowProperties();
+    sheet.AddHeading(u"Pending", 1);
+    sheet.AddRow(u"Boundary", u"VB", PropertyType::List, true, &choices, u"mixed", 11);
+    sheet.AddRow(u"Comment", u"ab", PropertyType::FreeText, true, nullptr, u"", 99);
+    sheet.AddRow(u"File", u"x.bas", PropertyType::FreeText, false, nullptr, u"", 0);
+    sheet.AddRow(u"Retry", u"Line", PropertyType::List, false, &choices, u"", 0);
+    sheet.SetTip(11, u"Where errors stop.");
+    sheet.ShowProperties();
   }
   template <class T = Label>
-  T& Get(TextView sName, std::int32_t lIndex = -1) {
-    return Part<T>(oSheet, sName, lIndex);
+  T& Get(TextView name, std::int32_t index = -1) {
+    return Part<T>(sheet, name, index);
   }
-  Label& Value(std::int32_t lRow) { return Get(u"lblValue", lRow); }
   TextBox& Box() { return Get<TextBox>(u"txtValue"); }
-  CommandButton& Arrow() { return Get<CommandButton>(u"cmdPopup"); }
   ListBox& List() { return Get<ListBox>(u"lstPopup"); }
-  std::string Tips() {
-    return ToUtf8(Get(u"lblTip", 1).Caption() + u"," + Get(u"lblTip", 2).Caption());
-  }
-  static void Press(Control& o, std::int32_t nButton = Button::Left) {
-    o.UserMouseDown(nButton, 0, 15, 15);
+  /// The marked rows, "*" with the focus; the upper edges of text box and list, "v" for the arrow
+  /// with the line chosen in the list; the tips.
+  std::string Look() override {
+    std::string all;
+    for (std::int32_t i = 1; i <= sheet.RowCount(); ++i)
+      if (Get(u"lblName", i).BackColor() == SystemColor::Highlight) all += std::to_string(i);
+    if (sheet.HasFocus()) all += "*";
+    if (Box().Visible()) all += " box@" + std::to_string(Box().Top());
+    if (Get<Control>(u"cmdPopup").Visible()) all += " v" + std::to_string(List().ListIndex());
+    if (List().Visible()) all += " list@" + std::to_string(List().Top());
+    const bool tips = Get(u"lblTip", 0).Visible();
+    const Text tip = Get(u"lblTip", 1).Caption() + u"," + Get(u"lblTip", 2).Caption();
+    return all + (tips ? " " + ToUtf8(tip) : "");
   }
 
-  CXLookup moChoices;
-  std::int32_t mlId = 0;
-  Form moForm{moToolkit, u"FSheet"};
-  TextBox txtOther{moForm, u"txtOther"};
-  PropertyList oSheet{moForm, u"prl"};
-  EventLog moLog;
-  Connection moLink;
+  CXLookup choices;
+  std::int32_t lastId = 0;
+  TextBox txtOther{form, u"txtOther"};
+  PropertyList sheet{form, u"prl"};
+  Connection link;
 };
 
 TEST_F(PropertyListTest, PlacesFollowNamesAndSize) {
-  oSheet.ShowProperties();
+  sheet.ShowProperties();
   EXPECT_EQ(PlaceOf(Get(u"lblTip", 0)), "30 45 5940 2925");
   EXPECT_FALSE(Get<Line>(u"linVert").Visible());
   Fill();
@@ -82,134 +91,103 @@ TEST_F(PropertyListTest, PlacesFollowNamesAndSize) {
     return PlaceOf(Get<Control>(FromUtf8(as[0]), std::stoi(as[1])));
   };
   for (const auto& as : asPart) EXPECT_EQ(PlaceOfPart(as), as[2]) << as[0];
-  oSheet.Move(0, 0, 15, 15);
+  sheet.Move(0, 0, 15, 15);
   for (const auto& as : asPart) EXPECT_TRUE(as[3].empty() || PlaceOfPart(as) == as[3]) << as[0];
-  oSheet.ShowProperties();
-  EXPECT_EQ(Value(2).Width(), 0);
+  sheet.ShowProperties();
+  EXPECT_EQ(Get(u"lblValue", 2).Width(), 0);
   EXPECT_EQ(moToolkit.LockedControl(), nullptr);
 }
 
 TEST_F(PropertyListTest, EachKindOfRowOffersItsOwn) {
   Fill();
-  // Text box and arrow, the place of the box, the tips, the line that is chosen in the list.
-  for (std::int16_t nRow = 0; const auto& as : Rows(R"(
-         heading       |       | 840 -1000 5130 240 | Pending,                    | -1
-         list          | box v | 840 -3000 5130 240 | Boundary,Where errors stop. | 1
-         text          | box   | 840 555 5130 240   | Comment,                    | 1
-         disabled text |       | 840 810 5130 240   | ,                           | 1
-         disabled list | box   | 840 -3000 5130 240 | ,                           | -1)")) {
-    SCOPED_TRACE(as[0]);
-    oSheet.SetRow(++nRow);
-    EXPECT_EQ(std::string(Box().Visible() ? "box" : "") + (Arrow().Visible() ? " v" : ""), as[1]);
-    EXPECT_EQ(PlaceOf(Box()), as[2]);
-    EXPECT_EQ(Tips(), as[3]);
-    EXPECT_EQ(std::to_string(List().ListIndex()), as[4]);
-    EXPECT_EQ(oSheet.HasFocus(), nRow > 1);
-    EXPECT_EQ(Get(u"lblName", nRow).BackColor(), SystemColor::Highlight);
-    EXPECT_NE(Get(u"lblName", nRow == 1 ? 2 : 1).BackColor(), SystemColor::Highlight);
-  }
-  for (const int nRow : {6, 0, -1}) oSheet.SetRow(static_cast<std::int16_t>(nRow));
-  EXPECT_EQ(oSheet.Row(), 5);
-  EXPECT_EQ(moLog.Take(), "");
+  Play(R"(
+    heading       | row 1 | 1 Pending,                                       |
+    list          | row 2 | 2* box@-3000 v1 Boundary,Where errors stop.      |
+    text          | row 3 | 3* box@555 Comment,                              |
+    disabled text | row 4 | 4* ,                                             |
+    disabled list | row 5 | 5* box@-3000 ,                                   |
+    no such rows  | row 6; row 0; row -1 |                                   |)");
+  EXPECT_EQ(sheet.Row(), 5);
 }
 
 TEST_F(PropertyListTest, ArrowKeysGoOverAllRowsAndTheFocusShows) {
   Fill();
-  Press(Get(u"lblName", 2));
-  moLog.Watch(oSheet.ExitFocus, "exit");
-  moLog.Watch(Box().KeyDown, "key in the box");
-  std::string sRows;
-  for (const char c : std::string("uudddddu")) {
-    moForm.ActiveControl()->UserKey(c == 'u' ? Key::Up : Key::Down);
-    sRows += std::to_string(oSheet.Row());
-  }
-  EXPECT_EQ(sRows, "11234554");
-  EXPECT_EQ(moLog.Take(), "");
-  txtOther.UserFocus();
-  EXPECT_EQ(Get(u"lblName", 4).BackColor(), SystemColor::ButtonFace);
-  oSheet.UserFocus();
-  EXPECT_EQ(Get(u"lblName", 4).BackColor(), SystemColor::Highlight);
+  log.Watch(Box().KeyDown, "key in the box");
+  DoOne("press lblName(2)");
+  log.Watch(sheet.ExitFocus, "exit");
+  Play(R"(
+    up            | arrow Up                           | 1* Pending,                                 |
+    the first     | arrow Up                           |                                             |
+    down          | arrow Down                         | 2* box@-3000 v1 Boundary,Where errors stop. |
+    the last      | arrow Down; arrow Down; arrow Down; arrow Down | 5* box@-3000 ,                  |
+    up again      | arrow Up                           | 4* ,                                        |
+    another control | enter txtOther                   | ,                                           | exit
+    back          | enter prl                          | 4* ,                                        |)");
 }
 
 TEST_F(PropertyListTest, TheListOpensBelowItsRowOrAboveAndCloses) {
   Fill();
-  Press(Value(2), Button::Right);
-  EXPECT_EQ(PlaceOf(List()), "810 525 5160 615");
-  EXPECT_TRUE(List().HasFocus() && oSheet.Controls().back() == &List());
-  for (const std::int32_t nKey : {Key::Return, Key::Escape}) {
-    List().UserKey(nKey);
-    EXPECT_TRUE(!List().Visible() && Box().HasFocus());
-    Press(Arrow());
-  }
-  List().UserMouseUp(Button::Left, 0, 15, 15);
-  EXPECT_FALSE(List().Visible());
-  for (const std::int32_t lHeight : {1140, 1139}) {
-    oSheet.SetHeight(lHeight);
-    Press(Arrow());
-    EXPECT_EQ(List().Top(), lHeight == 1140 ? 525 : 525 - 615 - 225);
-    Press(Arrow());
-  }
-  EXPECT_FALSE(Value(5).UserMouseDown(Button::Right, 0, 15, 15));
-  Press(Value(3), Button::Right);  // free text has no list
-  EXPECT_FALSE(List().Visible());
-  EXPECT_EQ(moLog.Take(), "");
+  Play(R"(
+    a right press  | press lblValue(2) 2              | 2* box@-3000 v1 list@525 Boundary,Where errors stop. |
+    Return         | key lstPopup Return              | 2* box@-3000 v1 Boundary,Where errors stop. |
+    the arrow      | press cmdPopup                   | 2* box@-3000 v1 list@525 Boundary,Where errors stop. |
+    Escape         | key lstPopup Escape              | 2* box@-3000 v1 Boundary,Where errors stop. |
+    a choice       | press cmdPopup; up lstPopup      |                                             |
+    just room      | height 1140; press cmdPopup      | 2* box@-3000 v1 list@525 Boundary,Where errors stop. |
+    the arrow again | press cmdPopup                  | 2* box@-3000 v1 Boundary,Where errors stop. |
+    a twip short   | height 1139; press cmdPopup      | 2* box@-3000 v1 list@-315 Boundary,Where errors stop. |
+    a disabled row | press cmdPopup; press lblValue(5) 2 | 2* box@-3000 v1 Boundary,Where errors stop. | no
+    free text has no list | press lblValue(3) 2       | 3* box@555 Comment,                         |)");
+  DoOne("press lblValue(2) 2");
+  EXPECT_TRUE(List().HasFocus() && sheet.Controls().back() == &List());
+  EXPECT_EQ(PlaceOf(List()), "810 -315 5160 615");
+  DoOne("key lstPopup Return");
+  EXPECT_TRUE(Box().HasFocus());
 }
 
 TEST_F(PropertyListTest, EachChangeOfTheUserIsToldOnce) {
-  moChoices.Add(u"(none)", 0, u"");
+  choices.Add(u"(none)", 0, u"");
   Fill();
-  oSheet.AddRow(u"Mixed", u"", PropertyType::List, true, &moChoices, u"", 0);
-  oSheet.ShowProperties();
-  Press(Value(3));
-  Box().UserSelection(2, 0);
-  Box().UserType(u"cd");
-  EXPECT_EQ(moLog.Take(), "Comment=abc Comment=abcd");
-  Press(Value(2), Button::Right);
-  EXPECT_EQ(Value(3).Caption(), u"abcd");
-  List().UserSelect(1);  // as it is
-  List().UserSelect(2);
-  Value(2).UserDblClick();
-  Value(2).UserDblClick();
-  EXPECT_EQ(moLog.Take(), "Boundary=Firewall Boundary=(none) Boundary=None");
-  Value(3).UserDblClick();
-  Value(6).UserDblClick();  // no entry has its value: the first comes next
-  EXPECT_EQ(moLog.Take(), "Mixed=None");
+  sheet.AddRow(u"Mixed", u"", PropertyType::List, true, &choices, u"", 0);
+  sheet.ShowProperties();
+  Play(R"(
+    typed           | press lblValue(3); end; type txtValue cd | 3* box@555 Comment, | Comment=abc Comment=abcd
+    chosen, as it is | press lblValue(2) 2; lstPopup=1 | 2* box@-3000 v1 list@525 Boundary,Where errors stop. |
+    another         | lstPopup=2 | 2* box@-3000 v2 list@525 Boundary,Where errors stop. | Boundary=Firewall
+    the next ones, around the end | double lblValue(2); double lblValue(2) | 2* box@-3000 v0 list@525 Boundary,Where errors stop. | Boundary=(none) Boundary=None
+    no next text    | double lblValue(3) |                   |
+    no entry has its value: the first comes next | double lblValue(6) | 6* box@-3000 v0 , | Mixed=None)");
+  EXPECT_EQ(Get(u"lblValue", 3).Caption(), u"abcd");
 }
 
 TEST_F(PropertyListTest, AHandlerMayBuildTheSheetAnew) {
   Fill();
-  const auto oLink = oSheet.PropertyChange.Connect([this](TextView sName, TextView sValue) {
-    oSheet.Clear();
-    EXPECT_EQ(sName, u"Boundary");
-    oSheet.AddRow(u"Boundary", sValue, PropertyType::List, true, &moChoices, u"", 11);
-    oSheet.ShowProperties();
-    oSheet.SetRow(1);
+  const auto anew = sheet.PropertyChange.Connect([this](TextView name, TextView value) {
+    sheet.Clear();
+    EXPECT_EQ(name, u"Boundary");
+    sheet.AddRow(u"Boundary", value, PropertyType::List, true, &choices, u"", 11);
+    sheet.ShowProperties();
+    sheet.SetRow(1);
   });
-  Press(Value(2), Button::Right);
-  moLog.Watch(oSheet.ExitFocus, "exit");
-  List().UserKey(Key::Down);
-  EXPECT_EQ(Value(1).Caption(), u"Firewall");
-  EXPECT_TRUE(!List().Visible() && Box().HasFocus());
-  Value(1).UserDblClick();
-  EXPECT_EQ(moLog.Take(), "Boundary=Firewall Boundary=None");
+  DoOne("press lblValue(2) 2");
+  log.Watch(sheet.ExitFocus, "exit");
+  Play(R"(
+    a key in the list | key lstPopup Down | 1* box@-3000 v2 Boundary,Where errors stop. | Boundary=Firewall
+    a double click    | double lblValue(1) | 1* box@-3000 v0 Boundary,Where errors stop. | Boundary=None)");
+  EXPECT_TRUE(Box().HasFocus());
 }
 
 TEST_F(PropertyListTest, AClearedAndAReloadedSheetIsEmpty) {
-  Fill();
-  oSheet.SetRow(3);
-  oSheet.Clear();
-  EXPECT_EQ(oSheet.Row() + oSheet.RowCount(), 0);
-  EXPECT_EQ(FailureOf([&] { Value(1); }), 340);
-  oSheet.SetHeight(3300);  // a resize brings nothing back
-  EXPECT_FALSE(Box().Visible() || Get(u"lblTip", 0).Visible() || Get<Line>(u"linVert").Visible());
-  EXPECT_EQ(oSheet.Tip(11) + oSheet.Tip(12), u"Where errors stop.");
-  Fill();
-  moForm.Unload();
-  EXPECT_EQ(oSheet.RowCount(), 0);
-  Fill();  // loads the form, hidden: a row can be selected without the focus
-  oSheet.SetRow(2);
-  EXPECT_EQ(Tips() + moLog.Take(), "Boundary,Where errors stop.");
-  EXPECT_EQ(FailureOf([&] { oSheet.AddRow(u"x", u"", PropertyType::List, true, nullptr, u"", 0); }),
+  // A resize brings nothing back; a row can be selected without the focus.
+  Play(R"(
+    cleared         | fill; row 3; clear; height 3300 | *                                         |
+    loaded, hidden  | fill; unload; fill; row 2       | 2 box@-3000 v1 Boundary,Where errors stop. |)");
+  sheet.Clear();
+  EXPECT_EQ(sheet.Row() + sheet.RowCount(), 0);
+  EXPECT_FALSE(Get<Line>(u"linVert").Visible());
+  EXPECT_EQ(FailureOf([&] { Get(u"lblValue", 1); }), 340);
+  EXPECT_EQ(sheet.Tip(11) + sheet.Tip(12), u"Where errors stop.");
+  EXPECT_EQ(FailureOf([&] { sheet.AddRow(u"x", u"", PropertyType::List, true, nullptr, u"", 0); }),
             5);
 }
 

@@ -1,15 +1,7 @@
 // The focus, tab order, and the keys that belong to the form.
-#include "CheckBox.h"
-#include "CommandButton.h"
 #include "ControlArray.h"
-#include "Form.h"
-#include "FormsFixture.h"
-#include "Frame.h"
-#include "Label.h"
 #include "Menu.h"
-#include "OptionButton.h"
-#include "TabStrip.h"
-#include "TextBox.h"
+#include "Play.h"
 #include "UserControl.h"
 
 namespace {
@@ -22,207 +14,141 @@ class Pair : public UserControl {
   TextBox txtOne{*this, u"txtOne"}, txtTwo{*this, u"txtTwo"};
 };
 
-class FFocus : public Form {
- public:
-  explicit FFocus(Toolkit& oToolkit) : Form(oToolkit, u"FFocus") {}
-  Menu mnuEdit{*this, u"mnuEdit"}, mnuEditAll{mnuEdit, u"mnuEditAll"};
-  Label lblName{*this, u"lblName"};
-  TextBox txtName{*this, u"txtName"};
-  Frame fraKind{*this, u"fraKind"};
-  ControlArray<OptionButton> optKind{fraKind, u"optKind", 3};
-  Pair oPair{*this, u"oPair"};
-  TabStrip tabView{*this, u"tabView"};
-  CheckBox chkLast{*this, u"chkLast"};
-  CommandButton cmdOK{*this, u"cmdOK"}, cmdCancel{*this, u"cmdCancel"};
-
- private:
-  void Design() override {
+class FocusTest : public PlayTest {
+ protected:
+  FocusTest() {
+    for (Control* po :
+         std::initializer_list<Control*>{&txtName, &pair, &pair.txtOne, &pair.txtTwo}) {
+      log.Watch(po->GotFocus, NameOf(*po) + "+");
+      log.Watch(po->LostFocus, NameOf(*po) + "-");
+    }
+    log.Watch(pair.EnterFocus, "enter");
+    log.Watch(pair.ExitFocus, "exit");
+    for (Control* po : std::initializer_list<Control*>{&cmdOK, &cmdCancel, &chkLast})
+      log.Watch(po->Click, NameOf(*po));
+    log.Watch(mnuEditAll.Click, "All");
+    form.Show();
     mnuEditAll.SetShortcut(u'A', Shift::Ctrl);
     lblName.SetCaption(u"&Name");
     fraKind.SetCaption(u"Kin&d");
     optKind(0).SetCaption(u"&One");
     chkLast.SetCaption(u"&Last");
-    cmdOK.SetCaption(u"OK");
     cmdCancel.SetCaption(u"&Leave");
-    tabView.Tabs().Add(0, u"a", u"Pane &1");
-    tabView.Tabs().Add(0, u"b", u"Pane &2");
+    for (const TextView s : {u"Pane &1", u"Pane &2"}) tabView.Tabs().Add(0, s, s);
     cmdOK.SetDefault(true);
     cmdCancel.SetCancel(true);
+    log.Take();
+    Can("options", [this](auto& o) { optKind(o.Number(1)).SetValue(o.Number(2) != 0); });
+    Can("index", [this](auto& o) { At(o).SetTabIndex(o.Number(2)); });
+    Can("skip", [this](auto& o) { At(o).SetTabStop(false); });
+    Can("tab", [this](auto& o) {
+      for (int i = 0; i < o.Number(1); ++i) {
+        form.UserKey(Key::Tab, o.Number(2));
+        walk += Look() + " ";
+      }
+    });
   }
-};
+  std::string Look() override {
+    const Control* po = form.ActiveControl();
+    return po ? NameOf(*po) + (OnOf(*po) ? "*" : "") : "none";
+  }
+  static bool OnOf(const Control& o) {
+    const auto* po = dynamic_cast<const OptionButton*>(&o);
+    return po && po->Value();
+  }
 
-class FocusTest : public FormsTest {
- protected:
-  FocusTest() {
-    moLog.Watch(moForm.txtName.GotFocus, "name+");
-    moLog.Watch(moForm.txtName.LostFocus, "name-");
-    moLog.Watch(moForm.oPair.EnterFocus, "enter");
-    moLog.Watch(moForm.oPair.ExitFocus, "exit");
-    moLog.Watch(moForm.oPair.GotFocus, "pair+");
-    moLog.Watch(moForm.oPair.LostFocus, "pair-");
-    moLog.Watch(moForm.oPair.txtOne.GotFocus, "one+");
-    moLog.Watch(moForm.oPair.txtOne.LostFocus, "one-");
-    moLog.Watch(moForm.oPair.txtTwo.GotFocus, "two+");
-    moLog.Watch(moForm.cmdOK.Click, "OK");
-    moLog.Watch(moForm.cmdCancel.Click, "Leave");
-    moLog.Watch(moForm.chkLast.Click, "Last");
-    moLog.Watch(moForm.mnuEditAll.Click, "All");
-    moForm.Show();
-    moLog.Take();
-  }
-  std::string Active() const {
-    const Control* po = moForm.ActiveControl();
-    return po ? ToUtf8(po->Name()) + (po->Index() < 0 ? "" : std::to_string(po->Index())) : "none";
-  }
-  EventLog moLog;
-  FFocus moForm{moToolkit};
+  Menu mnuEdit{form, u"mnuEdit"}, mnuEditAll{mnuEdit, u"mnuEditAll"};
+  Label lblName{form, u"lblName"};
+  TextBox txtName{form, u"txtName"};
+  Frame fraKind{form, u"fraKind"};
+  ControlArray<OptionButton> optKind{fraKind, u"optKind", 3};
+  Pair pair{form, u"pair"};
+  TabStrip tabView{form, u"tabView"};
+  CheckBox chkLast{form, u"chkLast"};
+  CommandButton cmdOK{form, u"cmdOK"}, cmdCancel{form, u"cmdCancel"};
+  std::string walk;
 };
-
-TEST_F(FocusTest, ShowingGivesTheFocusToTheFirstInTabOrder) {
-  EXPECT_EQ(Active(), "txtName");
-}
 
 TEST_F(FocusTest, MovesRaiseTheirEventsAndThoseOfUserControlsAround) {
-  moForm.oPair.txtOne.SetFocus();
-  EXPECT_EQ(moLog.Take(), "name- enter pair+ one+");
-  moForm.oPair.txtTwo.UserMouseDown(Button::Left, 0, 15, 15);
-  EXPECT_EQ(moLog.Take(), "one- two+");
-  moForm.txtName.UserFocus();
-  EXPECT_EQ(moLog.Take(), "exit pair- name+");
-  moForm.oPair.SetFocus();
-  EXPECT_EQ(moLog.Take(), "name- enter pair+ one+");
-  moForm.oPair.SetFocus();
-  EXPECT_EQ(moLog.Take(), "");
-  EXPECT_TRUE(moForm.oPair.HasFocus() && !moForm.oPair.txtTwo.HasFocus());
-}
-
-TEST_F(FocusTest, AHandlerMaySendTheFocusElsewhere) {
-  auto oLink = moForm.txtName.LostFocus.Connect([&] { moForm.cmdOK.SetFocus(); });
-  moForm.oPair.txtOne.SetFocus();
-  EXPECT_EQ(Active(), "cmdOK");
-  EXPECT_EQ(moLog.Take(), "name-");
-  auto oEnter = moForm.oPair.EnterFocus.Connect([&] { moForm.cmdCancel.SetFocus(); });
-  moForm.oPair.txtOne.SetFocus();
-  EXPECT_EQ(Active(), "cmdCancel");
-  EXPECT_EQ(moLog.Take(), "enter exit pair-");
-}
-
-TEST_F(FocusTest, ItPassesOnFromWhatHidesOrIsDisabled) {
-  moForm.oPair.txtOne.SetFocus();
-  moForm.oPair.txtOne.SetVisible(false);
-  EXPECT_EQ(Active(), "txtTwo");
-  moForm.oPair.SetEnabled(false);
-  EXPECT_EQ(Active(), "tabView");
-  moForm.SetEnabled(false);
-  EXPECT_EQ(Active(), "none");
-  EXPECT_EQ(FailureOf([&] { moForm.txtName.SetFocus(); }), 5);
-  EXPECT_EQ(FailureOf([&] { moForm.lblName.SetFocus(); }), 5);
+  EXPECT_EQ(Look(), "txtName") << "the first in tab order, when the form shows";
+  Play(R"(
+    into a user control  | focus txtOne     | txtOne  | txtName- enter pair+ txtOne+
+    inside, by the mouse | press txtTwo     | txtTwo  | txtOne- txtTwo+
+    out of it            | enter txtName    | txtName | txtTwo- exit pair- txtName+
+    to the control itself: to its first part | focus pair | txtOne | txtName- enter pair+ txtOne+
+    once more            | focus pair       |         |
+    passed on from what hides | hide txtOne | txtTwo  | txtOne- txtTwo+
+    from a container that is disabled | off pair | tabView | txtTwo- exit pair-
+    not to what can't have it | focus pair; focus lblName | | 5 5
+    not on a disabled form    | off form; focus txtName   | none | 5)");
 }
 
 TEST_F(FocusTest, AUserControlWithoutAPartForItTakesTheFocusItself) {
-  moForm.oPair.txtOne.SetEnabled(false);
-  moForm.oPair.txtTwo.SetEnabled(false);
-  moForm.oPair.SetFocus();
-  EXPECT_EQ(Active(), "oPair");
-  EXPECT_EQ(moLog.Take(), "name- enter pair+");
-  moForm.oPair.txtTwo.SetEnabled(true);
-  EXPECT_EQ(moForm.NextInTabOrder(&moForm.optKind(2)), &moForm.oPair.txtTwo);
+  Play(R"(
+    no part can have it | off txtOne; off txtTwo; focus pair | pair | txtName- enter pair+)");
+  EXPECT_TRUE(pair.HasFocus() && !pair.txtTwo.HasFocus());
+  pair.txtTwo.SetEnabled(true);
+  EXPECT_EQ(form.NextInTabOrder(&optKind(2)), &pair.txtTwo);
+}
+
+TEST_F(FocusTest, AHandlerMaySendTheFocusElsewhere) {
+  auto link = txtName.LostFocus.Connect([&] { cmdOK.SetFocus(); });
+  Play("from the control that loses it | focus txtOne | cmdOK | txtName-");
+  auto enter = pair.EnterFocus.Connect([&] { cmdCancel.SetFocus(); });
+  Play("from the one that gets it | focus txtOne | cmdCancel | enter exit pair-");
 }
 
 TEST_F(FocusTest, TabWalksInOrderAndStopsOnceInAGroupOfOptions) {
-  moForm.optKind(1).SetValue(true);
-  moForm.cmdCancel.SetTabIndex(0);
-  moForm.chkLast.SetTabStop(false);
-  std::string sWalk;
-  for (int i = 0; i < 8; ++i) {
-    moForm.UserKey(Key::Tab, Shift::None);
-    sWalk += Active() + " ";
-  }
-  EXPECT_EQ(sWalk, "optKind1 txtOne txtTwo tabView cmdOK cmdCancel txtName optKind1 ");
-  moForm.UserKey(Key::Tab, Shift::Shift);
-  EXPECT_EQ(Active(), "txtName");
-  moForm.optKind(1).SetValue(false);
-  moForm.optKind(0).SetEnabled(false);
-  EXPECT_EQ(moForm.NextInTabOrder(&moForm.txtName), &moForm.optKind(1));
+  Play(
+      "forward | options 1 1; index cmdCancel 0; skip chkLast; tab 8 | optKind(1)* |"
+      "txtName- enter pair+ txtOne+ txtOne- txtTwo+ txtTwo- exit pair- txtName+ txtName-");
+  EXPECT_EQ(walk, "optKind(1)* txtOne txtTwo tabView cmdOK cmdCancel txtName optKind(1)* ");
+  Play(R"(
+    back                        | tab 1 Shift                        | txtName    | txtName+
+    the first that can be used  | options 1 0; off optKind(0); tab 1 | optKind(1) | txtName-)");
 }
 
 TEST_F(FocusTest, KeysOfTheForm) {
-  struct Row {
-    const char* sName;
-    std::int32_t nKey, nShift;
-    const char* sActive;
-    const char* sEvents;
-  };
-  const Row aoRow[] = {
-      {"label: the next control", u'N', Shift::Alt, "txtName", ""},
-      {"frame: the first inside", u'D', Shift::Alt, "optKind0", "name-"},
-      {"option button", u'O', Shift::Alt, "optKind0", "name-"},
-      {"one key of two controls goes to the next", u'L', Shift::Alt, "chkLast", "name- Last"},
-      {"tab", u'2', Shift::Alt, "tabView", "name-"},
-      {"without Alt it is a key", u'L', Shift::None, "txtName", ""},
-      {"Return presses the default button", Key::Return, Shift::None, "txtName", "OK"},
-      {"Escape presses the cancel button", Key::Escape, Shift::None, "txtName", "Leave"},
-      {"shortcut of a menu", u'A', Shift::Ctrl, "txtName", "All"},
-  };
-  for (const Row& oRow : aoRow) {
-    SCOPED_TRACE(oRow.sName);
-    moForm.txtName.SetFocus();
-    moLog.Take();
-    moForm.UserKey(oRow.nKey, oRow.nShift);
-    EXPECT_EQ(Active(), oRow.sActive);
-    EXPECT_EQ(moLog.Take(), oRow.sEvents);
-  }
-  EXPECT_TRUE(moForm.optKind(0).Value());
-  EXPECT_EQ(moForm.tabView.SelectedItem()->Key(), u"b");
-  moForm.chkLast.SetFocus();
-  moForm.UserKey(u'L', Shift::Alt);
-  EXPECT_EQ(Active(), "cmdCancel");
-  moForm.chkLast.SetEnabled(false);
-  moForm.txtName.SetFocus();
-  moForm.UserKey(u'L', Shift::Alt);
-  EXPECT_EQ(Active(), "cmdCancel");
-}
-
-TEST_F(FocusTest, ReturnAndEscapeGoOnWhenNoButtonTakesThem) {
-  moForm.cmdCancel.SetFocus();
-  moForm.cmdCancel.UserKey(Key::Return);
-  EXPECT_EQ(moLog.Take(), "name- Leave");  // a focused button before the default
-  moForm.cmdOK.SetEnabled(false);
-  moForm.cmdCancel.SetVisible(false);
-  moForm.txtName.SetFocus();
-  moLog.Take();
-  EXPECT_FALSE(moForm.UserKey(Key::Return, Shift::None));
-  EXPECT_FALSE(moForm.UserKey(Key::Escape, Shift::None));
-  EXPECT_EQ(moLog.Take(), "");
+  Play(R"(
+    label: the next control   | stroke N Alt                      | txtName     |
+    frame: the first inside   | stroke D Alt                      | optKind(0)  | txtName-
+    option button             | focus txtName; stroke O Alt       | optKind(0)* | txtName+ txtName-
+    one key of two controls goes to the next | stroke L Alt       | chkLast     | chkLast
+    and to the one behind it  | stroke L Alt                      | cmdCancel   | cmdCancel
+    but not to a disabled one | off chkLast; focus tabView; stroke L Alt |      | cmdCancel
+    tab                       | focus txtName; Alt+2              | tabView     | txtName+ txtName-
+    without Alt it is a key   | focus txtName; stroke L           | txtName     | txtName+ no
+    Return presses the default button | Return                    |             | cmdOK
+    Escape presses the cancel button  | Escape                    |             | cmdCancel
+    shortcut of a menu        | stroke A Ctrl                     |             | All
+    a focused button before the default | focus cmdCancel; Return | cmdCancel   | txtName- cmdCancel
+    no button takes them      | off cmdOK; hide cmdCancel; focus txtName; Return; Escape | txtName | txtName+ no no)");
+  EXPECT_EQ(tabView.SelectedItem()->Key(), u"Pane &2");
 }
 
 TEST_F(FocusTest, ArrowsMoveInAGroupOfOptionsAndChoose) {
-  moForm.optKind(0).UserClick();
-  moForm.optKind(1).SetEnabled(false);
-  moForm.optKind(0).UserKey(Key::Down);
-  EXPECT_TRUE(moForm.optKind(2).Value() && !moForm.optKind(0).Value());
-  moForm.optKind(2).UserKey(Key::Right);
-  EXPECT_EQ(Active(), "optKind0");
-  moForm.optKind(0).UserKey(Key::Up);
-  EXPECT_EQ(Active(), "optKind2");
+  Play(R"(
+    to the next         | optKind(0); key optKind(0) Down | optKind(1)* | txtName-
+    over a disabled one | optKind(0); off optKind(1); key optKind(0) Down | optKind(2)* |
+    round the end       | key optKind(2) Right                            | optKind(0)* |
+    and back            | key optKind(0) Up                               | optKind(2)* |)");
+  EXPECT_FALSE(optKind(0).Value());
 }
 
 TEST_F(FocusTest, PreviewersSeeKeysFirstAndCanSwallowThem) {
-  moForm.SetKeyPreview(true);
-  moForm.oPair.SetKeyPreview(true);
-  moLog.Watch(moForm.KeyDown, "form");
-  moLog.Watch(moForm.oPair.KeyDown, "pair");
-  moLog.Watch(moForm.oPair.txtOne.KeyDown, "one");
-  moLog.Watch(moForm.oPair.txtOne.KeyPress, "press");
-  moLog.Watch(moForm.oPair.txtOne.KeyUp, "up");
-  moForm.oPair.txtOne.SetFocus();
-  moLog.Take();
-  EXPECT_TRUE(moForm.oPair.txtOne.UserKey(u'X'));
-  EXPECT_EQ(moLog.Take(), "form pair one press up");
-  auto oSwallow = moForm.oPair.KeyDown.Connect([](std::int32_t& nKey, std::int32_t) { nKey = 0; });
-  moForm.oPair.txtOne.UserKey(u'X');
-  EXPECT_EQ(moLog.Take(), "form pair up");
-  EXPECT_EQ(moForm.oPair.txtOne.Text(), u"x");
+  form.SetKeyPreview(true);
+  pair.SetKeyPreview(true);
+  pair.txtOne.SetFocus();
+  log.Watch(form.KeyDown, "form");
+  log.Watch(pair.KeyDown, "pair");
+  log.Watch(pair.txtOne.KeyDown, "one");
+  log.Watch(pair.txtOne.KeyPress, "press");
+  log.Watch(pair.txtOne.KeyUp, "up");
+  log.Take();
+  Play("all of them | key txtOne X | | form pair one press up");
+  auto swallow = pair.KeyDown.Connect([](std::int32_t& key, std::int32_t) { key = 0; });
+  Play("swallowed halfway | key txtOne X | | form pair up");
+  EXPECT_EQ(pair.txtOne.Text(), u"x");
 }
 
 }  // namespace

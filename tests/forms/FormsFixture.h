@@ -12,7 +12,7 @@
 
 #include <gtest/gtest.h>
 
-#include "Failure.h"
+#include "FailureOf.h"
 #include "HeadlessRenderer.h"
 #include "Signal.h"
 #include "Toolkit.h"
@@ -44,14 +44,3 @@ class EventLog {
   std::string msLog;
   std::vector<Connection> moLinks;
 };
-
-/// The number of the Failure that the call throws; 0 for none.
-template <class Call>
-std::int32_t FailureOf(Call&& oCall) {
-  try {
-    oCall();
-  } catch (const Failure& oFailure) {
-    return oFailure.Number();
-  }
-  return 0;
-}

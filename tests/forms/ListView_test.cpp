@@ -1,153 +1,114 @@
 #include "ListView.h"
 
-#include "Form.h"
-#include "FormsFixture.h"
+#include "Play.h"
 
 namespace {
 
 using namespace Forms;
 
-class FTable : public Form {
- public:
-  explicit FTable(Toolkit& oToolkit) : Form(oToolkit, u"FTable") {}
-  ListView lvwMulti{*this, u"lvwMulti"}, lvwSingle{*this, u"lvwSingle"};
-
- private:
-  void Design() override {
-    lvwMulti.SetMultiSelect(true);
-    lvwMulti.SetSorted(true);
-  }
-};
-
-class ListViewTest : public FormsTest {
+class ListViewTest : public PlayTest {
  protected:
   ListViewTest() {
-    moForm.Show();
-    moList.ColumnHeaders().Add(u"Procedure", 2000);
-    moList.ColumnHeaders().Add(u"Type");
-    Fill(moList);
-    Fill(moForm.lvwSingle);
-    moLog.Watch(moList.ItemClick, "item");
-    moLog.Watch(moList.ColumnClick, "column");
+    multi.SetMultiSelect(true);
+    multi.SetSorted(true);
+    form.Show();
+    multi.ColumnHeaders().Add(u"Procedure", 2000);
+    multi.ColumnHeaders().Add(u"Type");
+    Fill(multi);
+    Fill(single);
+    log.Watch(multi.ItemClick, "item");
+    log.Watch(multi.ColumnClick, "column");
+    Can("sort", [this](auto& o) { List(o).SetSortKey(o.Number(2)); });
+    Can("down", [this](auto& o) { List(o).SetSortOrder(ListSortOrder::Descending); });
+    Can("pick", [this](auto& o) { return List(o).UserSelect(o.Number(2), o.Number(3)); });
+    Can("native", [this](auto& o) { return multi.UserSelection({1, o.Number(1)}, 3); });
+    Can("select", [this](const Deed& o) {
+      List(o).ListItems().Item(o.Number(2)).SetSelected(o.Number(3) != 0);
+    });
+    Can("remove", [this](auto& o) { multi.ListItems().Remove(o.Number(1)); });
+    Can("clear", [this](auto&) { multi.ListItems().Clear(); });
+    Can("fill", [this](auto&) { Fill(multi); });
+    Can("add", [this](auto& o) { multi.ListItems().Add(o.Wide(1)); });
+    Can("name", [this](auto& o) { multi.ListItems().Item(o.Number(1)).SetText(o.Wide(2)); });
   }
-  static void Fill(ListView& oList) {
-    const struct {
-      const char16_t *sName, *sType;
-    } aoRow[] = {
-        {u"Save", u"Sub"}, {u"load", u"Function"}, {u"Find", u"Sub"}, {u"add", u"Property"}};
-    for (const auto& oRow : aoRow) oList.ListItems().Add(oRow.sName).SetSubItems(1, oRow.sType);
+  ListView& List(const Deed& o) { return dynamic_cast<ListView&>(At(o)); }
+  static void Fill(ListView& list) {
+    for (const auto& row : Rows("Save|Sub \n load|Function \n Find|Sub \n add|Property"))
+      list.ListItems().Add(FromUtf8(row[0])).SetSubItems(1, FromUtf8(row[1]));
   }
-  /// The rows; selected ones with a star, the SelectedItem in brackets.
-  static std::string Shown(ListView& oList) {
-    std::string s;
-    for (std::int32_t i = 1; i <= oList.ListItems().Count(); ++i) {
-      const ListItem& o = oList.ListItems().Item(i);
-      const bool bFocus = oList.SelectedItem() == &o;
-      s += (bFocus ? "[" : "") + ToUtf8(o.Text()) + (o.Selected() ? "*" : "") +
-           (bFocus ? "] " : " ");
+  /// The rows of both lists; selected ones with a star, the SelectedItem in brackets.
+  std::string Look() override {
+    std::string all;
+    for (ListView* po : {&multi, &single}) {
+      for (std::int32_t i = 1; i <= po->ListItems().Count(); ++i) {
+        const ListItem& item = po->ListItems().Item(i);
+        const std::string name = ToUtf8(item.Text()) + (item.Selected() ? "*" : "");
+        all += po->SelectedItem() == &item ? "[" + name + "] " : name + " ";
+      }
+      all += po == &multi ? "/ " : "";
     }
-    return s;
+    return all;
   }
-  EventLog moLog;
-  FTable moForm{moToolkit};
-  ListView& moList = moForm.lvwMulti;
+  ListView multi{form, u"multi"}, single{form, u"single"};
 };
 
-TEST_F(ListViewTest, TheFirstRowAddedIsSelectedWhereverItSorts) {
-  EXPECT_EQ(Shown(moForm.lvwSingle), "[Save*] load Find add ");
-  EXPECT_EQ(Shown(moList), "add Find load [Save*] ");
-  moList.SelectedItem()->SetSelected(false);
-  moList.ListItems().Item(1).SetSelected(true);
-  EXPECT_EQ(Shown(moList), "[add*] Find load Save ");
-}
-
-TEST_F(ListViewTest, SortingByColumnAndOrderKeepsEqualRowsInTheirs) {
-  moList.SetSortKey(1);
-  EXPECT_EQ(Shown(moList), "load add [Save*] Find ");
-  moList.SetSortOrder(ListSortOrder::Descending);
-  EXPECT_EQ(Shown(moList), "[Save*] Find add load ");
-  moList.SetSortKey(7);  // a column without texts
-  EXPECT_EQ(Shown(moList), "[Save*] load Find add ");
-  EXPECT_EQ(moList.SelectedItem()->Index(), 1);
-  moForm.lvwSingle.SetSortKey(1);
-  EXPECT_EQ(Shown(moForm.lvwSingle), "[Save*] load Find add ");  // isn't Sorted
-  EXPECT_EQ(FailureOf([&] { moList.SetSortKey(-1); }), 380);
+TEST_F(ListViewTest, RowsAreSortedByColumnAndOrderAndEqualOnesKeepTheirs) {
+  Play(R"(
+    the first row added is selected |    | add Find load [Save*] / [Save*] load Find add |
+    by the second column | sort multi 1     | load add [Save*] Find / [Save*] load Find add |
+    downwards            | down multi       | [Save*] Find add load / [Save*] load Find add |
+    no texts there       | sort multi 7     | [Save*] load Find add / [Save*] load Find add |
+    a list that isn't sorted | sort single 1 |  |
+    no such column       | sort multi -1    |  | 380)");
+  EXPECT_EQ(multi.SelectedItem()->Index(), 1);
 }
 
 TEST_F(ListViewTest, ChangingCellsMovesNoRowUntilRowsCome) {
-  for (std::int32_t i = 1; i <= 4; ++i) moList.ListItems().Item(i).SetText(ToText(9 - i));
-  EXPECT_EQ(Shown(moList), "8 7 6 [5*] ");
-  moList.ListItems().Add(u"55");
-  EXPECT_EQ(Shown(moList), "[5*] 55 6 7 8 ");
+  Play(R"(
+    changed  | name 1 8; name 2 7; name 3 6; name 4 5 | 8 7 6 [5*] / [Save*] load Find add |
+    one more | add 55 | [5*] 55 6 7 8 / [Save*] load Find add |)");
 }
 
-TEST_F(ListViewTest, SelectionByTheUser) {
-  struct Row {
-    const char* sName;
-    std::int32_t lRow, nShift;
-    const char *sShown, *sEvents;
-  };
-  const Row aoRow[] = {
-      {"alone", 2, Shift::None, "add [Find*] load Save ", "item"},
-      {"Shift: a range from the last", 4, Shift::Shift, "add Find* load* [Save*] ", "item"},
-      {"Shift again, the other way", 1, Shift::Shift, "[add*] Find* load Save ", "item"},
-      {"Ctrl: one off", 1, Shift::Ctrl, "[add] Find* load Save ", "item"},
-      {"Ctrl: one more", 4, Shift::Ctrl, "add Find* load [Save*] ", "item"},
-      {"both: a range more", 3, Shift::Ctrl | Shift::Shift, "add Find* [load*] Save* ", "item"},
-      {"the empty area with Ctrl", 0, Shift::Ctrl, "add Find* [load*] Save* ", ""},
-      {"the empty area", 0, Shift::None, "add Find [load] Save ", ""},
-      {"outside", 5, Shift::None, "add Find [load] Save ", ""},
-  };
-  for (const Row& oRow : aoRow) {
-    SCOPED_TRACE(oRow.sName);
-    moList.UserSelect(oRow.lRow, oRow.nShift);
-    EXPECT_EQ(Shown(moList), oRow.sShown);
-    EXPECT_EQ(moLog.Take(), oRow.sEvents);
-  }
-  moForm.lvwSingle.UserSelect(3, Shift::Ctrl);
-  EXPECT_EQ(Shown(moForm.lvwSingle), "Save load [Find*] add ");
-  moForm.lvwSingle.ListItems().Item(1).SetSelected(true);
-  EXPECT_EQ(Shown(moForm.lvwSingle), "[Save*] load Find add ");
-}
-
-TEST_F(ListViewTest, KeysAndTheNativeSelection) {
-  moList.UserSelect(1);
-  moList.UserKey(Key::Down);
-  moList.UserKey(Key::End, Shift::Shift);
-  EXPECT_EQ(Shown(moList), "add Find* load* [Save*] ");
-  moList.UserKey(Key::Down);
-  EXPECT_EQ(moLog.Take(), "item item item");
-  moList.UserSelection({1, 3}, 3);
-  EXPECT_EQ(Shown(moList), "add* Find [load*] Save ");
-  EXPECT_EQ(FailureOf([&] { moList.UserSelection({5}, 0); }), 35600);
-  moList.SetVisible(false);
-  EXPECT_FALSE(moList.UserSelect(2) || moList.UserSelection({}, 0));
+TEST_F(ListViewTest, SelectionByTheUserAndByCode) {
+  Play(R"(
+    alone                    | pick multi 2            | add [Find*] load Save / [Save*] load Find add | item
+    Shift: a range from it   | pick multi 4 Shift      | add Find* load* [Save*] / [Save*] load Find add | item
+    the other way            | pick multi 1 Shift      | [add*] Find* load Save / [Save*] load Find add | item
+    Ctrl: one off            | pick multi 1 Ctrl       | [add] Find* load Save / [Save*] load Find add | item
+    Ctrl: one more           | pick multi 4 Ctrl       | add Find* load [Save*] / [Save*] load Find add | item
+    both: a range more       | pick multi 3 Ctrl+Shift | add Find* [load*] Save* / [Save*] load Find add | item
+    the empty area with Ctrl | pick multi 0 Ctrl       |                        |
+    the empty area           | pick multi 0            | add Find [load] Save / [Save*] load Find add |
+    outside                  | pick multi 5            |                        | no
+    keys                     | pick multi 1; key multi Down; key multi End Shift | add Find* load* [Save*] / [Save*] load Find add | item item item
+    the end of the rows      | key multi Down          |                        |
+    the native selection     | native 2                | add* Find* [load] Save / [Save*] load Find add | item
+    a row that isn't there   | native 5                | add* Find [load] Save / [Save*] load Find add | 35600
+    a hidden list            | hide multi; pick multi 2; native 2 |             | no no
+    by code                  | select multi 1 0; select multi 4 1 | add Find load [Save*] / [Save*] load Find add |
+    one at a time            | pick single 3 Ctrl      | add Find load [Save*] / Save load [Find*] add |
+    one by code              | select single 1 1       | add Find load [Save*] / [Save*] load Find add |)");
 }
 
 TEST_F(ListViewTest, RemovedRowsLeaveNoTrace) {
-  moList.UserSelect(2);
-  moList.ListItems().Remove(2);
-  EXPECT_EQ(Shown(moList), "add load Save ");
-  moList.UserSelect(3, Shift::Shift);  // nothing to start a range from
-  EXPECT_EQ(Shown(moList), "add load [Save*] ");
-  moList.ListItems().Clear();
-  EXPECT_EQ(moList.SelectedItem(), nullptr);
-  moList.UserKey(Key::Down);
-  Fill(moList);
-  EXPECT_EQ(Shown(moList), "add Find load [Save*] ");
+  Play(R"(
+    the selected row              | pick multi 2; remove 2 | add load Save / [Save*] load Find add | item
+    nothing to start a range from | pick multi 3 Shift     | add load [Save*] / [Save*] load Find add | item
+    all rows                      | clear; key multi Down  | / [Save*] load Find add |
+    new ones                      | fill | add Find load [Save*] / [Save*] load Find add |)");
 }
 
 TEST_F(ListViewTest, Columns) {
-  EXPECT_EQ(moList.ColumnHeaders().Item(2).Width(), 1440);
-  EXPECT_TRUE(moList.UserColumnWidth(1, 900) && moList.UserColumnClick(2));
-  EXPECT_EQ(moList.ColumnHeaders().Item(1).Width(), 900);
-  EXPECT_EQ(moLog.Take(), "column");
-  EXPECT_EQ(FailureOf([&] { moList.ColumnHeaders().Item(3); }), 35600);
-  EXPECT_EQ(FailureOf([&] { moList.ColumnHeaders().Add(u"x", -1); }), 380);
-  EXPECT_EQ(FailureOf([&] { moList.ListItems().Item(1).SetSubItems(0, u""); }), 380);
-  EXPECT_EQ(moList.ListItems().Item(1).SubItems(9), u"");
-  moList.ColumnHeaders().Clear();
-  EXPECT_EQ(moList.ListItems().Item(2).Cell(2), u"Sub");  // rows stay
+  EXPECT_EQ(multi.ColumnHeaders().Item(2).Width(), 1440);
+  EXPECT_TRUE(multi.UserColumnWidth(1, 900) && multi.UserColumnClick(2));
+  EXPECT_EQ(multi.ColumnHeaders().Item(1).Width(), 900);
+  EXPECT_EQ(log.Take(), "column");
+  EXPECT_EQ(FailureOf([&] { multi.ColumnHeaders().Item(3); }), 35600);
+  EXPECT_EQ(FailureOf([&] { multi.ColumnHeaders().Add(u"x", -1); }), 380);
+  EXPECT_EQ(FailureOf([&] { multi.ListItems().Item(1).SetSubItems(0, u""); }), 380);
+  EXPECT_EQ(multi.ListItems().Item(1).SubItems(9), u"");
+  multi.ColumnHeaders().Clear();
+  EXPECT_EQ(multi.ListItems().Item(2).Cell(2), u"Sub");  // rows stay
 }
 
 }  // namespace

@@ -1,144 +1,104 @@
 // List boxes and combo boxes.
 #include "ComboBox.h"
-#include "ControlArray.h"
-#include "Form.h"
-#include "FormsFixture.h"
 #include "ListBox.h"
+#include "Play.h"
 
 namespace {
 
 using namespace Forms;
 
-class FLists : public Form {
- public:
-  explicit FLists(Toolkit& oToolkit) : Form(oToolkit, u"FLists") {}
-  ListBox lstPlain{*this, u"lstPlain"}, lstSimple{*this, u"lstSimple"};
-  ListBox lstMulti{*this, u"lstMulti"};
-  ControlArray<ListBox> lstSort{*this, u"lstSort", 2};
-  ComboBox cboPick{*this, u"cboPick"};
-
- private:
-  void Design() override {
-    for (const auto* s : {u"b", u"a", u"c", u"a2"}) {
-      for (ListBox* po : {&lstPlain, &lstSimple, &lstMulti}) po->AddItem(s);
-    }
-    lstSimple.SetMultiSelect(MultiSelect::Simple);
-    lstMulti.SetMultiSelect(MultiSelect::Extended);
-    lstSort(0).SetSorted(true);
-  }
-};
-
-class ListsTest : public FormsTest {
+class ListsTest : public PlayTest {
  protected:
   ListsTest() {
-    moLog.Watch(moForm.lstPlain.Click, "plain");
-    moLog.Watch(moForm.lstMulti.Click, "multi");
-    moLog.Watch(moForm.cboPick.Click, "combo");
-    moForm.Show();
+    WatchClicks();
+    form.Show();
+    for (const auto* s : {u"b", u"a", u"c", u"a2"})
+      for (ListBox* po : {&plain, &simple, &multi}) po->AddItem(s);
+    simple.SetMultiSelect(MultiSelect::Simple);
+    multi.SetMultiSelect(MultiSelect::Extended);
+    Can("set", [this](auto& o) { List(o).SetListIndex(o.Number(2)); });
+    Can("pick", [this](auto& o) { return List(o).UserSelect(o.Number(2), o.Number(3)); });
+    Can("add", [this](auto& o) { List(o).AddItem(u"x", o.Number(2)); });
+    Can("remove", [this](auto& o) { List(o).RemoveItem(o.Number(2)); });
+    Can("data", [this](auto& o) { List(o).SetItemData(o.Number(2), 1); });
+    Can("select", [this](auto& o) { Box(o).SetSelected(o.Number(2), o.Number(3) != 0); });
+    Can("native", [this](auto& o) {
+      std::vector<std::int32_t> rows;
+      for (std::size_t i = 3; i < o.words.size(); ++i) rows.push_back(o.Number(i));
+      return Box(o).UserSelection(rows, o.Number(2));
+    });
   }
-  static std::string Chosen(const ListBox& o) {
-    std::string s;
-    for (std::int32_t i = 0; i < o.ListCount(); ++i) s += o.Selected(i) ? '1' : '0';
-    return s;
+  ListEntries& List(const Deed& o) { return dynamic_cast<ListEntries&>(At(o)); }
+  ListBox& Box(const Deed& o) { return dynamic_cast<ListBox&>(At(o)); }
+  /// The line of the list that has one, and the selected ones of the others.
+  std::string Look() override {
+    std::string all = ToUtf8(plain.Text());
+    for (const ListBox* po : {&simple, &multi}) {
+      all += " ";
+      for (std::int32_t i = 0; i < po->ListCount(); ++i) all += po->Selected(i) ? '1' : '0';
+    }
+    return all;
   }
-  EventLog moLog;
-  FLists moForm{moToolkit};
+  ListBox plain{form, u"plain"}, simple{form, u"simple"}, multi{form, u"multi"};
+  ComboBox combo{form, u"combo"};
 };
 
 TEST_F(ListsTest, SortedListsPutEachLineInItsPlaceAndTellWhere) {
-  auto& oSort = moForm.lstSort(0);
-  const struct {
-    const char16_t* sText;
-    std::int32_t lIndex;
-  } aoRow[] = {{u"FMain", 0}, {u"(declarations)", 0}, {u"cmdOK", 1},
-               {u"FMAIN", 3}, {u"fmain", 4},          {u"zeta", 5}};
-  std::int32_t lData = 0;
-  for (const auto& oRow : aoRow) {
-    oSort.AddItem(oRow.sText);
-    EXPECT_EQ(oSort.NewIndex(), oRow.lIndex) << ToUtf8(oRow.sText);
-    oSort.SetItemData(oSort.NewIndex(), ++lData);
+  ListBox sorted(form, u"sorted");
+  sorted.SetSorted(true);
+  std::string places;
+  for (const auto* s : {u"FMain", u"(declarations)", u"cmdOK", u"FMAIN", u"fmain", u"zeta"}) {
+    sorted.AddItem(s);
+    places += std::to_string(sorted.NewIndex());
+    sorted.SetItemData(sorted.NewIndex(), static_cast<std::int32_t>(places.size()));
   }
-  EXPECT_EQ(oSort.ItemData(2) * 10 + oSort.ItemData(4), 15);
-  oSort.Clear();
-  EXPECT_EQ(oSort.NewIndex(), -1);
+  EXPECT_EQ(places, "001345");
+  EXPECT_EQ(sorted.ItemData(2) * 10 + sorted.ItemData(4), 15);
+  sorted.Clear();
+  EXPECT_EQ(sorted.NewIndex(), -1);
 }
 
-TEST_F(ListsTest, TheSelectionKeepsItsLineWhenOthersComeAndGo) {
-  auto& oList = moForm.lstPlain;
-  oList.SetListIndex(2);
-  oList.AddItem(u"first", 2);
-  EXPECT_EQ(oList.Text(), u"c");
-  oList.RemoveItem(1);
-  EXPECT_EQ(oList.Text(), u"c");
-  EXPECT_EQ(moLog.Take(), "plain");
-  oList.RemoveItem(oList.ListIndex());
-  EXPECT_EQ(oList.ListIndex(), -1);
-}
-
-TEST_F(ListsTest, SettingTheIndexClicksOnceAndTheUserAlways) {
-  moForm.lstPlain.SetListIndex(1);
-  moForm.lstPlain.SetListIndex(1);
-  EXPECT_EQ(moLog.Take(), "plain");
-  moForm.lstPlain.UserSelect(1);
-  moForm.lstPlain.UserKey(Key::Down);
-  moForm.lstPlain.UserKey(Key::End);
-  moForm.lstPlain.UserKey(Key::Down);
-  moForm.lstPlain.UserType(u"A");  // the next line that begins so, around the end
-  EXPECT_EQ(moForm.lstPlain.ListIndex(), 1);
-  EXPECT_EQ(moLog.Take(), "plain plain plain plain");
-}
-
-TEST_F(ListsTest, PlacesOutsideTheList) {
-  auto& oList = moForm.lstPlain;
-  EXPECT_EQ(FailureOf([&] { oList.SetListIndex(4); }), 380);
-  EXPECT_EQ(FailureOf([&] { oList.SetListIndex(-2); }), 380);
-  EXPECT_EQ(FailureOf([&] { oList.AddItem(u"x", 5); }), 5);
-  EXPECT_EQ(FailureOf([&] { oList.RemoveItem(-1); }), 5);
-  EXPECT_EQ(FailureOf([&] { oList.SetItemData(4, 1); }), 381);
-  EXPECT_EQ(FailureOf([&] { oList.SetSelected(4, true); }), 380);
-  EXPECT_EQ(oList.List(4) + oList.List(-1), u"");
-  EXPECT_FALSE(oList.UserSelect(4) || moForm.lstMulti.UserSelect(-1) || oList.Selected(9));
-  moForm.cboPick.UserType(u"x");  // nothing to pick
-  EXPECT_EQ(moLog.Take(), "");
+TEST_F(ListsTest, OneLineIsSelected) {
+  Play(R"(
+    by code, once                  | set plain 2; set plain 2 | c 0000 0000 | plain
+    kept when others come and go   | add plain 2; remove plain 1 |          |
+    gone with its line             | remove plain 2 | 0000 0000   |
+    by the user, each time         | pick plain 1; pick plain 1 | x 0000 0000 | plain plain
+    by keys, up to the end         | key plain Down; key plain End; key plain Down | a2 0000 0000 | plain
+    by a letter, around the end    | type plain B   | b 0000 0000 | plain
+    no such line, for code         | set plain 3; set plain -2; add plain 4; remove plain -1 | | 380 380 5 5
+    neither data nor selection     | data plain 3; select plain 3 1 |       | 381 380
+    nor for the user               | pick plain 3; pick multi -1    |       | no no
+    nothing to pick                | type combo x                   |       |)");
+  EXPECT_EQ(plain.List(3) + plain.List(-1), u"");
+  EXPECT_FALSE(plain.Selected(9));
 }
 
 TEST_F(ListsTest, SeveralLinesByClickCtrlAndShift) {
-  auto& oMulti = moForm.lstMulti;
-  oMulti.UserSelect(1);
-  oMulti.UserSelect(3, Shift::Ctrl);
-  EXPECT_EQ(Chosen(oMulti), "0101");
-  oMulti.UserSelect(1, Shift::Shift);
-  EXPECT_EQ(Chosen(oMulti), "0111");
-  oMulti.UserSelect(2, Shift::Shift);
-  EXPECT_EQ(Chosen(oMulti), "0011");
-  oMulti.UserSelection({1, 2, 3}, 1);
-  oMulti.UserSelect(2, Shift::Ctrl);
-  EXPECT_EQ(Chosen(oMulti), "0101");
-  oMulti.UserSelect(0);
-  EXPECT_EQ(Chosen(oMulti), "1000");
-  EXPECT_EQ(moLog.Take(), "multi multi multi multi multi multi multi");
-  oMulti.SetSelected(3, true);
-  oMulti.SetSelected(3, true);
-  EXPECT_EQ(moLog.Take(), "multi");
-  EXPECT_EQ(oMulti.SelCount(), 2);
-  oMulti.UserSelection({2, 9}, 2);
-  EXPECT_EQ(Chosen(oMulti), "0010");
-  moForm.lstSimple.UserSelect(0);
-  moForm.lstSimple.UserSelect(2);
-  moForm.lstSimple.UserSelect(0);
-  EXPECT_EQ(Chosen(moForm.lstSimple), "0010");
+  Play(R"(
+    alone                   | pick multi 1            | 0000 0100 | multi
+    Ctrl: one more          | pick multi 3 Ctrl       | 0000 0101 | multi
+    Shift: a range          | pick multi 1 Shift      | 0000 0111 | multi
+    from the same end       | pick multi 2 Shift      | 0000 0011 | multi
+    the native selection    | native multi 1 1 2 3    | 0000 0111 | multi
+    Ctrl: one less          | pick multi 2 Ctrl       | 0000 0101 | multi
+    alone again             | pick multi 0            | 0000 1000 | multi
+    by code, once           | select multi 3 1; select multi 3 1 | 0000 1001 | multi
+    lines that aren't there | native multi 2 2 9      | 0000 0010 | multi
+    without keys, each turns | pick simple 0; pick simple 2; pick simple 0 | 0010 0010 | simple simple simple)");
+  EXPECT_EQ(multi.SelCount(), 1);
 }
 
 TEST_F(ListsTest, ALookupFillsEither) {
-  CXLookup oLookup;
-  oLookup.Add(u"None", 1, u"");
-  oLookup.Add(u"Firewall", 3, u"");
-  oLookup.LoadListBox(moForm.cboPick, u"", 3);
-  EXPECT_EQ(moForm.cboPick.Text(), u"Firewall");
-  EXPECT_EQ(moForm.cboPick.ItemData(moForm.cboPick.ListIndex()), 3);
-  oLookup.LoadListBox(moForm.lstPlain, u"nothing", -1);
-  EXPECT_EQ(moForm.lstPlain.ListIndex(), -1);
-  EXPECT_EQ(moLog.Take(), "combo");
+  CXLookup lookup;
+  lookup.Add(u"None", 1, u"");
+  lookup.Add(u"Firewall", 3, u"");
+  lookup.LoadListBox(combo, u"", 3);
+  EXPECT_EQ(combo.Text(), u"Firewall");
+  EXPECT_EQ(combo.ItemData(combo.ListIndex()), 3);
+  lookup.LoadListBox(plain, u"nothing", -1);
+  EXPECT_EQ(plain.ListIndex(), -1);
+  EXPECT_EQ(log.Take(), "combo");
 }
 
 }  // namespace

@@ -1,96 +1,61 @@
 #include "Menu.h"
 
 #include "ControlArray.h"
-#include "Form.h"
-#include "FormsFixture.h"
+#include "Play.h"
 
 namespace {
 
 using namespace Forms;
 
-class FMenus : public Form {
- public:
-  explicit FMenus(Toolkit& oToolkit) : Form(oToolkit, u"FMenus") {}
-  Menu mnuFile{*this, u"mnuFile"};
-  Menu mnuFileOpen{mnuFile, u"mnuFileOpen"};
-  ControlArray<Menu> mnuFileRecent{mnuFile, u"mnuFileRecent"};
-  Menu mnuFileLine{mnuFile, u"mnuFileLine"};
-  Menu mnuFileMore{mnuFile, u"mnuFileMore"};
-  Menu mnuFileMoreDeep{mnuFileMore, u"mnuFileMoreDeep"};
-
- private:
-  void Design() override {
-    mnuFileLine.SetCaption(u"-");
-    mnuFileRecent(0).SetTag(u"design");
-    mnuFileMoreDeep.SetShortcut(u'D', Shift::Ctrl);
-  }
-};
-
-class MenuTest : public FormsTest {
+class MenuTest : public PlayTest {
  protected:
   MenuTest() {
-    moLog.Watch(moForm.mnuFile.Click, "File");
-    moLog.Watch(moForm.mnuFileOpen.Click, "Open");
-    moLog.Watch(moForm.mnuFileMore.Click, "More");
-    moLog.Watch(moForm.mnuFileMoreDeep.Click, "Deep");
-    moForm.Show();
+    for (Menu* po : {&mnuFile, &mnuOpen, &mnuMore, &mnuDeep}) log.Watch(po->Click, NameOf(*po));
+    form.Show();
+    mnuLine.SetCaption(u"-");
+    mnuRecent(0).SetTag(u"design");
+    mnuDeep.SetShortcut(u'D', Shift::Ctrl);
+    Can("pick", [this](auto& o) { return MenuOf(o).UserPick(); });
+    Can("drop", [this](auto& o) { return MenuOf(o).UserDrop(); });
+    Can("enable", [this](auto& o) { MenuOf(o).SetEnabled(o.Number(2) != 0); });
+    Can("reveal", [this](auto& o) { MenuOf(o).SetVisible(o.Number(2) != 0); });
   }
-  EventLog moLog;
-  FMenus moForm{moToolkit};
+  Menu& MenuOf(const Deed& o) {
+    for (Component* po : form.Components())
+      if (NameOf(*po) == o.Word(1)) return dynamic_cast<Menu&>(*po);
+    throw std::logic_error("There is no menu " + o.Word(1));
+  }
+  /// The entries of the first menu.
+  std::string Look() override {
+    std::string all;
+    for (const Menu* po : mnuFile.Items()) all += NameOf(*po) + " ";
+    return all;
+  }
+  Menu mnuFile{form, u"File"}, mnuOpen{mnuFile, u"Open"};
+  ControlArray<Menu> mnuRecent{mnuFile, u"Recent"};
+  Menu mnuLine{mnuFile, u"Line"}, mnuMore{mnuFile, u"More"}, mnuDeep{mnuMore, u"Deep"};
 };
 
-TEST_F(MenuTest, PickingDropsTheMenusAboveFirst) {
-  EXPECT_TRUE(moForm.mnuFileMoreDeep.UserPick());
-  EXPECT_EQ(moLog.Take(), "File More Deep");
-  EXPECT_FALSE(moForm.mnuFileLine.UserPick() || moForm.mnuFileMore.UserPick());
-  EXPECT_EQ(moLog.Take(), "");
+TEST_F(MenuTest, PickingDropsTheMenusAboveFirstAndReachesNothingUnderADisabledOrHiddenOne) {
+  form.On(mnuFile.Click, [&] { mnuOpen.SetEnabled(!mnuOpen.Enabled()); });
+  Play(R"(
+    an entry of a menu in a menu | pick Deep                             | | File More Deep
+    neither a line nor a menu    | pick Line; pick More                  | | no no
+    enabled as the menu drops    | pick Open                             | | File Open
+    disabled as it drops         | pick Open                             | | File no
+    under a disabled menu        | enable More 0; stroke D Ctrl          | | File no
+    under a hidden one           | enable More 1; reveal More 0; drop More; pick Deep | | no File no)");
 }
 
-TEST_F(MenuTest, RulesSetWhenTheMenuDropsHoldForTheSamePick) {
-  bool bEnabled = false;
-  moForm.On(moForm.mnuFile.Click, [&] { moForm.mnuFileOpen.SetEnabled(bEnabled); });
-  EXPECT_FALSE(moForm.mnuFileOpen.UserPick());
-  EXPECT_EQ(moLog.Take(), "File");
-  bEnabled = true;
-  EXPECT_TRUE(moForm.mnuFileOpen.UserPick());
-  EXPECT_EQ(moLog.Take(), "File Open");
-}
-
-TEST_F(MenuTest, NothingUnderADisabledOrHiddenMenuIsReached) {
-  moForm.mnuFileMore.SetEnabled(false);
-  EXPECT_FALSE(moForm.UserKey(u'D', Shift::Ctrl));
-  moForm.mnuFileMore.SetEnabled(true);
-  moForm.mnuFileMore.SetVisible(false);
-  EXPECT_FALSE(moForm.mnuFileMore.UserDrop() || moForm.mnuFileMoreDeep.Reachable());
-  EXPECT_EQ(moLog.Take(), "File");
-}
-
-TEST_F(MenuTest, ElementsMadeAtRunTimeStandTogetherByIndex) {
-  for (const int lIndex : {2, 1, 3}) {
-    Menu& oNew = moForm.mnuFileRecent.Load(lIndex);
-    EXPECT_FALSE(oNew.Visible());
-    EXPECT_EQ(oNew.Tag(), u"design");
-  }
-  std::string sOrder;
-  for (const Menu* po : moForm.mnuFile.Items()) {
-    sOrder +=
-        ToUtf8(po->Name()).substr(7) + (po->Index() < 0 ? "" : std::to_string(po->Index())) + " ";
-  }
-  EXPECT_EQ(sOrder, "Open Recent0 Recent1 Recent2 Recent3 Line More ");
-  moForm.Unload();
-  EXPECT_EQ(moForm.mnuFile.Items().size(), 4U);
-}
-
-TEST_F(MenuTest, AnElementMayBeUnloadedInItsOwnClick) {
-  Menu& oNew = moForm.mnuFileRecent.Load(1);
-  oNew.SetVisible(true);
-  moForm.On(oNew.Click, [&] {
-    moForm.mnuFileRecent.Unload(1);
-    moLog.Note("gone");
-  });
-  EXPECT_TRUE(oNew.UserPick());
-  EXPECT_EQ(moLog.Take(), "File gone");
-  EXPECT_EQ(moForm.mnuFile.Items().size(), 4U);
+TEST_F(MenuTest, ElementsMadeAtRunTimeStandTogetherByIndexAndMayEndInTheirOwnClick) {
+  for (const int index : {2, 1, 3}) EXPECT_EQ(mnuRecent.Load(index).Tag(), u"design");
+  form.On(mnuRecent(1).Click, [&] { mnuRecent.Unload(1); });
+  EXPECT_EQ(Look(), "Open Recent(0) Recent(1) Recent(2) Recent(3) Line More ");
+  Play(R"(
+    hidden at first    | pick Recent(1)                     |                                       | File no
+    ends in its click  | reveal Recent(1) 1; pick Recent(1) | Open Recent(0) Recent(2) Recent(3) Line More | File)");
+  form.Unload();
+  EXPECT_EQ(Look(), "Open Recent(0) Line More ");
 }
 
 }  // namespace

@@ -2,182 +2,124 @@
 #include "TextBox.h"
 
 #include "CodePane.h"
-#include "CommandButton.h"
-#include "Form.h"
-#include "FormsFixture.h"
+#include "Play.h"
 
 namespace {
 
 using namespace Forms;
 
-class FText : public Form {
- public:
-  explicit FText(Toolkit& oToolkit) : Form(oToolkit, u"FText") {}
-  TextBox txtLine{*this, u"txtLine"}, txtLines{*this, u"txtLines"};
-  CodePane cpnCode{*this, u"cpnCode"};
-  CommandButton cmdOK{*this, u"cmdOK"};
-
- private:
-  void Design() override {
-    txtLine.SetText(u"design");
-    txtLines.SetMultiLine(true);
-    cmdOK.SetDefault(true);
-  }
-};
-
-class TextBoxTest : public FormsTest {
+class TextBoxTest : public PlayTest {
  protected:
   TextBoxTest() {
-    moLog.Watch(moForm.txtLine.Change, "change");
-    moLog.Watch(moForm.cmdOK.Click, "OK");
-    moForm.Show();
+    log.Watch(box.Change, "change");
+    log.Watch(cmdOK.Click, "OK");
+    cmdOK.SetDefault(true);
+    form.Show();
+    Can("set", [this](auto& o) { box.SetText(o.Wide(1)); });
+    Can("at", [this](auto& o) {
+      box.SetSelStart(o.Number(1));
+      box.SetSelLength(o.Number(2));
+    });
+    Can("put", [this](auto& o) { box.SetSelText(o.Wide(1)); });
+    Can("most", [this](auto& o) { box.SetMaxLength(o.Number(1)); });
+    Can("lines", [this](auto&) { box.SetMultiLine(true); });
+    Can("lock", [this](auto&) { box.SetLocked(true); });
+    Can("copied", [this](auto& o) { moToolkit.Clipboard().SetText(Marked(o.Word(1))); });
+    Can("enters", [this](auto& o) { return box.UserType(Marked(o.Word(1))); });
+    Can("native",
+        [this](auto& o) { return box.UserText(Marked(o.Word(1)), o.Number(2), o.Number(3)); });
+    Can("cut", [this](auto&) { return box.UserCut(); });
   }
-  /// The text with bars around the selection.
-  std::string Shown() const {
-    Text s = moForm.txtLine.Text();
-    const auto lStart = static_cast<std::size_t>(moForm.txtLine.SelStart());
-    s.insert(lStart + static_cast<std::size_t>(moForm.txtLine.SelLength()), u"|");
-    return ToUtf8(s.insert(lStart, u"|"));
+  /// The text with a line end for each "/".
+  static Text Marked(const std::string& text) {
+    Text all;
+    for (const char c : text) all += c == '/' ? Text(u"\r\n") : Text(1, static_cast<char16_t>(c));
+    return all;
   }
-  EventLog moLog;
-  FText moForm{moToolkit};
+  /// The text with brackets around the selection, "/" for line ends.
+  std::string Look() override {
+    std::string all = ToUtf8(box.Text());
+    const auto start = static_cast<std::size_t>(box.SelStart());
+    all.insert(start + static_cast<std::size_t>(box.SelLength()), "]").insert(start, "[");
+    std::erase(all, '\r');
+    std::replace(all.begin(), all.end(), '\n', '/');
+    return all;
+  }
+  TextBox box{form, u"box"};
+  CodePane code{form, u"code"};
+  CommandButton cmdOK{form, u"cmdOK"};
 };
 
-TEST_F(TextBoxTest, ChangeComesOncePerChangeAndNotAtDesign) {
-  EXPECT_EQ(moLog.Take(), "");
-  moForm.txtLine.SetText(u"new");
-  moForm.txtLine.SetText(u"new");
-  EXPECT_EQ(moLog.Take(), "change");
-  moForm.txtLine.SetSelStart(99);
-  moForm.txtLine.SetSelText(u"!");
-  EXPECT_EQ(Shown(), "new!||");
-  moForm.txtLine.SetSelStart(-3);
-  moForm.txtLine.SetSelLength(99);
-  EXPECT_EQ(Shown(), "|new!|");
-  moForm.txtLine.SetSelText(u"new!");
-  EXPECT_EQ(moLog.Take(), "change");
+TEST_F(TextBoxTest, CodeRaisesOneChangePerChange) {
+  Play(R"(
+    a new text, twice      | set new; set new | []new  | change
+    behind the end         | at 99; put !     | new![] | change
+    from before the start, beyond the end | at -3 99 | [new!] |
+    put over itself        | put new!         | new![] |)");
 }
 
 TEST_F(TextBoxTest, UserEdits) {
-  struct Row {
-    const char* sName;
-    std::int32_t lStart, lLength;
-    std::function<void(TextBox&)> oAct;
-    const char* sShown;
-  };
-  const Row aoRow[] = {
-      {"typing replaces the selection", 1, 2, [](TextBox& o) { o.UserType(u"xy"); }, "axy||d"},
-      {"Back takes what is left", 2, 0, [](TextBox& o) { o.UserKey(Key::Back); }, "a||cd"},
-      {"Back at the start", 0, 0, [](TextBox& o) { o.UserKey(Key::Back); }, "||abcd"},
-      {"Delete at the end", 4, 0, [](TextBox& o) { o.UserKey(Key::Delete); }, "abcd||"},
-      {"Delete takes the selection", 1, 2, [](TextBox& o) { o.UserKey(Key::Delete); }, "a||d"},
-      {"a letter key types it", 4, 0, [](TextBox& o) { o.UserKey(u'Q', Shift::Shift); }, "abcdQ||"},
-      {"Ctrl+X and Ctrl+V", 0, 2,
-       [](TextBox& o) {
-         o.UserKey(u'X', Shift::Ctrl);
-         o.UserKey(Key::End);
-         o.UserKey(u'V', Shift::Ctrl);
-       },
-       "cdab||"},
-      {"a single line ends at a line end", 4, 0,
-       [](TextBox& o) {
-         o.Kit().Clipboard().SetText(u"1\r\n2");
-         o.UserKey(Key::Insert, Shift::Shift);
-         o.UserType(u"\r\n");
-       },
-       "abcd1||"},
-      {"Ctrl+A", 2, 0, [](TextBox& o) { o.UserKey(u'A', Shift::Ctrl); }, "|abcd|"},
-      {"no more than MaxLength", 1, 1,
-       [](TextBox& o) {
-         o.SetMaxLength(5);
-         o.Kit().Clipboard().SetText(u"12345");
-         o.UserPaste();
-         o.SetMaxLength(0);
-       },
-       "a12||cd"},
-      {"nor by the native control", 1, 1,
-       [this](TextBox& o) {
-         o.SetMaxLength(5);
-         o.UserText(u"aaa12cd", 5);
-         EXPECT_EQ(Shown(), "aaa||cd");
-         o.UserText(u"aaa\r\ncd", 5);  // a line end goes as a whole
-         EXPECT_EQ(Shown(), "aaa||cd");
-         o.SetMaxLength(2);
-         o.UserText(u"aacd", 2);  // code may set more: the user takes away
-         o.SetMaxLength(0);
-       },
-       "aa||cd"},
-      {"KeyPress changes and drops", 4, 0,
-       [](TextBox& o) {
-         auto oLink = o.KeyPress.Connect([](std::int32_t& n) { n = n == u'x' ? 0 : n + 1; });
-         o.UserType(u"axb");
-       },
-       "abcdbc||"},
-      {"a swallowed Ctrl+V pastes nothing", 0, 0,
-       [](TextBox& o) {
-         auto oLink = o.KeyPress.Connect([](std::int32_t& n) { n = n == 22 ? 0 : n; });
-         o.UserKey(u'V', Shift::Ctrl);
-       },
-       "||abcd"},
-      {"locked for the user", 0, 2,
-       [](TextBox& o) {
-         o.SetLocked(true);
-         o.UserType(u"x");
-         o.UserKey(Key::Delete);
-         EXPECT_FALSE(o.UserText(u"other", 0) || o.UserCut());
-         o.SetLocked(false);
-       },
-       "|ab|cd"},
-      {"the native control's edit", 0, 0, [](TextBox& o) { o.UserText(u"native", 9, 1); },
-       "native||"},
-  };
-  for (const Row& oRow : aoRow) {
-    SCOPED_TRACE(oRow.sName);
-    moForm.txtLine.SetText(u"abcd");
-    moForm.txtLine.SetSelStart(oRow.lStart);
-    moForm.txtLine.SetSelLength(oRow.lLength);
-    oRow.oAct(moForm.txtLine);
-    EXPECT_EQ(Shown(), oRow.sShown);
-  }
+  Play(R"(
+    typing replaces the selection    | set abcd; at 1 2; type box xy | axy[]d | change change change
+    Back takes what is left          | key box Back           | ax[]d  | change
+    Back at the start                | at 0; key box Back     | []axd  |
+    Delete at the end                | at 3; key box Delete   | axd[]  |
+    Delete takes the selection       | at 1 2; key box Delete | a[]    | change
+    a letter key types it            | key box Q Shift        | aQ[]   | change
+    Ctrl+X                           | at 0 1; key box X Ctrl | []Q    | change
+    Ctrl+V                           | key box End; key box V Ctrl        | Qa[]  | change
+    a single line ends at a line end | copied 1/2; key box Insert Shift; enters / | Qa1[] | change
+    Ctrl+A                           | key box A Ctrl         | [Qa1]  |
+    no more than MaxLength           | set abcd; at 1 1; most 5; copied 12345; key box V Ctrl | a12[]cd | change change
+    nor by the native control        | native aaa12cd 5       | aaa[]cd | change
+    a line end goes as a whole       | native aaa/cd 5        |         |
+    and not by halves                | most 6; native aaa/cd 5 |        |
+    code may set more: the user takes away | most 2; native aacd 2 | aa[]cd | change
+    the native control's edit        | most 0; native native 9 1          | native[] | change
+    locked for the user              | set abcd; at 0 2; lock; type box x; key box Delete; native other 0; cut | [ab]cd | change no no)");
+}
+
+TEST_F(TextBoxTest, AHandlerChangesAndDropsWhatIsTyped) {
+  auto link = box.KeyPress.Connect([](std::int32_t& n) { n = n == u'x' || n == 22 ? 0 : n + 1; });
+  Play(R"(
+    characters         | type box axb             | bc[]    | change change
+    a pasting key      | copied 1; key box V Ctrl |         |)");
 }
 
 TEST_F(TextBoxTest, ReturnInAMultiLineBoxIsALineEnd) {
-  moForm.txtLines.UserType(u"a\r\nb");
-  moForm.txtLines.UserKey(Key::Return);
-  EXPECT_EQ(moForm.txtLines.Text(), u"a\r\nb\r\n");
-  moForm.txtLine.UserKey(Key::Return);
-  EXPECT_EQ(moLog.Take(), "OK");
+  Play(R"(
+    a single line: the default button | key box Return                    | []      | OK
+    many                              | lines; enters a/b; key box Return | a/b/[]  | change change change change)");
+  EXPECT_EQ(box.Text(), u"a\r\nb\r\n");
 }
 
 TEST_F(TextBoxTest, AHandlerThatUnloadsTheFormEndsTheKeyThere) {
-  auto oLink = moForm.txtLine.KeyPress.Connect([&](std::int32_t&) { moForm.Unload(); });
-  moForm.txtLine.UserKey(u'X');
-  EXPECT_FALSE(moForm.Loaded());
+  auto link = box.KeyPress.Connect([&](std::int32_t&) { form.Unload(); });
+  box.UserKey(u'X');
+  EXPECT_FALSE(form.Loaded());
 }
 
 TEST_F(TextBoxTest, CodePaneKnowsLinesMarksAndNumbers) {
-  auto& oPane = moForm.cpnCode;
-  oPane.SetText(u"one\r\n\ntwo\rthree\r\n");
-  EXPECT_EQ(oPane.LineCount(), 4);
-  EXPECT_EQ(oPane.Line(2) + oPane.Line(4), u"three");
-  oPane.SetMark(3, LineMark::Added);
-  oPane.SetLineNumber(3, u"+");
-  EXPECT_EQ(oPane.LineNumber(3) + oPane.LineNumber(4), u"+4");
-  oPane.SetTopLine(99);
-  EXPECT_EQ(oPane.TopLine(), 4);
-  EXPECT_FALSE(oPane.UserCopy() || oPane.UserSelectLines(3, 5));
-  EXPECT_TRUE(oPane.UserSelectLines(3, 4) && oPane.UserKey(u'C', Shift::Ctrl));
+  code.SetText(u"one\r\n\ntwo\rthree\r\n");
+  EXPECT_EQ(code.LineCount(), 4);
+  EXPECT_EQ(code.Line(2) + code.Line(4), u"three");
+  code.SetLineNumber(3, u"+");
+  EXPECT_EQ(code.LineNumber(3) + code.LineNumber(4), u"+4");
+  code.SetTopLine(99);
+  EXPECT_EQ(code.TopLine(), 4);
+  EXPECT_FALSE(code.UserCopy() || code.UserSelectLines(3, 5));
+  EXPECT_TRUE(code.UserSelectLines(3, 4) && code.UserKey(u'C', Shift::Ctrl));
   EXPECT_EQ(moToolkit.Clipboard().GetText(), u"two\r\nthree");
-  EXPECT_EQ(FailureOf([&] { oPane.SetMark(5, LineMark::None); }), 5);
-  oPane.SetLines({{LineMark::None, u"", u"x"}, {LineMark::Removed, u"-", u"y\r\n"}});
-  EXPECT_EQ(oPane.Text(), u"x\r\ny\u240D\u240A");
-  EXPECT_EQ(oPane.LineNumber(1) + oPane.LineNumber(2) + oPane.Line(2), u"-y\u240D\u240A");
-  EXPECT_EQ(oPane.Mark(2), LineMark::Removed);
-  EXPECT_EQ(oPane.SelEndLine(), 0);
-  oPane.SetText(u"");
-  EXPECT_EQ(oPane.LineCount() + oPane.SelEndLine(), 0);
-  EXPECT_EQ(oPane.TopLine(), 1);
-  EXPECT_EQ(FailureOf([&] { oPane.Mark(1); }), 5);
+  EXPECT_EQ(FailureOf([&] { code.SetMark(5, LineMark::None); }), 5);
+  code.SetLines({{LineMark::None, u"", u"x"}, {LineMark::Removed, u"-", u"y\r\n"}});
+  EXPECT_EQ(code.Text(), u"x\r\ny\u240D\u240A");
+  EXPECT_EQ(code.LineNumber(1) + code.LineNumber(2) + code.Line(2), u"-y\u240D\u240A");
+  EXPECT_EQ(code.Mark(2), LineMark::Removed);
+  EXPECT_EQ(code.SelEndLine(), 0);
+  code.SetText(u"");
+  EXPECT_EQ(code.LineCount() + code.SelEndLine(), 0);
+  EXPECT_EQ(code.TopLine(), 1);
+  EXPECT_EQ(FailureOf([&] { code.Mark(1); }), 5);
 }
 
 }  // namespace

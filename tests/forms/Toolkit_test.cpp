@@ -7,65 +7,57 @@ namespace {
 
 using namespace Forms;
 
-class FTimers : public Form {
- public:
-  explicit FTimers(Toolkit& oToolkit) : Form(oToolkit, u"FTimers") {}
-  Timer tmrFast{*this, u"tmrFast"}, tmrSlow{*this, u"tmrSlow"}, tmrOff{*this, u"tmrOff"};
-
- private:
+struct FTimers : Form {
+  explicit FTimers(Toolkit& toolkit) : Form(toolkit, u"FTimers") {}
   void Design() override {
     tmrFast.SetInterval(40);
     tmrSlow.SetInterval(100);
     tmrOff.SetInterval(10);
     tmrOff.SetEnabled(false);
   }
+  Timer tmrFast{*this, u"tmrFast"}, tmrSlow{*this, u"tmrSlow"}, tmrOff{*this, u"tmrOff"};
 };
 
-class ToolkitTest : public FormsTest {
- protected:
+struct ToolkitTest : FormsTest {
   FTimers moForm{moToolkit};
 };
 
 TEST_F(ToolkitTest, TimersFireInTheOrderOfTheirTime) {
-  EventLog oLog;
-  oLog.Watch(moForm.tmrFast.Tick, "fast");
-  oLog.Watch(moForm.tmrSlow.Tick, "slow");
-  oLog.Watch(moForm.tmrOff.Tick, "off");
-  moRenderer.Advance(1000);  // the form isn't loaded
+  EventLog log;
+  log.Watch(moForm.tmrFast.Tick, "fast");
+  log.Watch(moForm.tmrSlow.Tick, "slow");
+  log.Watch(moForm.tmrOff.Tick, "off");
+  const auto Heard = [&](std::int32_t wait) { return moRenderer.Advance(wait), log.Take(); };
+  EXPECT_EQ(Heard(1000), "") << "the form isn't loaded";
   moForm.Load();
-  moRenderer.Advance(119);
-  EXPECT_EQ(oLog.Take(), "fast fast slow");
-  moRenderer.Advance(1);
-  EXPECT_EQ(oLog.Take(), "fast");
+  EXPECT_EQ(Heard(119), "fast fast slow");
+  EXPECT_EQ(Heard(1), "fast");
   EXPECT_FALSE(moForm.tmrOff.Fire());
-  auto oLink = moForm.tmrSlow.Tick.Connect([&] {
+  auto link = moForm.tmrSlow.Tick.Connect([&] {
     moForm.tmrSlow.SetEnabled(false);
     moForm.tmrOff.SetEnabled(true);
   });
   moForm.tmrFast.SetInterval(0);
-  moRenderer.Advance(100);
-  EXPECT_EQ(oLog.Take(), "slow off off");
+  EXPECT_EQ(Heard(100), "slow off off");
   moForm.Unload();
-  moRenderer.Advance(100);
   EXPECT_FALSE(moForm.tmrFast.Fire());
-  EXPECT_EQ(oLog.Take(), "");
+  EXPECT_EQ(Heard(100), "");
 }
 
 TEST_F(ToolkitTest, QuestionsWithoutAFittingAnswerAreFaults) {
-  Script oScript;
-  MsgBoxRequest oBox;
-  oBox.sPrompt = u"Discard?";
-  oBox.eButtons = MsgBoxButtons::OkCancel;
-  EXPECT_THROW(oScript.RunMsgBox(oBox), ScriptFault);
-  oScript.MsgBox(MsgBoxResult::Yes);
-  EXPECT_THROW(oScript.RunMsgBox(oBox), ScriptFault);
-  oScript.MsgBox(MsgBoxResult::Ok);
-  EXPECT_EQ(oScript.RunMsgBox(oBox), MsgBoxResult::Ok);
-  EXPECT_THROW(oScript.RunModal(moForm), ScriptFault);
-  oScript.Modal<FTimers>([](FTimers& o) { o.SetVisible(true); });
-  EXPECT_THROW(oScript.RunModal(moForm), ScriptFault);
-  EXPECT_EQ(oScript.Faults().size(), 4U);
-  EXPECT_EQ(oScript.Boxes().size(), 3U);
+  Script script;
+  MsgBoxRequest box;
+  box.eButtons = MsgBoxButtons::OkCancel;
+  EXPECT_THROW(script.RunMsgBox(box), ScriptFault);
+  script.MsgBox(MsgBoxResult::Yes);
+  EXPECT_THROW(script.RunMsgBox(box), ScriptFault);
+  script.MsgBox(MsgBoxResult::Ok);
+  EXPECT_EQ(script.RunMsgBox(box), MsgBoxResult::Ok);
+  EXPECT_THROW(script.RunModal(moForm), ScriptFault);
+  script.Modal<FTimers>([](FTimers& o) { o.SetVisible(true); });
+  EXPECT_THROW(script.RunModal(moForm), ScriptFault);
+  EXPECT_EQ(script.Faults().size(), 4U);
+  EXPECT_EQ(script.Boxes().size(), 3U);
 }
 
 TEST_F(ToolkitTest, AModalFormThatIsNotAnsweredCloses) {
@@ -89,13 +81,14 @@ TEST_F(ToolkitTest, BoxesTakeTitleAndOwnerFromTheProgram) {
 }
 
 TEST_F(ToolkitTest, ADialogThatIsCancelledChangesNothing) {
-  FontDialog oDialog;
-  User().ChooseFont([](FontDialog& o) { return o.oFont.dSize = 20, DialogAnswer{false, 0}; });
-  EXPECT_FALSE(moToolkit.ChooseFont(oDialog).bConfirmed);
-  EXPECT_EQ(oDialog.oFont.dSize, 8.25);
-  User().ChooseFont([](FontDialog& o) { return o.oFont.dSize = 20, DialogAnswer{true, 0}; });
-  EXPECT_TRUE(moToolkit.ChooseFont(oDialog).bConfirmed);
-  EXPECT_EQ(oDialog.oFont.dSize, 20);
+  FontDialog dialog;
+  for (const bool confirmed : {false, true}) {
+    User().ChooseFont([&](FontDialog& o) {
+      return o.oFont.dSize = 20, DialogAnswer{confirmed, 0};
+    });
+    EXPECT_EQ(moToolkit.ChooseFont(dialog).bConfirmed, confirmed);
+    EXPECT_EQ(dialog.oFont.dSize, confirmed ? 20 : 8.25);
+  }
 }
 
 TEST_F(ToolkitTest, DrawingIsLockedForOneAtATime) {
@@ -111,8 +104,7 @@ TEST_F(ToolkitTest, TextsPicturesPointerClipboard) {
   EXPECT_EQ(moToolkit.LoadResString(201), u"tip");
   EXPECT_EQ(FailureOf([&] { moToolkit.LoadResString(202); }), 326);
   EXPECT_EQ(moToolkit.Picture(u"Star", 16), "");
-  moToolkit.SetPictures(
-      [](TextView sKey, std::int32_t l) { return ToUtf8(sKey) + std::to_string(l); });
+  moToolkit.SetPictures([](TextView s, std::int32_t l) { return ToUtf8(s) + std::to_string(l); });
   EXPECT_EQ(moToolkit.Picture(u"Star", 16), "Star16");
   moToolkit.Screen().SetMousePointer(Pointer::Hourglass);
   EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Hourglass);
@@ -122,12 +114,12 @@ TEST_F(ToolkitTest, TextsPicturesPointerClipboard) {
 }
 
 TEST_F(ToolkitTest, MeasuresOfTheScreenThatIsNotThere) {
-  FontSpec oFont;
-  EXPECT_EQ(moRenderer.TextWidth(oFont, u"abc"), 270);
-  EXPECT_EQ(moRenderer.TextHeight(oFont), 195);
-  oFont.bBold = true;
-  oFont.dSize = 12;
-  EXPECT_EQ(moRenderer.TextWidth(oFont, u"abc"), 450);
+  FontSpec font;
+  EXPECT_EQ(moRenderer.TextWidth(font, u"abc"), 270);
+  EXPECT_EQ(moRenderer.TextHeight(font), 195);
+  font.bBold = true;
+  font.dSize = 12;
+  EXPECT_EQ(moRenderer.TextWidth(font, u"abc"), 450);
   EXPECT_EQ(moForm.TextHeight(u"two\r\nlines"), 390);
   moForm.Load();
   EXPECT_EQ(moForm.ScaleWidth(), 4680);
