@@ -1,24 +1,16 @@
 // A form with every kind of control, and a log of what it hears.
 #pragma once
 
-#include "CheckBox.h"
 #include "CodePane.h"
 #include "ComboBox.h"
-#include "CommandButton.h"
 #include "ControlArray.h"
-#include "Form.h"
-#include "FormsFixture.h"
-#include "Frame.h"
-#include "Label.h"
 #include "Line.h"
 #include "ListBox.h"
 #include "ListView.h"
 #include "Menu.h"
-#include "OptionButton.h"
 #include "PictureBox.h"
+#include "Play.h"
 #include "StatusBar.h"
-#include "TabStrip.h"
-#include "TextBox.h"
 #include "Timer.h"
 #include "TreeView.h"
 #include "UserControl.h"
@@ -26,7 +18,7 @@
 /// A control of several parts: an entry with a button that drops a list over what is below.
 class Chooser : public Forms::UserControl {
  public:
-  Chooser(Forms::ControlContainer& oContainer, TextView sName);
+  Chooser(Forms::ControlContainer& container, TextView name);
 
   Forms::TextBox txtEntry{*this, u"txtEntry"};
   Forms::CommandButton cmdDrop{*this, u"cmdDrop"};
@@ -38,9 +30,7 @@ class Chooser : public Forms::UserControl {
 
 class FEverything : public Forms::Form {
  public:
-  explicit FEverything(Forms::Toolkit& oToolkit);
-
-  EventLog oLog;
+  FEverything(Forms::Toolkit& toolkit, EventLog& log);
 
   Forms::Menu mnuFile{*this, u"mnuFile"};
   Forms::Menu mnuOpen{mnuFile, u"mnuOpen"}, mnuProof{mnuFile, u"mnuProof"};
@@ -70,7 +60,7 @@ class FEverything : public Forms::Form {
 
  private:
   void Design() override;
-  void DesignTop();
+  void DesignMenus();
+  void DesignDetails();
   void DesignLists();
-  void DesignBottom();
 };

@@ -12,66 +12,72 @@
 
 using namespace Forms;
 
-class NativeDialogsTest : public WxTest {
- protected:
-  /// The notebook beside the page of the help.
-  static wxNotebook* FindNotebook(wxWindow& oWindow) {
-    if (auto* po = dynamic_cast<wxNotebook*>(&oWindow)) return po;
-    for (wxWindow* po : oWindow.GetChildren())
-      if (auto* poFound = FindNotebook(*po)) return poFound;
-    return nullptr;
-  }
-};
+namespace {
+
+/// The notebook beside the page of the help.
+wxNotebook* FindNotebook(wxWindow& window) {
+  if (auto* po = dynamic_cast<wxNotebook*>(&window)) return po;
+  for (wxWindow* po : window.GetChildren())
+    if (auto* found = FindNotebook(*po)) return found;
+  return nullptr;
+}
+
+/// The page that the help's notebook shows; empty without a help.
+wxString HelpPageShown() {
+  for (wxWindow* po : wxTopLevelWindows)
+    if (auto* help = dynamic_cast<wxHtmlHelpFrame*>(po)) {
+      const wxNotebook& pages = *FindNotebook(*help);
+      return pages.GetPageText(static_cast<std::size_t>(pages.GetSelection()));
+    }
+  return {};
+}
+
+}  // namespace
+
+using NativeDialogsTest = WxTest;
 
 TEST_F(NativeDialogsTest, BoxesAnswerByTheirButtons) {
-  struct Row {
-    const char* psName;
-    MsgBoxButtons eButtons;
-    std::int32_t lDefault;
-    int nKey, nModifiers;
-    MsgBoxResult eAnswer;
-  };
+  // Buttons, the one by default, the key, the answer: numbers as in the enumerations.
   using enum MsgBoxResult;
-  const Row oRows[] = {
-      {"OK", MsgBoxButtons::OkOnly, 1, WXK_RETURN, 0, Ok},
-      {"OK by default", MsgBoxButtons::OkCancel, 1, WXK_RETURN, 0, Ok},
-      {"Cancel by default", MsgBoxButtons::OkCancel, 2, WXK_RETURN, 0, Cancel},
-      {"Escape cancels", MsgBoxButtons::OkCancel, 1, WXK_ESCAPE, 0, Cancel},
-      {"No by default", MsgBoxButtons::YesNo, 2, WXK_RETURN, 0, No},
-      {"Yes", MsgBoxButtons::YesNoCancel, 3, 'Y', wxMOD_ALT, Yes},
-      {"Escape in three", MsgBoxButtons::YesNoCancel, 1, WXK_ESCAPE, 0, Cancel},
-      {"Retry", MsgBoxButtons::AbortRetryIgnore, 1, 'R', wxMOD_ALT, Retry},
-      {"Ignore", MsgBoxButtons::AbortRetryIgnore, 1, 'I', wxMOD_ALT, Ignore},
-      {"closing never ignores", MsgBoxButtons::AbortRetryIgnore, 2, WXK_ESCAPE, 0, Abort},
-      {"Retry of two", MsgBoxButtons::RetryCancel, 1, WXK_RETURN, 0, Retry},
-  };
-  for (const Row& o : oRows) {
-    SCOPED_TRACE(o.psName);
-    MsgBoxRequest oRequest;
-    oRequest.sPrompt = u"Discard & go on?\r\nSecond line";
-    oRequest.eButtons = o.eButtons;
-    oRequest.eIcon = MsgBoxIcon::Question;
-    oRequest.lDefaultButton = o.lDefault;
-    moRobot.KeyIntoBox(o.nKey, o.nModifiers);
-    EXPECT_EQ(poToolkit->MsgBox(oRequest), o.eAnswer);
+  const std::map<std::string, MsgBoxResult> Answers{
+      {"OK", Ok},         {"Cancel", Cancel}, {"Abort", Abort}, {"Retry", Retry},
+      {"Ignore", Ignore}, {"Yes", Yes},       {"No", No}};
+  for (const auto& row : Rows(R"(
+         OK                    | 0 | 1 | Return | OK
+         OK by default         | 1 | 1 | Return | OK
+         Cancel by default     | 1 | 2 | Return | Cancel
+         Escape cancels        | 1 | 1 | Escape | Cancel
+         No by default         | 4 | 2 | Return | No
+         Yes                   | 3 | 3 | Y      | Yes
+         Escape in three       | 3 | 1 | Escape | Cancel
+         Retry                 | 2 | 1 | R      | Retry
+         Ignore                | 2 | 1 | I      | Ignore
+         closing never ignores | 2 | 2 | Escape | Abort
+         Retry of two          | 5 | 1 | Return | Retry)")) {
+    SCOPED_TRACE(row[0]);
+    MsgBoxRequest request;
+    request.sPrompt = u"Discard & go on?\r\nSecond line";
+    request.eButtons = static_cast<MsgBoxButtons>(std::stoi(row[1]));
+    request.eIcon = MsgBoxIcon::Question;
+    request.lDefaultButton = std::stoi(row[2]);
+    moRobot.KeyIntoBox(Deed(row[3]).Number(0), row[3].size() == 1 ? wxMOD_ALT : wxMOD_NONE);
+    EXPECT_EQ(poToolkit->MsgBox(request), Answers.at(row[4]));
   }
-  moRobot.Click(moForm.cmdApply);
-  EXPECT_EQ(Take(), "Apply");
+  Play("the form goes on | cmdApply | cmdApply | cmdApply");
 }
 
 TEST_F(NativeDialogsTest, ACancelledDialogLeavesItsFields) {
-  FileDialog oFile;
-  oFile.aoFilter = {{u"Template Files (*.dat)", u"*.dat"}};
-  oFile.sFileName = u"Template.dat";
+  FileDialog file;
+  file.aoFilter = {{u"Template Files (*.dat)", u"*.dat"}};
+  file.sFileName = u"Template.dat";
   moRobot.KeyIntoBox(WXK_ESCAPE);
-  EXPECT_FALSE(poToolkit->ChooseFile(oFile).bConfirmed);
-  EXPECT_TRUE(oFile.asPath.empty());
-  FontDialog oFont;
+  EXPECT_FALSE(poToolkit->ChooseFile(file).bConfirmed);
+  EXPECT_TRUE(file.asPath.empty());
+  FontDialog font;
   moRobot.KeyIntoBox(WXK_ESCAPE);
-  const DialogAnswer oAnswer = poToolkit->ChooseFont(oFont);
-  EXPECT_FALSE(oAnswer.bConfirmed);
-  EXPECT_EQ(oAnswer.lError, 0);
-  EXPECT_EQ(oFont.oFont, FontSpec());
+  const DialogAnswer answer = poToolkit->ChooseFont(font);
+  EXPECT_FALSE(answer.bConfirmed || answer.lError != 0);
+  EXPECT_EQ(font.oFont, FontSpec());
 }
 
 TEST_F(NativeDialogsTest, ThePageSetUpOffersPaperMarginsAndPrinters) {
@@ -82,95 +88,81 @@ TEST_F(NativeDialogsTest, ThePageSetUpOffersPaperMarginsAndPrinters) {
   o.asDevice = {u"Hall & stairs", u"PDF file"};
   o.lPaperSize = 9;
   o.sDeviceName = u"Hall & stairs";
-  const auto Answer = [&](int nButton, const std::vector<std::pair<int, int>>& aoKey) {
-    moRobot.WhenDialog([&](wxDialog& oDialog) {
-      for (const auto& [nKey, nModifiers] : aoKey) moRobot.Key(nKey, nModifiers);
-      moRobot.Click(*oDialog.FindWindow(nButton));
-      if (!oDialog.IsModal()) return;
+  Can("ends", [&](auto& deed) {
+    moRobot.WhenDialog([&](wxDialog& dialog) {
+      for (std::size_t i = 2; i < deed.words.size(); ++i)
+        DoOne(deed.words[i] == "Up" || deed.words[i] == "Down" ? "key " + deed.words[i]
+                                                               : "key " + deed.words[i] + " Alt");
+      moRobot.Click(*dialog.FindWindow(deed.Word(1) == "OK" ? wxID_OK : wxID_CANCEL));
+      if (!dialog.IsModal()) return;
       ADD_FAILURE() << "still open";
-      oDialog.EndModal(wxID_CANCEL);
+      dialog.EndModal(wxID_CANCEL);
     });
     return poToolkit->ChoosePage(o).bConfirmed;
-  };
-  const auto Shown = [&] {
+  });
+  look = [&] {
     std::string s;
     for (const std::int32_t l :
          {o.lLeft, o.lTop, o.lRight, o.lBottom, o.lPaperSize, o.lOrientation})
       s += std::to_string(l) + ' ';
     return s + ToUtf8(o.sDeviceName);
   };
-  EXPECT_TRUE(Answer(wxID_OK, {}));
-  EXPECT_EQ(Shown(), "1234 777 1 -5 9 1 Hall & stairs");
-  const std::vector<std::pair<int, int>> aoEdits = {
-      {'S', wxMOD_ALT}, {WXK_DOWN, 0},    {'N', wxMOD_ALT}, {WXK_DOWN, 0},
-      {'A', wxMOD_ALT}, {'T', wxMOD_ALT}, {WXK_UP, 0}};
-  EXPECT_FALSE(Answer(wxID_CANCEL, aoEdits));
-  EXPECT_EQ(Shown(), "1234 777 1 -5 9 1 Hall & stairs");
-  EXPECT_TRUE(Answer(wxID_OK, aoEdits));
-  EXPECT_EQ(Shown(), "1234 877 1 -5 11 2 PDF file");
+  Play(R"(
+    as it was | ends OK                           | 1234 777 1 -5 9 1 Hall & stairs |
+    cancelled | ends Cancel S Down N Down A T Up  |                                 | no
+    changed   | ends OK S Down N Down A T Up      | 1234 877 1 -5 11 2 PDF file     |)");
   o.bDisableMargins = o.bDisableOrientation = o.bDisablePaper = o.bDisablePrinter = true;
   o.eUnit = MarginUnit::HundredthsOfMillimeter;
   o.lPaperSize = 0;  // none of those offered
-  EXPECT_TRUE(Answer(wxID_OK, {{'S', wxMOD_ALT}, {WXK_UP, 0}, {'N', wxMOD_ALT}, {WXK_UP, 0}}));
-  EXPECT_EQ(Shown(), "1234 877 1 -5 0 2 PDF file");
+  Play("disabled | ends OK S Up N Up | 1234 877 1 -5 0 2 PDF file |");
 }
 
 TEST_F(NativeDialogsTest, AnErrorThatNobodyMetIsShownAndTheFormGoesOn) {
   {
-    const auto oLink = moForm.cmdApply.Click.Connect([] { throw Failure(5); });
+    const auto link = moForm.cmdApply.Click.Connect([] { throw Failure(5); });
     moRobot.KeyIntoBox(WXK_RETURN);
     moRobot.Click(moForm.cmdApply);
   }
   {
-    const auto oLink = moForm.Resize.Connect([] { throw Failure(5); });
+    const auto link = moForm.Resize.Connect([] { throw Failure(5); });
     moRobot.KeyIntoBox(WXK_RETURN);
     moRobot.FrameOf(moForm).SetSize(700, 500);
     moRobot.Settle();
     moForm.mnuFile.SetVisible(false);  // the room inside changes while the window is brought up
     EXPECT_EQ(FailureOf([&] { poToolkit->DoEvents(); }), 5);
   }
-  Take();
-  moRobot.Click(moForm.chkLocked);
-  EXPECT_EQ(Take(), "Locked");
+  log.Take();
+  Play("the form goes on | chkLocked | chkLocked | chkLocked");
 }
 
 TEST_F(NativeDialogsTest, TheHelpOpensABookAndRefusesWhatIsNone) {
-  const wxString sBook = wxFileName::CreateTempFileName("help") + ".htb";
+  const wxString book = wxFileName::CreateTempFileName("help") + ".htb";
   {
-    wxFileOutputStream oFile(sBook);
-    wxZipOutputStream oZip(oFile);
-    const auto Put = [&](const char* psName, const std::string& sText) {
-      oZip.PutNextEntry(psName);
-      oZip.Write(sText.data(), sText.size());
-    };
-    Put("book.hhp", "[OPTIONS]\nContents file=book.hhc\nTitle=Book\nDefault topic=a.html\n");
-    Put("book.hhc",
-        "<ul><li><object type=\"text/sitemap\"><param name=\"Name\" value=\"A\"><param "
-        "name=\"ID\" value=7><param name=\"Local\" value=\"a.html\"></object></ul>");
-    Put("a.html", "<html><body>Page</body></html>");
+    wxFileOutputStream file(book);
+    wxZipOutputStream zip(file);
+    for (const auto& [name, text] : std::map<std::string, std::string>{
+             {"book.hhp", "[OPTIONS]\nContents file=book.hhc\nTitle=Book\nDefault topic=a.html\n"},
+             {"book.hhc",
+              "<ul><li><object type=\"text/sitemap\"><param name=\"Name\" value=\"A\"><param "
+              "name=\"ID\" value=7><param name=\"Local\" value=\"a.html\"></object></ul>"},
+             {"a.html", "<html><body>Page</body></html>"}}) {
+      zip.PutNextEntry(name);
+      zip.Write(text.data(), text.size());
+    }
   }
-  IRenderer& oRenderer = poToolkit->Renderer();
-  const Text sFile = FromUtf8(sBook.utf8_string());
-  EXPECT_FALSE(oRenderer.ShowHelp(u"/nowhere/Book.chm", HelpCommand::Contents, 0, nullptr));
-  EXPECT_TRUE(oRenderer.ShowHelp(sFile, HelpCommand::Contents, 7, &moForm));
-  moRobot.Settle();
-  const auto PageShown = [] {
-    for (wxWindow* po : wxTopLevelWindows)
-      if (auto* poHelp = dynamic_cast<wxHtmlHelpFrame*>(po)) {
-        const wxNotebook& oPages = *FindNotebook(*poHelp);
-        return oPages.GetPageText(static_cast<std::size_t>(oPages.GetSelection()));
-      }
-    return wxString();
+  const Text file = FromUtf8(book.utf8_string());
+  const auto PageOf = [&](const Text& sFile, HelpCommand command, std::int32_t context) {
+    const bool shown = poToolkit->Renderer().ShowHelp(sFile, command, context, &moForm);
+    moRobot.Settle();
+    return shown ? HelpPageShown() : wxString("refused");
   };
-  EXPECT_EQ(PageShown(), "Contents");
-  EXPECT_TRUE(oRenderer.ShowHelp(sFile, HelpCommand::Search, 0, &moForm));
-  EXPECT_EQ(PageShown(), "Search");
-  EXPECT_TRUE(oRenderer.ShowHelp(sFile, HelpCommand::Index, 0, &moForm));
-  EXPECT_EQ(PageShown(), "Index");
+  EXPECT_EQ(PageOf(u"/nowhere/Book.chm", HelpCommand::Contents, 0), "refused");
+  EXPECT_EQ(PageOf(file, HelpCommand::Contents, 7), "Contents");
+  EXPECT_EQ(PageOf(file, HelpCommand::Search, 0), "Search");
+  EXPECT_EQ(PageOf(file, HelpCommand::Index, 0), "Index");
   // Under the name that the program knows, with the ending of another platform.
-  const Text sOther = sFile.substr(0, sFile.size() - 3) + u"chm";
-  EXPECT_TRUE(oRenderer.ShowHelp(sOther, HelpCommand::Contents, 0, nullptr));
-  wxRemoveFile(sBook);
+  EXPECT_EQ(PageOf(file.substr(0, file.size() - 3) + u"chm", HelpCommand::Contents, 0), "Contents");
+  wxRemoveFile(book);
 }
 
 TEST_F(NativeDialogsTest, AFormMayEndWhileItsDrawingIsLocked) {
@@ -180,5 +172,5 @@ TEST_F(NativeDialogsTest, AFormMayEndWhileItsDrawingIsLocked) {
   EXPECT_TRUE(poToolkit->LockWindowUpdate(nullptr));
   moForm.Show();
   moRobot.Click(moForm.cmdApply);
-  EXPECT_NE(Take().find("Apply"), std::string::npos);
+  EXPECT_NE(log.Take().find("cmdApply"), std::string::npos);
 }

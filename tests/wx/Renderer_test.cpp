@@ -26,156 +26,129 @@ int RowHeightOf(Control& oControl) {
   return NativeOf<RowsPane>(oControl).RowHeight();
 }
 
-class FQuestion : public Form {
- public:
-  explicit FQuestion(Toolkit& oToolkit) : Form(oToolkit, u"FQuestion") {
+struct FQuestion : Form {
+  explicit FQuestion(Toolkit& toolkit) : Form(toolkit, u"FQuestion") {
     On(cmdYes.Click, [this] { Hide(); });
     On(cmdMore.Click, [this] {
-      FQuestion oInner(Kit());
-      oInner.Show(ShowMode::Modal);
-      ++nInner;
+      FQuestion inside(Kit());
+      inside.Show(ShowMode::Modal);
+      ++answers;
     });
   }
-  CommandButton cmdYes{*this, u"cmdYes"}, cmdMore{*this, u"cmdMore"};
-  int nInner = 0;
-
- private:
   void Design() override {
     Move(1500, 1500, 3600, 1800);
     SetBorderStyle(FormBorder::FixedDialog);
     cmdYes.SetCaption(u"&Yes");
     cmdYes.Move(120, 120, 1215, 375);
-    cmdMore.SetCaption(u"&More");
     cmdMore.Move(1440, 120, 1215, 375);
   }
+  CommandButton cmdYes{*this, u"cmdYes"}, cmdMore{*this, u"cmdMore"};
+  int answers = 0;
 };
 
 /// The pixels at the right end of a pane's only line.
-std::string EndOfLine(CodePane& oCode, TextView sLine) {
-  oCode.SetText(sLine);
-  oCode.Kit().Renderer().DoEvents();
-  auto& oPeer = dynamic_cast<CodePanePeer&>(*oCode.Peer());
-  constexpr int nWidth = 200;
-  const int nHeight = RowHeightOf(oCode), nRow = std::max(nWidth, oPeer.RowsWidth());
-  wxBitmap oBitmap(nWidth, nHeight, 24);
-  wxMemoryDC oDC(oBitmap);
-  oDC.SetFont(NativeOf<RowsPane>(oCode).GetFont());
-  oDC.SetBackground(*wxWHITE_BRUSH);
-  oDC.Clear();
-  oPeer.DrawRow(oDC, 0, {nWidth - nRow, 0, nRow, nHeight});
-  oDC.SelectObject(wxNullBitmap);
-  const wxImage oImage = oBitmap.ConvertToImage();
-  return {reinterpret_cast<const char*>(oImage.GetData()), std::size_t{3} * nWidth * nHeight};
+wxImage EndOfLine(CodePane& code, TextView line) {
+  code.SetText(line);
+  code.Kit().Renderer().DoEvents();
+  auto& peer = dynamic_cast<CodePanePeer&>(*code.Peer());
+  const int width = 200, height = RowHeightOf(code), row = std::max(width, peer.RowsWidth());
+  wxBitmap bitmap(width, height, 24);
+  wxMemoryDC dc(bitmap);
+  dc.SetFont(NativeOf<RowsPane>(code).GetFont());
+  dc.SetBackground(*wxWHITE_BRUSH);
+  dc.Clear();
+  peer.DrawRow(dc, 0, {width - row, 0, row, height});
+  dc.SelectObject(wxNullBitmap);
+  return bitmap.ConvertToImage();
 }
 
 }  // namespace
 
 TEST_F(WxTest, CodeIsDrawnToTheEndOfItsLines) {
-  struct Row {
-    const char* psName;
-    Text sLine, sLooksLike;
+  const auto Alike = [this](TextView line, TextView other) {
+    const wxImage one = EndOfLine(moForm.codText, line), two = EndOfLine(moForm.codText, other);
+    return std::equal(one.GetData(), one.GetData() + 3 * one.GetWidth() * one.GetHeight(),
+                      two.GetData());
   };
-  const Row aoRow[] = {
-      {"behind a NUL", Text(u"a\0b", 3), u"a\uFFFDb"},
-      {"more pixels than can be counted", Text(3000000, u'a') + u"bcd", Text(300, u'a') + u"bcd"},
-  };
-  for (const Row& oRow : aoRow)
-    EXPECT_TRUE(EndOfLine(moForm.codText, oRow.sLine) == EndOfLine(moForm.codText, oRow.sLooksLike))
-        << oRow.psName;
+  EXPECT_TRUE(Alike({u"a\0b", 3}, u"a\uFFFDb")) << "behind a NUL";
+  EXPECT_TRUE(Alike(Text(3000000, u'a') + u"bcd", Text(300, u'a') + u"bcd"))
+      << "more pixels than can be counted";
 }
 
 TEST_F(WxTest, ClicksReachEachKindOfControl) {
-  struct Row {
-    const char* psName;
-    Control& oControl;
-    const char* psEvents;
+  look = [this] {
+    return std::to_string(moForm.chkLocked.Checked()) + std::to_string(moForm.optFirst.Value()) +
+           std::to_string(moForm.optSecond.Value());
   };
-  const Row oRows[] = {
-      {"push button", moForm.cmdApply, "Apply"},
-      {"check box", moForm.chkLocked, "Locked"},
-      {"disabled check box", moForm.chkOff, ""},
-      {"option", moForm.optFirst, "First"},
-      {"its neighbour", moForm.optSecond, "Second"},
-      {"the same again", moForm.optSecond, ""},
-      {"label", moForm.lblName, "Label"},
-      {"picture", moForm.picOpen, "Picture"},
-  };
-  for (const Row& o : oRows) {
-    SCOPED_TRACE(o.psName);
-    moRobot.Click(o.oControl);
-    EXPECT_EQ(Take(), o.psEvents);
-  }
-  EXPECT_TRUE(moForm.chkLocked.Checked());
-  EXPECT_TRUE(moForm.optSecond.Value());
-  EXPECT_FALSE(moForm.optFirst.Value());
+  Play(R"(
+    push button        | cmdApply  | 000 | cmdApply
+    check box          | chkLocked | 100 | chkLocked
+    disabled check box | chkOff    |     |
+    option             | optFirst  | 110 | optFirst
+    its neighbour      | optSecond | 101 | optSecond
+    the same again     | optSecond |     |
+    label              | lblName   |     | lblName
+    picture            | picOpen   |     | picOpen)");
 }
 
 TEST_F(WxTest, KeysOfTheFormWorkWhereverTheFocusIs) {
-  struct Row {
-    const char* psName;
-    int nKey, nModifiers;
-    const char* psEvents;
-    Control* poActive;
-  };
-  const Row oRows[] = {
-      {"Tab", WXK_TAB, 0, "", &moForm.txtResults},
-      {"Tab into a frame", WXK_TAB, 0, "", &moForm.chkLocked},
-      {"Space", WXK_SPACE, 0, "Locked", &moForm.chkLocked},
-      {"Tab to a group without a choice", WXK_TAB, 0, "", &moForm.optFirst},
-      {"an arrow in the group", WXK_DOWN, 0, "Second", &moForm.optSecond},
-      {"back over the group", WXK_TAB, wxMOD_SHIFT, "", &moForm.chkLocked},
-      {"access key of a button", 'A', wxMOD_ALT, "Apply", &moForm.cmdApply},
-      {"access key of a label", 'N', wxMOD_ALT, "", &moForm.txtName},
-      {"access key of a tab", 'B', wxMOD_ALT, "Page", &moForm.tabPages},
-      {"default button", WXK_RETURN, 0, "OK", &moForm.tabPages},
-      {"cancel button", WXK_ESCAPE, 0, "Cancel", &moForm.tabPages},
-      {"shortcut of a menu", 'O', wxMOD_CONTROL, "Open", &moForm.tabPages},
-  };
-  ASSERT_EQ(moForm.ActiveControl(), &moForm.txtName);
-  for (const Row& o : oRows) {
-    SCOPED_TRACE(o.psName);
-    moRobot.Key(o.nKey, o.nModifiers);
-    EXPECT_EQ(Take(), o.psEvents);
-    EXPECT_EQ(moForm.ActiveControl(), o.poActive);
-  }
+  Play(R"(
+    the first in order       |              | txtName    |
+    Tab                      | key Tab      | txtResults |
+    Tab into a frame         | key Tab      | chkLocked  |
+    Space                    | key Space    |            | chkLocked
+    Tab to a group without a choice | key Tab | optFirst |
+    an arrow in the group    | key Down     | optSecond  | optSecond
+    back over the group      | key Tab Shift | chkLocked |
+    access key of a button   | key A Alt    | cmdApply   | cmdApply
+    access key of a label    | key N Alt    | txtName    |
+    access key of a tab      | key B Alt    | tabPages   | tabPages
+    default button           | key Return   |            | cmdOK
+    cancel button            | key Escape   |            | cmdCancel
+    shortcut of a menu       | key O Ctrl   |            | Open)");
+}
+
+TEST_F(WxTest, ListsAnswerToKeysAndLetters) {
+  look = [this] { return ToUtf8(moForm.lstFew.Text() + u"," + moForm.cboKind.Text()); };
+  Play(R"(
+    a letter     | focus lstFew; type t             | Two,        | lstFew
+    the first    | key Home                         | One,        | lstFew
+    a combo box  | focus cboKind; key Down; key Down | One,ActiveX | cboKind cboKind)");
 }
 
 TEST_F(WxTest, TypedTextPassesKeyPressAndComesBackWithTheCaret) {
-  const auto oLink = moForm.txtName.KeyPress.Connect([](std::int32_t& nKey) {
-    if (nKey == 'q') nKey = 0;
-    if (nKey == 'x') nKey = 'Y';
+  const auto link = moForm.txtName.KeyPress.Connect([](std::int32_t& key) {
+    if (key == 'q') key = 0;
+    if (key == 'x') key = 'Y';
   });
-  moRobot.Type("aqxb");
-  EXPECT_EQ(ToUtf8(moForm.txtName.Text()), "aYb");
-  EXPECT_EQ(moForm.txtName.SelStart(), 3);
-  EXPECT_EQ(Take(), "Change Change Change");
-  moRobot.Key(WXK_HOME, wxMOD_SHIFT);
-  EXPECT_EQ(ToUtf8(moForm.txtName.SelText()), "aYb");
+  look = [this] {
+    const TextBox& o = moForm.txtName;
+    return ToUtf8(o.Text()) + " " + std::to_string(o.SelStart()) + " " + ToUtf8(o.SelText());
+  };
+  Play(R"(
+    changed and dropped | type aqxb      | aYb 3     | Change Change Change
+    selected            | key Home Shift | aYb 0 aYb |)");
   moForm.txtName.SetLocked(true);
-  moRobot.Type("z");
-  EXPECT_EQ(ToUtf8(moForm.txtName.Text()), "aYb");
+  Play("locked | type zx | |");
 }
 
 TEST_F(WxTest, ManyLinesKeepTheirEndsAndGrowAtTheEnd) {
-  TextBox& oBox = moForm.txtResults;
-  auto& oNative = NativeOf<wxTextCtrl>(oBox);
-  oBox.SetText(u"One\r\nTwo");
-  oBox.SetSelStart(8);
-  oBox.SetSelText(u"\r\nThree");
+  TextBox& box = moForm.txtResults;
+  auto& native = NativeOf<wxTextCtrl>(box);
+  box.SetText(u"One\r\nTwo");
+  box.SetSelStart(8);
+  box.SetSelText(u"\r\nThree");
   moRobot.Settle();
-  EXPECT_EQ(oNative.GetValue(), "One\nTwo\nThree");
-  EXPECT_EQ(oNative.GetInsertionPoint(), 13);
-  moRobot.Click(oBox);
-  moRobot.Key(WXK_END, wxMOD_CONTROL);
-  moRobot.Key(WXK_RETURN);
-  moRobot.Type("four");
-  EXPECT_EQ(ToUtf8(oBox.Text()), "One\r\nTwo\r\nThree\r\nfour");
-  EXPECT_EQ(oBox.SelStart(), 21);
+  EXPECT_EQ(native.GetValue(), "One\nTwo\nThree");
+  EXPECT_EQ(native.GetInsertionPoint(), 13);
+  Play("by keys | txtResults; key End Ctrl; key Return; type four | txtResults | txtResults");
+  EXPECT_EQ(ToUtf8(box.Text()), "One\r\nTwo\r\nThree\r\nfour");
+  EXPECT_EQ(box.SelStart(), 21);
 }
 
 TEST_F(WxTest, NoMoreThanMaxLengthIsTyped) {
   for (TextBox* po : {&moForm.txtName, &moForm.txtResults}) {
-    SCOPED_TRACE(ToUtf8(po->Name()));
+    SCOPED_TRACE(NameOf(*po));
     po->SetText(u"aab");
     po->SetMaxLength(4);
     po->SetFocus();
@@ -188,175 +161,132 @@ TEST_F(WxTest, NoMoreThanMaxLengthIsTyped) {
 }
 
 TEST_F(WxTest, RowsOfATableAreSelectedAsUsual) {
-  ListView& oList = moForm.lvwRows;
-  const int nRow = RowHeightOf(oList), nHead = NativeOf<RowsPane>(oList).RowAt(0) == -1 ? 40 : 0;
-  const auto Place = [&](int n) { return wxPoint(60, nHead + n * nRow); };
-  const auto Selected = [&] {
-    std::string s;
-    for (std::int32_t i = 1; i <= oList.ListItems().Count(); ++i) {
-      if (oList.ListItems().Item(i).Selected()) s += std::to_string(i) + " ";
-    }
-    return s;
+  ListView& list = moForm.lvwRows;
+  const auto& pane = NativeOf<RowsPane>(list);
+  const int head = pane.RowAt(0) == -1 ? 40 : 0, first = pane.RowAt(head - 1) + 1;
+  look = [&] {
+    std::string all;
+    for (std::int32_t i = 1; i <= list.ListItems().Count(); ++i)
+      if (list.ListItems().Item(i).Selected()) all += std::to_string(i == 40 ? i : i - first) + " ";
+    return all;
   };
-  const std::int32_t lFirst = NativeOf<RowsPane>(oList).RowAt(Place(0).y - 1) + 1;
-  const auto Row = [&](int n) { return std::to_string(lFirst + n) + " "; };
-  moRobot.ClickAt(oList, Place(0));
-  EXPECT_EQ(Selected(), Row(0));
-  moRobot.Key(WXK_DOWN, wxMOD_SHIFT);
-  EXPECT_EQ(Selected(), Row(0) + Row(1));
-  EXPECT_EQ(Take(), "Item Item");
-  moRobot.DoubleClickAt(oList, Place(3));
-  EXPECT_EQ(Take(), "Item DblClick");
-  moRobot.Key(WXK_END);
-  EXPECT_EQ(Selected(), "40 ");
-  EXPECT_GT(NativeOf<RowsPane>(oList).Top(), 10);
-  EXPECT_EQ(Take(), "Item");
+  const std::string fourth = std::to_string(head + 3 * RowHeightOf(list));
+  Play("a click | at lvwRows 60 " + std::to_string(head) + R"( | 0 | Item
+    a range        | key Down Shift          | 0 1 | Item
+    a double click | double lvwRows 60 )" +
+       fourth + R"( | 3 | Item DblClick
+    the end        | key End                 | 40 | Item)");
+  EXPECT_GT(pane.Top(), 10);
 }
 
 TEST_F(WxTest, HeadersSortAndChangeTheirWidths) {
-  ListView& oList = moForm.lvwRows;
-  const std::int32_t lTwips = poToolkit->Screen().TwipsPerPixelX();
-  const int nEdge = 1500 / lTwips + 1;
-  moRobot.ClickAt(oList, {nEdge + 40, 8});
-  EXPECT_EQ(Take(), "Column");
-  moRobot.Drag(oList, {nEdge, 8}, {nEdge + 30, 8});
-  EXPECT_NEAR(oList.ColumnHeaders().Item(1).Width(), 1500 + 30 * lTwips, 2 * lTwips);
-  EXPECT_EQ(Take(), "");
+  ListView& list = moForm.lvwRows;
+  const std::int32_t twips = poToolkit->Screen().TwipsPerPixelX();
+  const int edge = 1500 / twips + 1;
+  moRobot.ClickAt(list, {edge + 40, 8});
+  EXPECT_EQ(log.Take(), "Column");
+  moRobot.Drag(list, {edge, 8}, {edge + 30, 8});
+  EXPECT_NEAR(list.ColumnHeaders().Item(1).Width(), 1500 + 30 * twips, 2 * twips);
+  EXPECT_EQ(log.Take(), "");
 }
 
 TEST_F(WxTest, NodesExpandAndAreSelectedByMouseAndKeys) {
-  TreeView& oTree = moForm.tvwAll;
-  const int nRow = RowHeightOf(oTree);
-  const wxPoint oForm(120 * 15 / poToolkit->Screen().TwipsPerPixelX() / 2, nRow + nRow / 2);
-  moRobot.ClickAt(oTree, oForm);
-  ASSERT_TRUE(oTree.SelectedItem());
-  EXPECT_EQ(ToUtf8(oTree.SelectedItem()->Key()), "f");
-  EXPECT_EQ(Take(), "Node");
-  moRobot.Key(WXK_RIGHT);
-  EXPECT_EQ(Take(), "Expand");
-  moRobot.Key(WXK_RIGHT);
-  EXPECT_EQ(ToUtf8(oTree.SelectedItem()->Key()), "m");
-  moRobot.DoubleClickAt(oTree, oForm);
-  EXPECT_EQ(ToUtf8(oTree.SelectedItem()->Key()), "f");
-  EXPECT_FALSE(oTree.SelectedItem()->Expanded());
-  oTree.Nodes().Clear();  // with a selected node, and the window on the screen
+  TreeView& tree = moForm.tvwAll;
+  look = [&] {
+    const Node* po = tree.SelectedItem();
+    return po ? ToUtf8(po->Key()) + (po->Expanded() ? "+" : "-") : "none";
+  };
+  const int row = RowHeightOf(tree), left = 900 / poToolkit->Screen().TwipsPerPixelX();
+  const std::string place = "tvwAll " + std::to_string(left) + " " + std::to_string(row + row / 2);
+  Play("a click | at " + place + R"( | f- | Node
+    expanded       | key Right   | f+   | Expand
+    the one inside | key Right   | m-   | Node
+    a double click | double )" +
+       place + " | f- | Node Collapse");
+  tree.Nodes().Clear();  // with a selected node, and the window on the screen
   moRobot.Settle();
-  EXPECT_EQ(oTree.SelectedItem(), nullptr);
-}
-
-TEST_F(WxTest, ListsAnswerToKeysAndLetters) {
-  moRobot.Click(moForm.lstFew);
-  moForm.lstFew.SetListIndex(-1);
-  Take();
-  moRobot.Type("t");
-  EXPECT_EQ(ToUtf8(moForm.lstFew.Text()), "Two");
-  moRobot.Key(WXK_HOME);
-  EXPECT_EQ(moForm.lstFew.ListIndex(), 0);
-  EXPECT_EQ(Take(), "Few Few");
-  moForm.cboKind.SetFocus();
-  moRobot.Key(WXK_DOWN);
-  moRobot.Key(WXK_DOWN);
-  EXPECT_EQ(ToUtf8(moForm.cboKind.Text()), "ActiveX");
-  EXPECT_EQ(Take(), "Kind Kind");
+  EXPECT_EQ(tree.SelectedItem(), nullptr);
 }
 
 TEST_F(WxTest, AListThatAButtonDropsHasTheFocusAndShowsAllItsEntries) {
-  Chooser& oChooser = moForm.choKind;
-  ListBox& oList = oChooser.lstChoices;
+  Chooser& chooser = moForm.choKind;
+  ListBox& list = chooser.lstChoices;
   moForm.cmdCancel.SetCancel(false);  // would have Escape
-  moRobot.Click(oChooser.cmdDrop);
-  EXPECT_EQ(moForm.ActiveControl(), &oList);
-  EXPECT_TRUE(NativeOf<wxWindow>(oList).HasFocus());
-  EXPECT_EQ(Take(), "");  // the press is no click any more
-  EXPECT_GE(NativeOf<RowsPane>(oList).PageRows(), oList.ListCount());
-  EXPECT_FALSE(NativeOf<wxWindow>(oList).HasScrollbar(wxVERTICAL));
-  EXPECT_GE(RowHeightOf(oList), NativeOf<wxWindow>(oList).GetCharHeight());
-  moRobot.Key(WXK_DOWN);
-  moRobot.Key(WXK_DOWN);
-  EXPECT_EQ(ToUtf8(oList.Text()), "VB");
-  moRobot.Key(WXK_ESCAPE);
-  EXPECT_FALSE(oList.Visible());
-  EXPECT_EQ(ToUtf8(oChooser.txtEntry.Text()), "VB");
-  EXPECT_EQ(moForm.ActiveControl(), &oChooser.txtEntry);
-  EXPECT_EQ(Take(), "Key Key Key");
-  moRobot.Click(moForm.cmdApply);  // buttons that keep the focus click
-  EXPECT_EQ(Take(), "Apply");
+  Play("the press is no click any more | cmdDrop | lstChoices |");
+  EXPECT_TRUE(NativeOf<wxWindow>(list).HasFocus());
+  EXPECT_GE(NativeOf<RowsPane>(list).PageRows(), list.ListCount());
+  EXPECT_FALSE(NativeOf<wxWindow>(list).HasScrollbar(wxVERTICAL));
+  EXPECT_GE(RowHeightOf(list), NativeOf<wxWindow>(list).GetCharHeight());
+  Play(R"(
+    two lines down, and chosen        | key Down; key Down; key Escape | txtEntry | Key lstChoices Key lstChoices Key
+    buttons that keep the focus click | cmdApply | cmdApply | cmdApply)");
+  EXPECT_FALSE(list.Visible());
+  EXPECT_EQ(ToUtf8(list.Text() + u"," + chooser.txtEntry.Text()), "VB,VB");
 }
 
 TEST_F(WxTest, AUserControlKeepsTheFocusThatItHoldsItself) {
   moForm.choKind.txtEntry.SetFocus();
   moForm.choKind.Control::SetFocus();
-  moRobot.Key(WXK_DOWN);
-  EXPECT_EQ(moForm.ActiveControl(), &moForm.choKind);
+  Play("a key | key Down | choKind | Key");
   moForm.choKind.txtEntry.SetVisible(false);  // as a row without a value has it
-  moRobot.Key(WXK_DOWN);
-  EXPECT_EQ(moForm.ActiveControl(), &moForm.choKind);
-  EXPECT_EQ(Take(), "Key Key");
+  Play("a key without a part for it | key Down | choKind | Key");
 }
 
 TEST_F(WxTest, AFormWithoutAControlForTheFocusHearsKeys) {
-  FQuestion oQuestion(*poToolkit);
-  moForm.oLog.Watch(oQuestion.KeyDown, "Form");
-  oQuestion.Show();
-  moRobot.Click(oQuestion);
-  oQuestion.cmdYes.SetVisible(false);
-  oQuestion.cmdMore.SetVisible(false);
+  FQuestion question(*poToolkit);
+  log.Watch(question.KeyDown, "Form");
+  question.Show();
+  moRobot.Click(question);
+  question.cmdYes.SetVisible(false);
+  question.cmdMore.SetVisible(false);
   moRobot.Key(WXK_DOWN);
-  EXPECT_EQ(Take(), "Form");
-  oQuestion.Unload();
+  EXPECT_EQ(log.Take(), "Form");
+  question.Unload();
 }
 
 TEST_F(WxTest, ElementsOfArraysComeAndGoWhileTheirFormShows) {
-  const auto Ink = [this] {
+  const auto Windows = [this] {
     moRobot.Settle();
     return NativeOf<wxWindow>(moForm.chkMore(0)).GetParent()->GetChildren().size();
   };
-  const std::size_t lBefore = Ink();
+  const std::size_t before = Windows();
   for (std::int32_t i = 1; i <= 3; ++i) {
-    moForm.lblMore.Load(i).SetTop(3500 + 480 * i);
+    moForm.lblMore.Load(i).SetVisible(true);
     moForm.chkMore.Load(i).SetTop(3750 + 480 * i);
-    moForm.lblMore(i).SetVisible(true);
     moForm.chkMore(i).SetVisible(true);
   }
-  EXPECT_EQ(Ink(), lBefore + 3);
+  EXPECT_EQ(Windows(), before + 3);
   moRobot.Click(moForm.chkMore(2));
   EXPECT_TRUE(moForm.chkMore(2).Checked());
   moForm.lblMore(1).SetCaption(u"Ends with a change that nobody has painted");
-  for (std::int32_t i = 1; i <= 3; ++i) {
-    moForm.lblMore.Unload(i);
-    moForm.chkMore.Unload(i);
-  }
-  EXPECT_EQ(Ink(), lBefore);
+  for (std::int32_t i = 1; i <= 3; ++i) moForm.lblMore.Unload(i), moForm.chkMore.Unload(i);
+  EXPECT_EQ(Windows(), before);
   ASSERT_TRUE(moForm.ActiveControl());
   EXPECT_TRUE(moForm.ActiveControl()->Usable());
 }
 
 TEST_F(WxTest, TheMouseSelectsLinesOfCode) {
-  CodePane& oCode = moForm.codText;
-  const int nRow = RowHeightOf(oCode);
-  moRobot.Drag(oCode, {90, nRow + nRow / 2}, {90, 2 * nRow + nRow / 2});
-  EXPECT_EQ(ToUtf8(oCode.SelText()), "  Dim x As Long\r\n\tx = 1");
+  const int row = RowHeightOf(moForm.codText);
+  moRobot.Drag(moForm.codText, {90, row + row / 2}, {90, 2 * row + row / 2});
+  EXPECT_EQ(ToUtf8(moForm.codText.SelText()), "  Dim x As Long\r\n\tx = 1");
   moRobot.Key('C', wxMOD_CONTROL);
-  EXPECT_EQ(poToolkit->Clipboard().GetText(), oCode.SelText());
+  EXPECT_EQ(poToolkit->Clipboard().GetText(), moForm.codText.SelText());
 }
 
 TEST_F(WxTest, MenusDropCheckAndGrow) {
-  const auto oLink = moForm.mnuFile.Click.Connect([this] { moForm.mnuOpen.SetEnabled(false); });
+  moForm.mnuOpen.SetEnabled(false);
+  const auto link = moForm.mnuFile.Click.Connect([this] { moForm.mnuOpen.SetEnabled(true); });
   moForm.mnuRecent.Load(1).SetCaption(u"&2 Second");
   moForm.mnuRecent(1).SetVisible(true);
-  moForm.oLog.Watch(moForm.mnuRecent(1).Click, "Recent");
-  moRobot.Settle();
-  moRobot.Key('F', wxMOD_ALT);
-  moRobot.Key('2');
-  EXPECT_EQ(Take(), "Recent");
-  EXPECT_FALSE(moForm.mnuOpen.Enabled());
+  log.Watch(moForm.mnuRecent(1).Click, "Recent");
   moForm.mnuProof.SetChecked(true);
-  moForm.lvwRows.SetFocus();  // which has its own way with keys
-  moRobot.Settle();
-  moRobot.Key('F', wxMOD_ALT);
-  moRobot.Key('P');
-  EXPECT_EQ(Take(), "Proof");
+  Play(R"(
+    an entry that was added              | key F Alt; type 2                 | txtName | Recent
+    a checked one, from a list with keys | focus lvwRows; key F Alt; key P   | lvwRows | Proof)");
   EXPECT_TRUE(moForm.mnuProof.Checked());
+  moForm.mnuOpen.SetEnabled(false);
+  moRobot.Settle();
+  Play("one that the menu enables as it drops | key F Alt; key O | lvwRows | Open");
 }
 
 TEST_F(WxTest, AFormFollowsItsWindow) {
@@ -364,7 +294,7 @@ TEST_F(WxTest, AFormFollowsItsWindow) {
   wxTopLevelWindow& oFrame = moRobot.FrameOf(moForm);
   oFrame.SetSize(oFrame.GetSize() + wxSize(40, 20));
   moRobot.Settle();
-  EXPECT_NE(Take().find("Resize"), std::string::npos);
+  EXPECT_NE(log.Take().find("Resize"), std::string::npos);
   EXPECT_EQ(moForm.Width(), 11400 / lTwips * lTwips + 40 * lTwips);
   EXPECT_EQ(moForm.staBelow.Top() + moForm.staBelow.Height(), moForm.ScaleHeight());
   // Code that sets a size that is no whole number of pixels gets its own size back.
@@ -375,91 +305,70 @@ TEST_F(WxTest, AFormFollowsItsWindow) {
 }
 
 TEST_F(WxTest, ModalFormsNest) {
-  FQuestion oQuestion(*poToolkit);
-  int nStep = 0;
+  FQuestion question(*poToolkit);
+  bool answered = false;
   moRobot.WhenModal([&](Form&) {
     moRobot.Click(moForm.cmdApply);  // is behind a modal form
-    EXPECT_EQ(Take(), "");
-    moRobot.WhenModal([&](Form& oInner) {
-      ++nStep;
-      moRobot.Click(static_cast<FQuestion&>(oInner).cmdYes);
-    });
-    moRobot.Click(oQuestion.cmdMore);
-    EXPECT_EQ(oQuestion.nInner, 1);
-    ++nStep;
+    EXPECT_EQ(log.Take(), "");
+    moRobot.WhenModal([&](Form& o) { moRobot.Click(static_cast<FQuestion&>(o).cmdYes); });
+    moRobot.Click(question.cmdMore);
+    EXPECT_EQ(question.answers, 1);
+    answered = true;
     moRobot.Key('Y', wxMOD_ALT);
   });
-  oQuestion.Show(ShowMode::Modal);
-  EXPECT_EQ(nStep, 2);
-  EXPECT_FALSE(oQuestion.Visible());
-  oQuestion.Unload();
-  moRobot.Click(moForm.cmdApply);
-  EXPECT_EQ(Take(), "Apply");
+  question.Show(ShowMode::Modal);
+  EXPECT_TRUE(answered);
+  EXPECT_FALSE(question.Visible());
+  question.Unload();
+  Play("the form behind it | cmdApply | cmdApply | cmdApply");
 }
 
 TEST_F(WxTest, AFormMayEndInAnyOfItsEvents) {
-  struct Row {
-    const char* psName;
-    Signal<>& oSignal;
-    std::function<void()> oAct;
-  };
-  const Row oRows[] = {
-      {"button", moForm.cmdApply.Click, [&] { moRobot.Click(moForm.cmdApply); }},
-      {"check box", moForm.chkLocked.Click, [&] { moRobot.Click(moForm.chkLocked); }},
-      {"option", moForm.optFirst.Click, [&] { moRobot.Click(moForm.optFirst); }},
-      {"label", moForm.lblName.Click, [&] { moRobot.Click(moForm.lblName); }},
-      {"picture", moForm.picOpen.Click, [&] { moRobot.Click(moForm.picOpen); }},
-      {"list", moForm.lstFew.Click,
-       [&] {
-         moRobot.ClickAt(moForm.lstFew, {20, 10});
-       }},
-      {"tab", moForm.tabPages.Click,
-       [&] {
-         moRobot.ClickAt(moForm.tabPages, {20, 10});
-       }},
-      {"text", moForm.txtName.Change, [&] { moRobot.Type("a"); }},
-      {"menu", moForm.mnuOpen.Click, [&] { moRobot.Key('O', wxMOD_CONTROL); }},
-      {"table", moForm.lvwRows.DblClick,
-       [&] {
-         moRobot.DoubleClickAt(moForm.lvwRows, {60, 60});
-       }},
-  };
-  for (const Row& o : oRows) {
-    SCOPED_TRACE(o.psName);
-    if (!moForm.Visible()) moForm.Show();
+  const struct {
+    Signal<>& signal;
+    const char* deed;
+  } rows[] = {{moForm.cmdApply.Click, "cmdApply"},
+              {moForm.chkLocked.Click, "chkLocked"},
+              {moForm.optFirst.Click, "optFirst"},
+              {moForm.lblName.Click, "lblName"},
+              {moForm.picOpen.Click, "picOpen"},
+              {moForm.lstFew.Click, "at lstFew 20 10"},
+              {moForm.tabPages.Click, "at tabPages 20 10"},
+              {moForm.txtName.Change, "type a"},
+              {moForm.mnuOpen.Click, "key O Ctrl"},
+              {moForm.lvwRows.DblClick, "double lvwRows 60 60"}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.deed);
+    moForm.Show();
     moRobot.Settle();
-    const auto oLink = o.oSignal.Connect([this] { moForm.Unload(); });
-    o.oAct();
+    const auto link = row.signal.Connect([this] { moForm.Unload(); });
+    DoOne(row.deed);
     EXPECT_FALSE(moForm.Loaded());
   }
 }
 
 TEST_F(WxTest, TimersTickWhileEventsRun) {
   moForm.tmrOnce.SetInterval(20);
-  EXPECT_TRUE(moRobot.Until([this] { return Take().find("Tick") != std::string::npos; }));
+  EXPECT_TRUE(moRobot.Until([this] { return log.Take().find("Tick") != std::string::npos; }));
   moForm.tmrOnce.SetEnabled(false);
   moRobot.Settle();
-  Take();
+  log.Take();
   moRobot.Settle();
-  EXPECT_EQ(Take(), "");
+  EXPECT_EQ(log.Take(), "");
 }
 
 TEST_F(WxTest, NoTextIsClipped) {
-  const double dDpi = std::atof(std::getenv("SCREEN_DPI"));
-  EXPECT_EQ(poToolkit->Screen().TwipsPerPixelX(), static_cast<std::int32_t>(1440 / dDpi));
-  Control* const apoControl[] = {&moForm.cmdApply, &moForm.chkLocked, &moForm.optFirst,
-                                 &moForm.cboKind, &moForm.txtName};
+  const double dpi = std::atof(std::getenv("SCREEN_DPI"));
+  EXPECT_EQ(poToolkit->Screen().TwipsPerPixelX(), static_cast<std::int32_t>(1440 / dpi));
   moForm.cboKind.SetListIndex(0);
   moForm.optFirst.SetHeight(90);  // lower than any text
   moRobot.Settle();
-  for (Control* po : apoControl) {
-    SCOPED_TRACE(ToUtf8(po->Name()));
-    const wxWindow& oNative = NativeOf<wxWindow>(*po);
-    if (po->Kind() == ComponentKind::TextBox) {
-      EXPECT_GE(oNative.GetSize().y, oNative.GetCharHeight());
-    } else {
-      EXPECT_GE(oNative.GetSize().x, oNative.GetBestSize().x);
-      EXPECT_GE(oNative.GetSize().y, oNative.GetBestSize().y);
-    }
+  for (const char* name : {"cmdApply", "chkLocked", "optFirst", "cboKind", "txtName"}) {
+    SCOPED_TRACE(name);
+    const wxWindow& native = NativeOf<wxWindow>(Find(moForm, name));
+    const wxSize size = native.GetSize(), best = native.GetBestSize();
+    const bool text = std::string(name) == "txtName";
+    EXPECT_GE(size.x, text ? 0 : best.x);
+    EXPECT_GE(size.y, text ? native.GetCharHeight() : best.y);
   }
 }

@@ -5,6 +5,7 @@
 #include <wx/dcscreen.h>
 #include <wx/dialog.h>
 #include <wx/image.h>
+#include <wx/modalhook.h>
 #include <wx/stopwatch.h>
 #include <wx/timer.h>
 #include <wx/toplevel.h>
@@ -50,9 +51,8 @@ wxPoint Robot::ScreenPlace(Control& oControl, const wxPoint& oPlace) const {
   return oArea.ClientToScreen(oCorner + oPlace);
 }
 
-void Robot::MoveTo(Control& oControl, const wxPoint& oPlace) {
-  Settle();
-  moHands.MouseMove(ScreenPlace(oControl, oPlace));
+void Robot::GoTo(const wxPoint& place) {
+  moHands.MouseMove(place);
   Settle();
 }
 
@@ -64,34 +64,36 @@ void Robot::Click(Control& oControl) {
 void Robot::Click(wxWindow& oWindow) {
   const wxRect o = oWindow.GetScreenRect();
   Settle();
-  moHands.MouseMove(o.GetPosition() + wxPoint(o.width / 2, o.height / 2));
+  ClickThere(o.GetPosition() + wxPoint(o.width / 2, o.height / 2));
+}
+
+void Robot::ClickThere(const wxPoint& place) {
+  GoTo(place);
+  moHands.MouseDown();
   Settle();
-  moHands.MouseClick();
+  moHands.MouseUp();
   Settle();
 }
 
-void Robot::ClickAt(Control& oControl, const wxPoint& oPlace, int nButton) {
-  MoveTo(oControl, oPlace);
-  moHands.MouseDown(nButton);
+void Robot::ClickAt(Control& oControl, const wxPoint& oPlace) {
   Settle();
-  moHands.MouseUp(nButton);
-  Settle();
+  ClickThere(ScreenPlace(oControl, oPlace));
 }
 
 void Robot::DoubleClickAt(Control& oControl, const wxPoint& oPlace) {
-  MoveTo(oControl, oPlace);
+  Settle();
+  GoTo(ScreenPlace(oControl, oPlace));
   moHands.MouseDblClick();
   Settle();
 }
 
 void Robot::Drag(Control& oControl, const wxPoint& oFrom, const wxPoint& oTo) {
-  MoveTo(oControl, oFrom);
+  Settle();
+  GoTo(ScreenPlace(oControl, oFrom));
   moHands.MouseDown();
   Settle();
-  moHands.MouseMove(ScreenPlace(oControl, oTo) - wxPoint(1, 0));
-  Settle();
-  moHands.MouseMove(ScreenPlace(oControl, oTo));
-  Settle();
+  GoTo(ScreenPlace(oControl, oTo) - wxPoint(1, 0));
+  GoTo(ScreenPlace(oControl, oTo));
   moHands.MouseUp();
   Settle();
 }
@@ -112,72 +114,59 @@ void Robot::Type(const std::string& sText) {
 
 namespace {
 
-/// Waits for the form, acts, and ends itself.
-class ModalAct : public wxTimer {
+/// Asks until there is an act, does it, and ends itself.
+class Later : public wxTimer {
  public:
-  ModalAct(Toolkit& oToolkit, std::function<void(Form&)> oAct)
-      : moToolkit(oToolkit), mpoBefore(oToolkit.ModalForm()), moAct(std::move(oAct)) {
-    Start(20);
-  }
+  using Deed = std::function<void()>;
+  Later(int wait, std::function<Deed()> find) : ready(std::move(find)) { Start(wait); }
 
  private:
   void Notify() override {
-    Form* const po = moToolkit.ModalForm();
-    if (!po || po == mpoBefore) return;
+    const Deed act = ready();
+    if (!act) return;
     Stop();
-    moAct(*po);
+    act();
     delete this;
   }
-
-  Toolkit& moToolkit;
-  Form* mpoBefore;
-  std::function<void(Form&)> moAct;
+  std::function<Deed()> ready;
 };
 
-class DialogAct : public wxTimer {
+/// Presses a key a moment after the next box or dialog comes up, and ends itself.
+class KeyInto : public wxModalDialogHook {
  public:
-  explicit DialogAct(std::function<void(wxDialog&)> oAct) : moAct(std::move(oAct)) { Start(20); }
+  explicit KeyInto(std::function<void()> press) : act(std::move(press)) { Register(); }
 
  private:
-  void Notify() override {
-    for (wxWindow* po : wxTopLevelWindows) {
-      auto* const poDialog = dynamic_cast<wxDialog*>(po);
-      if (!poDialog || !poDialog->IsModal() || !poDialog->IsShownOnScreen()) continue;
-      Stop();
-      moAct(*poDialog);
-      delete this;
-      return;
-    }
-  }
-
-  std::function<void(wxDialog&)> moAct;
-};
-
-class LateKey : public wxTimer {
- public:
-  LateKey(int nKey, int nModifiers) : mnKey(nKey), mnModifiers(nModifiers) { StartOnce(400); }
-
- private:
-  void Notify() override {
-    wxUIActionSimulator().Char(mnKey, mnModifiers);
+  int Enter(wxDialog*) override {
+    new Later(400, [press = act] { return press; });
     delete this;
+    return wxID_NONE;
   }
-
-  int mnKey, mnModifiers;
+  std::function<void()> act;
 };
 
 }  // namespace
 
-void Robot::KeyIntoBox(int nKey, int nModifiers) {
-  new LateKey(nKey, nModifiers);
+void Robot::KeyIntoBox(int key, int modifiers) {
+  new KeyInto([=] { wxUIActionSimulator().Char(key, modifiers); });
 }
 
-void Robot::WhenModal(std::function<void(Form&)> oAct) {
-  new ModalAct(moToolkit, std::move(oAct));
+void Robot::WhenModal(std::function<void(Form&)> act) {
+  new Later(20, [this, act, before = moToolkit.ModalForm()]() -> Later::Deed {
+    Form* const po = moToolkit.ModalForm();
+    if (!po || po == before) return nullptr;
+    return [act, po] { act(*po); };
+  });
 }
 
-void Robot::WhenDialog(std::function<void(wxDialog&)> oAct) {
-  new DialogAct(std::move(oAct));
+void Robot::WhenDialog(std::function<void(wxDialog&)> act) {
+  new Later(20, [act]() -> Later::Deed {
+    for (wxWindow* po : wxTopLevelWindows) {
+      auto* const dialog = dynamic_cast<wxDialog*>(po);
+      if (dialog && dialog->IsModal() && dialog->IsShownOnScreen()) return [=] { act(*dialog); };
+    }
+    return nullptr;
+  });
 }
 
 void Robot::Photograph(const std::string& sPath) {

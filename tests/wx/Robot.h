@@ -30,7 +30,7 @@ class Robot {
   void Click(Forms::Control& oControl);
   /// A window that no control stands behind.
   void Click(wxWindow& oWindow);
-  void ClickAt(Forms::Control& oControl, const wxPoint& oPlace, int nButton = wxMOUSE_BTN_LEFT);
+  void ClickAt(Forms::Control& oControl, const wxPoint& oPlace);
   void DoubleClickAt(Forms::Control& oControl, const wxPoint& oPlace);
   void Drag(Forms::Control& oControl, const wxPoint& oFrom, const wxPoint& oTo);
   /// A key with modifiers (wxMOD_...).
@@ -50,7 +50,8 @@ class Robot {
   static void Photograph(const std::string& sPath);
 
  private:
-  void MoveTo(Forms::Control& oControl, const wxPoint& oPlace);
+  void GoTo(const wxPoint& place);
+  void ClickThere(const wxPoint& place);
 
   Forms::Toolkit& moToolkit;
   wxUIActionSimulator moHands;
