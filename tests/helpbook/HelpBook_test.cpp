@@ -4,13 +4,10 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <map>
 #include <regex>
 #include <set>
 #include <sstream>
-#include <string>
-#include <vector>
 
 #include "Pictures.h"
 #include "Text.h"
@@ -37,11 +34,10 @@ Strings Matches(const std::string& sText, const std::string& sExpression) {
 }
 
 std::map<std::string, std::string> Pages() {
-  std::map<std::string, std::string> oPages;
-  for (const auto& oEntry : fs::directory_iterator(Folder))
-    if (oEntry.path().extension() == ".html")
-      oPages[oEntry.path().filename().string()] = ReadAll(oEntry.path());
-  return oPages;
+  std::map<std::string, std::string> pages;
+  for (const auto& entry : fs::directory_iterator(Folder))
+    if (entry.path().extension() == ".html") pages[entry.path().filename()] = ReadAll(entry.path());
+  return pages;
 }
 
 struct Entry {
@@ -63,124 +59,104 @@ std::vector<Entry> Entries(const char* sFile) {
 }
 
 /// The first tag that is closed without being open, or the first one that stays open.
-std::string UnbalancedTag(const std::string& sPage) {
+std::string UnbalancedTag(const std::string& page) {
   static const std::set<std::string> Single = {"meta", "img", "hr", "br"};
-  Strings asOpen;
-  for (const std::string& sTag : Matches(sPage, "<(/?[a-z0-9]+)[^>]*>")) {
-    if (sTag[0] != '/') {
-      if (!Single.count(sTag)) asOpen.push_back(sTag);
-    } else if (asOpen.empty() || asOpen.back() != sTag.substr(1)) {
-      return sTag;
-    } else {
-      asOpen.pop_back();
+  Strings open{""};
+  for (const std::string& tag : Matches(page, "<(/?[a-z0-9]+)[^>]*>")) {
+    if (tag[0] == '/') {
+      if (open.back() != tag.substr(1)) return tag;
+      open.pop_back();
+    } else if (!Single.count(tag)) {
+      open.push_back(tag);
     }
   }
-  return asOpen.empty() ? std::string() : asOpen.back();
+  return open.back();
 }
 
 TEST(HelpBook, EveryLinkAndPictureIsThere) {
-  std::set<std::string> oPictures;
-  for (TextView sKey : PictureKeys()) {
-    std::string sName = ToUtf8(sKey);
-    std::erase(sName, ' ');
-    for (const char* sSize : {"-16.png", "-24.png", "-32.png"})
-      oPictures.insert("pictures/" + sName + sSize);
+  std::set<std::string> pictures;
+  for (TextView key : PictureKeys()) {
+    std::string name = ToUtf8(key);
+    std::erase(name, ' ');
+    for (const char* size : {"-16.png", "-24.png", "-32.png"}) pictures.insert(name + size);
   }
-  const auto oPages = Pages();
-  for (const auto& [sFile, sText] : oPages) {
-    SCOPED_TRACE(sFile);
-    for (const std::string& sLink : Matches(sText, "href=\"([^\"]*)\""))
-      EXPECT_TRUE(oPages.count(sLink)) << "no page " << sLink;
-    for (const std::string& sPicture : Matches(sText, "src=\"([^\"]*)\""))
-      EXPECT_TRUE(oPictures.count(sPicture)) << "no picture " << sPicture;
+  const auto pages = Pages();
+  for (const auto& [file, text] : pages) {
+    SCOPED_TRACE(file);
+    for (const std::string& link : Matches(text, "href=\"([^\"]*)\""))
+      EXPECT_TRUE(pages.count(link)) << "no page " << link;
+    for (const std::string& picture : Matches(text, "src=\"(?:pictures/)?([^\"]*)\""))
+      EXPECT_TRUE(pictures.count(picture)) << "no picture " << picture;
   }
 }
 
 TEST(HelpBook, PagesAreSoundForASimpleReader) {
-  for (const auto& [sFile, sText] : Pages()) {
-    SCOPED_TRACE(sFile);
-    EXPECT_EQ(UnbalancedTag(sText), "");
-    EXPECT_TRUE(std::ranges::all_of(sText, [](char c) {
-      return c == '\n' || (c >= ' ' && c < 127);
-    })) << "write other characters as entities";
-    std::istringstream oLines(sText);
-    for (std::string sLine; std::getline(oLines, sLine);) EXPECT_LE(sLine.size(), 130u) << sLine;
+  for (const auto& [file, text] : Pages()) {
+    SCOPED_TRACE(file);
+    EXPECT_EQ(UnbalancedTag(text), "");
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+      EXPECT_LE(line.size(), 130u) << line;
+      EXPECT_TRUE(std::ranges::all_of(line, [](char c) { return c >= ' ' && c < 127; }))
+          << "write other characters as entities: " << line;
+    }
   }
-}
-
-TEST(HelpBook, EveryPageStandsOnceInTheContentsUnderItsTitle) {
-  auto oPages = Pages();
-  for (const Entry& oEntry : Entries("Tarvane.hhc")) {
-    SCOPED_TRACE(oEntry.sPage);
-    const auto oPage = oPages.extract(oEntry.sPage);
-    ASSERT_FALSE(oPage.empty()) << "missing, or in the contents twice";
-    for (const char* sTag : {"title", "h1"})
-      EXPECT_EQ(Matches(oPage.mapped(), std::string("<") + sTag + ">([^<]*)<"),
-                Strings{oEntry.sName});
-  }
-  for (const auto& [sFile, sText] : oPages) ADD_FAILURE() << sFile << " isn't in the contents";
 }
 
 // A reader gives an entry without a number that of the entry before it.
-TEST(HelpBook, EveryPageHasAContextNumberOfItsOwn) {
-  std::set<std::string> oSeen;
-  for (const Entry& oEntry : Entries("Tarvane.hhc")) {
-    EXPECT_FALSE(oEntry.sContext.empty()) << oEntry.sPage;
-    EXPECT_TRUE(oSeen.insert(oEntry.sContext).second) << oEntry.sPage;
+TEST(HelpBook, EveryPageStandsOnceInTheContentsUnderItsTitleWithANumberOfItsOwn) {
+  auto pages = Pages();
+  std::set<std::string> numbers{""};
+  for (const Entry& entry : Entries("Tarvane.hhc")) {
+    SCOPED_TRACE(entry.sPage);
+    const auto page = pages.extract(entry.sPage);
+    ASSERT_FALSE(page.empty()) << "missing, or in the contents twice";
+    for (const std::string tag : {"title", "h1"})
+      EXPECT_EQ(Matches(page.mapped(), "<" + tag + ">([^<]*)<"), Strings{entry.sName});
+    EXPECT_TRUE(numbers.insert(entry.sContext).second) << entry.sContext;
   }
+  for (const auto& [file, text] : pages) ADD_FAILURE() << file << " isn't in the contents";
 }
 
 TEST(HelpBook, DialogsAndCommandsFindTheirPage) {
-  const std::map<std::string, std::string> oWanted = {{"0", "welcome.html"},
-                                                      {"1800", "support.html"},
-                                                      {"2000", "copy-and-discard.html"},
-                                                      {"2100", "rewriting.html"},
-                                                      {"2300", "options.html"},
-                                                      {"2400", "printing.html"},
-                                                      {"2710", "rules-defaults.html"},
-                                                      {"2720", "rules-precedence.html"},
-                                                      {"2730", "rules-boundary.html"},
-                                                      {"2740", "rules-numbering.html"},
-                                                      {"2750", "rules-general.html"},
-                                                      {"2800", "custom-select.html"}};
-  std::map<std::string, std::string> oPages;
-  for (const Entry& oEntry : Entries("Tarvane.hhc")) oPages[oEntry.sContext] = oEntry.sPage;
-  for (const auto& [sContext, sPage] : oWanted) EXPECT_EQ(oPages[sContext], sPage) << sContext;
-
-  for (const auto& oFile : fs::recursive_directory_iterator(QUILLON_SOURCE_DIR "/src")) {
-    const auto sKind = oFile.path().extension();
-    if (sKind != ".cpp" && sKind != ".h") continue;
-    for (const std::string& sContext :
-         Matches(ReadAll(oFile.path()), "Help[A-Za-z]*[({ =]+(\\d{4})\\b"))
-      EXPECT_TRUE(oWanted.count(sContext)) << sContext << " in " << oFile.path();
+  std::map<std::string, std::string> pages, wanted;
+  for (const Entry& entry : Entries("Tarvane.hhc")) pages[entry.sContext] = entry.sPage;
+  std::istringstream in(
+      "0 welcome 1800 support 2000 copy-and-discard 2100 rewriting 2300 options 2400 printing "
+      "2710 rules-defaults 2720 rules-precedence 2730 rules-boundary 2740 rules-numbering "
+      "2750 rules-general 2800 custom-select");
+  for (std::string number, page; in >> number >> page; wanted[number] = page)
+    EXPECT_EQ(pages[number], page + ".html") << number;
+  for (const auto& file : fs::recursive_directory_iterator(QUILLON_SOURCE_DIR "/src")) {
+    if (file.path().extension() != ".cpp" && file.path().extension() != ".h") continue;
+    for (const auto& number : Matches(ReadAll(file.path()), "Help[A-Za-z]*[({ =]+(\\d{4})\\b"))
+      EXPECT_TRUE(wanted.count(number)) << number << " in " << file.path();
   }
 }
 
 TEST(HelpBook, TheIndexIsSortedAndReachesEveryPage) {
-  auto oPages = Pages();
-  std::set<std::string> oReached{"welcome.html"};
-  std::string sBefore;
-  for (const Entry& oEntry : Entries("Tarvane.hhk")) {
-    SCOPED_TRACE(oEntry.sName);
-    EXPECT_TRUE(oPages.count(oEntry.sPage)) << oEntry.sPage;
-    EXPECT_LT(LowerCase(FromUtf8(sBefore)), LowerCase(FromUtf8(oEntry.sName)));
-    oReached.insert(oEntry.sPage);
-    sBefore = oEntry.sName;
+  const auto pages = Pages();
+  std::set<std::string> reached{"welcome.html"};
+  Text before;
+  for (const Entry& entry : Entries("Tarvane.hhk")) {
+    SCOPED_TRACE(entry.sName);
+    EXPECT_LT(before, LowerCase(FromUtf8(entry.sName)));
+    before = LowerCase(FromUtf8(entry.sName));
+    EXPECT_TRUE(pages.count(entry.sPage)) << entry.sPage;
+    reached.insert(entry.sPage);
   }
-  for (const auto& [sFile, sText] : oPages) EXPECT_TRUE(oReached.count(sFile)) << sFile;
+  for (const auto& [file, text] : pages) EXPECT_TRUE(reached.count(file)) << file;
 }
 
 TEST(HelpBook, TheBookHoldsEveryPage) {
-  const std::string sBook = ReadAll(QUILLON_BIN_DIR "/Tarvane.htb");
-  ASSERT_TRUE(sBook.starts_with("PK"));
+  const std::string book = ReadAll(QUILLON_BIN_DIR "/Tarvane.htb");
+  ASSERT_TRUE(book.starts_with("PK"));
   // The directory at the end of the archive has each name once more.
-  const std::string sDirectory = sBook.substr(sBook.find("PK\1\2"));
-  EXPECT_NE(sDirectory.find("Tarvane.hhp"), std::string::npos);
-  for (const auto& [sFile, sText] : Pages())
-    EXPECT_NE(sDirectory.find(sFile), std::string::npos) << sFile;
-  for (const std::string& sLine :
-       Matches(ReadAll(Folder / "Tarvane.hhp"), "(?:file|topic)=([^\n]*)"))
-    EXPECT_NE(sDirectory.find(sLine), std::string::npos) << sLine;
+  const std::string directory = book.substr(book.find("PK\1\2"));
+  Strings wanted = Matches(ReadAll(Folder / "Tarvane.hhp"), "(?:file|topic)=([^\n]*)");
+  wanted.push_back("Tarvane.hhp");
+  for (const auto& [file, text] : Pages()) wanted.push_back(file);
+  for (const auto& file : wanted) EXPECT_NE(directory.find(file), std::string::npos) << file;
 }
 
 }  // namespace

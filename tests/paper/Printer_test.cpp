@@ -2,60 +2,63 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
-#include "Failure.h"
+#include "FailureOf.h"
 #include "RecordingDevice.h"
 #include "SeveralDocuments.h"
+#include "TableRows.h"
 
 namespace {
 
 using Paper::Printer;
 
+/// Deeds as words; in texts "<" stands for CR and ">" for LF, and "-" is the empty one.
+void Work(Printer& o, const std::string& deeds) {
+  std::istringstream in(deeds);
+  std::int32_t number = 0;
+  for (std::string verb, text; in >> verb;) {
+    if (verb == "print" || verb == "title") {
+      in >> text;
+      std::replace(text.begin(), text.end(), '<', '\r');
+      std::replace(text.begin(), text.end(), '>', '\n');
+      const Text wide = text == "-" ? Text() : FromUtf8(text);
+      verb == "print" ? o.Print(wide) : o.SetTitle(wide);
+    }
+    if (verb == "x") in >> number, o.SetCurrentX(number);
+    if (verb == "y") in >> number, o.SetCurrentY(number);
+    if (verb == "paper") in >> number, o.SetPaperSize(number);
+    if (verb == "turn") in >> number, o.SetOrientation(number);
+    if (verb == "bold") o.SetFontBold(true);
+    if (verb == "page") o.NewPage();
+    if (verb == "end") o.EndDoc();
+    if (verb == "kill") o.KillDoc();
+  }
+}
+
+/// What the device was told, each thing behind a ";".
+std::string Told(std::string record) {
+  std::replace(record.begin(), record.end(), '\n', ';');
+  return record;
+}
+
 TEST(Printer, TurnsCallsIntoDocumentsAndPages) {
-  struct Row {
-    const char* sName;
-    std::function<void(Printer&)> oWork;
-    const char* sRecord;
-  };
-  for (const Row& oRow : {
-           Row{"nothing printed, nothing made", [](Printer& o) { o.EndDoc(); }, ""},
-           Row{"a text moves down and to the left",
-               [](Printer& o) {
-                 o.SetCurrentX(50), o.SetCurrentY(70);
-                 o.Print(u"a"), o.Print(u"b");
-                 o.EndDoc();
-               },
-               "document \npage 12240 x 15840\n1 50 70 a\n1 0 270 b\nend\n"},
-           Row{"lines of one text stand under each other",
-               [](Printer& o) {
-                 o.SetCurrentX(50);
-                 o.Print(u"a\r\nb\n\rc");
-               },
-               "document \npage 12240 x 15840\n1 50 0 a\n1 50 200 b\n1 50 600 c\n"},
-           Row{"an empty text opens the page", [](Printer& o) { o.Print(u""); },
-               "document \npage 12240 x 15840\n"},
-           Row{"a new page begins at its corner",
-               [](Printer& o) {
-                 o.SetFontBold(true), o.SetCurrentY(900);
-                 o.NewPage(), o.Print(u"b");
-               },
-               "document \npage 12240 x 15840\npage 12240 x 15840\n2 0 0 b*\n"},
-           Row{"title and turned paper hold from the next document on",
-               [](Printer& o) {
-                 o.SetTitle(u"T"), o.SetPaperSize(9), o.SetOrientation(2);
-                 o.Print(u""), o.SetTitle(u"U"), o.EndDoc();
-                 o.Print(u"b");
-               },
-               "document T\npage 16838 x 11906\nend\ndocument U\npage 16838 x 11906\n2 0 0 b\n"},
-           Row{"a killed document is gone",
-               [](Printer& o) { o.Print(u"a"), o.KillDoc(), o.EndDoc(); }, "killed\n"},
-       }) {
-    SCOPED_TRACE(oRow.sName);
-    RecordingDevice oDevice;
-    Printer oPrinter(oDevice);
-    oRow.oWork(oPrinter);
-    EXPECT_EQ(oDevice.sRecord, oRow.sRecord);
+  for (const auto& row : Rows(R"(
+      nothing printed, nothing made | end |
+      a text moves down and to the left | x 50 y 70 print a print b end
+                                    | document ;page 12240 x 15840;1 50 70 a;1 0 270 b;end;
+      lines of one text stand under each other | x 50 print a<>b><c
+                                    | document ;page 12240 x 15840;1 50 0 a;1 50 200 b;1 50 600 c;
+      an empty text opens the page  | print - | document ;page 12240 x 15840;
+      a new page begins at its corner | bold y 900 page print b
+                                    | document ;page 12240 x 15840;page 12240 x 15840;2 0 0 b*;
+      title and turned paper hold from the next document on
+                                    | title T paper 9 turn 2 print - title U end print b
+                | document T;page 16838 x 11906;end;document U;page 16838 x 11906;2 0 0 b;
+      a killed document is gone     | print a kill end | killed;)")) {
+    SCOPED_TRACE(row[0]);
+    RecordingDevice device;
+    Printer printer(device);
+    Work(printer, row[1]);
+    EXPECT_EQ(Told(device.sRecord), row[2]);
   }
 }
 
@@ -67,15 +70,6 @@ TEST(Printer, MeasuresTheWidestLineAndAllOfThem) {
   EXPECT_EQ(oPrinter.TextHeight(u""), 200);
   oPrinter.SetFontBold(true);
   EXPECT_EQ(oPrinter.TextWidth(u"ab"), 240);
-}
-
-int FailureOf(const std::function<void()>& oWork) {
-  try {
-    oWork();
-  } catch (const Failure& oFailure) {
-    return oFailure.Number();
-  }
-  return 0;
 }
 
 TEST(Printer, RefusesWhatItCantBeAndKeepsWhatItWas) {
@@ -103,30 +97,19 @@ TEST(Printer, IsReadyForTheNextDocumentAfterAPageThatCouldNotBegin) {
   EXPECT_EQ(oDevice.sRecord, "killed\ndocument \npage 12240 x 15840\n2 0 0 b\n");
 }
 
-TEST(SeveralDocuments, AreOneUnderOneTitle) {
-  RecordingDevice oDevice;
-  {
-    Paper::SeveralDocuments oTogether(oDevice, u"All");
-    Printer oPrinter(oTogether);
-    for (const char16_t* sText : {u"a", u"b"}) {
-      oPrinter.SetTitle(sText);
-      oPrinter.Print(sText), oPrinter.EndDoc();
+TEST(SeveralDocuments, AreOneUnderOneTitleAndDroppedWithoutAClose) {
+  for (const bool close : {true, false}) {
+    RecordingDevice device;
+    {
+      Paper::SeveralDocuments together(device, u"All");
+      Printer printer(together);
+      Work(printer, "title a print a end title b print b end");
+      if (close) together.Close(), together.Close();
     }
-    oTogether.Close();
-    oTogether.Close();
+    EXPECT_EQ(Told(device.sRecord), close ? "document All;page 12240 x 15840;1 0 0 a;"
+                                            "page 12240 x 15840;2 0 0 b;end;"
+                                          : "killed;");
   }
-  EXPECT_EQ(oDevice.sRecord,
-            "document All\npage 12240 x 15840\n1 0 0 a\npage 12240 x 15840\n2 0 0 b\nend\n");
-}
-
-TEST(SeveralDocuments, AreDroppedWithoutAClose) {
-  RecordingDevice oDevice;
-  {
-    Paper::SeveralDocuments oTogether(oDevice, u"All");
-    Printer oPrinter(oTogether);
-    oPrinter.Print(u"a"), oPrinter.EndDoc();
-  }
-  EXPECT_EQ(oDevice.sRecord, "killed\n");
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "Failure.h"
+#include "FailureOf.h"
 #include "MXDate.h"
 #include "TempFolder.h"
 
@@ -16,70 +16,62 @@ namespace {
 using Paper::Printer;
 using Paper::Printers;
 
-class FakeQueues : public Paper::IPrintQueues {
- public:
-  std::vector<Paper::PrintQueue> List() override { return oQueues; }
-  std::int32_t PaperSizeOf(const std::string&) override { return ePaper; }
+struct FakeQueues : Paper::IPrintQueues {
+  explicit FakeQueues(std::vector<Paper::PrintQueue> all = {}) : queues(std::move(all)) {}
+  std::vector<Paper::PrintQueue> List() override { return queues; }
+  std::int32_t PaperSizeOf(const std::string&) override { return Paper::PaperA5; }
   Paper::Strips StripsOf(const std::string&, std::int32_t) override { return {10, 20, 30, 40}; }
-  void Submit(const std::string& sQueue, const std::string& sFile, TextView sTitle,
-              std::int32_t ePaperSize) override {
-    sLastFile = sFile;
-    struct stat oState = {};
-    stat(sFile.c_str(), &oState);
-    const bool bPrivate = (oState.st_mode & 077) == 0;
-    sSubmitted += sQueue + " " + TempFolder::Read(sFile).substr(0, 4) + " " + ToUtf8(sTitle) + " " +
-                  std::to_string(ePaperSize) + (bPrivate ? " private" : " open") + "\n";
-    if (bFails) throw Failure(482);
+  void Submit(const std::string& queue, const std::string& file, TextView title,
+              std::int32_t paper) override {
+    lastFile = file;
+    const auto others = std::filesystem::status(file).permissions() & std::filesystem::perms(077);
+    submitted += queue + " " + TempFolder::Read(file).substr(0, 4) + " " + ToUtf8(title) + " " +
+                 std::to_string(paper) +
+                 (others == std::filesystem::perms() ? " private\n" : " open\n");
+    if (fails) throw Failure(482);
   }
 
-  std::vector<Paper::PrintQueue> oQueues;
-  std::int32_t ePaper = 0;
-  std::string sSubmitted, sLastFile;
-  bool bFails = false;
+  std::vector<Paper::PrintQueue> queues;
+  std::string submitted, lastFile;
+  bool fails = false;
 };
 
-std::string Names(Printers& oPrinters) {
-  std::string sNames;
-  for (std::int32_t i = 1; i <= oPrinters.Count(); ++i) {
-    sNames += ToUtf8(oPrinters.DeviceName(i)) + ",";
-  }
-  return sNames + " " + ToUtf8(oPrinters.Current().DeviceName());
+/// All names, and the current one.
+std::string Names(Printers& printers) {
+  std::string all;
+  for (std::int32_t i = 1; i <= printers.Count(); ++i) all += ToUtf8(printers.DeviceName(i)) + ",";
+  return all + " " + ToUtf8(printers.Current().DeviceName());
 }
 
 TEST(Printers, ListsQueuesAndAlwaysThePdfFile) {
-  FakeQueues oQueues;
-  Printers oPrinters({}, oQueues);
-  EXPECT_EQ(Names(oPrinters), "PDF file, PDF file");
-  oQueues.oQueues = {{"hall"}, {"office/draft", true}};
-  EXPECT_EQ(Names(oPrinters), "PDF file, PDF file") << "looked up again without being told";
-  oPrinters.Refresh();
-  EXPECT_EQ(Names(oPrinters), "hall,office/draft,PDF file, PDF file") << "the choice stays";
-  EXPECT_THROW(oPrinters.Item(0), Failure);
-  EXPECT_THROW(oPrinters.Item(4), Failure);
-  EXPECT_EQ(Names(*std::make_unique<Printers>(nullptr, oQueues)),
-            "hall,office/draft,PDF file, office/draft");
+  FakeQueues queues;
+  Printers printers({}, queues);
+  EXPECT_EQ(Names(printers), "PDF file, PDF file");
+  queues.queues = {{"hall"}, {"office/draft", true}};
+  EXPECT_EQ(Names(printers), "PDF file, PDF file") << "looked up again without being told";
+  printers.Refresh();
+  EXPECT_EQ(Names(printers), "hall,office/draft,PDF file, PDF file") << "the choice stays";
+  for (const std::int32_t out : {0, 4}) EXPECT_EQ(FailureOf([&] { printers.Item(out); }), 9);
+  Printers anew({}, queues);
+  EXPECT_EQ(Names(anew), "hall,office/draft,PDF file, office/draft");
 }
 
 TEST(Printers, ChoosesByTheFirst31CharactersOfAName) {
-  FakeQueues oQueues;
-  const std::string sLong(31, 'a');
-  oQueues.oQueues = {{"hall"}, {sLong + "-second-floor"}};
-  Printers oPrinters({}, oQueues);
-  EXPECT_TRUE(oPrinters.SetCurrent(FromUtf8(sLong)));
-  EXPECT_EQ(ToUtf8(oPrinters.Current().DeviceName()), sLong + "-second-floor");
-  EXPECT_FALSE(oPrinters.SetCurrent(u"hal"));
-  EXPECT_EQ(ToUtf8(oPrinters.Current().DeviceName()), sLong + "-second-floor");
-  oQueues.oQueues.pop_back();
-  oPrinters.Refresh();
-  EXPECT_EQ(oPrinters.Current().DeviceName(), u"hall") << "the chosen one is gone";
+  const std::string name(31, 'a');
+  FakeQueues queues({{"hall"}, {name + "-second-floor"}});
+  Printers printers({}, queues);
+  EXPECT_TRUE(printers.SetCurrent(FromUtf8(name)));
+  EXPECT_FALSE(printers.SetCurrent(u"hal"));
+  EXPECT_EQ(ToUtf8(printers.Current().DeviceName()), name + "-second-floor");
+  queues.queues.pop_back();
+  printers.Refresh();
+  EXPECT_EQ(printers.Current().DeviceName(), u"hall") << "the chosen one is gone";
 }
 
 TEST(Printers, KnowTheirPaperAndItsStrips) {
-  FakeQueues oQueues;
-  oQueues.oQueues = {{"hall"}};
-  oQueues.ePaper = Paper::PaperA5;
-  Printers oPrinters({}, oQueues);
-  Printer& o = oPrinters.Current();
+  FakeQueues queues({{"hall"}});
+  Printers printers({}, queues);
+  Printer& o = printers.Current();
   EXPECT_EQ(o.PaperSize(), Paper::PaperA5);
   EXPECT_EQ(o.ScaleLeft() + o.ScaleWidth(), o.Width() - 30);
   EXPECT_EQ(o.ScaleTop() + o.ScaleHeight(), o.Height() - 40);
@@ -89,25 +81,20 @@ TEST(Printers, KnowTheirPaperAndItsStrips) {
 }
 
 TEST(QueueDevice, HandsThePdfOverAndCleansUp) {
-  FakeQueues oQueues;
-  oQueues.oQueues = {{"hall"}};
-  Printers oPrinters({}, oQueues);
-  Printer& o = oPrinters.Current();
+  FakeQueues queues({{"hall"}});
+  Printers printers({}, queues);
+  Printer& o = printers.Current();
   o.SetPaperSize(Paper::PaperLegal);
-  for (const bool bFails : {true, false}) {
-    oQueues.bFails = bFails;
-    o.SetTitle(bFails ? u"A" : u"B");
+  for (const bool fails : {true, false}) {
+    queues.fails = fails;
+    o.SetTitle(fails ? u"A" : u"B");
     o.Print(u"x");
-    if (bFails) {
-      EXPECT_THROW(o.EndDoc(), Failure);
-    } else {
-      o.EndDoc();
-    }
-    EXPECT_FALSE(std::filesystem::exists(oQueues.sLastFile));
+    EXPECT_EQ(FailureOf([&] { o.EndDoc(); }), fails ? 482 : 0);
+    EXPECT_FALSE(std::filesystem::exists(queues.lastFile));
   }
   o.Print(u"y");
   o.KillDoc();
-  EXPECT_EQ(oQueues.sSubmitted, "hall %PDF A 5 private\nhall %PDF B 5 private\n");
+  EXPECT_EQ(queues.submitted, "hall %PDF A 5 private\nhall %PDF B 5 private\n");
 }
 
 /// What a reader of PDF files finds in one.
@@ -120,27 +107,23 @@ std::string Shown(const std::string& sCommand) {
 }
 
 TEST(FileDevice, MakesPagesThatOtherProgramsRead) {
-  const TempFolder oFolder;
-  const std::string sPath = oFolder / "report.pdf";
-  FakeQueues oNone;
-  Printers oPrinters([&](TextView) { return FromUtf8(sPath); }, oNone);
-  Printer& o = oPrinters.Current();
-  const auto fnOldNow = std::exchange(MXDate::fnNow, [] { return 1717609509; });
+  const TempFolder folder;
+  const std::string path = folder / "report.pdf";
+  FakeQueues none;
+  Printers printers([&](TextView) { return FromUtf8(path); }, none);
+  Printer& o = printers.Current();
+  const auto oldNow = std::exchange(MXDate::fnNow, [] { return 1717609509; });
   o.SetTitle(u"Gr\u00F6\u00DFe");
   o.SetPaperSize(Paper::PaperA4), o.SetOrientation(Paper::Landscape);
   o.SetCurrentX(720);
-  o.Print(u"Gr\u00F6\u00DFe \u03A9 \u0416");
-  o.NewPage();
-  o.Print(u"second");
-  o.EndDoc();
-  MXDate::fnNow = fnOldNow;
-  EXPECT_EQ(Shown("pdftotext '" + sPath + "' -"),
-            "Gr\u00F6\u00DFe \u03A9 \u0416\n\n\fsecond\n\n\f");
-  const std::string sInfo = Shown("TZ=UTC pdfinfo '" + sPath + "'");
-  for (const char* sPart : {"Gr\u00F6\u00DFe\n", "Pages:           2\n", "841.9 x 595.3 pts (A4)",
-                            "Jun  5 17:45:09 2024"}) {
-    EXPECT_NE(sInfo.find(sPart), std::string::npos) << sPart << " isn't in\n" << sInfo;
-  }
+  o.Print(u"Gr\u00F6\u00DFe \u03A9 \u0416"), o.NewPage();
+  o.Print(u"second"), o.EndDoc();
+  MXDate::fnNow = oldNow;
+  EXPECT_EQ(Shown("pdftotext '" + path + "' -"), "Gr\u00F6\u00DFe \u03A9 \u0416\n\n\fsecond\n\n\f");
+  const std::string info = Shown("TZ=UTC pdfinfo '" + path + "'");
+  for (const char* part : {"Gr\u00F6\u00DFe\n", "Pages:           2\n", "841.9 x 595.3 pts (A4)",
+                           "Jun  5 17:45:09 2024"})
+    EXPECT_NE(info.find(part), std::string::npos) << part << " isn't in\n" << info;
 }
 
 TEST(FileDevice, MeasuresAsItPrints) {
@@ -157,44 +140,39 @@ TEST(FileDevice, MeasuresAsItPrints) {
 }
 
 TEST(FileDevice, DropsTheDocumentWhenNoFileIsNamed) {
-  const TempFolder oFolder;
-  FakeQueues oNone;
-  std::vector<Text> asAsked;
-  std::optional<Text> oAnswer;
-  Printers oPrinters(
-      [&](TextView sTitle) {
-        asAsked.emplace_back(sTitle);
-        return oAnswer;
-      },
-      oNone);
-  Printer& o = oPrinters.Current();
-  o.SetTitle(u"T");
-  o.Print(u"a"), o.EndDoc();
-  EXPECT_EQ(asAsked, std::vector<Text>{u"T"});
-  EXPECT_EQ(oFolder.Entries(), 0u);
-  oAnswer = FromUtf8(oFolder / "kept.pdf");
-  o.Print(u"a"), o.EndDoc();
-  EXPECT_EQ(oFolder.Entries(), 1u);
+  const TempFolder folder;
+  FakeQueues none;
+  Text asked;
+  std::optional<Text> answer;
+  Printers printers([&](TextView title) { return asked += title, answer; }, none);
+  Printer& o = printers.Current();
+  for (const std::size_t files : {0U, 1U}) {
+    if (files > 0) answer = FromUtf8(folder / "kept.pdf");
+    o.SetTitle(u"T");
+    o.Print(u"a"), o.EndDoc();
+    EXPECT_EQ(folder.Entries(), files);
+  }
+  EXPECT_EQ(asked, u"TT");
 }
 
 TEST(FileDevice, NamesThePathThatCantBeWrittenAndKeepsTheOldFile) {
-  const TempFolder oFolder;
-  TempFolder::Write(oFolder / "old.pdf", "old");
-  chmod((oFolder / "old.pdf").c_str(), 0444);
-  FakeQueues oNone;
-  for (const char* sName : {"gone/a.pdf", "old.pdf", "."}) {
-    SCOPED_TRACE(sName);
-    const Text sPath = FromUtf8(oFolder / sName);
-    Printers oPrinters([&](TextView) { return sPath; }, oNone);
-    oPrinters.Current().Print(u"a");
+  const TempFolder folder;
+  TempFolder::Write(folder / "old.pdf", "old");
+  chmod((folder / "old.pdf").c_str(), 0444);
+  FakeQueues none;
+  for (const char* name : {"gone/a.pdf", "old.pdf", "."}) {
+    SCOPED_TRACE(name);
+    const Text path = FromUtf8(folder / name);
+    Printers printers([&](TextView) { return path; }, none);
+    printers.Current().Print(u"a");
     try {
-      oPrinters.Current().EndDoc();
+      printers.Current().EndDoc();
       ADD_FAILURE() << "written";
-    } catch (const Failure& oFailure) {
-      EXPECT_NE(oFailure.Description().find(sPath), Text::npos) << oFailure.what();
+    } catch (const Failure& failure) {
+      EXPECT_NE(failure.Description().find(path), Text::npos) << failure.what();
     }
   }
-  EXPECT_EQ(TempFolder::Read(oFolder / "old.pdf"), "old");
+  EXPECT_EQ(TempFolder::Read(folder / "old.pdf"), "old");
 }
 
 // Replacing it would turn the device into a file.

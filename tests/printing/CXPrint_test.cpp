@@ -5,16 +5,22 @@
 namespace {
 
 struct CXPrintTest : PrintTest {
-  /// A line, and then room for lTwips more.
-  void FillBut(CXPrint& oPrint, int lTwips) {
-    oPrint.PrintLine(u"x");
-    oPrinter.SetCurrentY(14840 - lTwips);
+  /// A line, and then room for so many twips more.
+  void FillBut(CXPrint& print, int twips) {
+    print.PrintLine(u"x");
+    oPrinter.SetCurrentY(14840 - twips);
   }
-  static std::vector<Text> Split(const std::string& sTexts) {
-    std::vector<Text> as;
-    std::istringstream o(sTexts + ";");
-    for (std::string s; std::getline(o, s, ';');) as.push_back(FromUtf8(s));
-    return as;
+  /// What was printed since the last call, with ";" behind a row and between its columns.
+  std::string TakeLine() {
+    std::string rows = TakeRows();
+    for (char& c : rows) c = c == '\n' || c == '|' ? ';' : c;
+    return rows.empty() ? rows : rows.substr(1);
+  }
+  static std::vector<Text> Split(const std::string& texts) {
+    std::vector<Text> all;
+    std::istringstream in(texts);
+    for (std::string s; std::getline(in, s, ';');) all.push_back(FromUtf8(s));
+    return all;
   }
 };
 
@@ -50,34 +56,32 @@ TEST_F(CXPrintTest, ReplacesMarksEachTimeATextIsWritten) {
 TEST_F(CXPrintTest, BreaksPagesWhereTheBodyEnds) {
   // Room below a first line, space after, lines to check, a line or columns; rows of all pages.
   // 3 lines of 200 x 1.0013 are 600.78; each rounded by itself they would fit into 600.
-  for (const auto& as : Rows(R"(
+  for (const auto& row : Rows(R"(
          nothing printed             |      |        |    |     | F
-         a line that ends on the limit | 200 | 0     |    | y   | H x y F
-         a twip more                 | 199  | 0      |    | y   | H x F H y F
-         space after counts          | 299  | 0.5    |    | y   | H x F H y F
-         two lines in one            | 399  | 0      |    | y;z | H x F H y z F
-         a row of columns            | 199  | 0      |    | row | H x F H row F
-         ten lines fit               | 2000 | 0      | 10 | y   | H x y F
-         ten lines don't             | 1999 | 0      | 10 | y   | H x F H y F
-         lines are rounded together  | 600  | 0.0013 | 3  | y   | H x F H y F)")) {
-    SCOPED_TRACE(as[0]);
-    CXPrint oPrint(oPrinter);
-    oPrint.Header(u"H", u"", u"");
-    oPrint.Footer(u"F", u"", u"");
-    oPrint.SetColumns({0});
-    if (!as[1].empty()) {
-      FillBut(oPrint, std::stoi(as[1]));
-      oPrint.SpaceAfter = std::stof(as[2]);
-      if (!as[3].empty()) oPrint.CheckPage(static_cast<std::int16_t>(std::stoi(as[3])));
-      if (as[4] == "row")
-        oPrint.PrintColumns({u"row"});
+         a line that ends on the limit | 200 | 0     | 0  | y   | H;x;y;F
+         a twip more                 | 199  | 0      | 0  | y   | H;x;F;H;y;F
+         space after counts          | 299  | 0.5    | 0  | y   | H;x;F;H;y;F
+         two lines in one            | 399  | 0      | 0  | y+z | H;x;F;H;y;z;F
+         a row of columns            | 199  | 0      | 0  | row | H;x;F;H;row;F
+         ten lines fit               | 2000 | 0      | 10 | y   | H;x;y;F
+         ten lines don't             | 1999 | 0      | 10 | y   | H;x;F;H;y;F
+         lines are rounded together  | 600  | 0.0013 | 3  | y   | H;x;F;H;y;F)")) {
+    SCOPED_TRACE(row[0]);
+    CXPrint print(oPrinter);
+    print.Header(u"H", u"", u"");
+    print.Footer(u"F", u"", u"");
+    print.SetColumns({0});
+    if (!row[1].empty()) {
+      FillBut(print, std::stoi(row[1]));
+      print.SpaceAfter = std::stof(row[2]);
+      if (row[3] != "0") print.CheckPage(static_cast<std::int16_t>(std::stoi(row[3])));
+      if (row[4] == "row")
+        print.PrintColumns({u"row"});
       else
-        oPrint.PrintLine(as[4] == "y;z" ? u"y\r\nz" : u"y");
+        print.PrintLine(row[4] == "y" ? u"y" : u"y\r\nz");
     }
-    oPrint.Finish();
-    std::string sRows = TakeRows().substr(1);
-    std::replace(sRows.begin(), sRows.end(), '\n', ' ');
-    EXPECT_EQ(sRows, as[5]);
+    print.Finish();
+    EXPECT_EQ(TakeLine(), row[5]);
   }
 }
 
@@ -108,56 +112,53 @@ TEST_F(CXPrintTest, DecidesTheHeightOfARowItself) {
 
 TEST_F(CXPrintTest, KeepsMarginsOnWhatTheDeviceCanPrint) {
   oDevice.oStrips = {250, 360, 400, 510};
-  Paper::Printer oNarrow(oDevice);
-  CXPrint oPrint(oNarrow);
-  for (const std::int32_t lMargin : {0, -5, 720}) {
-    oPrint.SetLeftMargin(lMargin), oPrint.SetTopMargin(lMargin);
-    oPrint.SetRightMargin(lMargin), oPrint.SetBottomMargin(lMargin);
-    EXPECT_EQ(oPrint.LeftMargin(), std::max(lMargin, 250));
-    EXPECT_EQ(oPrint.TopMargin(), std::max(lMargin, 360));
-    EXPECT_EQ(oPrint.RightMargin(), std::max(lMargin, 400));
-    EXPECT_EQ(oPrint.BottomMargin(), std::max(lMargin, 510));
+  Paper::Printer narrow(oDevice);
+  CXPrint print(narrow);
+  for (const std::int32_t margin : {0, -5, 720}) {
+    print.SetLeftMargin(margin), print.SetTopMargin(margin);
+    print.SetRightMargin(margin), print.SetBottomMargin(margin);
+    const std::vector<std::int32_t> kept{print.LeftMargin(), print.TopMargin(), print.RightMargin(),
+                                         print.BottomMargin()};
+    EXPECT_EQ(kept,
+              (margin == 720 ? std::vector{720, 720, 720, 720} : std::vector{250, 360, 400, 510}));
   }
 }
 
 TEST_F(CXPrintTest, CutsWhatDoesNotFitItsColumn) {
-  // The second column's place and the third's, bold or a path, values, and what is printed.
-  for (const auto& as : Rows(R"(
-         100 short of the next column | 1000 | 2000 | | 123456789;1234567890;to the end
-                                    | 123456789;123456...;to the end
-         bold is wider              | 1000  |     | bold | 12345678      | 1234...*
-         to the right margin        | 10240 |     |      | ;12345678901  | 1234567...
-         too close for anything     | 80    | 500 |      | a;b;c         | b;c
-         beyond the page            | 20000 |     |      | a;b           | a
-         fewer values               | 1000  | 2000 |     | a             | a
-         more values                | 1000  |     |      | a;b;c         | a;b
-         a path loses folders       | 1700  |     | path | C:\alpha\beta\c.txt | C:\...\c.txt
-         and so does one of slashes | 1500  |     | path | /alpha/beta/c.txt | /.../c.txt
-         a path is cut at last      | 500   |     | path | a/verylong.txt | v...
-         a text isn't a path        | 1700 | | | C:\alpha\beta\c.txt | C:\alpha\beta...)")) {
-    SCOPED_TRACE(as[0]);
-    CXPrint oPrint(oPrinter);
-    std::vector<std::int32_t> alPosition{0, std::stoi(as[1])};
-    if (!as[2].empty()) alPosition.push_back(std::stoi(as[2]));
-    oPrint.SetColumns(alPosition);
-    oPrint.FontBold = as[3] == "bold";
-    oPrint.SetColumnIsPath(0, as[3] == "path");
-    oPrint.PrintColumns(Split(as[4]));
-    std::string sRows = TakeRows().substr(1);
-    std::replace(sRows.begin(), sRows.end(), '|', ';');
-    EXPECT_EQ(sRows, as[5]);
+  // The places of the second column and the third, bold or a path, values, and what is printed.
+  for (const auto& row : Rows(R"(
+         100 short of the next column | 0 1000 2000 | | 123456789;1234567890;to the end
+                                              | 123456789;123456...;to the end
+         bold is wider              | 0 1000  | bold | 12345678            | 1234...*
+         to the right margin        | 0 10240 |      | ;12345678901        | 1234567...
+         too close for anything     | 0 80 500 |     | a;b;c               | b;c
+         beyond the page            | 0 20000 |      | a;b                 | a
+         fewer values               | 0 1000 2000 |  | a                   | a
+         more values                | 0 1000  |      | a;b;c               | a;b
+         a path loses folders       | 0 1700  | path | C:\alpha\beta\c.txt | C:\...\c.txt
+         and so does one of slashes | 0 1500  | path | /alpha/beta/c.txt   | /.../c.txt
+         a path is cut at last      | 0 500   | path | a/verylong.txt      | v...
+         a text isn't a path        | 0 1700  |      | C:\alpha\beta\c.txt | C:\alpha\beta...)")) {
+    SCOPED_TRACE(row[0]);
+    CXPrint print(oPrinter);
+    std::istringstream places(row[1]);
+    print.SetColumns({std::istream_iterator<std::int32_t>(places), {}});
+    print.FontBold = row[2] == "bold";
+    print.SetColumnIsPath(0, row[2] == "path");
+    print.PrintColumns(Split(row[3]));
+    EXPECT_EQ(TakeLine(), row[4]);
   }
 }
 
 TEST_F(CXPrintTest, ForgetsPathsWithNewColumnsAndKnowsItsColumns) {
-  CXPrint oPrint(oPrinter);
-  for (const bool bWasPath : {true, false}) {
-    oPrint.SetColumns({0, 1000});
-    if (bWasPath) oPrint.SetColumnIsPath(1, true);
-    EXPECT_EQ(oPrint.ColumnIsPath(1), bWasPath);
+  CXPrint print(oPrinter);
+  for (const bool path : {true, false}) {
+    print.SetColumns({0, 1000});
+    if (path) print.SetColumnIsPath(1, true);
+    EXPECT_EQ(print.ColumnIsPath(1), path);
   }
-  EXPECT_THROW(oPrint.SetColumnIsPath(2, true), Failure);
-  EXPECT_THROW(oPrint.ColumnIsPath(-1), Failure);
+  EXPECT_THROW(print.SetColumnIsPath(2, true), Failure);
+  EXPECT_THROW(print.ColumnIsPath(-1), Failure);
 }
 
 }  // namespace

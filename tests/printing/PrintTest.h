@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "CXPrint.h"
-#include "Failure.h"
+#include "FailureOf.h"
 #include "MXDate.h"
 #include "RecordingDevice.h"
 #include "TableRows.h"
