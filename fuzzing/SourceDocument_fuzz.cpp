@@ -89,7 +89,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t lSize) {
   if (oAgain.CountOfLines() == lLines && oAgain.Lines(1, lLines) == oDocument.Lines(1, lLines)) {
     Require(IndexOf(oAgain) == IndexOf(oDocument));
   }
-  oDocument.MarkSaved(oDocument.Bytes());
+  oDocument.MarkSaved();
   Require(oDocument.Bytes() == sNew && !oDocument.IsChanged());
   return 0;
 }

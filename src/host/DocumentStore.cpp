@@ -72,7 +72,7 @@ bool StoredDocument::CheckDisk(const std::string& sNewBytes) const {
 void StoredDocument::Save() {
   std::string sBytes = mpDocument->Bytes();
   if (!CheckDisk(sBytes)) AtomicFile::Replace(msPath, sBytes, *moSettings.poFiles);
-  mpDocument->MarkSaved(std::move(sBytes));
+  mpDocument->MarkSaved();
   moSettings.poFiles->GetStat(msPath, moStat);
 }
 

@@ -96,10 +96,8 @@ bool IsChanged(std::string_view sOne, std::string_view sOther) {
   return lSize > 0 && lSame + lEnd == lSize;
 }
 
-// A line that can come or go inside a body without a change of what the lines around it mean.
 bool IsPlain(std::string_view sAhead, std::string_view sLine) {
-  return !MayEndBody(sLine) && !SkipBlanks(sLine).starts_with('#') &&
-         ContinuationMark(sAhead) == std::string_view::npos;
+  return IsPlainLine(sLine) && ContinuationMark(sAhead) == std::string_view::npos;
 }
 
 }  // namespace
@@ -112,17 +110,30 @@ void EditMemory::Delete(std::int32_t lStart, std::int32_t lCount) {
   mlPlace = lStart;
 }
 
-std::int32_t EditMemory::Insert(std::int32_t lLine, const std::vector<std::string_view>& asNew,
-                                LexicalScan& oScan) {
-  if (mlPlace != lLine) moGone.clear();
-  moLines.MakeRoom(Needed(asNew));
-  moLines.Insert(lLine, NewLines(asNew));
-  const bool bTails =
-      std::any_of(moGone.begin(), moGone.end(), [](const Line& o) { return o.bTail; });
-  if (bTails) PlaceTails(lLine, static_cast<std::int32_t>(asNew.size()), oScan);
-  const std::int32_t lSame = SameAhead(asNew);
+EditMemory::Inserted EditMemory::Insert(std::int32_t line, std::string bytes, LexicalScan& scan) {
+  if (mlPlace != line) moGone.clear();
+  moLines.MakeRoom(Needed(bytes));
+  bytes += "\r\n";
+  const auto exchange = ExchangeLines(moLines, moRecent, moGone, bytes);
+  if (!exchange) return InsertAligned(line, bytes, scan);
+  moLines.Insert(line, exchange->lines);
   moGone.clear();
-  return lSame;
+  return {static_cast<std::int32_t>(exchange->lines.size()), exchange->sameAhead};
+}
+
+EditMemory::Inserted EditMemory::InsertAligned(std::int32_t line, std::string_view bytes,
+                                               LexicalScan& scan) {
+  std::vector<std::string_view> asNew;
+  LineSplit split(bytes);
+  while (split.Next()) asNew.push_back(split.Text());
+  const auto count = static_cast<std::int32_t>(asNew.size());
+  moLines.Insert(line, NewLines(asNew));
+  const bool hasTails =
+      std::any_of(moGone.begin(), moGone.end(), [](const Line& gone) { return gone.bTail; });
+  if (hasTails) PlaceTails(line, count, scan);
+  const std::int32_t sameAhead = SameAhead(asNew);
+  moGone.clear();
+  return {count, sameAhead};
 }
 
 std::int32_t EditMemory::SameAhead(const std::vector<std::string_view>& asNew) const {
@@ -145,9 +156,9 @@ std::int32_t EditMemory::SameAhead(const std::vector<std::string_view>& asNew) c
 }
 
 // At most: all lines new, all hidden lines moved, each time with the line that carries them.
-std::size_t EditMemory::Needed(const std::vector<std::string_view>& asNew) const {
-  std::size_t lBytes = 0;
-  for (const std::string_view sLine : asNew) lBytes += sLine.size() + 2;
+std::size_t EditMemory::Needed(std::string_view bytes) const {
+  // An empty line of the new text is one byte of it, and may become two.
+  const std::size_t lBytes = 2 * bytes.size() + 2;
   std::size_t lTails = 0;
   for (const Line& oLine : moGone) {
     if (oLine.bTail) lTails += moLines.TailOf(oLine).size() + 4;
@@ -203,7 +214,7 @@ void EditMemory::AddChanged(const std::vector<std::string_view>& asNew, std::siz
   for (std::size_t l = lFrom; l < lTo; ++l) {
     std::string_view sEnd;
     if (malPartner[l] >= 0) sEnd = moLines.EndOf(moGone[Index(malPartner[l])]);
-    oMade.push_back(moLines.Add(asNew[l], sEnd.empty() ? moLines.OwnEnd() : sEnd));
+    oMade.push_back(moRecent.Add(asNew[l], sEnd.empty() ? moLines.OwnEnd() : sEnd).line);
   }
 }
 

@@ -45,12 +45,14 @@ class GapBuffer {
     mlGap = lTo;
   }
 
-  // An eighth more than asked for: enough to grow rarely, little enough for many small buffers.
+  // A quarter more than asked for: enough to grow rarely, little enough for many small buffers.
   void Grow(std::size_t lCount) {
-    const std::size_t lMore = lCount + moItems.size() / 8;
-    moItems.reserve(moItems.size() + lMore);
-    moItems.insert(At(mlGap), lMore, T{});
-    mlGapLength += lMore;
+    const std::size_t size = Size();
+    std::vector<T> items(size + lCount + size / 4);
+    std::copy(moItems.begin(), At(mlGap), items.begin());
+    std::copy_backward(At(mlGap + mlGapLength), moItems.end(), items.end());
+    mlGapLength = items.size() - size;
+    moItems = std::move(items);
   }
 
   std::vector<T> moItems;

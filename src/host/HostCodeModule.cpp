@@ -7,9 +7,15 @@
 
 HostMember::HostMember(HostMembers& oParent, SourceDocument& oDocument, std::int32_t lIndex)
     : moParent(oParent), moDocument(oDocument), mlIndex(lIndex) {
-  SourceDocument::MemberInfo oInfo = oDocument.MemberAt(lIndex);
-  msName = std::move(oInfo.sName);
-  mnType = oInfo.nType;
+  const SourceDocument::MemberInfo info = oDocument.MemberAt(lIndex);
+  mNameAt = static_cast<std::uint32_t>(oParent.mNames.size());
+  mNameLength = static_cast<std::uint32_t>(info.sName.size());
+  oParent.mNames += info.sName;
+  mnType = info.nType;
+}
+
+TextView HostMember::KeptName() const {
+  return TextView(moParent.mNames).substr(mNameAt, mNameLength);
 }
 
 ::Members& HostMember::Parent() const {
@@ -17,7 +23,7 @@ HostMember::HostMember(HostMembers& oParent, SourceDocument& oDocument, std::int
 }
 
 bool HostMember::IsAt(std::int32_t lIndex) const {
-  return moDocument.IsMember(lIndex, msName, mnType);
+  return moDocument.IsMember(lIndex, KeptName(), mnType);
 }
 
 std::int32_t HostMember::FindPlace() const {

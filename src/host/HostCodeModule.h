@@ -17,11 +17,14 @@ class HostMembers;
 class HostMember : public Member {
  public:
   HostMember(HostMembers& oParent, SourceDocument& oDocument, std::int32_t lIndex);
-  Text Name() const override { return msName; }
+  Text Name() const override { return Text(KeptName()); }
   MemberType Type() const override { return mnType; }
   MemberScope Scope() const override { return moDocument.MemberAt(Place()).nScope; }
   std::int32_t CodeLocation() const override { return moDocument.MemberAt(Place()).lLine; }
   ::Members& Parent() const override;
+  bool MayHave(ProcKind kind) const override { return moDocument.HasProcedure(KeptName(), kind); }
+  /// The document finds a place for the hidden lines of lines that go (EditMemory).
+  bool KeepsAttributes() const override { return true; }
   AttributeValue Attribute(MemberAttribute eAttribute) const override {
     return moDocument.Attribute(Place(), eAttribute);
   }
@@ -36,10 +39,11 @@ class HostMember : public Member {
  private:
   /// Failure 35 when the member is gone.
   std::int32_t Place() const;
+  TextView KeptName() const;
 
   HostMembers& moParent;
   SourceDocument& moDocument;
-  Text msName;
+  std::uint32_t mNameAt, mNameLength;  // among the names that the parent keeps
   MemberType mnType;
   mutable std::int32_t mlIndex;
   mutable std::uint32_t mlVersion = 0;  // of the members among which it was found at mlIndex
@@ -54,10 +58,12 @@ class HostMembers : public ::Members {
   CodeModule& Parent() const override { return moParent; }
 
  private:
+  friend class HostMember;
   void Rearrange();
 
   CodeModule& moParent;
   SourceDocument& moDocument;
+  Text mNames;  // of all members that were made, one behind the other
   std::vector<std::unique_ptr<HostMember>> moItems;  // made when first asked for
   std::vector<std::unique_ptr<HostMember>> moGone;   // someone may still hold them
 };

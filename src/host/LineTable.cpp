@@ -9,8 +9,6 @@
 namespace {
 
 constexpr std::size_t MaxBytes = 0x7FFFFFFF;
-constexpr std::uint32_t AddedBit = 0x80000000;
-constexpr std::size_t RecentLines = 64;
 
 LineTable::Line MakeLine(std::size_t lOffset, std::size_t lLength, bool bTail) {
   LineTable::Line oLine;
@@ -96,12 +94,6 @@ void LineTable::Split(std::size_t lHeaderLength) {
   moLines.Assign(std::move(oLines));
 }
 
-std::string_view LineTable::BytesOf(const Line& oLine) const {
-  const bool bAdded = (oLine.lOffset & AddedBit) != 0;
-  const std::string_view sBuffer = bAdded ? msAdded : msFile;
-  return sBuffer.substr(oLine.lOffset & ~AddedBit, oLine.lLength);
-}
-
 std::string_view LineTable::TextOf(const Line& oLine) const {
   const std::string_view sBytes = BytesOf(oLine);
   if (!oLine.bTail) return WithoutEnd(sBytes);
@@ -115,10 +107,10 @@ std::string_view LineTable::RunOf(std::int32_t lFirst, std::int32_t lLast,
   std::int32_t l = lFirst;
   std::size_t lLength = 0;
   for (; l < lLast; ++l) {
-    const Line& oLine = At(l);
-    if (oLine.bTail || At(l + 1).lOffset != oLine.lOffset + oLine.lLength) break;
-    if (!BytesOf(oLine).ends_with("\r\n")) break;
-    lLength += oLine.lLength;
+    const std::string_view bytes = BytesOf(At(l));
+    if (At(l).bTail || BytesOf(At(l + 1)).data() != bytes.data() + bytes.size()) break;
+    if (!bytes.ends_with("\r\n")) break;
+    lLength += bytes.size();
   }
   lTaken = l - lFirst + 1;
   const std::string_view sLast = TextOf(l);
@@ -145,42 +137,18 @@ bool LineTable::IsOpen(const Line& oLine) const {
   return oLine.lOffset != 0 || sBytes != ByteOrderMark;
 }
 
-void LineTable::MakeRoom(std::size_t lBytes) {
-  if (lBytes > MaxBytes - msAdded.size()) {
-    throw Failure(7, u"The new text of this file grew over 2 GB; save and open it again", u"host");
-  }
-  // By a quarter, not twice as much: a group has a thousand such buffers.
-  const std::size_t lNeeded = msAdded.size() + lBytes;
-  if (lNeeded > msAdded.capacity()) msAdded.reserve(lNeeded + lNeeded / 4);
-}
-
 LineTable::Line LineTable::Add(std::string_view sText, std::string_view sEnd,
                                std::string_view sTail) {
-  if (!sTail.empty()) return Append(sText, sEnd, sTail);
-  // A template writes the same lines into every procedure: they need to be there once.
-  if (moRecent.empty()) moRecent.resize(RecentLines);
-  Line& oRecent = moRecent[LineHash(sText) % RecentLines];
-  const std::string_view sBytes = BytesOf(oRecent);
-  const bool bSame = oRecent.lLength == sText.size() + sEnd.size() && sBytes.starts_with(sText) &&
-                     sBytes.ends_with(sEnd);
-  if (!bSame || oRecent.lLength == 0) oRecent = Append(sText, sEnd, sTail);
-  return oRecent;
-}
-
-LineTable::Line LineTable::Append(std::string_view sText, std::string_view sEnd,
-                                  std::string_view sTail) {
-  MakeRoom(sText.size() + sEnd.size() + sTail.size() + 4);
-  const std::size_t lOffset = msAdded.size();
-  msAdded += sText;
-  msAdded += sEnd;
-  msAdded += sTail;
-  if (!sTail.empty() && !IsEnd(sTail.back())) msAdded += msOwnEnd;
+  const bool isOpen = !sTail.empty() && !IsEnd(sTail.back());
+  const std::string_view more = isOpen ? msOwnEnd : std::string_view();
+  const std::uint32_t offset = moAdded.Add({sText, sEnd, sTail, more});
   mbTails = mbTails || !sTail.empty();
-  return MakeLine(lOffset | AddedBit, msAdded.size() - lOffset, !sTail.empty());
+  return MakeLine(offset | AddedText::Limit,
+                  sText.size() + sEnd.size() + sTail.size() + more.size(), !sTail.empty());
 }
 
 LineTable::Line LineTable::WithTail(const Line& oLine, std::string_view sTail) {
-  return Add(std::string(BytesOf(oLine)), IsOpen(oLine) ? msOwnEnd : std::string_view(), sTail);
+  return Add(BytesOf(oLine), IsOpen(oLine) ? msOwnEnd : std::string_view(), sTail);
 }
 
 // Ahead of every change: the saved lines are kept from the first one on. Their bytes never move.
@@ -238,12 +206,21 @@ std::string LineTable::Compose(const GapBuffer<Line>& oLines) const {
   for (std::size_t l = 0; l < oLines.Size(); ++l) lLength += oLines[l].lLength;
   std::string sBytes;
   sBytes.reserve(lLength);
+  std::string_view run;  // lines that lie behind one another, as most of a file do
   std::string_view sMore;
   for (std::size_t l = 0; l < oLines.Size(); ++l) {
-    sBytes += PieceOf(oLines, l, sMore);
-    sBytes += sMore;
+    const std::string_view piece = PieceOf(oLines, l, sMore);
+    if (sMore.empty() && piece.data() == run.data() + run.size()) {
+      run = {run.data(), run.size() + piece.size()};
+      continue;
+    }
+    sBytes += run;
+    run = piece;
+    if (sMore.empty()) continue;
+    sBytes.append(piece).append(sMore);
+    run = {};
   }
-  return sBytes;
+  return sBytes += run;
 }
 
 std::string LineTable::Bytes() const {
@@ -273,13 +250,11 @@ bool LineTable::IsChanged() const {
 
 // As long as little was added, the lines themselves tell the saved bytes: a group that was
 // rewritten isn't held twice. Later the bytes that nothing needs any more have to go.
-void LineTable::MarkSaved(std::string sBytes) {
+void LineTable::MarkSaved() {
   if (!mbTouched) return;
-  if (msAdded.size() > msFile.size() && sBytes.size() <= MaxBytes) {
-    Rebase(std::move(sBytes));
-  } else {
-    mbFileSaved = false;
-  }
+  std::string bytes = moAdded.Size() > msFile.size() ? Bytes() : std::string();
+  mbFileSaved = false;
+  if (!bytes.empty() && bytes.size() <= MaxBytes) Rebase(std::move(bytes));
   moSaved = {};
   mbTouched = false;
 }
@@ -295,8 +270,7 @@ void LineTable::Rebase(std::string sBytes) {
     lOffset += lLength;
   }
   msFile = std::move(sBytes);
-  std::string().swap(msAdded);
-  moRecent.clear();
+  moAdded = {};
   moLines.Assign(std::move(oLines));
   mbFileSaved = true;
 }

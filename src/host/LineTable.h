@@ -4,7 +4,7 @@
 // go wherever that line goes.
 //
 // Bytes that were read stay where they are; new text is collected behind them in a second buffer.
-// Views that are handed out are good until the next Add or MarkSaved.
+// Views that are handed out are good until the next MarkSaved.
 #pragma once
 
 #include <cstdint>
@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "AddedText.h"
 #include "GapBuffer.h"
 
 /// True for a line that the editor hides: in column 1, Attribute Name.VB_...
@@ -33,6 +34,13 @@ class LineTable {
   /// The text of a visible line, without its line end.
   std::string_view TextOf(std::int32_t lLine) const { return TextOf(At(lLine)); }
   std::string_view TextOf(const Line& oLine) const;
+  /// With line end and tail.
+  std::string_view BytesOf(const Line& oLine) const {
+    const bool isAdded = (oLine.lOffset & AddedText::Limit) != 0;
+    const char* const first =
+        isAdded ? moAdded.At(oLine.lOffset - AddedText::Limit) : msFile.data() + oLine.lOffset;
+    return {first, oLine.lLength};
+  }
   /// The bytes of line lFirst and of as many lines behind it, up to lLast, as lie behind one
   /// another with a CR LF and no tail between them; without the last one's line end. lTaken: how
   /// many.
@@ -53,8 +61,8 @@ class LineTable {
   std::string_view OwnEnd() const { return msOwnEnd; }
 
   /// Failure 7 when lBytes more bytes of new text don't fit; to be asked before a change.
-  void MakeRoom(std::size_t lBytes);
-  /// The views must not point into the line table.
+  void MakeRoom(std::size_t lBytes) const { moAdded.MakeRoom(lBytes); }
+  /// A new line, for Set or Insert. The views may point into the line table.
   Line Add(std::string_view sText, std::string_view sEnd, std::string_view sTail = {});
   /// The line with more hidden lines behind those that it has.
   Line WithTail(const Line& oLine, std::string_view sTail);
@@ -69,14 +77,12 @@ class LineTable {
   /// The file as it was read, or saved last.
   std::string SavedBytes() const;
   bool IsChanged() const;
-  /// The present bytes are the saved ones from now on. sBytes: what Bytes() gives.
-  void MarkSaved(std::string sBytes);
+  /// The present bytes are the saved ones from now on.
+  void MarkSaved();
 
  private:
-  Line Append(std::string_view sText, std::string_view sEnd, std::string_view sTail);
   void Touch();
   bool IsOpen(const Line& oLine) const;
-  std::string_view BytesOf(const Line& oLine) const;
   void Split(std::size_t lHeaderLength);
   std::string_view PieceOf(const Line& oLine, const Line* poNext, std::string_view& sMore) const;
   std::string_view PieceOf(const GapBuffer<Line>& oLines, std::size_t l,
@@ -85,8 +91,7 @@ class LineTable {
   void Rebase(std::string sBytes);
 
   std::string msFile;
-  std::string msAdded;
-  std::vector<Line> moRecent;  // added lines by hash: the last one of each
+  AddedText moAdded;
   GapBuffer<Line> moLines;
   std::string_view msOwnEnd;
   bool mbFinalEnd = true;

@@ -1,5 +1,7 @@
 #include "MemberScan.h"
 
+#include <array>
+
 #include "ByteText.h"
 
 namespace {
@@ -58,10 +60,25 @@ constexpr KeywordRow aoKeyword[] = {
     {"withevents", Keyword::WithEvents},
 };
 
+/// Of each letter the first row that begins with it or a later one. The rows are in their order.
+constexpr auto FirstRow = [] {
+  std::array<std::uint8_t, 27> first{};
+  for (std::size_t letter = 0; letter < first.size(); ++letter) {
+    while (first[letter] < std::size(aoKeyword) &&
+           aoKeyword[first[letter]].sWord[0] < static_cast<char>('a' + letter)) {
+      ++first[letter];
+    }
+  }
+  return first;
+}();
+
 Keyword KeywordOf(const Token& oToken) {
   if (oToken.eKind != TokenKind::Word) return Keyword::None;
-  for (const KeywordRow& oRow : aoKeyword) {
-    if (IsWord(oToken.sText, oRow.sWord)) return oRow.eKeyword;
+  const char initial = AsciiLower(oToken.sText.front());
+  if (initial < 'a' || initial > 'z') return Keyword::None;
+  const auto letter = static_cast<std::size_t>(initial - 'a');
+  for (std::size_t row = FirstRow[letter]; row < FirstRow[letter + 1]; ++row) {
+    if (IsWord(oToken.sText, aoKeyword[row].sWord)) return aoKeyword[row].eKeyword;
   }
   return Keyword::None;
 }

@@ -5,7 +5,6 @@
 #include "EditMemory.h"
 #include "Failure.h"
 #include "HeaderBlock.h"
-#include "LineSplit.h"
 #include "LineTable.h"
 #include "MemberAttributes.h"
 #include "PageBytes.h"
@@ -109,6 +108,10 @@ std::int32_t SourceDocument::CountOfDeclarationLines() const {
   return mpImpl->oIndex.LineCount(0);
 }
 
+bool SourceDocument::HasProcedure(TextView name, ProcKind kind) const {
+  return mpImpl->oIndex.Find(name, kind) != 0;
+}
+
 std::int32_t SourceDocument::ProcStartLine(TextView sName, ProcKind nKind) const {
   return mpImpl->oIndex.StartLine(mpImpl->ScopeOf(sName, nKind));
 }
@@ -133,16 +136,10 @@ void SourceDocument::DeleteLines(std::int32_t lStart, std::int32_t lCount) {
 void SourceDocument::InsertLines(std::int32_t lLine, TextView sText) {
   if (lLine < 1) throw Failure(9);
   const std::string sBytes = PageBytes(sText, mpImpl->oPage);
-  std::vector<std::string_view> asLine;
-  asLine.reserve(sBytes.size() / 16 + 2);
-  LineSplit oSplit(sBytes);
-  while (oSplit.Next()) asLine.push_back(oSplit.Text());
-  // A line end at the end leaves an empty line behind itself.
-  if (sBytes.empty() || !oSplit.End().empty()) asLine.emplace_back();
-  const std::int32_t lPlace = std::min(lLine, CountOfLines() + 1);
-  const std::int32_t lSame = mpImpl->oMemory.Insert(lPlace, asLine, mpImpl->oIndex.Scan());
-  mpImpl->oIndex.NoteEdit(lPlace, 0, static_cast<std::int32_t>(asLine.size()));
-  if (lSame > 0) mpImpl->oIndex.NotePlain(lPlace + lSame);
+  const std::int32_t place = std::min(lLine, CountOfLines() + 1);
+  const auto [count, sameAhead] = mpImpl->oMemory.Insert(place, sBytes, mpImpl->oIndex.Scan());
+  mpImpl->oIndex.NoteEdit(place, 0, count);
+  if (sameAhead > 0) mpImpl->oIndex.NotePlain(place + sameAhead);
 }
 
 std::int32_t SourceDocument::MemberCount() const {
@@ -183,8 +180,8 @@ std::string SourceDocument::SavedBytes() const {
   return mpImpl->oLines.SavedBytes();
 }
 
-void SourceDocument::MarkSaved(std::string sBytes) {
-  mpImpl->oLines.MarkSaved(std::move(sBytes));
+void SourceDocument::MarkSaved() {
+  mpImpl->oLines.MarkSaved();
   mpImpl->oMemory.Clear();
 }
 

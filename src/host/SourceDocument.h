@@ -54,6 +54,7 @@ class SourceDocument {
   /// Line in the file, from 1, of a visible line: header block and hidden lines counted.
   std::int32_t FileLine(std::int32_t lLine) const;
   std::int32_t CountOfDeclarationLines() const;
+  bool HasProcedure(TextView name, ProcKind kind) const;
   std::int32_t ProcStartLine(TextView sName, ProcKind nKind) const;
   std::int32_t ProcBodyLine(TextView sName, ProcKind nKind) const;
   std::int32_t ProcCountLines(TextView sName, ProcKind nKind) const;
@@ -82,8 +83,8 @@ class SourceDocument {
   /// The whole file as it has to be written.
   std::string Bytes() const;
   std::string SavedBytes() const;
-  /// The present bytes are on disk now. sBytes: what Bytes() gave.
-  void MarkSaved(std::string sBytes);
+  /// The present bytes are on disk now.
+  void MarkSaved();
   const CodePage& Page() const;
 
  private:

@@ -52,6 +52,12 @@ class Member {
   /// Line of the declaration; 0 when it has none.
   virtual std::int32_t CodeLocation() const = 0;
   virtual Members& Parent() const = 0;
+  /// False when the member has no procedure of a kind; to ask for its lines would be Failure 35. A
+  /// host that can't tell says true.
+  virtual bool MayHave(ProcKind) const { return true; }
+  /// True when the attributes stay as they are while the lines of the member are exchanged. Else
+  /// who exchanges them saves the attributes ahead of it and sets them behind.
+  virtual bool KeepsAttributes() const { return false; }
   /// Each may fail by itself.
   virtual AttributeValue Attribute(MemberAttribute eAttribute) const = 0;
   virtual void SetAttribute(MemberAttribute eAttribute, const AttributeValue& oValue) = 0;

@@ -2,6 +2,7 @@
 // that the page leaves undefined on themselves. Strict converters fail on those, and a string
 // constant with encrypted data in a user's source may hold them.
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 #include "CodePageKinds.h"
@@ -14,9 +15,13 @@ constexpr char16_t acUpper[32] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026
                                   0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                   0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-char16_t UnitOf(unsigned char cByte) {
-  return cByte >= 0x80 && cByte < 0xA0 ? acUpper[cByte - 0x80] : cByte;
-}
+constexpr std::array<char16_t, 256> Units = [] {
+  std::array<char16_t, 256> units{};
+  for (std::size_t i = 0; i < units.size(); ++i) {
+    units[i] = i >= 0x80 && i < 0xA0 ? acUpper[i - 0x80] : static_cast<char16_t>(i);
+  }
+  return units;
+}();
 
 bool ByteOf(char16_t cUnit, char& cByte) {
   if (cUnit >= 0x80 && (cUnit < 0xA0 || cUnit > 0xFF)) {
@@ -42,7 +47,7 @@ class CodePage1252 : public CodePage {
     for (std::size_t i = 0; i < lCount;) {
       i += CodePageAscii::WidenBlocks(sBytes.data() + i, lCount - i, pcTo + i);
       for (const std::size_t lEnd = std::min(lCount, i + 32); i < lEnd; ++i) {
-        pcTo[i] = UnitOf(static_cast<unsigned char>(sBytes[i]));
+        pcTo[i] = Units[static_cast<unsigned char>(sBytes[i])];
       }
     }
   }

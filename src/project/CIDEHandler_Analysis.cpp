@@ -255,6 +255,7 @@ void CIDEHandler::LoadMethod(Loading& oLoading, Member& oMember, std::int32_t lL
 void CIDEHandler::LoadProperty(Loading& oLoading, Member& oMember, ProcKind nKind) {
   Guard(Named(u"LoadProperty"), [&](GuardScope& oScope) {
     ProcedureRecord oRecord{.hComponent = oLoading.hComponent, .oMember = &oMember, .nKind = nKind};
+    if (!Need(oScope, [&] { return oMember.MayHave(nKind); })) return;
     const Text sName = NameOf(oScope, oRecord);
     std::int32_t lBody = 0;
     try {

@@ -80,6 +80,7 @@ bool ReplaceDeclarations(GuardScope& oScope, CodeModule& oModule, TextView sOld,
 
 Attributes Save(const Member& oMember) {
   Attributes oSaved;
+  if (oMember.KeepsAttributes()) return oSaved;
   for (std::size_t i = 0; i < oSaved.size(); ++i) {
     try {
       oSaved[i] = oMember.Attribute(static_cast<MemberAttribute>(i));

@@ -28,7 +28,7 @@ void ReplaceLines(GuardScope& oScope, CodeModule& oModule, std::int32_t lStart, 
 [[nodiscard]] bool ReplaceDeclarations(GuardScope& oScope, CodeModule& oModule, TextView sOld,
                                        TextView sNew, std::int32_t lBlankLines);
 
-/// The attributes of a member that can be read.
+/// The attributes of a member that can be read; none of a member that keeps them by itself.
 using Attributes = std::array<std::optional<AttributeValue>, MemberAttributeCount>;
 Attributes Save(const Member& oMember);
 /// Sets what was saved. One that can't be set is reported and doesn't stop the others; result:

@@ -53,6 +53,8 @@ TEST(SourceEdit, KeepsTheBytesOfLinesThatComeBack) {
       {"nothing ahead of it", "y|Attribute A.VB_X = 1|z", 1, 2, "n", "Attribute A.VB_X = 1|n"},
       {"hidden last line without end", "Sub A()|Attribute A.VB_X = 1", 1, 1, "Sub A()|End Sub",
        "Sub A()|Attribute A.VB_X = 1|End Sub"},
+      {"lone CR and LF in new text", "a|b|c|", 1, 3, "a\rx\n|c", "a|x||c|"},
+      {"nothing but a lone LF", "a|b|c|", 2, 1, "\n", "a|||c|"},
       {"hidden lines go with their line", "a|Attribute A.VB_X = 1|b|", 1, 1, nullptr, "b|"},
   };
   for (const Row& oRow : aoRow) {
@@ -68,7 +70,7 @@ TEST(SourceEdit, KeepsTheBytesOfLinesThatComeBack) {
     EXPECT_EQ(pDocument->IsChanged(), sBefore != sAfter);
     EXPECT_EQ(pDocument->SavedBytes(), sBefore);
     EXPECT_EQ(pDocument->CountOfLines(), Opened(oRow.szAfter, oRow.szPage)->CountOfLines());
-    pDocument->MarkSaved(pDocument->Bytes());
+    pDocument->MarkSaved();
     EXPECT_EQ(pDocument->SavedBytes(), sAfter);
     EXPECT_FALSE(pDocument->IsChanged());
     // Back again: only the ends of lines that are new once more may differ.
@@ -186,6 +188,19 @@ TEST(SourceEdit, TheIndexFollows) {
       EXPECT_EQ(IndexText(*pDocument), IndexText(*Opened(pDocument->Bytes())));
     }
   }
+}
+
+TEST(SourceEdit, NewLinesOfEveryLengthAreReadBackAndWritten) {
+  const auto pDocument = Opened("Sub A()|End Sub|");
+  Text sLines = u"Sub A()";
+  for (std::size_t lLength = 1; lLength < 20000; lLength = lLength * 5 / 4 + 1)
+    for (const std::size_t l : {lLength, std::size_t{4094}, lLength % 7})
+      sLines += u"\r\n" + Text(l, static_cast<char16_t>(u'a' + l % 26));
+  sLines += u"\r\nEnd Sub";
+  pDocument->DeleteLines(1, 2);
+  pDocument->InsertLines(1, sLines);
+  EXPECT_EQ(pDocument->Lines(1, pDocument->CountOfLines()), sLines);
+  EXPECT_EQ(pDocument->Bytes(), ToUtf8(sLines) + "\r\n");
 }
 
 }  // namespace

@@ -37,6 +37,8 @@ class FakeMember : public HostMember {
  public:
   FakeMember(HostMembers& oParent, SourceDocument& oDocument, std::int32_t lIndex, FakeLog& oLog)
       : HostMember(oParent, oDocument, lIndex), moLog(oLog) {}
+  bool MayHave(ProcKind) const override { return true; }
+  bool KeepsAttributes() const override { return false; }
   AttributeValue Attribute(MemberAttribute e) const override {
     return moLog.Ask("Attribute"), HostMember::Attribute(e);
   }
