@@ -64,12 +64,12 @@ class FileIDE : public DiskIDE, public VBE {
 
   SaveResult Save() override {
     SaveResult oResult;
-    for (StoredDocument* poDocument : moStore.Changed()) try {
-        poDocument->Save();
-        oResult.asSaved.push_back(poDocument->Path());
-      } catch (const Failure& oFailure) {
-        oResult.oFailed.push_back({TextOfPath(poDocument->Path()), 0, oFailure.Description()});
-      }
+    for (const auto& [document, failure] : moStore.Save()) {
+      if (failure)
+        oResult.oFailed.push_back({TextOfPath(document->Path()), 0, failure->Description()});
+      else
+        oResult.asSaved.push_back(document->Path());
+    }
     return oResult;
   }
 

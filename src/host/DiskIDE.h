@@ -66,8 +66,9 @@ class DiskIDE {
     std::vector<std::string> asSaved;
     std::vector<Note> oFailed;  ///< these files are as they were; their changes stay in memory
   };
-  /// Replaces every changed file atomically, one after the other. A file that changed on disk
-  /// since it was read is not overwritten: it counts as failed, with what to do in the message.
+  /// Replaces every changed file atomically, all of them in few flushes. A file that changed on
+  /// disk since it was read is not overwritten: it counts as failed, with what to do in the
+  /// message.
   virtual SaveResult Save() = 0;
 
   struct Refreshed {

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "AtomicFile.h"
+#include "DocumentSave.h"
 
 namespace {
 
@@ -52,26 +53,24 @@ std::unique_ptr<SourceDocument> StoredDocument::MakeDocument() const {
 
 // Size and time tell at once that nothing happened; where they differ the bytes decide, since a
 // checkout or a copy back touches files without changing them.
-bool StoredDocument::CheckDisk(const std::string& sNewBytes) const {
-  IFileOps::Stat oNow;
-  int nError = moSettings.poFiles->GetStat(msPath, oNow);
-  if (nError == ENOENT)
+bool StoredDocument::IsOnDisk() const {
+  IFileOps::Stat now;
+  const int error = moSettings.poFiles->GetStat(msPath, now);
+  if (error == ENOENT)
     Refuse(53, msPath,
            u"The file was removed or renamed since it was read. Put it back and retry.");
-  if (nError == 0 && oNow.bDirectory)
+  if (error == 0 && now.bDirectory)
     Refuse(75, msPath, u"A folder stands where the file was. Move it away and retry.");
-  if (nError == 0 && oNow.lSize == moStat.lSize && oNow.lModified == moStat.lModified) return false;
-  std::string sOnDisk = AtomicFile::Read(msPath, *moSettings.poFiles);
-  if (sOnDisk == sNewBytes) return true;
-  if (sOnDisk != mpDocument->SavedBytes())
+  if (error == 0 && now.lSize == moStat.lSize && now.lModified == moStat.lModified) return false;
+  const std::string bytes = AtomicFile::Read(msPath, *moSettings.poFiles);
+  if (bytes == mpDocument->Bytes()) return true;
+  if (bytes != mpDocument->SavedBytes())
     Refuse(70, msPath,
            u"The file was changed by another program since it was read. Read the group again.");
   return false;
 }
 
-void StoredDocument::Save() {
-  std::string sBytes = mpDocument->Bytes();
-  if (!CheckDisk(sBytes)) AtomicFile::Replace(msPath, sBytes, *moSettings.poFiles);
+void StoredDocument::MarkSaved() {
   mpDocument->MarkSaved();
   moSettings.poFiles->GetStat(msPath, moStat);
 }
@@ -122,6 +121,12 @@ std::vector<StoredDocument*> DocumentStore::Changed() const {
   for (const auto& pDocument : moDocuments)
     if (pDocument->IsChanged()) oChanged.push_back(pDocument.get());
   return oChanged;
+}
+
+std::vector<DocumentStore::Saved> DocumentStore::Save() {
+  DocumentSave save(*moSettings.poFiles);
+  for (StoredDocument* document : Changed()) save.Add(*document);
+  return save.Finish();
 }
 
 const StoredDocument* DocumentStore::Changed(const std::string& sPath) const {

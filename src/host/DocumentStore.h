@@ -37,9 +37,11 @@ class StoredDocument {
   bool IsChanged() const { return mpDocument && mpDocument->IsChanged(); }
   /// Only after a Get that succeeded.
   SourceDocument& Document() const { return *mpDocument; }
-  /// Replaces the file. Failure when the file isn't the one that was read any more, or can't be
-  /// written; file and changes are then as they were.
-  void Save();
+  /// True when the file on disk holds the present bytes already. Failure when it isn't the one that
+  /// was read any more.
+  bool IsOnDisk() const;
+  /// The present bytes are those on disk from now on.
+  void MarkSaved();
 
   enum class Disk { Same, Reread, Conflict };
   /// Looks at the file again. Reread: another program had changed it, or it can be read only now,
@@ -52,8 +54,6 @@ class StoredDocument {
  private:
   void Read();
   std::unique_ptr<SourceDocument> MakeDocument() const;
-  /// True when the file on disk holds the new bytes already.
-  bool CheckDisk(const std::string& sNewBytes) const;
 
   std::string msPath;
   const std::vector<CondConstant>& moConstants;
@@ -75,6 +75,13 @@ class DocumentStore {
                       const std::vector<CondConstant>& oConstants);
   /// In the order in which they were added; those that differ from their files.
   std::vector<StoredDocument*> Changed() const;
+  struct Saved {
+    const StoredDocument* document;
+    std::optional<Failure> failure;  ///< the file is as it was; its changes stay in memory
+  };
+  /// Replaces the files of all changed documents, in few flushes; one that can't be replaced
+  /// doesn't keep the others from it. In the order in which they were added.
+  std::vector<Saved> Save();
   /// In the order in which they were added.
   const std::vector<std::unique_ptr<StoredDocument>>& All() const { return moDocuments; }
   /// The changed document of that path, or null.

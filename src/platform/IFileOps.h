@@ -39,6 +39,9 @@ class IFileOps {
   virtual int Write(int hFile, std::string_view sBytes) = 0;
   virtual int SetOwner(int hFile, std::uint32_t lOwner, std::uint32_t lGroup) = 0;
   virtual int SetMode(int hFile, std::uint32_t lMode) = 0;
+  /// Begins to write an open file to the disk and doesn't wait. Flush does the same work when this
+  /// does nothing.
+  virtual int StartFlush(int) { return 0; }
   virtual int Flush(int hFile) = 0;
   virtual int Close(int hFile) = 0;
   virtual int Rename(const std::string& sFrom, const std::string& sTo) = 0;

@@ -131,6 +131,9 @@ class SystemOps : public IFileOps {
     return ErrorOf(fchown(hFile, lOwner, lGroup));
   }
   int SetMode(int hFile, std::uint32_t lMode) override { return ErrorOf(fchmod(hFile, lMode)); }
+  int StartFlush(int hFile) override {
+    return ErrorOf(sync_file_range(hFile, 0, 0, SYNC_FILE_RANGE_WRITE));
+  }
   int Flush(int hFile) override {
     return ErrorOf(Repeated([&] { return fsync(hFile); }));
   }

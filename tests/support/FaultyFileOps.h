@@ -4,6 +4,7 @@
 
 #include <unistd.h>
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,6 +24,9 @@ class FaultyFileOps : public IFileOps {
   void ExitAt(std::size_t lOperation) { FailAt(lOperation, -1); }
   /// "Rename /a/b" and so on, in their order; operations on an open file have their name alone.
   const std::vector<std::string>& Operations() const { return masOperation; }
+
+  /// What another program does meanwhile: runs once, ahead of the next flush of a file.
+  std::function<void()> AtFlush;
 
   int GetStat(const std::string& sPath, Stat& oStat) override {
     return Run("GetStat " + sPath, &IFileOps::GetStat, sPath, oStat);
@@ -49,7 +53,11 @@ class FaultyFileOps : public IFileOps {
   int SetMode(int hFile, std::uint32_t lMode) override {
     return Run("SetMode", &IFileOps::SetMode, hFile, lMode);
   }
-  int Flush(int hFile) override { return Run("Flush", &IFileOps::Flush, hFile); }
+  int StartFlush(int hFile) override { return Run("StartFlush", &IFileOps::StartFlush, hFile); }
+  int Flush(int hFile) override {
+    if (AtFlush) std::exchange(AtFlush, nullptr)();
+    return Run("Flush", &IFileOps::Flush, hFile);
+  }
   int Close(int hFile) override {
     // A close that fails has closed the file all the same.
     const int lError = moReal.Close(hFile);

@@ -1,0 +1,61 @@
+#include "DocumentSave.h"
+
+namespace {
+
+constexpr std::int32_t DiskFull = 61;
+
+}  // namespace
+
+void DocumentSave::Add(StoredDocument& document) {
+  mResults.push_back({&document, {}});
+  try {
+    try {
+      Stage(document);
+    } catch (const Failure& failure) {
+      if (failure.Number() != DiskFull || mWaiting.empty()) throw;
+      // New files that have taken the places of old ones leave room for more.
+      Replace();
+      Stage(document);
+    }
+  } catch (const Failure& failure) {
+    mResults.back().failure = failure;
+  }
+}
+
+void DocumentSave::Stage(StoredDocument& document) {
+  if (document.IsOnDisk()) return document.MarkSaved();
+  if (!mStaged) mStaged.emplace(mFiles);
+  mStaged->Stage(document.Path(), document.Document().Bytes());
+  mWaiting.push_back({&document, mResults.size() - 1});
+}
+
+std::vector<DocumentStore::Saved> DocumentSave::Finish() {
+  Replace();
+  return std::move(mResults);
+}
+
+void DocumentSave::Replace() {
+  if (!mStaged) return;
+  mStaged->Flush();
+  for (std::size_t i = 0; i < mWaiting.size(); ++i) Commit(i);
+  mStaged->FlushFolders();
+  for (std::size_t i = 0; i < mWaiting.size(); ++i) {
+    if (const Failure* failure = mStaged->FailureOf(i)) {
+      mResults[mWaiting[i].result].failure = *failure;
+    } else {
+      mWaiting[i].document->MarkSaved();
+    }
+  }
+  mWaiting.clear();
+  mStaged.reset();
+}
+
+// The flush of many files takes a while, in which another program may have written one of them.
+void DocumentSave::Commit(std::size_t number) {
+  try {
+    if (!mStaged->FailureOf(number)) mWaiting[number].document->IsOnDisk();
+    mStaged->Commit(number);
+  } catch (const Failure& failure) {
+    mStaged->Discard(number, failure);
+  }
+}

@@ -1,0 +1,116 @@
+#include "StagedFile.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <functional>
+
+#include "FileFailure.h"
+
+namespace {
+
+std::string NewNameOf(const std::string& target) {
+  const std::size_t nameAt = target.rfind('/') + 1;
+  std::string name = target.substr(nameAt);
+  // File systems limit names to 255 bytes; a long name is cut so that the additions fit. The hash
+  // tells new files apart whose names begin alike.
+  constexpr std::size_t longest = 200, cut = 180;
+  if (name.size() > longest) {
+    name = name.substr(0, cut) + '.' + std::to_string(std::hash<std::string>()(name));
+  }
+  return target.substr(0, nameAt) + '.' + name + '.' + std::to_string(getpid()) + ".quillon-new";
+}
+
+/// Whether there is an old file, whose state goes to old; refuses what must not be replaced.
+bool FindOld(const std::string& target, IFileOps::Stat& old, IFileOps& files) {
+  const int error = files.GetStat(target, old);
+  if (error == ENOENT) return false;
+  if (error != 0) FileFailure::ThrowWrite(error, target, files);
+  if (old.bDirectory) FileFailure::ThrowWrite(EISDIR, target, files);
+  if (old.bSpecial) FileFailure::ThrowSpecial(target);
+  if (old.bReadOnly) {
+    FileFailure::Throw(75, target, u" is read-only; make it writable and try again");
+  }
+  return true;
+}
+
+}  // namespace
+
+StagedFile::StagedFile(const std::string& path, std::string_view bytes, IFileOps& files)
+    : mFiles(files) {
+  IFileOps::Stat old;
+  if (const int error = mFiles.Resolve(path, mTarget)) FileFailure::ThrowWrite(error, path, mFiles);
+  const bool isOld = FindOld(mTarget, old, mFiles);
+  mPath = NewNameOf(mTarget);
+  if (const int error = Write(bytes, isOld ? &old : nullptr)) Fail(error);
+}
+
+int StagedFile::Create(std::uint32_t mode) {
+  int error = mFiles.CreateNew(mPath, mode, mHandle);
+  if (error == EEXIST) {
+    // Left by a program that was killed and had the same process id.
+    mFiles.Remove(mPath);
+    error = mFiles.CreateNew(mPath, mode, mHandle);
+  }
+  mIsThere = error == 0;
+  return error;
+}
+
+/// Some file systems refuse to set what is already so; only a difference is an error.
+int StagedFile::TakeOwnerAndMode(const IFileOps::Stat& old) {
+  IFileOps::Stat now;
+  int error = mFiles.SetOwner(mHandle, old.lOwner, old.lGroup);
+  if (error != 0) {
+    if (mFiles.GetStat(mPath, now) != 0) return error;
+    if (now.lOwner != old.lOwner || now.lGroup != old.lGroup) return error;
+  }
+  error = mFiles.SetMode(mHandle, old.lMode);
+  if (error == 0) return 0;
+  return mFiles.GetStat(mPath, now) == 0 && now.lMode == old.lMode ? 0 : error;
+}
+
+int StagedFile::Write(std::string_view bytes, const IFileOps::Stat* old) {
+  // Only the owner may read the new file until it has the old one's mode.
+  if (const int error = Create(old ? 0600 : 0666)) return error;
+  const int error = old ? TakeOwnerAndMode(*old) : 0;
+  if (error == EPERM || error == EACCES) {
+    Discard();
+    FileFailure::Throw(70, mTarget,
+                       u" can't be replaced with its owner and mode kept; work as its owner");
+  }
+  return error != 0 ? error : mFiles.Write(mHandle, bytes);
+}
+
+void StagedFile::StartFlush() {
+  // An error is left to Flush, which reports it again.
+  if (mHandle >= 0) mFiles.StartFlush(mHandle);
+}
+
+void StagedFile::Flush() {
+  if (mHandle < 0) return;
+  const int error = mFiles.Flush(mHandle);
+  const int closeError = Close();
+  if (error != 0 || closeError != 0) Fail(error != 0 ? error : closeError);
+}
+
+void StagedFile::Commit() {
+  if (const int error = mFiles.Rename(mPath, mTarget)) Fail(error);
+  mIsThere = false;
+}
+
+void StagedFile::Discard() {
+  Close();
+  if (mIsThere) mFiles.Remove(mPath);
+  mIsThere = false;
+}
+
+int StagedFile::Close() {
+  const int error = mHandle >= 0 ? mFiles.Close(mHandle) : 0;
+  mHandle = -1;
+  return error;
+}
+
+void StagedFile::Fail(int error) {
+  Discard();
+  FileFailure::ThrowWrite(error, mTarget, mFiles);
+}

@@ -1,0 +1,54 @@
+// A new file that waits beside the one whose place it is to take. Until it is committed the old one
+// is whole; what isn't committed is gone with its object, at the latest.
+//
+//   StagedFile file("/src/a.bas", bytes, files);   // written, with mode and owner of the old one
+//   file.Flush();                                   // on the disk
+//   file.Commit();                                  // renamed over the old one
+//   // that the rename is on the disk as well is up to a flush of the folder: StagedFiles
+//
+// A symbolic link stays a link: the
+// file that it leads to is replaced. A file without write permission for its owner is refused with
+// 75, as it would be in an editor. Each Failure names the path that was asked for and what to do
+// (FileFailure.h), and leaves nothing of the new file behind.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "IFileOps.h"
+
+class StagedFile {
+ public:
+  /// Writes the whole new file and leaves it open. files outlives this object.
+  StagedFile(const std::string& path, std::string_view bytes, IFileOps& files);
+  ~StagedFile() { Discard(); }
+  StagedFile(const StagedFile&) = delete;
+  StagedFile& operator=(const StagedFile&) = delete;
+
+  /// The new file: ".<name>.<process id>.quillon-new" beside the target. One that a killed program
+  /// left is overwritten or ignored, never taken for a source.
+  const std::string& Path() const { return mPath; }
+  /// The file that it becomes, links resolved.
+  const std::string& Target() const { return mTarget; }
+
+  /// Begins to bring the bytes to the disk, without waiting for it.
+  void StartFlush();
+  /// Waits until the bytes are on the disk, and closes.
+  void Flush();
+  /// To be called behind Flush.
+  void Commit();
+  /// Removes the new file unless it was committed. Never fails.
+  void Discard();
+
+ private:
+  int Create(std::uint32_t mode);
+  int TakeOwnerAndMode(const IFileOps::Stat& old);
+  int Write(std::string_view bytes, const IFileOps::Stat* old);
+  int Close();
+  [[noreturn]] void Fail(int error);
+
+  IFileOps& mFiles;
+  std::string mPath, mTarget;
+  int mHandle = -1;
+  bool mIsThere = false;
+};
