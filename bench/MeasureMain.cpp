@@ -1,11 +1,12 @@
 // quillon-bench-measure COMMAND ARGUMENT...: runs a program with its output thrown away and prints
-// the processor time that it took, user and system, in seconds, and its peak memory in KB.
-// The exit status is the program's.
+// the processor time that it took, user and system, in seconds, its peak memory in KB, and the
+// seconds of the clock. The exit status is the program's.
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdio>
 
 namespace {
@@ -29,6 +30,7 @@ int main(int argc, char** argv) {
     std::fputs("Usage: quillon-bench-measure COMMAND ARGUMENT...\n", stderr);
     return 2;
   }
+  const auto start = std::chrono::steady_clock::now();
   const pid_t lChild = fork();
   if (lChild == 0) RunChild(argv);
   int lStatus = 0;
@@ -37,6 +39,8 @@ int main(int argc, char** argv) {
     std::perror("quillon-bench-measure");
     return 1;
   }
-  std::printf("%.4f %ld\n", Seconds(oUsage.ru_utime) + Seconds(oUsage.ru_stime), oUsage.ru_maxrss);
+  const std::chrono::duration<double> clock = std::chrono::steady_clock::now() - start;
+  std::printf("%.4f %ld %.4f\n", Seconds(oUsage.ru_utime) + Seconds(oUsage.ru_stime),
+              oUsage.ru_maxrss, clock.count());
   return WIFEXITED(lStatus) ? WEXITSTATUS(lStatus) : 128 + WTERMSIG(lStatus);
 }

@@ -98,7 +98,7 @@ void WriteProperty(VBWriter& oWriter, const std::string& sName) {
   oWriter.Line(0, "End Property");
 }
 
-/// One in fifty has error handling of its own, as old code does.
+/// With error handling of its own.
 void WriteOldMethod(VBWriter& oWriter, const std::string& sName) {
   oWriter.Line(0, "Public Sub " + sName + std::string(sArguments));
   oWriter.Line(1, "On Error GoTo Failed");
@@ -112,7 +112,7 @@ void WriteOldMethod(VBWriter& oWriter, const std::string& sName) {
 }  // namespace
 
 std::string MakeComponent(VBKind eKind, const std::string& sName, std::size_t lLines,
-                          std::uint32_t lSeed) {
+                          std::uint32_t lSeed, std::uint32_t handlerOneIn) {
   VBWriter oWriter(lSeed);
   const bool bDesigner = eKind == VBKind::Form || eKind == VBKind::Control;
   const std::size_t lControls = bDesigner ? 2 + lLines / 60 : 0;
@@ -126,7 +126,7 @@ std::string MakeComponent(VBKind eKind, const std::string& sName, std::size_t lL
   for (std::size_t i = 1; oWriter.Lines() < lLines; ++i) {
     const std::string sProc = std::string(Noun(oWriter.oDice)) + std::to_string(i);
     if (oWriter.oDice.OneIn(3)) oWriter.Line(0, "' " + sProc + ": called by the season's report.");
-    if (oWriter.oDice.OneIn(50)) {
+    if (oWriter.oDice.OneIn(handlerOneIn)) {
       WriteOldMethod(oWriter, "Import" + sProc);
     } else if (lHandler < lControls && oWriter.oDice.OneIn(3)) {
       WriteHandler(oWriter, lHandler++);

@@ -7,6 +7,7 @@
 
 enum class VBKind { Module, Class, Form, Control };
 
-/// About lLines lines, never fewer; the same arguments give the same bytes.
+/// About lLines lines, never fewer; the same arguments give the same bytes. One method in that many
+/// has a handler of its own.
 std::string MakeComponent(VBKind eKind, const std::string& sName, std::size_t lLines,
-                          std::uint32_t lSeed);
+                          std::uint32_t lSeed, std::uint32_t handlerOneIn = 50);
