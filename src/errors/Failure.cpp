@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "ErrorText.h"
+#include "Utf8.h"
 
 namespace {
 
@@ -100,4 +100,4 @@ Failure::Failure(std::int32_t lNumber, std::u16string sDescription, std::u16stri
     : mlNumber(lNumber),
       msDescription(std::move(sDescription)),
       msSource(std::move(sSource)),
-      msWhat(ErrorUtf8(msDescription)) {}
+      msWhat(ToUtf8(msDescription)) {}

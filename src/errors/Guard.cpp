@@ -3,7 +3,7 @@
 #include <csignal>
 #include <new>
 
-#include "ErrorText.h"
+#include "Utf8.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ Failure FailureInFlight() {
   } catch (const std::bad_alloc&) {
     return Failure(7);
   } catch (const std::exception& oException) {
-    return Failure(51, FailureText(51) + u": " + ErrorUtf16(oException.what()));
+    return Failure(51, FailureText(51) + u": " + FromUtf8(oException.what()));
   } catch (...) {
     return Failure(51);
   }

@@ -1,15 +1,16 @@
 #include "PrintedErrorDialog.h"
 
 #include "ErrorText.h"
+#include "Utf8.h"
 
 PrintedErrorDialog::PrintedErrorDialog(std::FILE* poStream, std::string sName)
     : mpoStream(poStream), msName(std::move(sName)) {}
 
 ErrorAnswer PrintedErrorDialog::Ask(const ErrorEvent& oEvent) {
-  std::string sLine = ErrorUtf8(oEvent.sModule) + '.' + ErrorUtf8(oEvent.sProcedure) + ": ";
+  std::string sLine = ToUtf8(oEvent.sModule) + '.' + ToUtf8(oEvent.sProcedure) + ": ";
   AppendErrorField(oEvent.oFailure.Description(), sLine);
   sLine += " (error " + std::to_string(oEvent.oFailure.Number()) + ')';
-  if (!oEvent.sSuggestion.empty()) sLine += ". " + ErrorUtf8(oEvent.sSuggestion);
+  if (!oEvent.sSuggestion.empty()) sLine += ". " + ToUtf8(oEvent.sSuggestion);
   Tell(sLine);
   return {};
 }

@@ -7,6 +7,7 @@
 #include "GroupReader.h"
 #include "HostCommandBars.h"
 #include "HostProjects.h"
+#include "PathText.h"
 
 namespace {
 

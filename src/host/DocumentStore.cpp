@@ -5,6 +5,7 @@
 
 #include "AtomicFile.h"
 #include "DocumentSave.h"
+#include "PathText.h"
 
 namespace {
 

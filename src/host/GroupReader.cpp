@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "CodePage.h"
+#include "PathText.h"
 
 namespace {
 

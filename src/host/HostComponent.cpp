@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "CodePage.h"
+#include "PathText.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <unordered_map>
 
-#include "CodePage.h"
+#include "PathText.h"
 
 HostProject::HostProject(ProjectFile oFile, std::string sPath, PathFinder& oFinder,
                          DocumentStore& oStore)

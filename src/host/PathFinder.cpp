@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "CodePage.h"
+#include "PathText.h"
 
 namespace {
 

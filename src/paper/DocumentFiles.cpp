@@ -10,8 +10,8 @@
 #include <fstream>
 
 #include "AtomicFile.h"
-#include "CodePage.h"
 #include "Failure.h"
+#include "PathText.h"
 
 namespace Paper {
 
@@ -43,7 +43,7 @@ class TemporaryFile {
     msPath = (oFolder / "print-XXXXXX").string();
     const int hFile = mkstemp(msPath.data());
     if (hFile < 0) {
-      throw Failure(75, FailureText(75) + u": " + FromUtf8(msPath) +
+      throw Failure(75, FailureText(75) + u": " + TextOfPath(msPath) +
                             u" can't be made to hold the document (" +
                             FromUtf8(std::strerror(errno)) + u")");
     }

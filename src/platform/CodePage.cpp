@@ -5,8 +5,10 @@
 #include <map>
 #include <mutex>
 
+#include "AsciiBlocks.h"
 #include "CodePageKinds.h"
 #include "Failure.h"
+#include "Utf8.h"
 
 namespace {
 
@@ -34,16 +36,9 @@ bool HasUtf8Mark(std::string_view sBytes) {
   return sBytes.substr(0, 3) == "\xEF\xBB\xBF";
 }
 
-bool IsUtf8BeyondAscii(std::string_view sBytes) {
-  bool bBeyond = false;
-  for (;;) {
-    sBytes.remove_prefix(CodePageAscii::AsciiLength(sBytes));
-    if (sBytes.empty()) return bBeyond;
-    const std::size_t lLength = Utf8SequenceLength(sBytes);
-    if (lLength == 0) return false;
-    sBytes.remove_prefix(lLength);
-    bBeyond = true;
-  }
+bool IsUtf8BeyondAscii(std::string_view bytes) {
+  bytes.remove_prefix(AsciiBlocks::Length(bytes));
+  return !bytes.empty() && Utf8::IsWellFormed(bytes);
 }
 
 }  // namespace
@@ -74,16 +69,4 @@ Text CodePage::Decode(std::string_view sBytes) const {
   Text sText;
   Decode(sBytes, sText);
   return sText;
-}
-
-Text TextOfPath(std::string_view sPath) {
-  return CodePage::Get("utf-8").Decode(sPath);
-}
-
-std::string PathOfText(TextView sPath) {
-  std::string sBytes;
-  std::size_t lBadUnit = 0;
-  // TextOfPath never gives such text, so that it names no file; with replacement characters it
-  // isn't found.
-  return CodePage::Get("utf-8").Encode(sPath, sBytes, lBadUnit) ? sBytes : ToUtf8(sPath);
 }

@@ -40,7 +40,3 @@ class CodePage {
   /// an ASCII letter, "_", "\" or "|" (never a quote, an apostrophe, a colon, "#" or a line end).
   virtual bool IsLeadByte(unsigned char cByte) const = 0;
 };
-
-/// File names and arguments come as UTF-8 on this platform.
-Text TextOfPath(std::string_view sPath);
-std::string PathOfText(TextView sPath);

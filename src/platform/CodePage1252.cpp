@@ -5,6 +5,7 @@
 #include <array>
 #include <iterator>
 
+#include "AsciiBlocks.h"
 #include "CodePageKinds.h"
 
 namespace {
@@ -45,7 +46,7 @@ class CodePage1252 : public CodePage {
     sText.resize(lOld + lCount);
     char16_t* pcTo = sText.data() + lOld;
     for (std::size_t i = 0; i < lCount;) {
-      i += CodePageAscii::WidenBlocks(sBytes.data() + i, lCount - i, pcTo + i);
+      i += AsciiBlocks::Widen(sBytes.substr(i), pcTo + i);
       for (const std::size_t lEnd = std::min(lCount, i + 32); i < lEnd; ++i) {
         pcTo[i] = Units[static_cast<unsigned char>(sBytes[i])];
       }
@@ -57,7 +58,7 @@ class CodePage1252 : public CodePage {
     sBytes.resize(lOld + lCount);
     char* pcTo = sBytes.data() + lOld;
     for (std::size_t i = 0; i < lCount;) {
-      i += CodePageAscii::NarrowBlocks(sText.data() + i, lCount - i, pcTo + i);
+      i += AsciiBlocks::Narrow(sText.substr(i), pcTo + i);
       for (const std::size_t lEnd = std::min(lCount, i + 32); i < lEnd; ++i) {
         if (ByteOf(sText[i], pcTo[i])) continue;
         sBytes.resize(lOld);

@@ -8,6 +8,7 @@
 #include <iterator>
 #include <vector>
 
+#include "AsciiBlocks.h"
 #include "CodePageKinds.h"
 #include "Failure.h"
 
@@ -104,7 +105,7 @@ class CodePageTable final : public CodePage {
     sText.resize(lOld + lCount);
     char16_t* pcTo = sText.data() + lOld;
     for (std::size_t i = 0; i < lCount;) {
-      const std::size_t lAscii = CodePageAscii::WidenBlocks(sBytes.data() + i, lCount - i, pcTo);
+      const std::size_t lAscii = AsciiBlocks::Widen(sBytes.substr(i), pcTo);
       i += lAscii;
       pcTo += lAscii;
       for (const std::size_t lEnd = std::min(lCount, i + 32); i < lEnd;) {

@@ -3,7 +3,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "CodePage.h"
+#include "PathText.h"
 
 namespace FileFailure {
 

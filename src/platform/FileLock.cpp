@@ -9,8 +9,8 @@
 #include <cstring>
 #include <thread>
 
-#include "CodePage.h"
 #include "Failure.h"
+#include "PathText.h"
 
 namespace {
 

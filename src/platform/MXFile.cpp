@@ -1,8 +1,8 @@
 #include "MXFile.h"
 
 #include "AtomicFile.h"
-#include "CodePage.h"
 #include "IFileOps.h"
+#include "PathText.h"
 
 namespace {
 

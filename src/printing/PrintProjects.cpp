@@ -1,11 +1,11 @@
 #include "CXPrint.h"
-#include "CodePage.h"
 #include "Failure.h"
 #include "HandlerGuard.h"
 #include "IFileOps.h"
 #include "MQuillon.h"
 #include "MXDate.h"
 #include "MXFile.h"
+#include "PathText.h"
 #include "ReportSetup.h"
 
 using namespace HandlerGuard;

@@ -3,13 +3,13 @@
 #include <cmath>
 
 #include "CIDEHandler.h"
-#include "CodePage.h"
 #include "HandlerGuard.h"
 #include "IFileOps.h"
 #include "LoadFailure.h"
 #include "MQuillon.h"
 #include "MRules.h"
 #include "MXFile.h"
+#include "PathText.h"
 #include "ReadOnlyRule.h"
 
 using namespace HandlerGuard;

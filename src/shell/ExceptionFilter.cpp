@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <exception>
 
-#include "ErrorText.h"
 #include "IErrorRuntime.h"
+#include "Utf8.h"
 
 namespace {
 
@@ -38,7 +38,7 @@ extern "C" void OnFatal(int nSignal) {
     try {
       std::rethrow_exception(pException);
     } catch (const std::exception& oException) {
-      sRecord += u": " + ErrorUtf16(oException.what());
+      sRecord += u": " + FromUtf8(oException.what());
     } catch (...) {
     }
   }

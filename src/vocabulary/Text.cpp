@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr char32_t Replacement = 0xFFFD;
 constexpr std::size_t MaxTokens = 32767;
 
 bool IsSurrogate(char32_t cCode) {
@@ -31,87 +30,7 @@ Text LowerCaseTable() {
   return sTable;
 }
 
-void AppendUtf8(char32_t cCode, std::string& sBytes) {
-  const auto Tail = [&](int nShift) {
-    sBytes += static_cast<char>(0x80 | ((cCode >> nShift) & 0x3F));
-  };
-  if (cCode < 0x80) {
-    sBytes += static_cast<char>(cCode);
-  } else if (cCode < 0x800) {
-    sBytes += static_cast<char>(0xC0 | (cCode >> 6));
-    Tail(0);
-  } else if (cCode < 0x10000) {
-    sBytes += static_cast<char>(0xE0 | (cCode >> 12));
-    Tail(6);
-    Tail(0);
-  } else {
-    sBytes += static_cast<char>(0xF0 | (cCode >> 18));
-    Tail(12);
-    Tail(6);
-    Tail(0);
-  }
-}
-
-// The length that a lead byte announces; 0 for a byte that can't begin a character.
-std::size_t SequenceLength(unsigned char cLead) {
-  if (cLead < 0x80) return 1;
-  if (cLead < 0xC2 || cLead > 0xF4) return 0;
-  return cLead < 0xE0 ? 2 : cLead < 0xF0 ? 3 : 4;
-}
-
-// The character at the start of sBytes and the bytes that it takes: an invalid byte is one
-// replacement, overlong forms and surrogates count as invalid.
-char32_t DecodeUtf8(std::string_view sBytes, std::size_t& lLength) {
-  static constexpr char32_t Lowest[] = {0, 0, 0x80, 0x800, 0x10000};
-  const auto cLead = static_cast<unsigned char>(sBytes[0]);
-  const std::size_t lWanted = SequenceLength(cLead);
-  lLength = 1;
-  if (lWanted == 1) return cLead;
-  if (lWanted == 0 || lWanted > sBytes.size()) return Replacement;
-  char32_t cCode = cLead & (0x7Fu >> lWanted);
-  for (std::size_t i = 1; i < lWanted; ++i) {
-    const auto cByte = static_cast<unsigned char>(sBytes[i]);
-    if ((cByte & 0xC0) != 0x80) return Replacement;
-    cCode = (cCode << 6) | (cByte & 0x3Fu);
-  }
-  if (cCode < Lowest[lWanted] || cCode > 0x10FFFF || IsSurrogate(cCode)) return Replacement;
-  lLength = lWanted;
-  return cCode;
-}
-
 }  // namespace
-
-std::string ToUtf8(TextView sText) {
-  std::string sBytes;
-  sBytes.reserve(sText.size());
-  for (std::size_t i = 0; i < sText.size(); ++i) {
-    char32_t cCode = sText[i];
-    const bool bHigh = cCode >= 0xD800 && cCode <= 0xDBFF;
-    if (bHigh && i + 1 < sText.size() && (sText[i + 1] & 0xFC00) == 0xDC00) {
-      cCode = 0x10000 + ((cCode - 0xD800) << 10) + (sText[++i] - 0xDC00u);
-    } else if (IsSurrogate(cCode)) {
-      cCode = Replacement;
-    }
-    AppendUtf8(cCode, sBytes);
-  }
-  return sBytes;
-}
-
-Text FromUtf8(std::string_view sBytes) {
-  Text sText;
-  sText.reserve(sBytes.size());
-  std::size_t lLength = 0;
-  for (std::size_t i = 0; i < sBytes.size(); i += lLength) {
-    const char32_t cCode = DecodeUtf8(sBytes.substr(i), lLength);
-    if (cCode < 0x10000) {
-      sText += static_cast<char16_t>(cCode);
-    } else {
-      sText += static_cast<char16_t>(0xD7C0 + (cCode >> 10));
-      sText += static_cast<char16_t>(0xDC00 + (cCode & 0x3FF));
-    }
-  }
-  return sText;
-}
 
 Text ToText(long long lNumber) {
   const std::string sDigits = std::to_string(lNumber);

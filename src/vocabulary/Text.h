@@ -1,11 +1,13 @@
-// The text type of the system and the few helpers that every layer needs.
-// Text is 16-bit units (UTF-16); bytes become text in platform/ and host/ only.
+// The text type of the system and the few helpers that every layer needs, those of Utf8.h included.
+// Text is 16-bit units (UTF-16); bytes of files become text in platform/ and host/ only.
 #pragma once
 
 #include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "Utf8.h"
 
 using Text = std::u16string;
 using TextView = std::u16string_view;
@@ -14,10 +16,6 @@ using TextArray = std::vector<Text>;
 
 inline constexpr TextView CrLf = u"\r\n";
 
-/// UTF-8 for messages, JSON and terminals. A lone surrogate becomes U+FFFD.
-std::string ToUtf8(TextView sText);
-/// Invalid bytes become U+FFFD. (File contents go through CodePage instead, which loses nothing.)
-Text FromUtf8(std::string_view sBytes);
 /// Position of a unit at lFrom or behind it, or npos: many times as fast as the standard search,
 /// which looks at every unit of a 16-bit text.
 std::size_t FindUnit(TextView sText, char16_t cUnit, std::size_t lFrom = 0);

@@ -1,13 +1,13 @@
 // The stand-in IDE over real files, with an add-in of the test's own.
 #include "FIDE.h"
 
-#include "CodePage.h"
 #include "FSave.h"
 #include "FormsFixture.h"
 #include "MQuillon.h"
 #include "MXHTMLHelp.h"
 #include "MXRegistry.h"
 #include "OwnSettings.h"
+#include "PathText.h"
 #include "ProjectTree.h"
 #include "TableRows.h"
 

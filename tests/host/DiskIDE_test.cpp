@@ -1,6 +1,6 @@
 #include "DiskIDE.h"
 
-#include "CodePage.h"
+#include "PathText.h"
 #include "ProjectTree.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "PathFinder.h"
 
-#include "CodePage.h"
+#include "PathText.h"
 #include "ProjectTree.h"
 
 namespace {

@@ -6,10 +6,10 @@
 
 #include <cerrno>
 
-#include "CodePage.h"
 #include "Failure.h"
 #include "FaultyFileOps.h"
 #include "MXFile.h"
+#include "PathText.h"
 #include "RegistryStore.h"
 #include "TempFolder.h"
 

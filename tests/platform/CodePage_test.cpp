@@ -130,10 +130,4 @@ TEST(CodePage, UnknownNamesAreRefusedByName) {
   EXPECT_EQ(&CodePage::Get("CP1252"), &CodePage::Get("1252"));
 }
 
-TEST(CodePage, PathsThatAreNoUtf8SurviveAsText) {
-  const std::string sPath = "/tmp/caf\xC3\xA9\xE9/\xFF.bas";
-  EXPECT_EQ(PathOfText(TextOfPath(sPath)), sPath);
-  EXPECT_EQ(PathOfText(u"a\xD800"), "a\xEF\xBF\xBD");
-}
-
 }  // namespace

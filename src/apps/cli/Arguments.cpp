@@ -6,6 +6,8 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "PathText.h"
+
 namespace {
 
 using Strings = std::vector<std::string>;
@@ -36,12 +38,15 @@ CLI::Option* AddValue(CLI::App& oApp, const std::string& sName, std::string& sVa
 
 void AddCommon(CLI::App& oApp, Arguments& oArguments) {
   AddValue(oApp, "-t,--template", oArguments.sTemplateFile,
-           "Template file (else the most recent one, else Template.dat beside the group)", "FILE");
+           "Template file (else the most recent one, else Template.dat beside the group)", "FILE")
+      ->transform(PathOfArgument);
   oApp.add_option_function<std::string>(
           "--settings", [&](const std::string& sFile) { oArguments.oSettingsFile = sFile; },
           "Settings file instead of the user's own")
-      ->type_name("FILE");
-  AddValue(oApp, "--log", oArguments.sLogFile, "Log failures to this file", "FILE");
+      ->type_name("FILE")
+      ->transform(PathOfArgument);
+  AddValue(oApp, "--log", oArguments.sLogFile, "Log failures to this file", "FILE")
+      ->transform(PathOfArgument);
   AddValue(oApp, "--color", oArguments.sColor, "Colours on a terminal", "WHEN")
       ->check(CLI::IsMember({"auto", "always", "never"}));
   oApp.add_flag("-q,--quiet", oArguments.bQuiet, "Only results and what went wrong");
@@ -89,7 +94,8 @@ CLI::App& AddCommand(CLI::App& oApp, Arguments& oArguments, const char* sName, c
 void AddPaths(CLI::App& oCommand, Arguments& oArguments) {
   oCommand.add_option("PATH", oArguments.asPath, "Project groups (.vbg), projects (.vbp), folders")
       ->required()
-      ->type_name(" ");
+      ->type_name(" ")
+      ->transform(PathOfArgument);
 }
 
 CLI::App& AddGroupCommand(CLI::App& oApp, Arguments& oArguments, const char* sName,
@@ -167,7 +173,8 @@ void AddReport(CLI::App& oApp, Arguments& oArguments) {
   AddAction(oReport, oArguments, "REPORT", "summary or properties", {"summary", "properties"});
   AddComponentScope(oReport, oArguments);
   AddPaths(oReport, oArguments);
-  AddValue(oReport, "--pdf", oArguments.sPdfFile, "Print into a PDF file", "FILE");
+  AddValue(oReport, "--pdf", oArguments.sPdfFile, "Print into a PDF file", "FILE")
+      ->transform(PathOfArgument);
   AddFormat(oReport, oArguments, {"text"});
 }
 
@@ -180,7 +187,8 @@ void AddTools(CLI::App& oApp, Arguments& oArguments) {
   oTemplate.add_option("FILE", oArguments.asPath, "The template file")
       ->required()
       ->expected(1)
-      ->type_name(" ");
+      ->type_name(" ")
+      ->transform(PathOfArgument);
 
   CLI::App& oText = AddCommand(
       oApp, oArguments, "text", "Rewrite procedure texts: a JSON object per line in and out",

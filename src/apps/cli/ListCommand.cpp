@@ -6,7 +6,6 @@
 #include "Display.h"
 #include "MQuillon.h"
 #include "Table.h"
-#include "UnifiedDiff.h"
 
 namespace {
 
@@ -118,7 +117,7 @@ class Lister {
     oJson.Key("name").String(ToUtf8(moHandler.ProjectName(hProject)));
     oJson.Key("type").String(
         ToUtf8(MQuillon::VBProjectTypeName(moHandler.Project(hProject).oProject->Type())));
-    oJson.Key("file").String(RelativePath(ToUtf8(moHandler.ProjectFileName(hProject))));
+    oJson.Key("file").String(ShownFile(PathOfText(moHandler.ProjectFileName(hProject))));
     oJson.EndObject();
   }
 

@@ -79,7 +79,7 @@ class ConsoleDialog : public PrintedErrorDialog {
 
 void StartErrorRuntime(ErrorRuntime& oRuntime, const Arguments& oArguments, const char* sProgram) {
   oRuntime.SetApplicationName(u"TarvaneQuillon");
-  oRuntime.SetApplicationPath(FromUtf8(sProgram));
+  oRuntime.SetApplicationPath(TextOfPath(sProgram));
   oRuntime.SetDevelopmentMode(false);
   oRuntime.SetTraceEnabled(oArguments.bTrace);
   oRuntime.Start();
@@ -88,11 +88,11 @@ void StartErrorRuntime(ErrorRuntime& oRuntime, const Arguments& oArguments, cons
 
 void StartUp(const Arguments& oArguments, const RegistryStore& oStore, Console& oConsole) {
   for (const RegistryStore::Problem& oProblem : oStore.Problems())
-    oConsole.Error(Finding(oStore.Path(), static_cast<std::int64_t>(oProblem.lLine),
+    oConsole.Error(Finding(ShownPath(oStore.Path()), static_cast<std::int64_t>(oProblem.lLine),
                            ToUtf8(oProblem.sMessage)));
   bool bNamed = oArguments.oSettingsFile && !oArguments.oSettingsFile->empty();
-  if (bNamed && oArguments.sCommand != "rules" && !MXFile::FileExists(FromUtf8(oStore.Path())))
-    oConsole.Say(oStore.Path() + ": there is no such settings file, the defaults apply");
+  if (bNamed && oArguments.sCommand != "rules" && !MXFile::FileExists(TextOfPath(oStore.Path())))
+    oConsole.Say(ShownPath(oStore.Path()) + ": there is no such settings file, the defaults apply");
   MQuillon::Initialize();
   MRules::Initialize();
   MOptions::Initialize();

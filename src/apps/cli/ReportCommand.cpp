@@ -84,7 +84,7 @@ void PrintToFile(Session& oSession, const std::vector<Document>& oDocuments) {
   } catch (const Failure& oFailure) {
     throw Stop{ToUtf8(oFailure.Description()), 1};
   }
-  oSession.oConsole.Detail("Written: " + sPath);
+  oSession.oConsole.Detail("Written: " + ShownPath(sPath));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "CodePage.h"
+#include "PathText.h"
 #include "UnifiedDiff.h"
 
 namespace {
@@ -78,10 +79,10 @@ std::string Files(std::size_t lCount) {
 bool SaveFiles(Session& oSession) {
   DiskIDE::SaveResult oResult = oSession.pIDE->Save();
   for (const std::string& sPath : oResult.asSaved)
-    oSession.oConsole.Detail("Written: " + RelativePath(sPath));
+    oSession.oConsole.Detail("Written: " + ShownFile(sPath));
   for (const DiskIDE::Note& oNote : oResult.oFailed)
-    oSession.oConsole.Error(Finding(RelativePath(PathOfText(oNote.sFile)), 0,
-                                    "not written: " + ToUtf8(oNote.sMessage)));
+    oSession.oConsole.Error(
+        Finding(ShownFile(PathOfText(oNote.sFile)), 0, "not written: " + ToUtf8(oNote.sMessage)));
   oSession.oConsole.Say(Files(oResult.asSaved.size()) + " written");
   return oResult.oFailed.empty();
 }

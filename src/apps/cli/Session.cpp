@@ -6,11 +6,11 @@
 #include <unordered_set>
 
 #include "CXRecent.h"
-#include "CodePage.h"
 #include "Failure.h"
 #include "MQuillon.h"
 #include "MRules.h"
 #include "MXFile.h"
+#include "PathText.h"
 #include "UnifiedDiff.h"
 
 namespace {
@@ -53,6 +53,10 @@ Text FirstFile(const ComponentRecord& oComponent) {
 
 }  // namespace
 
+std::string ShownFile(const std::string& path) {
+  return ShownPath(RelativePath(path));
+}
+
 std::string Finding(const std::string& sFile, std::int64_t lLine, const std::string& sMessage) {
   return sFile + (lLine > 0 ? ':' + std::to_string(lLine) : "") + ": " + sMessage;
 }
@@ -93,7 +97,7 @@ void Session::OpenTemplate() {
   bool bErrors = oTemplate.LoadErrors() != 0;
   for (const std::string& sLine : asReport)
     bErrors ? oConsole.Error(sLine) : oConsole.Detail(sLine);
-  if (bErrors) throw Stop{"The template file has errors, nothing was changed: " + msTemplateFile};
+  if (bErrors) throw Stop{"The template file has errors, nothing was changed: " + TemplateFile()};
   TextArray asModule, asProcedure;
   oTemplate.GetModuleTemplates(asModule);
   oTemplate.GetProcTemplates(asProcedure);
@@ -110,7 +114,7 @@ void Session::OpenGroup() {
   pIDE = DiskIDE::Open(oArguments.asPath, oOptions);
   TellNotes();
   if (pIDE->Root().VBProjects().Count() == 0)
-    throw Stop{"There is no project to read in " + oArguments.asPath.front() +
+    throw Stop{"There is no project to read in " + ShownPath(oArguments.asPath.front()) +
                ": give a .vbg or .vbp file, or a folder that holds one"};
   oHandler.LoadProjects(pIDE->Root());
   oHandler.oTemplate = &oTemplate;
@@ -122,7 +126,7 @@ void Session::TellNotes() {
   // takes projects of any name; otherwise it may be one that the scope leaves out.
   const bool bAnyProject = moScope.TakesProject(u"");
   for (const DiskIDE::Note& oNote : pIDE->Notes()) {
-    oConsole.Error(Finding(RelativePath(PathOfText(oNote.sFile)),
+    oConsole.Error(Finding(ShownFile(PathOfText(oNote.sFile)),
                            static_cast<std::int64_t>(oNote.lLine), ToUtf8(oNote.sMessage)));
     mbProjectMissing |= oNote.bUnreadable && bAnyProject;
   }
@@ -199,7 +203,7 @@ bool Session::IsDeclarations(Handle hProcedure) const {
 
 std::string Session::FileOf(Handle hComponent) {
   const Text sFile = FirstFile(oHandler.Component(hComponent));
-  return sFile.empty() ? std::string() : RelativePath(PathOfText(sFile));
+  return sFile.empty() ? std::string() : ShownFile(PathOfText(sFile));
 }
 
 std::string Session::NameOf(Handle hProcedure) {

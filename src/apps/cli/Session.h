@@ -13,6 +13,7 @@
 #include "Console.h"
 #include "DiskIDE.h"
 #include "Output.h"
+#include "PathText.h"
 #include "Scope.h"
 
 class Session {
@@ -40,9 +41,10 @@ class Session {
   bool IsScopeRead() const { return moUnreadable.empty() && !mbProjectMissing; }
   const std::vector<Text>& ModuleTemplates() const { return moModuleTemplates; }
   const std::vector<Text>& ProcedureTemplates() const { return moProcedureTemplates; }
-  const std::string& TemplateFile() const { return msTemplateFile; }
+  /// Path of the template file as it is shown.
+  std::string TemplateFile() const { return ShownPath(msTemplateFile); }
 
-  /// Path of a component's first file, relative to the current folder; empty when it has none.
+  /// Path of a component's first file as it is shown; empty when it has none.
   std::string FileOf(Handle hComponent);
   /// Why a component can't be read; never empty.
   std::string ReasonOf(Handle hComponent) const;
@@ -76,6 +78,9 @@ class Session {
   std::vector<Handle> moProcedures, moUnreadable;
   bool mbProjectMissing = false;
 };
+
+/// A file of the group as it is shown: relative to the current folder.
+std::string ShownFile(const std::string& path);
 
 /// "file: message" or "file:line: message", as editors and build servers read it.
 std::string Finding(const std::string& sFile, std::int64_t lLine, const std::string& sMessage);

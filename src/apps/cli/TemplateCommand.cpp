@@ -1,6 +1,6 @@
 // template check, dump and list: a template file without any project.
-#include "CodePage.h"
 #include "Commands.h"
+#include "PathText.h"
 #include "TemplateCheck.h"
 
 namespace {
@@ -19,7 +19,7 @@ int Check(Session& oSession, const std::vector<std::string>& asReport) {
   if (oSession.oTemplate.LoadErrors() != 0) return 2;
   std::vector<TemplateFinding> oFindings = CheckTemplate(oSession.oTemplate);
   for (const TemplateFinding& oFinding : oFindings)
-    oSession.oOutput.Put(Printable(Finding(oSession.oArguments.asPath.front(), oFinding.lLine,
+    oSession.oOutput.Put(Printable(Finding(ShownPath(oSession.oArguments.asPath.front()), oFinding.lLine,
                                            ToUtf8(oFinding.sMessage))) +
                          '\n');
   return oFindings.empty() ? 0 : 1;

@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <map>
 
+#include "PathText.h"
+
 namespace {
 
 std::string FullPath(const std::string& sPath) {
@@ -39,7 +41,8 @@ std::optional<int> ReadDesktopArguments(int argc, char** argv, DesktopArguments&
   oApp.add_option(
           "GROUP", oArguments.sGroup,
           "Project group (.vbg), project (.vbp) or folder (else the one that was open last)")
-      ->type_name(" ");
+      ->type_name(" ")
+      ->transform(PathOfArgument);
   std::string sConnect = "startup";
   oApp.add_option("--connect", sConnect,
                   "How the add-in is connected: with menu entry and toolbar, or at once with its "
@@ -49,12 +52,16 @@ std::optional<int> ReadDesktopArguments(int argc, char** argv, DesktopArguments&
   oApp.add_option_function<std::string>(
           "--settings", [&](const std::string& sFile) { oArguments.oSettingsFile = sFile; },
           "Settings file instead of the user's own")
-      ->type_name("FILE");
+      ->type_name("FILE")
+      ->transform(PathOfArgument);
   oApp.add_option("-t,--template", oArguments.sTemplateFile,
                   "Template file (else the one that was used last)")
       ->type_name("FILE")
-      ->check(CLI::Validator(CLI::ExistingFile).description(""));
-  oApp.add_option("--log", oArguments.sLogFile, "Log failures to this file")->type_name("FILE");
+      ->check(CLI::Validator(CLI::ExistingFile).description(""))
+      ->transform(PathOfArgument);
+  oApp.add_option("--log", oArguments.sLogFile, "Log failures to this file")
+      ->type_name("FILE")
+      ->transform(PathOfArgument);
   try {
     oApp.parse(WithoutTrace(argc, argv));
   } catch (const CLI::ParseError& oError) {

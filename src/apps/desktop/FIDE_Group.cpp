@@ -3,12 +3,12 @@
 
 #include "BoxText.h"
 #include "CXChooseFile.h"
-#include "CodePage.h"
 #include "FIDE.h"
 #include "FSave.h"
 #include "Failure.h"
 #include "MXForm.h"
 #include "MXRegistry.h"
+#include "PathText.h"
 #include "Toolkit.h"
 
 namespace {

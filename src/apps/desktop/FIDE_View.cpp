@@ -2,9 +2,9 @@
 #include "BoxText.h"
 #include "ChangeRows.h"
 #include "CodeModule.h"
-#include "CodePage.h"
 #include "FIDE.h"
 #include "Failure.h"
+#include "PathText.h"
 #include "Toolkit.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "FSave.h"
 
-#include "CodePage.h"
+#include "PathText.h"
 
 namespace {
 

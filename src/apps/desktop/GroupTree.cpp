@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "CodePage.h"
 #include "MQuillon.h"
+#include "PathText.h"
 
 namespace {
 
