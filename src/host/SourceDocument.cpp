@@ -24,6 +24,12 @@ std::int32_t CountEnds(std::string_view sBytes) {
 
 }  // namespace
 
+/// How many lines of the file the editor hides ahead of one of its own lines.
+struct HiddenLines {
+  std::uint64_t lVersion = 0;  ///< of the line table that was counted
+  std::int32_t lAhead = 0, lCount = 0;
+};
+
 struct SourceDocument::Impl {
   Impl(std::string sBytes, const CodePage& oAnsi, bool bForcePage,
        const std::vector<CondConstant>& oConstants)
@@ -52,6 +58,7 @@ struct SourceDocument::Impl {
   ProcIndex oIndex;
   EditMemory oMemory;
   MemberAttributes oAttributes;
+  HiddenLines oHidden;
 };
 
 SourceDocument::SourceDocument(std::string sBytes, const CodePage& oAnsi, bool bForcePage,
@@ -89,15 +96,19 @@ Text SourceDocument::Lines(std::int32_t lStart, std::int32_t lCount) const {
   return sText;
 }
 
-std::int32_t SourceDocument::FileLine(std::int32_t lLine) const {
-  const LineTable& oLines = mpImpl->oLines;
-  const LineTable::Line& oHeader = oLines.At(0);
-  std::int32_t lFileLine = lLine;
-  for (auto sPart : {oLines.TextOf(oHeader), oLines.EndOf(oHeader)}) lFileLine += CountEnds(sPart);
-  for (std::int32_t l = 0; l < lLine && l <= oLines.Count(); ++l) {
-    if (oLines.At(l).bTail) lFileLine += CountEnds(oLines.TailOf(oLines.At(l)));
+// Whoever lists a module asks for line after line: the count goes on from the last answer.
+std::int32_t SourceDocument::FileLine(std::int32_t line) const {
+  const LineTable& lines = mpImpl->oLines;
+  HiddenLines& known = mpImpl->oHidden;
+  if (known.lVersion != lines.Version() || known.lAhead > line) {
+    const LineTable::Line& header = lines.At(0);
+    known = {lines.Version(), 0, CountEnds(lines.TextOf(header)) + CountEnds(lines.EndOf(header))};
   }
-  return lFileLine;
+  for (; known.lAhead < line && known.lAhead <= lines.Count(); ++known.lAhead) {
+    const LineTable::Line& ahead = lines.At(known.lAhead);
+    if (ahead.bTail) known.lCount += CountEnds(lines.TailOf(ahead));
+  }
+  return line + known.lCount;
 }
 
 std::int32_t SourceDocument::CountOfLines() const {
