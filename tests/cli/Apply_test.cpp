@@ -1,8 +1,7 @@
 // apply, refresh, number, unnumber and check on files.
 #include <sys/stat.h>
 
-#include <nlohmann/json.hpp>
-
+#include "JsonText.h"
 #include "WorkFolder.h"
 
 namespace {
@@ -197,16 +196,16 @@ TEST(Check, TellsWhatWouldChangeAndWhatIsRefused) {
                             "App/modMain.bas:9: modMain.Jumps" + sChange +
                             "App/modMain.bas:9: modMain.Jumps: refused: "
                             "Line number 10 is the target of a jump\n");
-  auto oFindings = nlohmann::json::parse(
-      oPlace.Run("check --format json --procedure Jumps Demo.vbg").sOut)["findings"];
-  ASSERT_EQ(oFindings.size(), 2u);
-  EXPECT_EQ(oFindings[0]["changes"][0].dump(),
-            "{\"from\":\"(none)\",\"property\":\"Template\",\"to\":\"Main\"}");
-  EXPECT_EQ(oFindings[1]["kind"], "refused");
-  EXPECT_EQ(oFindings[1]["line"], 9);
-  WorkFolder::Result oApply = oPlace.Run("apply -q --suggested --component modMain Demo.vbg");
-  EXPECT_EQ(oApply.nExit, 1);
-  EXPECT_HOLDS(oApply.sErr, std::string("Processing modMain.Jumps\n    Line number 10"));
+  const auto oCheck = ParseJson(oPlace.Run("check --format json --procedure Jumps Demo.vbg").sOut);
+  const auto oFindings = oCheck["findings"].GetArray();
+  ASSERT_EQ(oFindings.Size(), 2u);
+  EXPECT_EQ(JsonText(oFindings[0]["changes"][0]),
+            R"({"property":"Template","from":"(none)","to":"Main"
+})");
+  ExpectFields(oFindings[1], R"({"kind": "refused", "line": 9})");
+WorkFolder::Result oApply = oPlace.Run("apply -q --suggested --component modMain Demo.vbg");
+EXPECT_EQ(oApply.nExit, 1);
+EXPECT_HOLDS(oApply.sErr, std::string("Processing modMain.Jumps\n    Line number 10"));
 }
 
 }  // namespace

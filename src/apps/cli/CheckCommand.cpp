@@ -5,8 +5,8 @@
 
 #include "Commands.h"
 #include "Display.h"
+#include "JsonWriter.h"
 #include "MQuillon.h"
-#include "Table.h"
 
 namespace {
 
@@ -106,7 +106,7 @@ std::string ChangeText(const std::vector<Difference>& oChanges) {
 
 class Reporter {
  public:
-  explicit Reporter(Session& oSession) : moSession(oSession), moJson(oSession.oOutput.Buffer()) {}
+  explicit Reporter(Session& oSession) : moSession(oSession), moJson(oSession.oOutput) {}
 
   void Report(const std::vector<ProcedureFinding>& oFindings) {
     if (mbJson) {
@@ -119,7 +119,7 @@ class Reporter {
     moJson.Break();
     moJson.EndArray();
     moJson.EndObject();
-    moSession.oOutput.Put("\n");
+    moJson.Finish();
   }
 
  private:
@@ -189,7 +189,6 @@ class Reporter {
   void EndJson(const std::string& sMessage) {
     moJson.Key("message").String(sMessage);
     moJson.EndObject();
-    moSession.oOutput.FlushWhenLarge();
   }
 
   Session& moSession;

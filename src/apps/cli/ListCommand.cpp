@@ -4,6 +4,7 @@
 
 #include "Commands.h"
 #include "Display.h"
+#include "JsonWriter.h"
 #include "MQuillon.h"
 #include "Table.h"
 
@@ -41,7 +42,7 @@ class Lister {
   }
 
   void AsJson() {
-    JsonWriter oJson(msOut);
+    JsonWriter oJson(moSession.oOutput);
     oJson.BeginObject();
     oJson.Key("version").String(QUILLON_VERSION);
     oJson.Key("template").String(moSession.TemplateFile());
@@ -57,7 +58,7 @@ class Lister {
     for (Handle h : moSession.Unreadable()) LoadFailureJson(h, oJson);
     oJson.EndArray();
     oJson.EndObject();
-    msOut += '\n';
+    oJson.Finish();
   }
 
  private:
@@ -146,8 +147,10 @@ class Lister {
   void PlaceJson(JsonWriter& oJson) {
     if (msFile.empty()) msFile = moSession.FileOf(mhComponent);
     oJson.Key("file").StringOrNull(msFile);
+    // In the order of the file: a place behind the last one is found by going on from there.
+    const std::int32_t firstLine = moSession.FirstLine(mhProcedure);
     oJson.Key("line").Number(moSession.HeadLine(mhProcedure));
-    oJson.Key("firstLine").Number(moSession.FirstLine(mhProcedure));
+    oJson.Key("firstLine").Number(firstLine);
   }
 
   void FlagsJson(const ProcedureRecord& oProcedure, const CProcSettings& oSettings,

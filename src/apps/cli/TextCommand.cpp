@@ -1,6 +1,8 @@
 // text OP: the engine's bare operations on procedure texts, one JSON object per line in and out.
 // Answers leave as soon as no further request is waiting, so that an editor can hold a
 // conversation and a script can send millions.
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -14,7 +16,8 @@
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using rapidjson::Document;
+using rapidjson::Value;
 
 /// Lines of standard input, of any length.
 class Input {
@@ -58,39 +61,47 @@ class Input {
   bool mbEnd = false;
 };
 
-Json SettingsJson(const CProcSettings& oSettings) {
-  Json oJson;
-  oJson["template"] = ToUtf8(oSettings.sTemplate());
-  oJson["locked"] = oSettings.eLocked() == MQuillon::TriState::True;
-  oJson["boundary"] = ToUtf8(MQuillon::BoundaryName(oSettings.eBoundary()));
-  oJson["severity"] = ToUtf8(MQuillon::SeverityName(oSettings.eSeverity()));
-  oJson["retry"] = ToUtf8(MQuillon::RetryName(oSettings.eRetry()));
-  oJson["trace"] = oSettings.eTrace() == MQuillon::TriState::True;
-  return oJson;
+Value SettingsJson(const CProcSettings& settings, Document& object) {
+  Value json(rapidjson::kObjectType);
+  const auto add = [&](rapidjson::Value::StringRefType name, Value value) {
+    json.AddMember(name, std::move(value), object.GetAllocator());
+  };
+  const auto text = [&](TextView words) { return JsonText(ToUtf8(words), object); };
+  add("template", text(settings.sTemplate()));
+  add("locked", Value(settings.eLocked() == MQuillon::TriState::True));
+  add("boundary", text(MQuillon::BoundaryName(settings.eBoundary())));
+  add("severity", text(MQuillon::SeverityName(settings.eSeverity())));
+  add("retry", text(MQuillon::RetryName(settings.eRetry())));
+  add("trace", Value(settings.eTrace() == MQuillon::TriState::True));
+  return json;
 }
 
 class Worker {
  public:
-  explicit Worker(Session& oSession)
-      : moTemplate(oSession.oTemplate), msOp(oSession.oArguments.sAction) {
-    moLink = moTemplate.ReportError.Connect(
-        [this](TextView sMessage) { moMessages.push_back(ToUtf8(sMessage)); });
+  explicit Worker(Session& session)
+      : mTemplate(session.oTemplate), mOperation(session.oArguments.sAction) {
+    mLink = mTemplate.ReportError.Connect(
+        [this](TextView message) { mMessages.push_back(ToUtf8(message)); });
   }
 
   /// Adds "after", "messages" and, for extract, "settings". False when the engine refused.
-  bool Answer(TextRequest& oRequest) {
-    moMessages = Json::array();
-    Text sCode = oRequest.sBefore;
-    bool bErrors = false;
+  bool Answer(TextRequest& request) {
+    mMessages.clear();
+    Text code = request.sBefore;
+    bool errors = false;
     try {
-      Run(oRequest, sCode, bErrors);
-    } catch (const Failure& oFailure) {
-      moMessages.push_back(ToUtf8(oFailure.Description()));
-      bErrors = true;
+      Run(request, code, errors);
+    } catch (const Failure& failure) {
+      mMessages.push_back(ToUtf8(failure.Description()));
+      errors = true;
     }
-    oRequest.oObject["after"] = bErrors ? Json() : Json(ToUtf8(sCode));
-    oRequest.oObject["messages"] = std::move(moMessages);
-    return !bErrors;
+    Document& object = request.oObject;
+    SetField(object, "after", errors ? Value() : JsonText(ToUtf8(code), object));
+    Value messages(rapidjson::kArrayType);
+    for (const std::string& message : mMessages)
+      messages.PushBack(JsonText(message, object), object.GetAllocator());
+    SetField(object, "messages", std::move(messages));
+    return !errors;
   }
 
  private:
@@ -99,54 +110,66 @@ class Worker {
                                                             : r.eLineAction;
   }
 
-  void Run(TextRequest& r, Text& sCode, bool& bErrors) {
-    if (msOp == "insert") {
-      moTemplate.InsertTemplate(r.sModule, r.sName, r.sType, sCode, r.lBodyLine, r.sTemplate,
-                                r.bLocked, r.sBoundary, r.sSeverity, r.sRetry, r.bTrace,
-                                LineAction(r), bErrors);
-    } else if (msOp == "remove") {
-      moTemplate.RemoveTemplate(r.sModule, r.sName, r.sType, sCode, r.lBodyLine, r.sTemplate,
-                                bErrors);
-    } else if (msOp == "number") {
-      sCode = LineNumbers::DoLineNumbers(SplitLines(r.sBefore), LineAction(r), MRules::oRules);
-    } else if (msOp == "extract") {
-      CProcSettings oSettings;
-      moTemplate.ExtractProcSettings(sCode, oSettings);
-      r.oObject["settings"] = SettingsJson(oSettings);
-    } else if (msOp == "signature") {
-      moTemplate.InsertSignatureOnly(r.sName, r.sType, sCode, r.lBodyLine, r.bLocked, bErrors);
+  void Run(TextRequest& r, Text& code, bool& errors) {
+    if (mOperation == "insert") {
+      mTemplate.InsertTemplate(r.sModule, r.sName, r.sType, code, r.lBodyLine, r.sTemplate,
+                               r.bLocked, r.sBoundary, r.sSeverity, r.sRetry, r.bTrace,
+                               LineAction(r), errors);
+    } else if (mOperation == "remove") {
+      mTemplate.RemoveTemplate(r.sModule, r.sName, r.sType, code, r.lBodyLine, r.sTemplate, errors);
+    } else if (mOperation == "number") {
+      code = LineNumbers::DoLineNumbers(SplitLines(r.sBefore), LineAction(r), MRules::oRules);
+    } else if (mOperation == "extract") {
+      CProcSettings settings;
+      mTemplate.ExtractProcSettings(code, settings);
+      SetField(r.oObject, "settings", SettingsJson(settings, r.oObject));
+    } else if (mOperation == "signature") {
+      mTemplate.InsertSignatureOnly(r.sName, r.sType, code, r.lBodyLine, r.bLocked, errors);
     } else {
-      moTemplate.RemoveSignatureOnly(sCode, bErrors);
+      mTemplate.RemoveSignatureOnly(code, errors);
     }
   }
 
-  CTemplate& moTemplate;
-  const std::string& msOp;
-  Json moMessages = Json::array();
-  Connection moLink;
+  CTemplate& mTemplate;
+  const std::string& mOperation;
+  std::vector<std::string> mMessages;
+  Connection mLink;
 };
+
+void PutLine(const Document& answer, Output& output) {
+  rapidjson::StringBuffer buffer;
+  rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
+  answer.Accept(writer);
+  buffer.Put('\n');
+  output.Put({buffer.GetString(), buffer.GetSize()});
+}
+
+Document Refusal(std::size_t lineNumber, const std::string& reason) {
+  Document answer(rapidjson::kObjectType);
+  SetField(answer, "line", Value(static_cast<std::uint64_t>(lineNumber)));
+  SetField(answer, "error", JsonText(reason, answer));
+  return answer;
+}
 
 }  // namespace
 
-int TextCommand(Session& oSession) {
-  if (oSession.oArguments.sAction != "number") oSession.OpenTemplate();
-  Input oInput(oSession.oOutput);
-  Worker oWorker(oSession);
-  int nExit = 0;
-  std::size_t lLine = 0;
-  for (std::string_view sLine; oInput.Next(sLine);) {
-    ++lLine;
-    if (sLine.find_first_not_of(" \t\r") == std::string_view::npos) continue;
-    Json oAnswer;
+int TextCommand(Session& session) {
+  if (session.oArguments.sAction != "number") session.OpenTemplate();
+  Input input(session.oOutput);
+  Worker worker(session);
+  int exit = 0;
+  std::size_t lineNumber = 0;
+  for (std::string_view line; input.Next(line);) {
+    ++lineNumber;
+    if (line.find_first_not_of(" \t\r") == std::string_view::npos) continue;
     try {
-      TextRequest oRequest = ReadTextRequest(sLine);
-      if (!oWorker.Answer(oRequest)) nExit = std::max(nExit, 1);
-      oAnswer = std::move(oRequest.oObject);
-    } catch (const Stop& oStop) {
-      oAnswer = {{"line", lLine}, {"error", oStop.sMessage}};
-      nExit = 2;
+      TextRequest request = ReadTextRequest(line);
+      if (!worker.Answer(request)) exit = std::max(exit, 1);
+      PutLine(request.oObject, session.oOutput);
+    } catch (const Stop& stop) {
+      PutLine(Refusal(lineNumber, stop.sMessage), session.oOutput);
+      exit = 2;
     }
-    oSession.oOutput.Put(oAnswer.dump(-1, ' ', false, Json::error_handler_t::replace) + '\n');
   }
-  return nExit;
+  return exit;
 }

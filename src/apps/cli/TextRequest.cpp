@@ -1,7 +1,6 @@
 #include "TextRequest.h"
 
-#include <algorithm>
-#include <array>
+#include <rapidjson/error/en.h>
 
 #include "Console.h"
 #include "Display.h"
@@ -9,65 +8,99 @@
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using rapidjson::Document;
+using rapidjson::Value;
 
-/// Requests are flat; deeper nesting would be copied out by recursion.
+/// Requests are flat; deeper nesting would be checked and written by recursion.
 constexpr int MaxDepth = 32;
 
-Json Parse(std::string_view sLine) {
-  bool bTooDeep = false;
-  Json oObject;
-  try {
-    oObject = Json::parse(sLine, [&](int nDepth, Json::parse_event_t, Json&) {
-      bTooDeep = bTooDeep || nDepth > MaxDepth;
-      return nDepth <= MaxDepth;
-    });
-  } catch (const Json::exception& oError) {
-    // The library's own code for the error stands in brackets ahead of its words.
-    std::string_view sWords = oError.what();
-    throw Stop{std::string(sWords.substr(std::min(sWords.find("] ") + 2, sWords.size())))};
+std::string_view View(const Value& text) {
+  return {text.GetString(), text.GetStringLength()};
+}
+
+/// Throws unless all texts are well-formed: a lone surrogate gets past the parser as an escape.
+void CheckValue(const Value& value, int depth) {
+  if (depth > MaxDepth) throw Stop{"The line is nested too deeply"};
+  if (value.IsString() && !Utf8::IsWellFormed(View(value)))
+    throw Stop{"The line has bytes that aren't UTF-8, or half of a surrogate pair"};
+  if (value.IsArray())
+    for (const Value& element : value.GetArray()) CheckValue(element, depth + 1);
+  if (value.IsObject())
+    for (const auto& member : value.GetObject()) {
+      CheckValue(member.name, depth);
+      CheckValue(member.value, depth + 1);
+    }
+}
+
+/// Of fields with one name the last one holds, in the place of the first.
+void DropRepeatedFields(Document& object) {
+  for (auto field = object.MemberBegin(); field != object.MemberEnd();) {
+    const auto first = object.FindMember(field->name);
+    if (first == field) {
+      ++field;
+    } else {
+      first->value = std::move(field->value);
+      field = object.EraseMember(field);
+    }
   }
-  if (bTooDeep) throw Stop{"The line is nested too deeply"};
-  if (!oObject.is_object()) throw Stop{"The line is no JSON object"};
-  return oObject;
+}
+
+Document Parse(std::string_view line) {
+  if (line.starts_with("\xEF\xBB\xBF")) line.remove_prefix(3);
+  Document object;
+  // Iterative: depth costs memory and no stack.
+  object.Parse<rapidjson::kParseIterativeFlag | rapidjson::kParseFullPrecisionFlag>(line.data(),
+                                                                                    line.size());
+  if (object.HasParseError())
+    throw Stop{"The line is no JSON at byte " + std::to_string(object.GetErrorOffset() + 1) + ": " +
+               rapidjson::GetParseError_En(object.GetParseError())};
+  // The parser takes a NUL for the end.
+  if (line.find('\0') != std::string_view::npos) throw Stop{"The line has a NUL in it"};
+  CheckValue(object, 0);
+  if (!object.IsObject()) throw Stop{"The line is no JSON object"};
+  DropRepeatedFields(object);
+  return object;
 }
 
 /// The field, or null when it is missing.
-const Json* Field(const Json& oObject, const char* sName) {
-  auto oField = oObject.find(sName);
-  return oField == oObject.end() || oField->is_null() ? nullptr : &*oField;
+const Value* Field(const Document& object, const char* name) {
+  const auto field = object.FindMember(name);
+  return field == object.MemberEnd() || field->value.IsNull() ? nullptr : &field->value;
 }
 
-Text TextField(const Json& oObject, const char* sName) {
-  const Json* pField = Field(oObject, sName);
-  if (!pField) return {};
-  if (!pField->is_string()) throw Stop{std::string(sName) + " has to be a text"};
-  return FromUtf8(pField->get_ref<const std::string&>());
+Text TextField(const Document& object, const char* name) {
+  const Value* field = Field(object, name);
+  if (!field) return {};
+  if (!field->IsString()) throw Stop{std::string(name) + " has to be a text"};
+  return FromUtf8(View(*field));
 }
 
-std::int32_t NumberField(const Json& oObject, const char* sName, std::int32_t lDefault,
-                         std::int32_t lLow, std::int32_t lHigh) {
-  const Json* pField = Field(oObject, sName);
-  if (!pField) return lDefault;
-  bool bInRange = pField->is_number_integer() && *pField >= lLow && *pField <= lHigh;
-  if (!bInRange)
-    throw Stop{std::string(sName) + " has to be a number from " + std::to_string(lLow) + " to " +
-               std::to_string(lHigh)};
-  return pField->get<std::int32_t>();
+bool IsNumber(const Value& value, std::int32_t low, std::int32_t high) {
+  return value.IsInt() && value.GetInt() >= low && value.GetInt() <= high;
+}
+
+std::int32_t NumberField(const Document& object, const char* name, std::int32_t otherwise,
+                         std::int32_t low, std::int32_t high) {
+  const Value* field = Field(object, name);
+  if (!field) return otherwise;
+  if (!IsNumber(*field, low, high))
+    throw Stop{std::string(name) + " has to be a number from " + std::to_string(low) + " to " +
+               std::to_string(high)};
+  return field->GetInt();
 }
 
 /// true or false, or one of the ids and display names of the property.
-bool StateField(const Json& oObject, const char* sName) {
-  const Json* pField = Field(oObject, sName);
-  if (!pField) return false;
-  if (pField->is_boolean()) return pField->get<bool>();
-  if (pField->is_string()) {
-    std::int32_t lId = ValueByName(Property::Locked, pField->get_ref<const std::string&>());
+bool StateField(const Document& object, const char* name) {
+  const Value* field = Field(object, name);
+  if (!field) return false;
+  if (field->IsBool()) return field->GetBool();
+  if (field->IsString()) {
+    std::int32_t lId = ValueByName(Property::Locked, View(*field));
     if (lId != 0) return lId == MQuillon::ToNumber(MQuillon::TriState::True);
-  } else if (pField->is_number_integer() && *pField >= 0 && *pField <= 2) {
-    return *pField == 2;
+  } else if (IsNumber(*field, 0, 2)) {
+    return field->GetInt() == 2;
   }
-  throw Stop{std::string(sName) + " has to be true or false"};
+  throw Stop{std::string(name) + " has to be true or false"};
 }
 
 using NameOfId = Text (*)(std::int32_t);
@@ -78,31 +111,30 @@ Text NameOf(std::int32_t lId) {
 }
 
 /// A constant name, a display name or an id of the property.
-Text IdField(const Json& oObject, const char* sName, Property eProperty, NameOfId fnName) {
-  const Json* pField = Field(oObject, sName);
-  if (!pField) return {};
-  if (pField->is_number_integer() && *pField >= 0 && *pField <= 4 &&
-      (*pField == 0 || !fnName(pField->get<std::int32_t>()).empty()))
-    return fnName(pField->get<std::int32_t>());
-  if (pField->is_string()) {
-    Text sText = FromUtf8(pField->get_ref<const std::string&>());
-    for (std::int32_t lId = 1; !fnName(lId).empty(); ++lId)
-      if (EqualNoCase(sText, fnName(lId))) return fnName(lId);
-    if (sText.empty()) return {};
-    std::int32_t lId = ValueByName(eProperty, ToUtf8(sText));
-    if (lId != 0) return fnName(lId);
+Text IdField(const Document& object, const char* name, Property property, NameOfId nameOf) {
+  const Value* field = Field(object, name);
+  if (!field) return {};
+  if (IsNumber(*field, 0, 4) && (field->GetInt() == 0 || !nameOf(field->GetInt()).empty()))
+    return nameOf(field->GetInt());
+  if (field->IsString()) {
+    Text text = FromUtf8(View(*field));
+    for (std::int32_t id = 1; !nameOf(id).empty(); ++id)
+      if (EqualNoCase(text, nameOf(id))) return nameOf(id);
+    if (text.empty()) return {};
+    std::int32_t id = ValueByName(property, View(*field));
+    if (id != 0) return nameOf(id);
   }
-  std::vector<std::string> asAllowed;
-  for (std::int32_t lId = 1; !fnName(lId).empty(); ++lId) asAllowed.push_back(ToUtf8(fnName(lId)));
-  throw Stop{std::string(sName) + " has to be empty or " + Alternatives(asAllowed)};
+  std::vector<std::string> allowed;
+  for (std::int32_t id = 1; !nameOf(id).empty(); ++id) allowed.push_back(ToUtf8(nameOf(id)));
+  throw Stop{std::string(name) + " has to be empty or " + Alternatives(allowed)};
 }
 
 }  // namespace
 
-TextRequest ReadTextRequest(std::string_view sLine) {
+TextRequest ReadTextRequest(std::string_view line) {
   TextRequest oRequest;
-  oRequest.oObject = Parse(sLine);
-  const Json& oObject = oRequest.oObject;
+  oRequest.oObject = Parse(line);
+  const Document& oObject = oRequest.oObject;
   if (!Field(oObject, "before")) throw Stop{"before is missing: the text to work on"};
   oRequest.sModule = TextField(oObject, "module");
   oRequest.sName = TextField(oObject, "name");
@@ -121,4 +153,17 @@ TextRequest ReadTextRequest(std::string_view sLine) {
   oRequest.sRetry =
       IdField(oObject, "retry", Property::Retry, NameOf<MQuillon::Retry, MQuillon::RetryName>);
   return oRequest;
+}
+
+void SetField(Document& object, std::string_view name, Value value) {
+  const Value key = JsonText(name, object);
+  const auto field = object.FindMember(key);
+  if (field == object.MemberEnd())
+    object.AddMember(JsonText(name, object), std::move(value), object.GetAllocator());
+  else
+    field->value = std::move(value);
+}
+
+Value JsonText(std::string_view text, Document& object) {
+  return Value(text.data(), static_cast<rapidjson::SizeType>(text.size()), object.GetAllocator());
 }

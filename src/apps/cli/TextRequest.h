@@ -2,8 +2,9 @@
 // Texts have CR LF between their lines. Every field but "before" may be missing.
 #pragma once
 
+#include <rapidjson/document.h>
+
 #include <cstdint>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
 
@@ -12,7 +13,7 @@
 
 struct TextRequest {
   /// The object as it came: it goes out again with its other fields and in its order.
-  nlohmann::ordered_json oObject;
+  rapidjson::Document oObject;
   Text sModule, sName, sType, sTemplate;
   std::int32_t lBodyLine = 1;
   bool bLocked = false, bTrace = false;
@@ -22,4 +23,9 @@ struct TextRequest {
 };
 
 /// Throws a Stop that says what is wrong with the line.
-TextRequest ReadTextRequest(std::string_view sLine);
+TextRequest ReadTextRequest(std::string_view line);
+
+/// Sets a field of the object, in its place where there is one, else behind the others.
+void SetField(rapidjson::Document& object, std::string_view name, rapidjson::Value value);
+/// A text as a value of that object.
+rapidjson::Value JsonText(std::string_view text, rapidjson::Document& object);
