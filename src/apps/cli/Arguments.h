@@ -6,10 +6,13 @@
 #include <string>
 #include <vector>
 
+struct Command;
+
 struct Arguments {
-  std::string sCommand;              ///< list, apply, refresh, number, unnumber, check, ...
+  const Command* command = nullptr;  ///< never null once ReadArguments gave no value
   std::string sAction;               ///< the word behind report, template, text and rules
-  std::vector<std::string> asPath;   ///< groups, projects, folders; the file of template
+  std::string sFile;                 ///< of template
+  std::vector<std::string> asPath;   ///< groups, projects, folders
   std::vector<std::string> asValue;  ///< NAME=VALUE of rules set
   std::vector<std::string> asSet;    ///< NAME=VALUE of apply --set
 
@@ -35,4 +38,4 @@ struct Arguments {
 
 /// Reads the command line. A value: the program ends here with it (help, version: 0; wrong usage:
 /// 2), and the text for the user has been printed.
-std::optional<int> ReadArguments(int argc, char** argv, Arguments& oArguments);
+std::optional<int> ReadArguments(int argc, char** argv, Arguments& arguments);

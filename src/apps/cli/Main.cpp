@@ -8,7 +8,7 @@
 
 #include "Arguments.h"
 #include "CXRecent.h"
-#include "Commands.h"
+#include "CommandTable.h"
 #include "ErrorRuntime.h"
 #include "Failure.h"
 #include "MOptions.h"
@@ -17,6 +17,7 @@
 #include "MXFile.h"
 #include "PrintedErrorDialog.h"
 #include "RegistryStore.h"
+#include "Session.h"
 
 namespace {
 
@@ -91,24 +92,12 @@ void StartUp(const Arguments& oArguments, const RegistryStore& oStore, Console& 
     oConsole.Error(Finding(ShownPath(oStore.Path()), static_cast<std::int64_t>(oProblem.lLine),
                            ToUtf8(oProblem.sMessage)));
   bool bNamed = oArguments.oSettingsFile && !oArguments.oSettingsFile->empty();
-  if (bNamed && oArguments.sCommand != "rules" && !MXFile::FileExists(TextOfPath(oStore.Path())))
+  if (bNamed && !oArguments.command->makesSettings &&
+      !MXFile::FileExists(TextOfPath(oStore.Path())))
     oConsole.Say(ShownPath(oStore.Path()) + ": there is no such settings file, the defaults apply");
   MQuillon::Initialize();
   MRules::Initialize();
   MOptions::Initialize();
-}
-
-using Command = int (*)(Session&);
-
-Command CommandByName(const std::string& sName) {
-  if (sName == "list") return ListCommand;
-  if (sName == "apply") return ApplyCommand;
-  if (sName == "check") return CheckCommand;
-  if (sName == "template") return TemplateCommand;
-  if (sName == "report") return ReportCommand;
-  if (sName == "text") return TextCommand;
-  if (sName == "rules") return RulesCommand;
-  return RunCommand;
 }
 
 int Run(const Arguments& oArguments, Console& oConsole, Output& oOutput) {
@@ -119,7 +108,7 @@ int Run(const Arguments& oArguments, Console& oConsole, Output& oOutput) {
     // Never freed: a hundred thousand records would be taken apart one by one just before the end.
     static Session* const poSession =
         std::make_unique<Session>(oArguments, oConsole, oOutput).release();
-    return CommandByName(oArguments.sCommand)(*poSession);
+    return oArguments.command->run(*poSession);
   } catch (const Stop& oStop) {
     oConsole.Error("quillon: " + oStop.sMessage);
     return oStop.nExit;

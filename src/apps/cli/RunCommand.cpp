@@ -3,13 +3,25 @@
 #include "MQuillon.h"
 #include "Rewrite.h"
 
-int RunCommand(Session& oSession) {
-  const std::string& sCommand = oSession.oArguments.sCommand;
-  MQuillon::LineNumAction eLineNumAction = MQuillon::LineNumAction::AsRule;
-  if (sCommand == "number") eLineNumAction = MQuillon::LineNumAction::Insert;
-  if (sCommand == "unnumber") eLineNumAction = MQuillon::LineNumAction::Remove;
-  oSession.OpenGroup();
-  oSession.LoadScope(false);
-  Rewrite(oSession, true, eLineNumAction);
-  return SaveChanges(oSession);
+namespace {
+
+int Run(Session& session, MQuillon::LineNumAction lineNumberAction) {
+  session.OpenGroup();
+  session.LoadScope(false);
+  Rewrite(session, true, lineNumberAction);
+  return SaveChanges(session);
+}
+
+}  // namespace
+
+int RefreshCommand(Session& session) {
+  return Run(session, MQuillon::LineNumAction::AsRule);
+}
+
+int NumberCommand(Session& session) {
+  return Run(session, MQuillon::LineNumAction::Insert);
+}
+
+int UnnumberCommand(Session& session) {
+  return Run(session, MQuillon::LineNumAction::Remove);
 }

@@ -10,7 +10,7 @@ std::vector<std::string> Load(Session& oSession) {
   std::vector<std::string> asReport;
   auto oLink = oSession.oTemplate.ReportError.Connect(
       [&](TextView sMessage) { asReport.push_back(ToUtf8(sMessage)); });
-  oSession.oTemplate.LoadTemplateFile(TextOfPath(oSession.oArguments.asPath.front()));
+  oSession.oTemplate.LoadTemplateFile(TextOfPath(oSession.oArguments.sFile));
   return asReport;
 }
 
@@ -19,7 +19,7 @@ int Check(Session& oSession, const std::vector<std::string>& asReport) {
   if (oSession.oTemplate.LoadErrors() != 0) return 2;
   std::vector<TemplateFinding> oFindings = CheckTemplate(oSession.oTemplate);
   for (const TemplateFinding& oFinding : oFindings)
-    oSession.oOutput.Put(Printable(Finding(ShownPath(oSession.oArguments.asPath.front()), oFinding.lLine,
+    oSession.oOutput.Put(Printable(Finding(ShownPath(oSession.oArguments.sFile), oFinding.lLine,
                                            ToUtf8(oFinding.sMessage))) +
                          '\n');
   return oFindings.empty() ? 0 : 1;

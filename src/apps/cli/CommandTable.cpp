@@ -1,0 +1,279 @@
+// Parts: options that several commands share; those of one command each; contradictions; commands.
+#include "CommandTable.h"
+
+#include "Arguments.h"
+#include "Commands.h"
+
+namespace {
+
+constexpr const char* Colors[] = {"auto", "always", "never"};
+constexpr Option Common[] = {
+    {.names = "-t,--template",
+     .target = &Arguments::sTemplateFile,
+     .help = "Template file (else the most recent one, else Template.dat beside the group)",
+     .valueName = "FILE",
+     .isPath = true},
+    {.names = "--settings",
+     .target = &Arguments::oSettingsFile,
+     .help = "Settings file instead of the user's own",
+     .valueName = "FILE",
+     .isPath = true},
+    {.names = "--log",
+     .target = &Arguments::sLogFile,
+     .help = "Log failures to this file",
+     .valueName = "FILE",
+     .isPath = true},
+    {.names = "--color",
+     .target = &Arguments::sColor,
+     .help = "Colours on a terminal",
+     .valueName = "WHEN",
+     .words = Colors},
+    {.names = "-q,--quiet",
+     .target = &Arguments::bQuiet,
+     .help = "Only results and what went wrong"},
+    {.names = "-v,--verbose",
+     .target = &Arguments::bVerbose,
+     .help = "Tell more: template report, what was passed"},
+    {.names = "--trace",
+     .target = &Arguments::bTrace,
+     .help = "Log entry and exit of the routines"},
+};
+
+constexpr const char* ScopeGroup = "Scope (Like patterns, letter case ignored, repeatable)";
+constexpr Option Scope[] = {
+    {.names = "--project",
+     .target = &Arguments::asProject,
+     .help = "Projects by name",
+     .valueName = "PATTERN",
+     .group = ScopeGroup},
+    {.names = "--component",
+     .target = &Arguments::asComponent,
+     .help = "Components by name",
+     .valueName = "PATTERN",
+     .group = ScopeGroup},
+    {.names = "--codepage",
+     .target = &Arguments::sCodePage,
+     .help = "Code page of the files (else 1252, or UTF-8 where a file is UTF-8)",
+     .valueName = "NAME"},
+    {.names = "--procedure",
+     .target = &Arguments::asProcedure,
+     .help = "Procedures by name, such as cmd*_Click or (declarations)",
+     .valueName = "PATTERN",
+     .group = ScopeGroup},
+    {.names = "--type",
+     .target = &Arguments::asType,
+     .help = "Types as list shows them, such as Sub or Property *; declarations for the sections",
+     .valueName = "PATTERN",
+     .group = ScopeGroup},
+};
+constexpr Options ComponentScope = Options(Scope).first(3);
+
+constexpr Option Paths[] = {
+    {.names = "PATH",
+     .target = &Arguments::asPath,
+     .help = "Project groups (.vbg), projects (.vbp), folders",
+     .isPath = true,
+     .isRequired = true},
+};
+
+constexpr const char* RewritingGroup = "Rewriting";
+constexpr Option Rewriting[] = {
+    {.names = "-n,--dry-run",
+     .target = &Arguments::bDryRun,
+     .help = "Write nothing",
+     .group = RewritingGroup},
+    {.names = "--diff",
+     .target = &Arguments::bDiff,
+     .help = "Print the changes as a unified diff",
+     .group = RewritingGroup},
+    {.names = "--no-verify",
+     .target = &Arguments::bNoVerify,
+     .help = "Don't prove each insertion by taking it out again",
+     .group = RewritingGroup},
+};
+
+constexpr Option Format(Words words) {
+  return {.names = "--format",
+          .target = &Arguments::sFormat,
+          .help = "Form of the result",
+          .valueName = "FORM",
+          .words = words};
+}
+constexpr Option Action(const char* name, const char* help, Words words) {
+  return {.names = name,
+          .target = &Arguments::sAction,
+          .help = help,
+          .words = words,
+          .isRequired = true};
+}
+
+constexpr const char* ListFormats[] = {"table", "csv", "json"};
+constexpr Option ListOptions[] = {
+    {.names = "--suggested",
+     .target = &Arguments::bSuggested,
+     .help = "What the rules and the analysis suggest"},
+    {.names = "--pending",
+     .target = &Arguments::bPending,
+     .help = "What is asked for",
+     .excludes = "--suggested"},
+    Format(ListFormats),
+};
+
+constexpr const char* CheckFormats[] = {"text", "json"};
+constexpr Option CheckOptions[] = {Format(CheckFormats)};
+
+constexpr Option ApplyOptions[] = {
+    {.names = "--set",
+     .target = &Arguments::asSet,
+     .help = "Template, Locked, Boundary, Severity, Retry or Trace (repeatable)",
+     .valueName = "NAME=VALUE",
+     .group = RewritingGroup},
+    {.names = "--suggested",
+     .target = &Arguments::bSuggested,
+     .help = "Take the suggested values over",
+     .group = RewritingGroup},
+};
+
+constexpr const char* ReportActions[] = {"summary", "properties"};
+constexpr Option ReportAction[] = {Action("REPORT", "summary or properties", ReportActions)};
+constexpr const char* ReportFormats[] = {"text"};
+constexpr Option ReportOptions[] = {
+    {.names = "--pdf",
+     .target = &Arguments::sPdfFile,
+     .help = "Print into a PDF file",
+     .valueName = "FILE",
+     .isPath = true},
+    Format(ReportFormats),
+};
+
+constexpr const char* TemplateActions[] = {"check", "dump", "list"};
+constexpr Option TemplateOptions[] = {
+    Action("ACTION", "check, dump or list", TemplateActions),
+    {.names = "FILE",
+     .target = &Arguments::sFile,
+     .help = "The template file",
+     .isPath = true,
+     .isRequired = true},
+};
+
+constexpr const char* TextActions[] = {"insert",  "remove",    "number",
+                                       "extract", "signature", "unsignature"};
+constexpr Option TextOptions[] = {
+    Action("OP", "insert, remove, number, extract, signature or unsignature", TextActions)};
+
+constexpr const char* RulesActions[] = {"show", "set", "reset"};
+constexpr Option RulesOptions[] = {
+    Action("ACTION", "show, set or reset", RulesActions),
+    {.names = "NAME=VALUE",
+     .target = &Arguments::asValue,
+     .help = "Rules to set, by their registry names"},
+};
+
+std::string ApplyContradiction(const Arguments& arguments) {
+  if (!arguments.asSet.empty() || arguments.bSuggested) return {};
+  return "apply needs --set NAME=VALUE or --suggested";
+}
+
+std::string ReportContradiction(const Arguments& arguments) {
+  if (!arguments.asProcedure.empty() || !arguments.asType.empty())
+    return "report takes --project and --component, not --procedure or --type";
+  if (arguments.sAction == "summary" && !arguments.asComponent.empty())
+    return "report summary is about whole projects: --component goes with report properties";
+  if (!arguments.sPdfFile.empty() && !arguments.sFormat.empty())
+    return "report prints into a PDF file or as text: give --pdf or --format";
+  return {};
+}
+
+std::string RulesContradiction(const Arguments& arguments) {
+  const bool sets = arguments.sAction == "set";
+  if (sets && arguments.asValue.empty())
+    return "rules set needs at least one NAME=VALUE; rules show lists the names";
+  if (!sets && !arguments.asValue.empty()) return "rules " + arguments.sAction + " takes no values";
+  return {};
+}
+
+constexpr Command Table[] = {
+    {.run = ListCommand,
+     .name = "list",
+     .help = "List the procedures and their properties",
+     .examples = "  quillon list Orders.vbg\n"
+                 "  quillon list --suggested --component 'frm*' Orders.vbg\n"
+                 "  quillon list --format csv src > procedures.csv",
+     .options = {Common, Scope, Paths, ListOptions}},
+    {.run = CheckCommand,
+     .name = "check",
+     .help = "Tell what apply --suggested would change or refuse",
+     .examples = "  quillon check Orders.vbg\n"
+                 "  quillon check --format json --type 'Property *' Orders.vbg",
+     .options = {Common, Scope, Paths, CheckOptions}},
+    {.run = ApplyCommand,
+     .name = "apply",
+     .help = "Set properties and make the code agree with them",
+     .examples = "  quillon apply --suggested Orders.vbg\n"
+                 "  quillon apply --set Template=Light --set Severity=Fatal --component modMain "
+                 "Orders.vbg\n"
+                 "  quillon apply --set 'Template=(none)' -n --diff Orders.vbg",
+     .options = {Common, Scope, Paths, Rewriting, ApplyOptions},
+     .contradiction = ApplyContradiction},
+    {.run = RefreshCommand,
+     .name = "refresh",
+     .help = "Write the error handlers anew from the template file",
+     .examples = "  quillon refresh Orders.vbg\n"
+                 "  quillon refresh -n --diff --project Orders Orders.vbg",
+     .options = {Common, Scope, Paths, Rewriting}},
+    {.run = NumberCommand,
+     .name = "number",
+     .help = "Put line numbers in, or renew them",
+     .examples = "  quillon number Orders.vbg\n"
+                 "  quillon number --component clsOrder Orders.vbg",
+     .options = {Common, Scope, Paths, Rewriting}},
+    {.run = UnnumberCommand,
+     .name = "unnumber",
+     .help = "Take line numbers out",
+     .examples = "  quillon unnumber Orders.vbg\n"
+                 "  quillon unnumber -n --diff Orders.vbg",
+     .options = {Common, Scope, Paths, Rewriting}},
+    {.run = ReportCommand,
+     .name = "report",
+     .help = "Print a summary of the projects, or the procedures' properties",
+     .examples = "  quillon report summary Orders.vbg\n"
+                 "  quillon report properties --pdf properties.pdf Orders.vbg\n"
+                 "  quillon report properties --component clsOrder Orders.vbg",
+     .options = {Common, ReportAction, ComponentScope, Paths, ReportOptions},
+     .contradiction = ReportContradiction},
+    {.run = TemplateCommand,
+     .name = "template",
+     .help = "Check or show a template file",
+     .examples = "  quillon template check Template.dat\n"
+                 "  quillon template dump Template.dat\n"
+                 "  quillon template list Template.dat",
+     .options = {Common, TemplateOptions}},
+    {.run = TextCommand,
+     .name = "text",
+     .help = "Rewrite procedure texts: a JSON object per line in and out",
+     .examples = "  quillon text insert -t Template.dat < requests.jsonl > results.jsonl\n"
+                 "  quillon text extract -t Template.dat < requests.jsonl",
+     .options = {Common, TextOptions}},
+    {.run = RulesCommand,
+     .name = "rules",
+     .help = "Show or change the rules in the settings file",
+     .examples =
+         "  quillon rules show\n"
+         "  quillon rules set 'Severity Default=3' 'Line Number Action=0' --settings team.reg\n"
+         "  quillon rules reset --settings team.reg",
+     .options = {Common, RulesOptions},
+     .contradiction = RulesContradiction,
+     .makesSettings = true},
+};
+
+constexpr Options Leading[] = {Common, Scope, Rewriting};
+
+}  // namespace
+
+std::span<const Command> Commands() {
+  return Table;
+}
+
+std::span<const Options> LeadingOptions() {
+  return Leading;
+}
