@@ -47,23 +47,15 @@ TEST(Apply, AProjectThatIsMissingIsNoSuccess) {
   oPlace.Write("src/Two.vbg", WorkFolder::Dos("VBGROUP 5.0\nProject=Gone.vbp\n") +
                                   "StartupProject=App\\Demo.vbp\r\n");
   oPlace.Run("apply -q --suggested App/Demo.vbp");
-  struct Row {
-    const char* sName;
-    std::string sLine;
-    int nExit;
-  };
-  for (const Row& oRow : {
-           Row{"check", "check Two.vbg", 1},
-           Row{"apply", "apply --suggested Two.vbg", 1},
-           Row{"list names it", "list Two.vbg", 0},
-           Row{"another project was asked for", "check --project Demo Two.vbg", 0},
-           Row{"it may be one of these", "check --project '*' Two.vbg", 1},
-       }) {
-    SCOPED_TRACE(oRow.sName);
-    WorkFolder::Result oResult = oPlace.Run(oRow.sLine);
-    EXPECT_EQ(oResult.nExit, oRow.nExit) << oResult.sOut;
-    EXPECT_HOLDS(oResult.sErr, std::string("Two.vbg:2: "));
-  }
+  const std::string sPlace = "Two.vbg:2: ";
+  ExpectRuns(oPlace,
+             {
+                 {"check", "check Two.vbg", 1, Any, sPlace},
+                 {"apply", "apply --suggested Two.vbg", 1, Any, sPlace},
+                 {"list names it", "list Two.vbg", 0, Any, sPlace},
+                 {"another project was asked for", "check --project Demo Two.vbg", 0, Any, sPlace},
+                 {"it may be one of these", "check --project '*' Two.vbg", 1, Any, sPlace},
+             });
 }
 
 TEST(Apply, SettingsComeAndGoWithoutATrace) {

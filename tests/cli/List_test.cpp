@@ -22,43 +22,35 @@ TEST(List, ShowsARowPerProcedureInColumns) {
 
 TEST(List, TakesTheScopeThatWasAskedFor) {
   WorkFolder oPlace;
-  const std::string sStart =
-      "project,component,procedure,type,scope,template,locked,boundary,"
-      "severity,retry,trace\n";
-  struct Row {
-    const char *sName, *sOptions, *sRows;
-  };
-  for (const Row& oRow : {
-           Row{"component in other case", "--component CLS*", "(declarations) Count "},
-           Row{"procedure and type", "--procedure '*a*' --type sub", "Main "},
-           Row{"several patterns", "--procedure Main --procedure Jumps", "Main Jumps "},
-           Row{"range in a list", "--procedure '[A-L]*'", "Jumps Count "},
-           Row{"declarations", "--type declarations", "(declarations) (declarations) "},
-           Row{"property kinds", "--type 'Property *'", "Count "},
-           Row{"ahead of the command and behind it", "--project d* --procedure Main", "Main "},
-           Row{"nothing", "--project Other", ""},
-       }) {
-    SCOPED_TRACE(oRow.sName);
-    WorkFolder::Result oResult =
-        oPlace.Run("-t TEMPLATE.DAT list --format csv " + std::string(oRow.sOptions) + " .");
-    ASSERT_EQ(oResult.sOut.substr(0, sStart.size()), sStart) << oResult.sErr;
-    std::string sNames;
-    std::istringstream oLines(oResult.sOut.substr(sStart.size()));
-    for (std::string sLine; std::getline(oLines, sLine);) {
-      std::istringstream oCells(sLine);
-      for (int i = 0; i < 3; ++i) std::getline(oCells, sLine, ',');
-      sNames += sLine + ' ';
-    }
-    EXPECT_EQ(sNames, oRow.sRows);
-  }
+  const std::string s, sList = "-t TEMPLATE.DAT list --format csv ",
+                       sNames = " . | cut -d, -f3 | paste -sd \" \"";
+  ExpectRuns(
+      oPlace,
+      {
+          {"component in other case", sList + "--component CLS*" + sNames, 0,
+           "procedure (declarations) Count\n", s},
+          {"procedure and type", sList + "--procedure '*a*' --type sub" + sNames, 0,
+           "procedure Main\n", s},
+          {"several patterns", sList + "--procedure Main --procedure Jumps" + sNames, 0,
+           "procedure Main Jumps\n", s},
+          {"range in a list", sList + "--procedure '[A-L]*'" + sNames, 0, "procedure Jumps Count\n",
+           s},
+          {"declarations", sList + "--type declarations" + sNames, 0,
+           "procedure (declarations) (declarations)\n", s},
+          {"property kinds", sList + "--type 'Property *'" + sNames, 0, "procedure Count\n", s},
+          {"ahead of the command and behind it",
+           "--project d* " + sList + "--procedure Main" + sNames, 0, "procedure Main\n", s},
+          {"nothing", sList + "--project Other" + sNames, 0, "procedure\n", "No procedure is in"},
+      });
 }
 
 // A signature that names no template of the file is shown as it stands in the code.
 TEST(List, QuotesWhatCsvWouldBreak) {
   WorkFolder oPlace;
   oPlace.Write("src/App/modMain.bas", "Sub Main()\r\n'Sign: a, \"b\"\r\nEnd Sub\r\n");
-  EXPECT_HOLDS(oPlace.Run("list --format csv --procedure Main Demo.vbg").sOut,
-               std::string("\nDemo,modMain,Main,Sub,Public,\"[a, \"\"b\"\"]\",False,,,,\n"));
+  EXPECT_EQ(oPlace.Run("list --format csv --procedure Main Demo.vbg").sOut,
+            "project,component,procedure,type,scope,template,locked,boundary,severity,retry,trace\n"
+            "Demo,modMain,Main,Sub,Public,\"[a, \"\"b\"\"]\",False,,,,\n");
 }
 
 TEST(List, JsonTellsPlacesSuggestionsAndLoadFailures) {
@@ -90,6 +82,26 @@ TEST(List, JsonTellsPlacesSuggestionsAndLoadFailures) {
   // Declarations have no trace to leave.
   ExpectFields(oList["procedures"][0],
                R"({"notes": {"template":"[Leave]","boundary":"[Property Expert]"}})");
+}
+
+TEST(List, APathOfAnyBytesHasOneFormThatIsReadBack) {
+  WorkFolder oPlace;
+  oPlace.Write("src/caf\xE9/Demo.vbp", "Type=Exe\r\nModule=A; a.bas\r\nModule=B; gone.bas\r\n");
+  oPlace.Write("src/caf\xE9/a.bas", "Sub A()\r\nEnd Sub\r\n");
+  oPlace.Write("src/caf\xE9/T.dat", oPlace.Read("src/TEMPLATE.DAT"));
+  const std::string sRest = " -t 'caf\\xE9/T.dat' 'caf\\xE9'", sGone = "/caf\\xE9/gone.bas";
+  ExpectRuns(
+      oPlace,
+      {
+          {"template", "list --format json" + sRest, 0, R"("template": "caf\\xE9/T.dat")", sGone},
+          {"project", "list --format json" + sRest, 0, R"("file": "caf\\xE9/Demo.vbp")", sGone},
+          {"component", "list --format json" + sRest, 0, R"("file": "caf\\xE9/a.bas")", sGone},
+          {"reason", "list --format json" + sRest, 0, R"(/caf\\xE9/gone.bas")", sGone},
+          {"finding as JSON", "check --format json" + sRest, 1, R"("file": "caf\\xE9/a.bas")",
+           sGone},
+          {"finding", "check" + sRest, 1, "\ncaf\\xE9/a.bas:1: A.A: ", sGone},
+          {"message", "apply -v --suggested" + sRest, 1, "", "Written: caf\\xE9/a.bas\n"},
+      });
 }
 
 }  // namespace

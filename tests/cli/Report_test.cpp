@@ -83,29 +83,23 @@ TEST_F(Report, PdfHoldsADocumentPerProjectAndIsTheSameEachTime) {
 TEST_F(Report, RefusesWhatCantBePrintedAndTellsWhatCantBeRead) {
   oPlace.Write("src/Gone.vbp",
                WorkFolder::Dos("Type=Exe\nModule=modGone; gone.bas\nName=\"Gone\"\n"));
-  struct Row {
-    const char *sName, *sLine;
-    int nExit;
-    std::string sErr;
-  };
-  for (const Row& oRow : {
-           Row{"no report", "report Demo.vbg", 2, "summary"},
-           Row{"two outputs", "report summary --pdf a.pdf --format text .", 2, "--pdf or --format"},
-           Row{"summary of a component", "report summary --component a .", 2, "whole projects"},
-           Row{"procedures ahead", "--procedure a report properties .", 2, "not --procedure"},
-           Row{"nothing fits", "report summary --project None Demo.vbg", 2, "Nothing to report"},
-           Row{"no folder for the file", "report summary --pdf no/a.pdf Demo.vbg", 1, "no/a.pdf"},
-           Row{"moment is no number",
-               "version; SOURCE_DATE_EPOCH=now " QUILLON_BIN_DIR "/quillon report summary Demo.vbg",
-               2, "SOURCE_DATE_EPOCH is now"},
-           Row{"code is gone", "report properties -t TEMPLATE.DAT Gone.vbp", 1, "gone.bas"},
-           Row{"a summary needs no code", "report summary -t TEMPLATE.DAT Gone.vbp", 0, "gone.bas"},
-       }) {
-    SCOPED_TRACE(oRow.sName);
-    const WorkFolder::Result oResult = oPlace.Run(oRow.sLine);
-    EXPECT_EQ(oResult.nExit, oRow.nExit) << oResult.sErr;
-    EXPECT_HOLDS(oResult.sErr, oRow.sErr);
-  }
+  ExpectRuns(
+      oPlace,
+      {
+          {"no report", "report Demo.vbg", 2, Any, "summary"},
+          {"two outputs", "report summary --pdf a.pdf --format text .", 2, Any,
+           "--pdf or --format"},
+          {"summary of a component", "report summary --component a .", 2, Any, "whole projects"},
+          {"procedures ahead", "--procedure a report properties .", 2, Any, "not --procedure"},
+          {"nothing fits", "report summary --project None Demo.vbg", 2, Any, "Nothing to report"},
+          {"no folder for the file", "report summary --pdf no/a.pdf Demo.vbg", 1, Any, "no/a.pdf"},
+          {"moment is no number",
+           "version; SOURCE_DATE_EPOCH=now " QUILLON_BIN_DIR "/quillon report summary Demo.vbg", 2,
+           Any, "SOURCE_DATE_EPOCH is now"},
+          {"code is gone", "report properties -t TEMPLATE.DAT Gone.vbp", 1, Any, "gone.bas"},
+          {"a summary needs no code", "report summary -t TEMPLATE.DAT Gone.vbp", 0, Any,
+           "gone.bas"},
+      });
   EXPECT_FALSE(std::filesystem::exists(oPlace.Folder() / "src/a.pdf"));
 }
 

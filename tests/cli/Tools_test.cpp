@@ -13,26 +13,17 @@ TEST(Template, CheckAndListTellAboutAFile) {
                    "<#Template name=Lost type=procedure>\r\n<#Start>\r\n"
                    "    Trap.Call #1\r\n<#BodyStart>\r\n<#BodyEnd>\r\nQ:\r\n<#End>\r\n");
   oPlace.Write("src/bad.dat", "<#Template name=X>\r\n");
-  struct Row {
-    const char *sName, *sLine;
-    int nExit;
-    std::string sOut;
-  };
-  for (const Row& oRow : {
-           Row{"sound", "template check " QUILLON_SOURCE_DIR "/samples/Template.dat", 0,
-               "No Errors - Template File Loaded"},
-           Row{"can't be found again", "template check lost.dat", 1, "lost.dat:34: "},
-           Row{"errors", "template check bad.dat", 2, "    Line 1 "},
-           Row{"list", "template list TEMPLATE.DAT", 0,
-               "Signature\tsignature\nModule\tmodule\nMain\tprocedure\nOdd\tprocedure\n"},
-           Row{"dump", "template dump TEMPLATE.DAT", 0, "   .sName=[Main]\n   .eType=3\n"},
-           Row{"missing", "template list none.dat", 2, ""},
-       }) {
-    SCOPED_TRACE(oRow.sName);
-    WorkFolder::Result oResult = oPlace.Run(oRow.sLine);
-    EXPECT_EQ(oResult.nExit, oRow.nExit) << oResult.sErr;
-    EXPECT_HOLDS(oResult.sOut, oRow.sOut);
-  }
+  ExpectRuns(oPlace,
+             {
+                 {"sound", "template check " QUILLON_SOURCE_DIR "/samples/Template.dat", 0,
+                  "No Errors - Template File Loaded", Any},
+                 {"can't be found again", "template check lost.dat", 1, "lost.dat:34: ", Any},
+                 {"errors", "template check bad.dat", 2, "    Line 1 ", Any},
+                 {"list", "template list TEMPLATE.DAT", 0,
+                  "Signature\tsignature\nModule\tmodule\nMain\tprocedure\nOdd\tprocedure\n", Any},
+                 {"dump", "template dump TEMPLATE.DAT", 0, "   .sName=[Main]\n   .eType=3\n", Any},
+                 {"missing", "template list none.dat", 2, "", Any},
+             });
 }
 
 TEST(Text, AnswersEachRequestInItsOrder) {
@@ -110,22 +101,17 @@ TEST(Rules, AreKeptInTheFileThatWasNamed) {
                "[HKEY_CURRENT_USER\\Software\\Morvelle\\Tarvane\\Quillon\\FMain\\Recent Files]\r\n"
                "\"1\"=\"C:\\\\T.dat\"\r\n\"1_PropString\"=\"DefaultProcTemplate=Main\"\r\n"
                "\"Mine\"=hex(b):01\r\n");
-  struct Row {
-    const char *sName, *sLine, *sShown;
-  };
-  for (const Row& oRow : {
-           Row{"set", "rules set 'severity default=3' 'Skip ReadOnly=FALSE'",
-               "Severity Default=3\n"},
-           Row{"the other one", "rules show", "Skip ReadOnly=0\n"},
-           Row{"all or nothing", "rules set 'Retry Default=2' 'Trace Default=5'",
-               "Retry Default=1\n"},
-           Row{"dry run", "-n rules set 'Retry Default=2'", "Retry Default=1\n"},
-           Row{"reset", "rules reset", "Severity Default=2\n"},
-       }) {
-    SCOPED_TRACE(oRow.sName);
-    oPlace.Run(oRow.sLine + sFile);
-    EXPECT_HOLDS(oPlace.Run("rules show" + sFile).sOut, std::string(oRow.sShown));
-  }
+  const std::string sShow = sFile + "; " QUILLON_BIN_DIR "/quillon rules show" + sFile;
+  ExpectRuns(oPlace,
+             {
+                 {"set", "rules set 'severity default=3' 'Skip ReadOnly=FALSE'" + sShow, 0,
+                  "Severity Default=3\n", ""},
+                 {"the other one", "rules show" + sShow, 0, "Skip ReadOnly=0\n", ""},
+                 {"all or nothing", "rules set 'Retry Default=2' 'Trace Default=5'" + sShow, 0,
+                  "Retry Default=1\n", "Trace Default can't be 5"},
+                 {"dry run", "-n rules set 'Retry Default=2'" + sShow, 0, "Retry Default=1\n", ""},
+                 {"reset", "rules reset" + sShow, 0, "Severity Default=2\n", ""},
+             });
   std::string sKept = oPlace.Read("io/team.reg");
   EXPECT_HOLDS(sKept, std::string("DefaultProcTemplate=Main"));
   EXPECT_HOLDS(sKept, std::string("\"Mine\"=hex(b):01"));

@@ -7,9 +7,12 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <map>
+#include <regex>
 #include <string>
+#include <vector>
 
 class WorkFolder {
  public:
@@ -61,16 +64,12 @@ class WorkFolder {
 
   /// The text with CR LF at its line ends.
   static std::string Dos(const std::string& sText) {
-    std::string sResult;
-    for (char c : sText) sResult += c == '\n' ? std::string("\r\n") : std::string(1, c);
-    return sResult;
+    return std::regex_replace(sText, std::regex("\n"), "\r\n");
   }
 
  private:
-  static std::string Escaped(std::string sText) {
-    for (std::size_t i = 0; (i = sText.find('\'', i)) != std::string::npos; i += 4)
-      sText.replace(i, 1, "'\\''");
-    return sText;
+  static std::string Escaped(const std::string& sText) {
+    return std::regex_replace(sText, std::regex("'"), "'\\''");
   }
 
   void WriteGroup() {
@@ -124,3 +123,26 @@ class WorkFolder {
 #define EXPECT_HOLDS(sAll, sPart)                                                         \
   EXPECT_TRUE((sPart).empty() ? (sAll).empty() : (sAll).find(sPart) != std::string::npos) \
       << "missing: " << (sPart) << "\nin: " << (sAll)
+
+/// A run with what it gives: its texts hold these; an empty one: nothing is printed.
+struct RunRow {
+  const char* sName;
+  std::string sLine;
+  int nExit;
+  std::string sOut, sErr;
+};
+/// Whatever is printed.
+inline const std::string Any = "*";
+
+inline void ExpectRuns(
+    WorkFolder& oPlace, const std::vector<RunRow>& oRows,
+    const std::function<void()>& fnThen = [] {}) {
+  for (const RunRow& oRow : oRows) {
+    SCOPED_TRACE(oRow.sName);
+    const WorkFolder::Result oResult = oPlace.Run(oRow.sLine);
+    EXPECT_EQ(oResult.nExit, oRow.nExit) << oResult.sErr;
+    if (oRow.sOut != Any) EXPECT_HOLDS(oResult.sOut, oRow.sOut);
+    if (oRow.sErr != Any) EXPECT_HOLDS(oResult.sErr, oRow.sErr);
+    fnThen();
+  }
+}

@@ -70,32 +70,20 @@ Words Offered(const std::string& sWords) {
                "(.+)");
 }
 
-TEST(Packaging, BashOffersTheCommandsAndOptionsOfTheHelp) {
+TEST(Packaging, BashOffersWhatTheHelpLists) {
   const Words oCommands = Commands();
   ASSERT_GE(oCommands.size(), 10u);
   EXPECT_EQ(Offered("\"\""), oCommands);
   EXPECT_EQ(Offered("-"), Options(Help("")));
+  EXPECT_EQ(Offered("--color \"\""), Choices(Help(""), "--color WHEN"));
   for (const std::string& sCommand : oCommands) {
     SCOPED_TRACE(sCommand);
-    EXPECT_EQ(Offered(sCommand + " -"), Options(Help(sCommand)));
-  }
-}
-
-TEST(Packaging, BashOffersTheChoicesOfTheHelp) {
-  EXPECT_EQ(Offered("--color \"\""), Choices(Help(""), "--color WHEN"));
-  for (const std::string& sCommand : Commands()) {
-    SCOPED_TRACE(sCommand);
     const std::string sHelp = Help(sCommand);
-    for (const char* sName : {"ACTION", "OP", "REPORT"}) {
-      const Words oWords = Choices(sHelp, sName);
-      if (!oWords.empty()) {
-        EXPECT_EQ(Offered(sCommand + " \"\""), oWords);
-      }
-    }
-    const Words oForms = Choices(sHelp, "--format FORM");
-    if (!oForms.empty()) {
-      EXPECT_EQ(Offered(sCommand + " --format \"\""), oForms);
-    }
+    EXPECT_EQ(Offered(sCommand + " -"), Options(sHelp));
+    for (const auto& [sName, sOption] :
+         {std::pair{"ACTION", ""}, {"OP", ""}, {"REPORT", ""}, {"--format FORM", " --format"}})
+      if (const Words oWords = Choices(sHelp, sName); !oWords.empty())
+        EXPECT_EQ(Offered(sCommand + sOption + " \"\""), oWords);
   }
 }
 
@@ -153,8 +141,8 @@ TEST(Packaging, ManPageAndOtherShellsNameEverything) {
 }
 
 TEST(Packaging, TheManPagesAreThoseOfThisVersion) {
-  std::string sVersion = OutputOf(QUILLON_BIN_DIR "/quillon --version");
-  sVersion.erase(sVersion.find_last_not_of('\n') + 1);
+  const std::string sVersion =
+      *Found(OutputOf(QUILLON_BIN_DIR "/quillon --version"), "(.+)").begin();
   for (const char* sPage : {"docs/man/quillon.1", "docs/man/quillon-desktop.1"})
     EXPECT_NE(ReadSource(sPage).find('"' + sVersion + '"'), std::string::npos) << sPage;
 }
