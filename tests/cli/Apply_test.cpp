@@ -111,9 +111,9 @@ TEST(Apply, DifferencesRebuildTheFilesByOtherPrograms) {
   for (const char* sTool : {"git apply --whitespace=nowarn", "patch -s --binary -p1"}) {
     SCOPED_TRACE(sTool);
     WorkFolder oPlace;
-    oPlace.Write("src/My App/mod \"x\".bas", "Public Sub Run()\nEnd Sub");
-    oPlace.Write("src/My App/x.vbp", "Type=Exe\nModule=modX; mod \"x\".bas\n");
-    const std::string sRun = "apply --suggested Demo.vbg 'My App' ";
+    oPlace.Write("src/My \xE9 App/mod \"x\".bas", "Public Sub Run()\nEnd Sub");
+    oPlace.Write("src/My \xE9 App/x.vbp", "Type=Exe\nModule=modX; mod \"x\".bas\n");
+    const std::string sRun = "apply --suggested Demo.vbg 'My \xE9 App' ";
     const auto oBefore = oPlace.Files();
     WorkFolder::Result oResult =
         oPlace.Run(sRun + "-n --diff > ../io/all.diff && " + sTool + " < ../io/all.diff");
@@ -192,12 +192,11 @@ TEST(Check, TellsWhatWouldChangeAndWhatIsRefused) {
   const auto oFindings = oCheck["findings"].GetArray();
   ASSERT_EQ(oFindings.Size(), 2u);
   EXPECT_EQ(JsonText(oFindings[0]["changes"][0]),
-            R"({"property":"Template","from":"(none)","to":"Main"
-})");
+            R"-({"property":"Template","from":"(none)","to":"Main"})-");
   ExpectFields(oFindings[1], R"({"kind": "refused", "line": 9})");
-WorkFolder::Result oApply = oPlace.Run("apply -q --suggested --component modMain Demo.vbg");
-EXPECT_EQ(oApply.nExit, 1);
-EXPECT_HOLDS(oApply.sErr, std::string("Processing modMain.Jumps\n    Line number 10"));
+  WorkFolder::Result oApply = oPlace.Run("apply -q --suggested --component modMain Demo.vbg");
+  EXPECT_EQ(oApply.nExit, 1);
+  EXPECT_HOLDS(oApply.sErr, std::string("Processing modMain.Jumps\n    Line number 10"));
 }
 
 }  // namespace

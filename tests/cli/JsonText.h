@@ -10,7 +10,7 @@
 
 inline rapidjson::Document ParseJson(const std::string& text) {
   rapidjson::Document json;
-  json.Parse<rapidjson::kParseValidateEncodingFlag>(text);
+  json.Parse<rapidjson::kParseValidateEncodingFlag>(text.c_str());
   EXPECT_FALSE(json.HasParseError()) << text;
   return json;
 }
@@ -24,7 +24,8 @@ inline std::string JsonText(const rapidjson::Value& json) {
 
 /// Expects the fields of the JSON text with their values; the object may have others.
 inline void ExpectFields(const rapidjson::Value& object, const std::string& fields) {
-  for (const auto& field : ParseJson(fields).GetObject()) {
+  const auto wanted = ParseJson(fields);
+  for (const auto& field : wanted.GetObject()) {
     const bool has = object.HasMember(field.name);
     EXPECT_EQ(has ? JsonText(object[field.name]) : "none", JsonText(field.value))
         << field.name.GetString();

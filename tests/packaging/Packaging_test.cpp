@@ -82,8 +82,9 @@ TEST(Packaging, BashOffersWhatTheHelpLists) {
     EXPECT_EQ(Offered(sCommand + " -"), Options(sHelp));
     for (const auto& [sName, sOption] :
          {std::pair{"ACTION", ""}, {"OP", ""}, {"REPORT", ""}, {"--format FORM", " --format"}})
-      if (const Words oWords = Choices(sHelp, sName); !oWords.empty())
+      if (const Words oWords = Choices(sHelp, sName); !oWords.empty()) {
         EXPECT_EQ(Offered(sCommand + sOption + " \"\""), oWords);
+      }
   }
 }
 

@@ -1,8 +1,10 @@
 #include "UnifiedDiff.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "LineDifferences.h"
+#include "Utf8.h"
 
 namespace {
 
@@ -12,26 +14,34 @@ constexpr std::string_view Bold = "\x1b[1m", Red = "\x1b[31m", Green = "\x1b[32m
 
 using Lines = std::vector<std::string_view>;
 
-/// A name with characters that would break the header line is quoted as git does; behind a name
-/// with a blank a tab says where it ends.
-std::string HeaderName(std::string_view sPrefix, std::string_view sPath) {
-  std::string sName, sRaw = std::string(sPrefix) + std::string(sPath);
-  bool bQuote = false;
-  for (char c : sRaw) {
-    auto cByte = static_cast<unsigned char>(c);
-    if (c != '"' && c != '\\' && cByte >= 0x20 && cByte != 0x7f) {
-      sName += c;
-      continue;
-    }
-    bQuote = true;
-    sName += '\\';
-    if (c == '"' || c == '\\')
-      sName += c;
-    else
-      for (int nShift : {6, 3, 0}) sName += static_cast<char>('0' + ((cByte >> nShift) & 7));
+void AppendQuoted(unsigned char byte, std::string& name) {
+  name += '\\';
+  if (byte == '"' || byte == '\\') {
+    name += static_cast<char>(byte);
+  } else {
+    for (int shift : {6, 3, 0}) name += static_cast<char>('0' + ((byte >> shift) & 7));
   }
-  if (bQuote) return '"' + sName + '"';
-  return sRaw.find(' ') == std::string::npos ? sRaw : sRaw + '\t';
+}
+
+/// A name that would break the header line, or isn't UTF-8, is quoted as git does, so that git and
+/// patch find the file; behind a name with a blank a tab says where it ends.
+std::string HeaderName(std::string_view prefix, std::string_view path) {
+  const std::string raw = std::string(prefix) + std::string(path);
+  std::string name;
+  bool quoted = false;
+  for (std::string_view rest = raw; !rest.empty();) {
+    const auto byte = static_cast<unsigned char>(rest.front());
+    const bool plain = byte >= 0x20 && byte < 0x7f && byte != '"' && byte != '\\';
+    const std::size_t length = plain ? 1 : byte < 0x80 ? 0 : Utf8::SequenceLength(rest);
+    if (length == 0) {
+      AppendQuoted(byte, name);
+      quoted = true;
+    }
+    name += rest.substr(0, length);
+    rest.remove_prefix(std::max<std::size_t>(length, 1));
+  }
+  if (quoted) return '"' + name + '"';
+  return raw.find(' ') == std::string::npos ? raw : raw + '\t';
 }
 
 class Writer {
