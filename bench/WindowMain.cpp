@@ -157,9 +157,9 @@ class Bench {
   void ShowFirstComponent() {
     Nodes& oNodes = Main().tvwProjects.Nodes();
     for (std::int32_t i = 1; i <= oNodes.Count(); ++i)
-      if (const auto h = static_cast<CIDEHandler::Handle>(oNodes.Item(i).Tag()); h > 0) {
+      if (const ComponentHandle h(oNodes.Item(i).Tag()); h) {
         Mark();
-        return Main().SelectNode(1, h);
+        return Main().SelectNode(ProjectHandle(1), h);
       }
   }
 

@@ -49,7 +49,7 @@ class Summary {
   Summary(GuardScope& oScope, CIDEHandler& oHandler, Paper::Printer& oPrinter)
       : moScope(oScope), moHandler(oHandler), moPrinter(oPrinter), moPrint(oPrinter) {}
 
-  void Print(const Widths& alModWidth, CIDEHandler::Handle hProject) {
+  void Print(const Widths& alModWidth, ProjectHandle hProject) {
     VBProject& oProject = *moHandler.Project(hProject).oProject;
     const Text sName = Need(moScope, [&] { return oProject.Name(); });
     SetUp(moPrint, moPrinter, u"Tarvane Quillon 3.1", SummaryName, sName);
@@ -60,7 +60,7 @@ class Summary {
     Row({sName, MQuillon::VBProjectTypeName(nType), u""},
         StateOf(Need(moScope, [&] { return oProject.FileName(); })));
     Heading({u"Module", u"Type", u"Instancing", u"ReadOnly", u"Modified", u"FileName"});
-    EachComponent(moHandler, hProject, [&](CIDEHandler::Handle h) { Component(h); });
+    EachComponent(moHandler, hProject, [&](ComponentHandle h) { Component(h); });
     moPrint.Finish();
   }
 
@@ -77,7 +77,7 @@ class Summary {
     moPrint.PrintColumns(asValue);
   }
 
-  void Component(CIDEHandler::Handle hComponent) {
+  void Component(ComponentHandle hComponent) {
     const ComponentRecord& oRecord = moHandler.Component(hComponent);
     const VBComponent& oComponent = *oRecord.oComponent;
     const auto nType = Need(moScope, [&] { return oComponent.Type(); });
@@ -102,7 +102,7 @@ class Summary {
 }  // namespace
 
 void PrintProjects(CIDEHandler& oHandler, Paper::Printer& oPrinter, const Widths& alModWidth,
-                   CIDEHandler::Handle hProject) {
+                   ProjectHandle hProject) {
   // Calls of the printer aren't steps, because repeating one would print a part of a page twice.
   Guard(Named(u"PrintProjects"), [&](GuardScope& oScope) {
     oPrinter.SetScaleMode(Paper::ScaleTwips);

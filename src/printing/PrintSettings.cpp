@@ -27,15 +27,14 @@ class Settings {
   Settings(GuardScope& oScope, CIDEHandler& oHandler, Paper::Printer& oPrinter)
       : moScope(oScope), moHandler(oHandler), moPrinter(oPrinter), moPrint(oPrinter) {}
 
-  void Print(const Widths& alProcWidth, CIDEHandler::Handle hProject,
-             CIDEHandler::Handle hComponent) {
+  void Print(const Widths& alProcWidth, ProjectHandle hProject, ComponentHandle hComponent) {
     const VBProject& oProject = *moHandler.Project(hProject).oProject;
     const Text sName = Need(moScope, [&] { return oProject.Name(); });
     const auto nType = Need(moScope, [&] { return oProject.Type(); });
     SetUp(moPrint, moPrinter, u"Tarvane Quillon 3.0", SettingsName, sName);
     Title(sName + u" - " + MQuillon::VBProjectTypeName(nType));
     moPrint.SetColumns(Positions(alProcWidth, ColumnCount));
-    if (hComponent > 0) {
+    if (hComponent) {
       moHandler.LoadComponent(hComponent);
       Component(hComponent);
     } else {
@@ -51,16 +50,16 @@ class Settings {
     moPrint.PrintLine(sTitle);
   }
 
-  void AllComponents(CIDEHandler::Handle hProject) {
-    if (moHandler.Project(hProject).lFirstComponent < 1) return;
+  void AllComponents(ProjectHandle hProject) {
+    if (!moHandler.Project(hProject).lFirstComponent) return;
     moHandler.ForceLoadProjectComponents(hProject);
-    EachComponent(moHandler, hProject, [&](CIDEHandler::Handle h) {
+    EachComponent(moHandler, hProject, [&](ComponentHandle h) {
       moPrint.CheckPage(LinesOfComponent);
       Component(h);
     });
   }
 
-  void Component(CIDEHandler::Handle hComponent) {
+  void Component(ComponentHandle hComponent) {
     const ComponentRecord& oRecord = moHandler.Component(hComponent);
     const auto nType = Need(moScope, [&] { return oRecord.oComponent->Type(); });
     Title(oRecord.sName + u" - " + MQuillon::InstancingTypeName(oRecord.lInstancing) + u" " +
@@ -71,9 +70,12 @@ class Settings {
     moPrint.SpaceAfter = 0;
     SortedList oList;
     for (const auto h : HandleRange(oRecord.lFirstProcedure, oRecord.lLastProcedure)) {
-      oList.AddItem(moHandler.ProcName(h), h);
+      oList.AddItem(moHandler.ProcName(h), h.Number());
     }
-    for (const auto h : oList.ItemData()) Procedure(moHandler.Procedure(h), moHandler.ProcName(h));
+    for (const auto lNumber : oList.ItemData()) {
+      const ProcedureHandle h(lNumber);
+      Procedure(moHandler.Procedure(h), moHandler.ProcName(h));
+    }
     moPrint.PrintBlank();
   }
 
@@ -101,7 +103,7 @@ class Settings {
 }  // namespace
 
 void PrintSettings(CIDEHandler& oHandler, Paper::Printer& oPrinter, const Widths& alProcWidth,
-                   CIDEHandler::Handle hProject, CIDEHandler::Handle hComponent) {
+                   ProjectHandle hProject, ComponentHandle hComponent) {
   // Calls of the printer aren't steps, because repeating one would print a part of a page twice.
   Guard(Named(u"PrintSettings"), [&](GuardScope& oScope) {
     oPrinter.SetScaleMode(Paper::ScaleTwips);

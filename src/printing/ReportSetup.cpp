@@ -57,18 +57,17 @@ std::vector<std::int32_t> Positions(const Widths& alWidth, std::size_t lCount) {
   return alPosition;
 }
 
-void EachComponent(const CIDEHandler& oHandler, CIDEHandler::Handle hProject,
-                   const std::function<void(CIDEHandler::Handle)>& oVisit) {
+void EachComponent(const CIDEHandler& oHandler, ProjectHandle hProject,
+                   const std::function<void(ComponentHandle)>& oVisit) {
   const ProjectRecord& oProject = oHandler.Project(hProject);
   const auto lLastFolder = static_cast<std::int32_t>(MQuillon::asFolderName.size()) - 1;
   for (std::int32_t lFolder = 1; lFolder <= lLastFolder; ++lFolder) {
     SortedList oList;
-    for (const auto h :
-         HandlerGuard::HandleRange(oProject.lFirstComponent, oProject.lLastComponent)) {
+    for (const auto h : HandleRange(oProject.lFirstComponent, oProject.lLastComponent)) {
       const ComponentRecord& oRecord = oHandler.Component(h);
-      if (oRecord.lFolderType == lFolder) oList.AddItem(oRecord.sName, h);
+      if (oRecord.lFolderType == lFolder) oList.AddItem(oRecord.sName, h.Number());
     }
-    for (const auto h : oList.ItemData()) oVisit(h);
+    for (const auto lNumber : oList.ItemData()) oVisit(ComponentHandle(lNumber));
   }
 }
 

@@ -19,7 +19,7 @@ void SetUp(CXPrint& oPrint, Paper::Printer& oPrinter, TextView sProduct, TextVie
 std::vector<std::int32_t> Positions(const Widths& alWidth, std::size_t lCount);
 
 /// Visits the components of a project folder by folder, by name within a folder.
-void EachComponent(const CIDEHandler& oHandler, CIDEHandler::Handle hProject,
-                   const std::function<void(CIDEHandler::Handle)>& oVisit);
+void EachComponent(const CIDEHandler& oHandler, ProjectHandle hProject,
+                   const std::function<void(ComponentHandle)>& oVisit);
 
 }  // namespace Reports

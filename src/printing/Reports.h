@@ -29,12 +29,12 @@ const Widths& DefaultProcWidths();
 
 /// Needs no code: components that can't be read are listed as well.
 void PrintProjects(CIDEHandler& oHandler, Paper::Printer& oPrinter, const Widths& alModWidth,
-                   CIDEHandler::Handle hProject);
+                   ProjectHandle hProject);
 
-/// hComponent above 0: that one, loaded if it isn't. 0: all of the project; those that aren't
+/// hComponent: that one, loaded if it isn't. None: all of the project; those that aren't
 /// loaded are, except read-only ones while the rules pass them over, which show no procedures then.
 /// Words come from the process-wide lookups; Failure 91 while there are none.
 void PrintSettings(CIDEHandler& oHandler, Paper::Printer& oPrinter, const Widths& alProcWidth,
-                   CIDEHandler::Handle hProject, CIDEHandler::Handle hComponent);
+                   ProjectHandle hProject, ComponentHandle hComponent);
 
 }  // namespace Reports

@@ -3,8 +3,8 @@
 // texts stay in the order in which they were added.
 //
 //   SortedList oList;
-//   oList.AddItem(u"modMain", 4);
-//   for (std::int32_t h : oList.ItemData()) ...
+//   oList.AddItem(u"modMain", hComponent.Number());
+//   for (const std::int32_t lNumber : oList.ItemData()) ...
 #pragma once
 
 #include <cstdint>

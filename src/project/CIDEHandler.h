@@ -2,8 +2,8 @@
 // lazily, and every operation on procedures: reading settings, changing Pending, suggesting,
 // applying. It keeps no copy of source: each reader asks the IDE's CodeModule.
 //
-// Handles count from 1 and stay valid for the life of the object; 0 or less means none. A handle
-// outside the model is Failure 9. One object serves one opening of a template:
+// Handles stay valid for the life of the object; one outside the model is Failure 9. One object
+// serves one opening of a template:
 //
 //   CIDEHandler oHandler;
 //   oHandler.LoadProjects(oVBE);
@@ -26,6 +26,7 @@
 #include "CProcSettings.h"
 #include "CTemplate.h"
 #include "ModelRecords.h"
+#include "ModelScope.h"
 #include "Signal.h"
 #include "Text.h"
 #include "VBE.h"
@@ -34,7 +35,6 @@ class GuardScope;
 
 class CIDEHandler {
  public:
-  using Handle = std::int32_t;
   enum class Version { Current, Pending, Suggested };
 
   CIDEHandler();
@@ -52,103 +52,109 @@ class CIDEHandler {
 
   // Walks (CIDEHandler_Registry.cpp).
   void EnumProjects();
-  void EnumComponentsEx(Handle hProject, std::int32_t lFolderType);
-  void EnumProcedures(Handle hComponent);
-  void ForceLoadProjectComponents(Handle hProject);
+  void EnumComponentsEx(ProjectHandle hProject, std::int32_t lFolderType);
+  void EnumProcedures(ComponentHandle hComponent);
+  void ForceLoadProjectComponents(ProjectHandle hProject);
   void ForceLoadGroupComponents();
 
   // Analysis (CIDEHandler_Analysis.cpp).
-  void LoadComponent(Handle hComponent);
+  void LoadComponent(ComponentHandle hComponent);
 
   // Property access (CIDEHandler_Access.cpp).
-  Text GetProcCode(Handle hProcedure, std::int32_t& lBodyStart);
-  void GetProcDetails(Handle hProcedure, Text& sModuleName, Text& sProcName, Text& sProcType);
-  void GetPendingSettings(Handle hProcedure, CProcSettings& oProcSettings);
-  void GetCurrentSettings(Handle hProcedure, CProcSettings& oProcSettings);
-  void GetSuggestSettings(Handle hProcedure, CProcSettings& oProcSettings);
-  Text ProcTemplate(Handle hProcedure);
-  void SetProcTemplate(Handle hProcedure, TextView sTemplate);
-  MQuillon::TriState Locked(Handle hProcedure);
-  void SetLocked(Handle hProcedure, MQuillon::TriState eValue);
-  MQuillon::Boundary BoundaryId(Handle hProcedure);
-  void SetBoundaryId(Handle hProcedure, MQuillon::Boundary eValue);
-  MQuillon::Severity SeverityId(Handle hProcedure);
-  void SetSeverityId(Handle hProcedure, MQuillon::Severity eValue);
-  void SetRetryType(Handle hProcedure, MQuillon::Retry eValue);
-  MQuillon::Retry RetryId(Handle hProcedure);
-  MQuillon::TriState Trace(Handle hProcedure);
-  void SetTrace(Handle hProcedure, MQuillon::TriState eValue);
-  bool ProcedureIsDirty(Handle hProcedure);
-  bool ComponentIsDirty(Handle hComponent);
+  Text GetProcCode(ProcedureHandle hProcedure, std::int32_t& lBodyStart);
+  void GetProcDetails(ProcedureHandle hProcedure, Text& sModuleName, Text& sProcName,
+                      Text& sProcType);
+  void GetPendingSettings(ProcedureHandle hProcedure, CProcSettings& oProcSettings);
+  void GetCurrentSettings(ProcedureHandle hProcedure, CProcSettings& oProcSettings);
+  void GetSuggestSettings(ProcedureHandle hProcedure, CProcSettings& oProcSettings);
+  Text ProcTemplate(ProcedureHandle hProcedure);
+  void SetProcTemplate(ProcedureHandle hProcedure, TextView sTemplate);
+  MQuillon::TriState Locked(ProcedureHandle hProcedure);
+  void SetLocked(ProcedureHandle hProcedure, MQuillon::TriState eValue);
+  MQuillon::Boundary BoundaryId(ProcedureHandle hProcedure);
+  void SetBoundaryId(ProcedureHandle hProcedure, MQuillon::Boundary eValue);
+  MQuillon::Severity SeverityId(ProcedureHandle hProcedure);
+  void SetSeverityId(ProcedureHandle hProcedure, MQuillon::Severity eValue);
+  void SetRetryType(ProcedureHandle hProcedure, MQuillon::Retry eValue);
+  MQuillon::Retry RetryId(ProcedureHandle hProcedure);
+  MQuillon::TriState Trace(ProcedureHandle hProcedure);
+  void SetTrace(ProcedureHandle hProcedure, MQuillon::TriState eValue);
+  bool ProcedureIsDirty(ProcedureHandle hProcedure);
+  bool ComponentIsDirty(ComponentHandle hComponent);
   bool GroupIsDirty();
-  Text ComponentType(Handle hComponent);
-  Text ComponentFileName(Handle hComponent);
-  Text ComponentName(Handle hComponent);
-  Text ComponentFolderName(Handle hComponent);
-  Text ProjectFileName(Handle hProject);
-  Text ProjectName(Handle hProject);
+  Text ComponentType(ComponentHandle hComponent);
+  Text ComponentFileName(ComponentHandle hComponent);
+  Text ComponentName(ComponentHandle hComponent);
+  Text ComponentFolderName(ComponentHandle hComponent);
+  Text ProjectFileName(ProjectHandle hProject);
+  Text ProjectName(ProjectHandle hProject);
   std::int32_t ProjectCount();
-  bool ComponentReadOnly(Handle hComponent);
+  bool ComponentReadOnly(ComponentHandle hComponent);
 
-  // Applying (CIDEHandler_Apply.cpp). The first argument that is given (above 0, or true) decides
-  // the scope: procedure, component, project, group.
-  void ApplySuggestedSettings(Handle ihProcedure, Handle Component, Handle Project, bool Group);
-  void ApplyCurrentSettings(Handle ihProcedure, Handle Component, Handle Project, bool Group);
-  void ApplyPendingSettings(Handle ihProcedure, Handle Component, Handle Project, bool Group,
-                            bool Refresh, MQuillon::LineNumAction LineNumAction);
+  // Applying (CIDEHandler_Apply.cpp).
+  void ApplySuggestedSettings(const ModelScope& Scope);
+  void ApplyCurrentSettings(const ModelScope& Scope);
+  void ApplyPendingSettings(const ModelScope& Scope, bool Refresh,
+                            MQuillon::LineNumAction LineNumAction);
   void RefreshSuggestions();
   /// What ApplyPendingSettings would make of the procedure, line numbers as the rule says: the same
   /// way as a rewrite, without writing anything back or telling anybody. The present text when
   /// nothing would be rewritten, and when the rewrite would be refused: then bRefused is set, and
   /// sMessage says why.
-  Text PendingCode(Handle hProcedure, bool& bRefused, Text& sMessage);
+  Text PendingCode(ProcedureHandle hProcedure, bool& bRefused, Text& sMessage);
 
-  // Reading side for reports and programs: records by handle, ranges from 1 to the counts.
-  Handle ComponentCount() const { return static_cast<Handle>(moComponents.size()) - 1; }
-  Handle ProcedureCount() const { return static_cast<Handle>(moProcedures.size()) - 1; }
-  Handle ProjectRecordCount() const { return static_cast<Handle>(moProjects.size()) - 1; }
-  const ProjectRecord& Project(Handle hProject) const;
-  const ComponentRecord& Component(Handle hComponent) const;
-  const ProcedureRecord& Procedure(Handle hProcedure) const;
+  // Reading side for reports and programs: records by handle, and ranges of all.
+  /// The last handle of each kind; none while there is no record.
+  ComponentHandle LastComponent() const { return LastOf<ComponentHandle>(moComponents); }
+  ProcedureHandle LastProcedure() const { return LastOf<ProcedureHandle>(moProcedures); }
+  ProjectHandle LastProject() const { return LastOf<ProjectHandle>(moProjects); }
+  HandleRange<ProjectRecord> Projects() const { return {ProjectHandle(1), LastProject()}; }
+  HandleRange<ComponentRecord> Components() const { return {ComponentHandle(1), LastComponent()}; }
+  HandleRange<ProcedureRecord> Procedures() const { return {ProcedureHandle(1), LastProcedure()}; }
+  const ProjectRecord& Project(ProjectHandle hProject) const;
+  const ComponentRecord& Component(ComponentHandle hComponent) const;
+  const ProcedureRecord& Procedure(ProcedureHandle hProcedure) const;
   /// "(declarations)" or the member's name.
-  Text ProcName(Handle hProcedure) const;
+  Text ProcName(ProcedureHandle hProcedure) const;
 
   // Events, in their order.
   Signal<> ProgressStart;
   Signal<> ProgressEnd;
-  Signal<std::int16_t, TextView> Progress;                 ///< percent, caption
-  Signal<Handle, TextView, ProjectType> EnumProjectsProc;  ///< hProject, sTitle, nType
+  Signal<std::int16_t, TextView> Progress;                        ///< percent, caption
+  Signal<ProjectHandle, TextView, ProjectType> EnumProjectsProc;  ///< hProject, sTitle, nType
   Signal<> EnumComponentsExBOF;
   Signal<> EnumComponentsExEOF;
   Signal<const ComponentRow&> EnumComponentsExProc;
   Signal<> EnumComponentsBOF;  ///< nothing raises it
-  Signal<Handle> EnumComponentsEOF;
-  Signal<Handle, Handle, TextView, ::ComponentType> EnumComponentsProc;
-  Signal<Handle, const LoadError&> EnumProceduresError;
+  Signal<ProjectHandle> EnumComponentsEOF;
+  Signal<ProjectHandle, ComponentHandle, TextView, ::ComponentType> EnumComponentsProc;
+  Signal<ComponentHandle, const LoadError&> EnumProceduresError;
   Signal<> EnumProceduresBOF;
   Signal<> EnumProceduresEOF;
   Signal<const ProcedureRow&> EnumProceduresProc;
   /// One procedure could not be rewritten: handle and reason, beside the engine's own messages.
-  Signal<Handle, TextView> ProcedureRefused;
+  Signal<ProcedureHandle, TextView> ProcedureRefused;
 
  private:
   struct Loading;
   struct Run;
   struct Draft;
-  struct Scope {
-    Handle hProcedure, hComponent, hProject;
-    bool bGroup;
-  };
-  using Visitor = std::function<void(Handle)>;
+  using Visitor = std::function<void(ProcedureHandle)>;
+
+  /// Element 0 of each list is a dummy that no handle reaches.
+  template <class Handle, class Records>
+  static Handle LastOf(const Records& oRecords) {
+    return Handle(static_cast<std::int32_t>(oRecords.size()) - 1);
+  }
 
   // Access by handle; Failure 9 outside the model.
-  ProjectRecord& ProjectAt(Handle hProject);
-  ComponentRecord& ComponentAt(Handle hComponent);
-  ProcedureRecord& ProcedureAt(Handle hProcedure);
+  ProjectRecord& ProjectAt(ProjectHandle hProject);
+  ComponentRecord& ComponentAt(ComponentHandle hComponent);
+  ProcedureRecord& ProcedureAt(ProcedureHandle hProcedure);
   /// Failure 91 when it isn't set.
   CTemplate& Template() const;
   /// The code module of a component, asked afresh; Failure 91 when there is none.
-  CodeModule& ModuleOf(GuardScope& oScope, Handle hComponent);
+  CodeModule& ModuleOf(GuardScope& oScope, ComponentHandle hComponent);
   Text ReadProcCode(GuardScope& oScope, const ProcedureRecord& oRecord, std::int32_t& lBodyStart);
   Text NameOf(GuardScope& oScope, const ProcedureRecord& oRecord) const;
   static bool IsDirty(const ProcedureRecord& oRecord);
@@ -157,17 +163,17 @@ class CIDEHandler {
   void ProjectAdd(VBProject& oProject);
   void ComponentAdd(VBComponent& oComponent);
   void FillComponent(GuardScope& oScope, ComponentRecord& oRecord);
-  void RowOfComponent(GuardScope& oScope, Handle hComponent);
-  void RowOfProcedure(GuardScope& oScope, Handle hProcedure);
+  void RowOfComponent(GuardScope& oScope, ComponentHandle hComponent);
+  void RowOfProcedure(GuardScope& oScope, ProcedureHandle hProcedure);
   void RaiseProgressStart();
   void RaiseProgressEnd();
   void RaiseProgress(const VBComponent& oComponent, const Member& oMember);
 
   // Analysis.
   bool TakesProgress(const ComponentRecord& oRecord);
-  void AnalyseComponent(GuardScope& oScope, Handle hComponent);
-  void AddEventSource(Handle hComponent, TextView sName);
-  void AddControlSources(GuardScope& oScope, Handle hComponent);
+  void AnalyseComponent(GuardScope& oScope, ComponentHandle hComponent);
+  void AddEventSource(ComponentHandle hComponent, TextView sName);
+  void AddControlSources(GuardScope& oScope, ComponentHandle hComponent);
   void AddForeignInterfaces(Loading& oLoading);
   void AddVariableSources(Loading& oLoading);
   void LoadMembers(Loading& oLoading);
@@ -181,15 +187,15 @@ class CIDEHandler {
   TextView TypeName(TextView sType);
 
   // Suggestions; they take the record, which may not be in the model yet.
-  void SuggestMethodSettings(Handle hComponent, ProcedureRecord& oRecord);
-  void SuggestPropertySettings(Handle hComponent, ProcedureRecord& oRecord);
-  void SuggestDeclarationsSettings(Handle hComponent, ProcedureRecord& oRecord);
+  void SuggestMethodSettings(ComponentHandle hComponent, ProcedureRecord& oRecord);
+  void SuggestPropertySettings(ComponentHandle hComponent, ProcedureRecord& oRecord);
+  void SuggestDeclarationsSettings(ComponentHandle hComponent, ProcedureRecord& oRecord);
 
   // Applying.
-  void WalkScope(const Scope& oWanted, bool bLoad, const Visitor& oVisit);
-  void WalkComponent(Handle hComponent, const Visitor& oVisit);
-  void ApplyPendingTo(Handle hProcedure, Run& oRun);
-  void RewriteProcedure(GuardScope& oScope, Handle hProcedure, Run& oRun);
+  void WalkScope(const ModelScope& oScope, bool bLoad, const Visitor& oVisit);
+  void WalkComponent(ComponentHandle hComponent, const Visitor& oVisit);
+  void ApplyPendingTo(ProcedureHandle hProcedure, Run& oRun);
+  void RewriteProcedure(GuardScope& oScope, ProcedureHandle hProcedure, Run& oRun);
   void TakeAnew(ProcedureRecord& oRecord, TextView sCode) const;
   void TakeDeclarationsAnew(GuardScope& oScope, const ProcedureRecord& oRecord, Run& oRun);
   /// From sOld to sNew. False: refused, told through the engine's ReportError.
@@ -199,7 +205,7 @@ class CIDEHandler {
   bool PutSignature(const ProcedureRecord& oRecord, Draft& oDraft);
   Text WhatIsNotProved(const ProcedureRecord& oRecord, const Run& oRun, const Draft& oDraft);
   void TakeOver(ProcedureRecord& oRecord, const Run& oRun, const Draft& oDraft);
-  bool ReplaceProcedure(Handle hProcedure, const Draft& oDraft);
+  bool ReplaceProcedure(ProcedureHandle hProcedure, const Draft& oDraft);
 
   std::vector<ProjectRecord> moProjects;
   std::vector<ComponentRecord> moComponents;

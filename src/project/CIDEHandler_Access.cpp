@@ -10,31 +10,31 @@ using namespace HandlerGuard;
 
 namespace {
 
-/// Element 0 of each array is a dummy that no handle may reach.
-template <class Records>
-auto& At(Records& oRecords, std::int32_t h) {
-  if (h < 1 || static_cast<std::size_t>(h) >= oRecords.size()) throw Failure(9);
-  return oRecords[static_cast<std::size_t>(h)];
+template <class Records, class Record>
+auto& At(Records& oRecords, Handle<Record> handle) {
+  const auto index = static_cast<std::size_t>(handle.Number());
+  if (!handle || index >= oRecords.size()) throw Failure(9);
+  return oRecords[index];
 }
 
 }  // namespace
 
-ProjectRecord& CIDEHandler::ProjectAt(Handle hProject) {
+ProjectRecord& CIDEHandler::ProjectAt(ProjectHandle hProject) {
   return At(moProjects, hProject);
 }
-ComponentRecord& CIDEHandler::ComponentAt(Handle hComponent) {
+ComponentRecord& CIDEHandler::ComponentAt(ComponentHandle hComponent) {
   return At(moComponents, hComponent);
 }
-ProcedureRecord& CIDEHandler::ProcedureAt(Handle hProcedure) {
+ProcedureRecord& CIDEHandler::ProcedureAt(ProcedureHandle hProcedure) {
   return At(moProcedures, hProcedure);
 }
-const ProjectRecord& CIDEHandler::Project(Handle hProject) const {
+const ProjectRecord& CIDEHandler::Project(ProjectHandle hProject) const {
   return At(moProjects, hProject);
 }
-const ComponentRecord& CIDEHandler::Component(Handle hComponent) const {
+const ComponentRecord& CIDEHandler::Component(ComponentHandle hComponent) const {
   return At(moComponents, hComponent);
 }
-const ProcedureRecord& CIDEHandler::Procedure(Handle hProcedure) const {
+const ProcedureRecord& CIDEHandler::Procedure(ProcedureHandle hProcedure) const {
   return At(moProcedures, hProcedure);
 }
 
@@ -43,7 +43,7 @@ CTemplate& CIDEHandler::Template() const {
   return *oTemplate;
 }
 
-CodeModule& CIDEHandler::ModuleOf(GuardScope& oScope, Handle hComponent) {
+CodeModule& CIDEHandler::ModuleOf(GuardScope& oScope, ComponentHandle hComponent) {
   CodeModule* poModule =
       Need(oScope, [&] { return ComponentAt(hComponent).oComponent->CodeModule(); });
   if (!poModule) throw Failure(91);
@@ -75,13 +75,13 @@ Text CIDEHandler::ReadProcCode(GuardScope& oScope, const ProcedureRecord& oRecor
   return Need(oScope, [&] { return oModule.Lines(lStart, lCount); });
 }
 
-Text CIDEHandler::GetProcCode(Handle hProcedure, std::int32_t& lBodyStart) {
+Text CIDEHandler::GetProcCode(ProcedureHandle hProcedure, std::int32_t& lBodyStart) {
   return Result(u"GetProcCode", [&](GuardScope& oScope) {
     return ReadProcCode(oScope, ProcedureAt(hProcedure), lBodyStart);
   });
 }
 
-void CIDEHandler::GetProcDetails(Handle hProcedure, Text& sModuleName, Text& sProcName,
+void CIDEHandler::GetProcDetails(ProcedureHandle hProcedure, Text& sModuleName, Text& sProcName,
                                  Text& sProcType) {
   Guard(Named(u"GetProcDetails"), [&](GuardScope& oScope) {
     const ProcedureRecord& oRecord = ProcedureAt(hProcedure);
@@ -92,95 +92,95 @@ void CIDEHandler::GetProcDetails(Handle hProcedure, Text& sModuleName, Text& sPr
   });
 }
 
-Text CIDEHandler::ProcName(Handle hProcedure) const {
+Text CIDEHandler::ProcName(ProcedureHandle hProcedure) const {
   return Result(u"ProcName",
                 [&](GuardScope& oScope) { return NameOf(oScope, Procedure(hProcedure)); });
 }
 
-void CIDEHandler::GetPendingSettings(Handle hProcedure, CProcSettings& oProcSettings) {
+void CIDEHandler::GetPendingSettings(ProcedureHandle hProcedure, CProcSettings& oProcSettings) {
   Guard(Named(u"GetPendingSettings"),
         [&](GuardScope&) { oProcSettings.CopyFrom(ProcedureAt(hProcedure).oPending); });
 }
 
-void CIDEHandler::GetCurrentSettings(Handle hProcedure, CProcSettings& oProcSettings) {
+void CIDEHandler::GetCurrentSettings(ProcedureHandle hProcedure, CProcSettings& oProcSettings) {
   Guard(Named(u"GetCurrentSettings"),
         [&](GuardScope&) { oProcSettings.CopyFrom(ProcedureAt(hProcedure).oCurrent); });
 }
 
-void CIDEHandler::GetSuggestSettings(Handle hProcedure, CProcSettings& oProcSettings) {
+void CIDEHandler::GetSuggestSettings(ProcedureHandle hProcedure, CProcSettings& oProcSettings) {
   Guard(Named(u"GetSuggestSettings"),
         [&](GuardScope&) { oProcSettings.CopyFrom(ProcedureAt(hProcedure).oSuggest); });
 }
 
-Text CIDEHandler::ProcTemplate(Handle hProcedure) {
+Text CIDEHandler::ProcTemplate(ProcedureHandle hProcedure) {
   return Result(u"ProcTemplate [Get]",
                 [&](GuardScope&) { return Text(ProcedureAt(hProcedure).oPending.sTemplate()); });
 }
 
-void CIDEHandler::SetProcTemplate(Handle hProcedure, TextView sTemplate) {
+void CIDEHandler::SetProcTemplate(ProcedureHandle hProcedure, TextView sTemplate) {
   Guard(Named(u"ProcTemplate [Let]"),
         [&](GuardScope&) { ProcedureAt(hProcedure).oPending.SetsTemplate(sTemplate); });
 }
 
-MQuillon::TriState CIDEHandler::Locked(Handle hProcedure) {
+MQuillon::TriState CIDEHandler::Locked(ProcedureHandle hProcedure) {
   return Result(u"Locked [Get]",
                 [&](GuardScope&) { return ProcedureAt(hProcedure).oPending.eLocked(); });
 }
 
-void CIDEHandler::SetLocked(Handle hProcedure, MQuillon::TriState eValue) {
+void CIDEHandler::SetLocked(ProcedureHandle hProcedure, MQuillon::TriState eValue) {
   Guard(Named(u"Locked [Let]"),
         [&](GuardScope&) { ProcedureAt(hProcedure).oPending.SeteLocked(eValue); });
 }
 
-MQuillon::Boundary CIDEHandler::BoundaryId(Handle hProcedure) {
+MQuillon::Boundary CIDEHandler::BoundaryId(ProcedureHandle hProcedure) {
   return Result(u"BoundaryId [Get]",
                 [&](GuardScope&) { return ProcedureAt(hProcedure).oPending.eBoundary(); });
 }
 
-void CIDEHandler::SetBoundaryId(Handle hProcedure, MQuillon::Boundary eValue) {
+void CIDEHandler::SetBoundaryId(ProcedureHandle hProcedure, MQuillon::Boundary eValue) {
   Guard(Named(u"BoundaryId [Let]"),
         [&](GuardScope&) { ProcedureAt(hProcedure).oPending.SeteBoundary(eValue); });
 }
 
-MQuillon::Severity CIDEHandler::SeverityId(Handle hProcedure) {
+MQuillon::Severity CIDEHandler::SeverityId(ProcedureHandle hProcedure) {
   return Result(u"SeverityId [Get]",
                 [&](GuardScope&) { return ProcedureAt(hProcedure).oPending.eSeverity(); });
 }
 
-void CIDEHandler::SetSeverityId(Handle hProcedure, MQuillon::Severity eValue) {
+void CIDEHandler::SetSeverityId(ProcedureHandle hProcedure, MQuillon::Severity eValue) {
   Guard(Named(u"SeverityId [Let]"),
         [&](GuardScope&) { ProcedureAt(hProcedure).oPending.SeteSeverity(eValue); });
 }
 
-void CIDEHandler::SetRetryType(Handle hProcedure, MQuillon::Retry eValue) {
+void CIDEHandler::SetRetryType(ProcedureHandle hProcedure, MQuillon::Retry eValue) {
   Guard(Named(u"RetryType [Let]"),
         [&](GuardScope&) { ProcedureAt(hProcedure).oPending.SeteRetry(eValue); });
 }
 
-MQuillon::Retry CIDEHandler::RetryId(Handle hProcedure) {
+MQuillon::Retry CIDEHandler::RetryId(ProcedureHandle hProcedure) {
   return Result(u"RetryId [Get]",
                 [&](GuardScope&) { return ProcedureAt(hProcedure).oPending.eRetry(); });
 }
 
-MQuillon::TriState CIDEHandler::Trace(Handle hProcedure) {
+MQuillon::TriState CIDEHandler::Trace(ProcedureHandle hProcedure) {
   return Result(u"Trace [Get]",
                 [&](GuardScope&) { return ProcedureAt(hProcedure).oPending.eTrace(); });
 }
 
-void CIDEHandler::SetTrace(Handle hProcedure, MQuillon::TriState eValue) {
+void CIDEHandler::SetTrace(ProcedureHandle hProcedure, MQuillon::TriState eValue) {
   Guard(Named(u"Trace [Let]"),
         [&](GuardScope&) { ProcedureAt(hProcedure).oPending.SeteTrace(eValue); });
 }
 
-bool CIDEHandler::ProcedureIsDirty(Handle hProcedure) {
+bool CIDEHandler::ProcedureIsDirty(ProcedureHandle hProcedure) {
   return Result(u"ProcedureIsDirty [Get]",
                 [&](GuardScope&) { return IsDirty(ProcedureAt(hProcedure)); });
 }
 
-bool CIDEHandler::ComponentIsDirty(Handle hComponent) {
+bool CIDEHandler::ComponentIsDirty(ComponentHandle hComponent) {
   return Result(u"ComponentIsDirty [Get]", [&](GuardScope&) {
     const ComponentRecord& oRecord = ComponentAt(hComponent);
-    for (const Handle h : HandleRange(oRecord.lFirstProcedure, oRecord.lLastProcedure)) {
+    for (const ProcedureHandle h : HandleRange(oRecord.lFirstProcedure, oRecord.lLastProcedure)) {
       if (IsDirty(ProcedureAt(h))) return true;
     }
     return false;
@@ -193,26 +193,26 @@ bool CIDEHandler::GroupIsDirty() {
   });
 }
 
-Text CIDEHandler::ComponentType(Handle hComponent) {
+Text CIDEHandler::ComponentType(ComponentHandle hComponent) {
   return Result(u"ComponentType", [&](GuardScope& oScope) {
     return ToText(MQuillon::ToNumber(
         Need(oScope, [&] { return ComponentAt(hComponent).oComponent->Type(); })));
   });
 }
 
-Text CIDEHandler::ComponentFileName(Handle hComponent) {
+Text CIDEHandler::ComponentFileName(ComponentHandle hComponent) {
   return Result(u"ComponentFileName", [&](GuardScope& oScope) {
     return Need(oScope, [&] { return ComponentAt(hComponent).oComponent->FileNames(1); });
   });
 }
 
-Text CIDEHandler::ComponentName(Handle hComponent) {
+Text CIDEHandler::ComponentName(ComponentHandle hComponent) {
   return Result(u"ComponentName", [&](GuardScope& oScope) {
     return Need(oScope, [&] { return ComponentAt(hComponent).oComponent->Name(); });
   });
 }
 
-Text CIDEHandler::ComponentFolderName(Handle hComponent) {
+Text CIDEHandler::ComponentFolderName(ComponentHandle hComponent) {
   return Result(u"ComponentFolderName", [&](GuardScope&) {
     const auto lFolder = static_cast<std::size_t>(ComponentAt(hComponent).lFolderType);
     const TextArray& asName = MQuillon::asFolderItemName;
@@ -220,18 +220,18 @@ Text CIDEHandler::ComponentFolderName(Handle hComponent) {
   });
 }
 
-bool CIDEHandler::ComponentReadOnly(Handle hComponent) {
+bool CIDEHandler::ComponentReadOnly(ComponentHandle hComponent) {
   return Result(u"ComponentReadOnly",
                 [&](GuardScope&) { return ComponentAt(hComponent).bReadOnly; });
 }
 
-Text CIDEHandler::ProjectFileName(Handle hProject) {
+Text CIDEHandler::ProjectFileName(ProjectHandle hProject) {
   return Result(u"ProjectFileName", [&](GuardScope& oScope) {
     return Need(oScope, [&] { return ProjectAt(hProject).oProject->FileName(); });
   });
 }
 
-Text CIDEHandler::ProjectName(Handle hProject) {
+Text CIDEHandler::ProjectName(ProjectHandle hProject) {
   return Result(u"ProjectName", [&](GuardScope& oScope) {
     return Need(oScope, [&] { return ProjectAt(hProject).oProject->Name(); });
   });

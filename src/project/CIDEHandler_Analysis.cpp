@@ -92,7 +92,7 @@ void InheritId(Choice eOwn, Choice eModule, CProcSettings& oFresh,
 /// What one load needs beside the records.
 struct CIDEHandler::Loading {
   GuardScope& oScope;
-  Handle hComponent;
+  ComponentHandle hComponent;
   ComponentRecord& oRecord;
   CodeModule& oModule;
   std::int32_t lDeclarationLines = 0;
@@ -102,7 +102,7 @@ struct CIDEHandler::Loading {
   std::unordered_map<TextView, std::int32_t> oSources;
 };
 
-void CIDEHandler::LoadComponent(Handle hComponent) {
+void CIDEHandler::LoadComponent(ComponentHandle hComponent) {
   const Routine oRoutine{u"CIDEHandler", u"LoadComponent", ErrorIds::BoundaryFirewall};
   Guard(oRoutine, [&](GuardScope& oScope) {
     ComponentRecord& oRecord = ComponentAt(hComponent);
@@ -124,7 +124,7 @@ void CIDEHandler::LoadComponent(Handle hComponent) {
   });
 }
 
-void CIDEHandler::AnalyseComponent(GuardScope& oScope, Handle hComponent) {
+void CIDEHandler::AnalyseComponent(GuardScope& oScope, ComponentHandle hComponent) {
   ComponentRecord& oRecord = ComponentAt(hComponent);
   if (!oRecord.sDesignerName.empty()) AddEventSource(hComponent, oRecord.sDesignerName);
   if (HasControls(oRecord.lFolderType)) AddControlSources(oScope, hComponent);
@@ -140,7 +140,7 @@ void CIDEHandler::AnalyseComponent(GuardScope& oScope, Handle hComponent) {
   LoadMembers(oLoading);
 }
 
-void CIDEHandler::AddEventSource(Handle hComponent, TextView sName) {
+void CIDEHandler::AddEventSource(ComponentHandle hComponent, TextView sName) {
   const auto lIndex = static_cast<std::int32_t>(moEventSources.size());
   moEventSources.push_back({hComponent, Text(sName)});
   ComponentRecord& oRecord = ComponentAt(hComponent);
@@ -148,7 +148,7 @@ void CIDEHandler::AddEventSource(Handle hComponent, TextView sName) {
   oRecord.lLastEventSource = lIndex;
 }
 
-void CIDEHandler::AddControlSources(GuardScope& oScope, Handle hComponent) {
+void CIDEHandler::AddControlSources(GuardScope& oScope, ComponentHandle hComponent) {
   ComponentRecord& oRecord = ComponentAt(hComponent);
   VBControls* poControls = nullptr;
   try {
@@ -226,8 +226,8 @@ void CIDEHandler::LoadDeclarations(Loading& oLoading) {
                             .nKind = MQuillon::ProcKind::Declarations};
     ReadProcedure(oScope, oRecord, {});
     SuggestDeclarationsSettings(oLoading.hComponent, oRecord);
-    oLoading.oRecord.hDeclarations = ProcedureCount() + 1;
     AddProcedure(oLoading, oRecord);
+    oLoading.oRecord.hDeclarations = LastProcedure();
   });
 }
 
@@ -300,15 +300,15 @@ void CIDEHandler::AddProcedure(Loading& oLoading, ProcedureRecord& oRecord) {
   }
   moProcedures.push_back(oRecord);
   ComponentRecord& oComponent = oLoading.oRecord;
-  if (oComponent.lFirstProcedure == -1) oComponent.lFirstProcedure = ProcedureCount();
-  oComponent.lLastProcedure = ProcedureCount();
+  if (!oComponent.lFirstProcedure) oComponent.lFirstProcedure = LastProcedure();
+  oComponent.lLastProcedure = LastProcedure();
 }
 
 Text CIDEHandler::EventHandlerType(Loading& oLoading, TextView sName) {
   return Result(u"EventHandlerType", [&](GuardScope&) -> Text {
     const ComponentRecord& oRecord = oLoading.oRecord;
     if (oLoading.oSources.empty()) {
-      for (const auto i : HandleRange(oRecord.lFirstEventSource, oRecord.lLastEventSource)) {
+      for (auto i = oRecord.lFirstEventSource; i != -1 && i <= oRecord.lLastEventSource; ++i) {
         oLoading.oSources.emplace(moEventSources[static_cast<std::size_t>(i)].sName, i);
       }
     }

@@ -21,36 +21,46 @@ void CopyAllButLocked(const CProcSettings& oFrom, CProcSettings& oTo) {
 
 }  // namespace
 
-void CIDEHandler::WalkScope(const Scope& oWanted, bool bLoad, const Visitor& oVisit) {
-  if (oWanted.hProcedure >= 1) {
-    if (!IsPassedOver(ComponentAt(ProcedureAt(oWanted.hProcedure).hComponent))) {
-      oVisit(oWanted.hProcedure);
+void CIDEHandler::WalkScope(const ModelScope& oScope, bool bLoad, const Visitor& oVisit) {
+  struct Walk {
+    CIDEHandler& model;
+    bool load;
+    const Visitor& visit;
+
+    void operator()(ProcedureHandle h) const {
+      if (h && !IsPassedOver(model.ComponentAt(model.ProcedureAt(h).hComponent))) visit(h);
     }
-  } else if (oWanted.hComponent >= 1) {
-    if (bLoad && !IsPassedOver(ComponentAt(oWanted.hComponent))) LoadComponent(oWanted.hComponent);
-    WalkComponent(oWanted.hComponent, oVisit);
-  } else if (oWanted.hProject >= 1) {
-    if (bLoad) ForceLoadProjectComponents(oWanted.hProject);
-    const ProjectRecord oProject = ProjectAt(oWanted.hProject);
-    for (const Handle h : HandleRange(oProject.lFirstComponent, oProject.lLastComponent)) {
-      WalkComponent(h, oVisit);
+    void operator()(ComponentHandle h) const {
+      if (!h) return;
+      if (load && !IsPassedOver(model.ComponentAt(h))) model.LoadComponent(h);
+      model.WalkComponent(h, visit);
     }
-  } else if (oWanted.bGroup) {
-    if (bLoad) ForceLoadGroupComponents();
-    for (const Handle h : HandleRange(1, ComponentCount())) WalkComponent(h, oVisit);
-  }
+    void operator()(ProjectHandle h) const {
+      if (!h) return;
+      if (load) model.ForceLoadProjectComponents(h);
+      const ProjectRecord oProject = model.ProjectAt(h);
+      for (const auto hComponent : HandleRange(oProject.lFirstComponent, oProject.lLastComponent)) {
+        model.WalkComponent(hComponent, visit);
+      }
+    }
+    void operator()(ModelScope::WholeGroup) const {
+      if (load) model.ForceLoadGroupComponents();
+      for (const ComponentHandle h : model.Components()) model.WalkComponent(h, visit);
+    }
+  };
+  oScope.Visited(Walk{*this, bLoad, oVisit});
 }
 
-void CIDEHandler::WalkComponent(Handle hComponent, const Visitor& oVisit) {
+void CIDEHandler::WalkComponent(ComponentHandle hComponent, const Visitor& oVisit) {
   const ComponentRecord& oRecord = ComponentAt(hComponent);
   if (IsPassedOver(oRecord)) return;
-  for (const Handle h : HandleRange(oRecord.lFirstProcedure, oRecord.lLastProcedure)) oVisit(h);
+  for (const ProcedureHandle h : HandleRange(oRecord.lFirstProcedure, oRecord.lLastProcedure))
+    oVisit(h);
 }
 
-void CIDEHandler::ApplySuggestedSettings(Handle ihProcedure, Handle Component, Handle Project,
-                                         bool Group) {
+void CIDEHandler::ApplySuggestedSettings(const ModelScope& Scope) {
   Guard(Named(u"ApplySuggestedSettings"), [&](GuardScope&) {
-    WalkScope({ihProcedure, Component, Project, Group}, true, [&](Handle h) {
+    WalkScope(Scope, true, [&](ProcedureHandle h) {
       ProcedureRecord& oRecord = ProcedureAt(h);
       if (oRecord.oPending.eLocked() == MQuillon::TriState::False) {
         CopyAllButLocked(oRecord.oSuggest, oRecord.oPending);
@@ -59,10 +69,9 @@ void CIDEHandler::ApplySuggestedSettings(Handle ihProcedure, Handle Component, H
   });
 }
 
-void CIDEHandler::ApplyCurrentSettings(Handle ihProcedure, Handle Component, Handle Project,
-                                       bool Group) {
+void CIDEHandler::ApplyCurrentSettings(const ModelScope& Scope) {
   Guard(Named(u"ApplyCurrentSettings"), [&](GuardScope&) {
-    WalkScope({ihProcedure, Component, Project, Group}, false, [&](Handle h) {
+    WalkScope(Scope, false, [&](ProcedureHandle h) {
       ProcedureRecord& oRecord = ProcedureAt(h);
       if (oRecord.oPending.eLocked() != MQuillon::TriState::True) {
         CopyAllButLocked(oRecord.oCurrent, oRecord.oPending);
@@ -71,8 +80,7 @@ void CIDEHandler::ApplyCurrentSettings(Handle ihProcedure, Handle Component, Han
   });
 }
 
-void CIDEHandler::ApplyPendingSettings(Handle ihProcedure, Handle Component, Handle Project,
-                                       bool Group, bool Refresh,
+void CIDEHandler::ApplyPendingSettings(const ModelScope& Scope, bool Refresh,
                                        MQuillon::LineNumAction LineNumAction) {
   Guard(Named(u"ApplyPendingSettings"), [&](GuardScope&) {
     Run oRun{.bRefresh = Refresh,
@@ -83,12 +91,11 @@ void CIDEHandler::ApplyPendingSettings(Handle ihProcedure, Handle Component, Han
     const Connection oLink = Template().ReportError.Connect([&](TextView sMessage) {
       if (oRun.sReason.empty() && sMessage.starts_with(u"    ")) oRun.sReason = Trim(sMessage);
     });
-    WalkScope({ihProcedure, Component, Project, Group}, Refresh,
-              [&](Handle h) { ApplyPendingTo(h, oRun); });
+    WalkScope(Scope, Refresh, [&](ProcedureHandle h) { ApplyPendingTo(h, oRun); });
   });
 }
 
-void CIDEHandler::ApplyPendingTo(Handle hProcedure, Run& oRun) {
+void CIDEHandler::ApplyPendingTo(ProcedureHandle hProcedure, Run& oRun) {
   const ProcedureRecord& oRecord = ProcedureAt(hProcedure);
   if (!oRun.CallsFor(oRecord)) return;
   oRun.Begin();

@@ -97,12 +97,12 @@ void CIDEHandler::ProjectAdd(VBProject& oProject) {
 }
 
 void CIDEHandler::ComponentAdd(VBComponent& oComponent) {
-  const Handle hComponent = ComponentCount() + 1;
   ComponentRecord& oRecord = moComponents.emplace_back();
-  oRecord.hProject = ProjectRecordCount();
+  const ComponentHandle hComponent = LastComponent();
+  oRecord.hProject = LastProject();
   oRecord.oComponent = &oComponent;
   ProjectRecord& oProject = moProjects.back();
-  if (oProject.lFirstComponent == -1) oProject.lFirstComponent = hComponent;
+  if (!oProject.lFirstComponent) oProject.lFirstComponent = hComponent;
   oProject.lLastComponent = hComponent;
   try {
     Guard(Named(u"ComponentAdd"), [&](GuardScope& oScope) { FillComponent(oScope, oRecord); });
@@ -134,11 +134,12 @@ void CIDEHandler::FillComponent(GuardScope& oScope, ComponentRecord& oRecord) {
 
 void CIDEHandler::EnumProjects() {
   Guard(Named(u"EnumProjects"), [&](GuardScope& oScope) {
-    for (const Handle hProject : HandleRange(1, ProjectRecordCount())) {
-      const ProjectRecord oProject = moProjects[static_cast<std::size_t>(hProject)];
+    for (const ProjectHandle hProject : Projects()) {
+      const ProjectRecord oProject = ProjectAt(hProject);
       const Text sTitle = Need(oScope, [&] { return oProject.oProject->Name(); });
       EnumProjectsProc(hProject, sTitle, Need(oScope, [&] { return oProject.oProject->Type(); }));
-      for (const Handle h : HandleRange(oProject.lFirstComponent, oProject.lLastComponent)) {
+      for (const ComponentHandle h :
+           HandleRange(oProject.lFirstComponent, oProject.lLastComponent)) {
         const ComponentRecord& oRecord = ComponentAt(h);
         EnumComponentsProc(hProject, h, oRecord.sName,
                            Need(oScope, [&] { return oRecord.oComponent->Type(); }));
@@ -148,18 +149,18 @@ void CIDEHandler::EnumProjects() {
   });
 }
 
-void CIDEHandler::EnumComponentsEx(Handle hProject, std::int32_t lFolderType) {
+void CIDEHandler::EnumComponentsEx(ProjectHandle hProject, std::int32_t lFolderType) {
   Guard(Named(u"EnumComponentsEx"), [&](GuardScope& oScope) {
     const ProjectRecord oProject = ProjectAt(hProject);
     EnumComponentsExBOF();
-    for (const Handle h : HandleRange(oProject.lFirstComponent, oProject.lLastComponent)) {
+    for (const ComponentHandle h : HandleRange(oProject.lFirstComponent, oProject.lLastComponent)) {
       if (lFolderType == 0 || ComponentAt(h).lFolderType == lFolderType) RowOfComponent(oScope, h);
     }
     EnumComponentsExEOF();
   });
 }
 
-void CIDEHandler::RowOfComponent(GuardScope& oScope, Handle hComponent) {
+void CIDEHandler::RowOfComponent(GuardScope& oScope, ComponentHandle hComponent) {
   const ComponentRecord& oRecord = ComponentAt(hComponent);
   const Text sFile = FirstFile(oScope, *oRecord.oComponent);
   EnumComponentsExProc({.hComponent = hComponent,
@@ -171,7 +172,7 @@ void CIDEHandler::RowOfComponent(GuardScope& oScope, Handle hComponent) {
                         .sFileName = sFile});
 }
 
-void CIDEHandler::EnumProcedures(Handle hComponent) {
+void CIDEHandler::EnumProcedures(ComponentHandle hComponent) {
   Guard(Named(u"EnumProcedures"), [&](GuardScope& oScope) {
     const ComponentRecord& oRecord = ComponentAt(hComponent);
     EnumProceduresBOF();
@@ -179,14 +180,14 @@ void CIDEHandler::EnumProcedures(Handle hComponent) {
       EnumProceduresError(hComponent, oRecord.oError);
       return;
     }
-    for (const Handle h : HandleRange(oRecord.lFirstProcedure, oRecord.lLastProcedure)) {
+    for (const ProcedureHandle h : HandleRange(oRecord.lFirstProcedure, oRecord.lLastProcedure)) {
       RowOfProcedure(oScope, h);
     }
     EnumProceduresEOF();
   });
 }
 
-void CIDEHandler::RowOfProcedure(GuardScope& oScope, Handle hProcedure) {
+void CIDEHandler::RowOfProcedure(GuardScope& oScope, ProcedureHandle hProcedure) {
   const ProcedureRecord& oRecord = ProcedureAt(hProcedure);
   const auto nScope =
       oRecord.oMember ? Need(oScope, [&] { return oRecord.oMember->Scope(); }) : MemberScope::Unset;
@@ -198,19 +199,19 @@ void CIDEHandler::RowOfProcedure(GuardScope& oScope, Handle hProcedure) {
                       .oProcSettings = &oRecord.oPending});
 }
 
-void CIDEHandler::ForceLoadProjectComponents(Handle hProject) {
+void CIDEHandler::ForceLoadProjectComponents(ProjectHandle hProject) {
   Guard(Named(u"ForceLoadProjectComponents"), [&](GuardScope&) {
     const ProjectRecord oProject = ProjectAt(hProject);
     const HandleRange oRange(oProject.lFirstComponent, oProject.lLastComponent);
     mlProgressTotal = mlProgressCount = 0;
-    if (oProject.lFirstComponent < 1) return RaiseProgressEnd();
-    for (const Handle h : oRange) {
+    if (!oProject.lFirstComponent) return RaiseProgressEnd();
+    for (const ComponentHandle h : oRange) {
       const ComponentRecord& oRecord = ComponentAt(h);
       if (oRecord.bLoaded || oRecord.bLoadError || IsPassedOver(oRecord)) continue;
       mlProgressTotal += MemberCount(*oRecord.oComponent);
     }
     RaiseProgressStart();
-    for (const Handle h : oRange) {
+    for (const ComponentHandle h : oRange) {
       if (!IsPassedOver(ComponentAt(h))) LoadComponent(h);
     }
     RaiseProgressEnd();
@@ -219,7 +220,7 @@ void CIDEHandler::ForceLoadProjectComponents(Handle hProject) {
 
 void CIDEHandler::ForceLoadGroupComponents() {
   Guard(Named(u"ForceLoadGroupComponents"), [&](GuardScope&) {
-    for (const Handle h : HandleRange(1, ComponentCount())) {
+    for (const ComponentHandle h : Components()) {
       if (!IsPassedOver(ComponentAt(h))) LoadComponent(h);
     }
   });

@@ -53,7 +53,7 @@ bool TakeOut(CTemplate& oTemplate, TextView sModuleName, TextView sProcName, Tex
 
 }  // namespace
 
-void CIDEHandler::RewriteProcedure(GuardScope& oScope, Handle hProcedure, Run& oRun) {
+void CIDEHandler::RewriteProcedure(GuardScope& oScope, ProcedureHandle hProcedure, Run& oRun) {
   ProcedureRecord& oRecord = ProcedureAt(hProcedure);
   Draft oDraft;
   oDraft.sModuleName = ComponentAt(oRecord.hComponent).sName;
@@ -82,7 +82,7 @@ bool CIDEHandler::Recast(const ProcedureRecord& oRecord, const Run& oRun, Draft&
   return sDoubt.empty();
 }
 
-Text CIDEHandler::PendingCode(Handle hProcedure, bool& bRefused, Text& sMessage) {
+Text CIDEHandler::PendingCode(ProcedureHandle hProcedure, bool& bRefused, Text& sMessage) {
   return Result(u"PendingCode", [&](GuardScope& oScope) {
     bRefused = false;
     sMessage.clear();
@@ -214,7 +214,7 @@ void CIDEHandler::TakeOver(ProcedureRecord& oRecord, const Run& oRun, const Draf
   oCurrent.RetryInherited = oCurrent.eRetry() == oModule.eRetry();
 }
 
-bool CIDEHandler::ReplaceProcedure(Handle hProcedure, const Draft& oDraft) {
+bool CIDEHandler::ReplaceProcedure(ProcedureHandle hProcedure, const Draft& oDraft) {
   bool bStands = true;
   Guard(Named(u"ReplaceProcedure"), [&](GuardScope& oScope) {
     const ProcedureRecord& oRecord = ProcedureAt(hProcedure);

@@ -34,7 +34,7 @@ void AddMemberFacts(GuardScope& oScope, const ProcedureRecord& oRecord, TextView
 
 }  // namespace
 
-void CIDEHandler::SuggestMethodSettings(Handle hComponent, ProcedureRecord& oRecord) {
+void CIDEHandler::SuggestMethodSettings(ComponentHandle hComponent, ProcedureRecord& oRecord) {
   Guard(Named(u"SuggestMethodSettings"), [&](GuardScope& oScope) {
     Facts oFacts = FactsOf(ComponentAt(hComponent), moForeignInterfaces);
     const Text sName = NameOf(oScope, oRecord);
@@ -43,7 +43,7 @@ void CIDEHandler::SuggestMethodSettings(Handle hComponent, ProcedureRecord& oRec
   });
 }
 
-void CIDEHandler::SuggestPropertySettings(Handle hComponent, ProcedureRecord& oRecord) {
+void CIDEHandler::SuggestPropertySettings(ComponentHandle hComponent, ProcedureRecord& oRecord) {
   Guard(Named(u"SuggestPropertySettings"), [&](GuardScope& oScope) {
     Facts oFacts = FactsOf(ComponentAt(hComponent), moForeignInterfaces);
     oFacts.eKind = Kind::Property;
@@ -53,7 +53,8 @@ void CIDEHandler::SuggestPropertySettings(Handle hComponent, ProcedureRecord& oR
   });
 }
 
-void CIDEHandler::SuggestDeclarationsSettings(Handle hComponent, ProcedureRecord& oRecord) {
+void CIDEHandler::SuggestDeclarationsSettings(ComponentHandle hComponent,
+                                              ProcedureRecord& oRecord) {
   Guard(Named(u"SuggestDeclarationsSettings"), [&](GuardScope&) {
     Facts oFacts = FactsOf(ComponentAt(hComponent), moForeignInterfaces);
     oFacts.eKind = Kind::Declarations;
@@ -63,7 +64,7 @@ void CIDEHandler::SuggestDeclarationsSettings(Handle hComponent, ProcedureRecord
 
 void CIDEHandler::RefreshSuggestions() {
   Guard(Named(u"RefreshSuggestions"), [&](GuardScope&) {
-    for (const Handle h : HandleRange(1, ProcedureCount())) {
+    for (const ProcedureHandle h : Procedures()) {
       ProcedureRecord& oRecord = ProcedureAt(h);
       switch (oRecord.nKind) {
         case MQuillon::ProcKind::Method:

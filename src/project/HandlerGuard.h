@@ -1,4 +1,4 @@
-// How the routines of CIDEHandler stand under the common handler, and walking a range of handles.
+// How the routines of CIDEHandler stand under the common handler.
 #pragma once
 
 #include <exception>
@@ -55,26 +55,5 @@ auto Result(TextView sProcedure, Work&& oWork) {
   Guard(Named(sProcedure), [&](GuardScope& oScope) { oResult = oWork(oScope); });
   return oResult;
 }
-
-/// The handles from lFirst to lLast, both included; none when lFirst is -1.
-class HandleRange {
- public:
-  struct Iterator {
-    std::int32_t h;
-    std::int32_t operator*() const { return h; }
-    Iterator& operator++() {
-      ++h;
-      return *this;
-    }
-    bool operator!=(const Iterator& oOther) const { return h != oOther.h; }
-  };
-  HandleRange(std::int32_t lFirst, std::int32_t lLast)
-      : mlFirst(lFirst), mlEnd(lFirst < 1 || lLast < lFirst ? lFirst : lLast + 1) {}
-  Iterator begin() const { return {mlFirst}; }
-  Iterator end() const { return {mlEnd}; }
-
- private:
-  std::int32_t mlFirst, mlEnd;
-};
 
 }  // namespace HandlerGuard

@@ -1,16 +1,16 @@
-// The records of the model and the rows that its walks report. Handles are indices from 1, 0 means
-// none; in a range -1 stands for empty.
+// The records of the model and the rows that its walks report. In a range -1 stands for empty.
 #pragma once
 
 #include <cstdint>
 
 #include "CProcSettings.h"
+#include "Handle.h"
 #include "Text.h"
 #include "VBProject.h"
 
 struct ProjectRecord {
   VBProject* oProject = nullptr;
-  std::int32_t lFirstComponent = -1, lLastComponent = -1;
+  ComponentHandle lFirstComponent{-1}, lLastComponent{-1};
 };
 
 /// Why a component can't be read.
@@ -22,7 +22,7 @@ struct LoadError {
 };
 
 struct ComponentRecord {
-  std::int32_t hProject = 0;
+  ProjectHandle hProject;
   VBComponent* oComponent = nullptr;
   std::int32_t lFolderType = 0;
   Text sName;
@@ -34,18 +34,18 @@ struct ComponentRecord {
   bool bLoadError = false;
   LoadError oError;
   std::int32_t lFirstEventSource = -1, lLastEventSource = -1;
-  std::int32_t hDeclarations = 0;
-  std::int32_t lFirstProcedure = -1, lLastProcedure = -1;
+  ProcedureHandle hDeclarations;
+  ProcedureHandle lFirstProcedure{-1}, lLastProcedure{-1};
   std::int32_t lFirstInterface = -1, lLastInterface = -1;
 };
 
 struct EventSourceRecord {
-  std::int32_t hComponent = 0;
+  ComponentHandle hComponent{};
   Text sName;
 };
 
 struct ProcedureRecord {
-  std::int32_t hComponent = 0;
+  ComponentHandle hComponent{};
   Member* oMember = nullptr;  ///< null for a declarations record
   ProcKind nKind = ProcKind::Method;
   // Both point into the model's store of type names: few texts, many records.
@@ -56,7 +56,7 @@ struct ProcedureRecord {
 };
 
 struct ComponentRow {
-  std::int32_t hComponent = 0;
+  ComponentHandle hComponent{};
   ComponentType nComponentType = ComponentType::Unknown;
   Text sName;
   std::int32_t lInstancing = 0;
@@ -66,7 +66,7 @@ struct ComponentRow {
 };
 
 struct ProcedureRow {
-  std::int32_t hProcedure = 0;
+  ProcedureHandle hProcedure{};
   bool bDirty = false;
   Text sPROCEDURE;
   TextView sProcType;

@@ -8,7 +8,7 @@ struct CIDEHandler::Run {
   bool bRefresh = false;
   MQuillon::LineNumAction eLineNumAction = MQuillon::LineNumAction::Leave;
   /// The component whose declarations were compared with their code last.
-  Handle hDeclarationsRead = 0;
+  ComponentHandle hDeclarationsRead{};
 
   bool bCounted = false;  ///< the procedure's line stands in the account
   bool bErrors = false;

@@ -121,13 +121,14 @@ void FMain::ConnectModel() {
   oLinks.push_back(o.Progress.Connect([this](std::int16_t nPercent, TextView sCaption) {
     if (!mbRowProgress) Progress(nPercent, sCaption);
   }));
-  oLinks.push_back(o.EnumProjectsProc.Connect(
-      [this](Handle h, TextView sTitle, auto nType) { EnumProjectsProc(h, sTitle, nType); }));
-  oLinks.push_back(
-      o.EnumComponentsProc.Connect([this](Handle hP, Handle hC, TextView sName, auto nType) {
+  oLinks.push_back(o.EnumProjectsProc.Connect([this](ProjectHandle h, TextView sTitle, auto nType) {
+    EnumProjectsProc(h, sTitle, nType);
+  }));
+  oLinks.push_back(o.EnumComponentsProc.Connect(
+      [this](ProjectHandle hP, ComponentHandle hC, TextView sName, auto nType) {
         EnumComponentsProc(hP, hC, sName, nType);
       }));
-  oLinks.push_back(o.EnumComponentsEOF.Connect([this](Handle h) { EnumComponentsEOF(h); }));
+  oLinks.push_back(o.EnumComponentsEOF.Connect([this](ProjectHandle h) { EnumComponentsEOF(h); }));
   oLinks.push_back(o.EnumComponentsExBOF.Connect([this] { HideLists(); }));
   oLinks.push_back(o.EnumProceduresBOF.Connect([this] { HideLists(); }));
   oLinks.push_back(o.EnumComponentsExProc.Connect(
@@ -137,5 +138,5 @@ void FMain::ConnectModel() {
   oLinks.push_back(o.EnumComponentsExEOF.Connect([this] { ShowList(lvwMods); }));
   oLinks.push_back(o.EnumProceduresEOF.Connect([this] { ShowList(lvwProcs); }));
   oLinks.push_back(o.EnumProceduresError.Connect(
-      [this](Handle h, const LoadError& oError) { EnumProceduresError(h, oError); }));
+      [this](ComponentHandle h, const LoadError& oError) { EnumProceduresError(h, oError); }));
 }

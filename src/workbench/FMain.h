@@ -34,8 +34,6 @@ struct Subject;
 
 class FMain : public MainForm {
  public:
-  using Handle = CIDEHandler::Handle;
-
   /// The printers outlive the window.
   FMain(Forms::Toolkit& oToolkit, Paper::Printers& oPrinters);
   ~FMain() override;
@@ -55,11 +53,11 @@ class FMain : public MainForm {
   /// True inside at least two operations.
   void CascadedEvent(bool& bCascaded) const { bCascaded = miEventDepth >= 2; }
 
-  /// What the tree's selected node stands for; 0 and 0 without one, hComponent 0 for a project or
-  /// a folder.
-  void SelectedNode(Handle& ihProject, Handle& ihComponent) const;
+  /// What the tree's selected node stands for; none and none without one, no component for a
+  /// project or a folder.
+  void SelectedNode(ProjectHandle& ihProject, ComponentHandle& ihComponent) const;
   /// Selects the node of a component, or of a project, and shows what is in it.
-  void SelectNode(Handle ihProject, Handle ihComponent);
+  void SelectNode(ProjectHandle ihProject, ComponentHandle ihComponent);
 
   /// null while no template is open, or one with errors is.
   CIDEHandler* Model() const { return oIDEHandler.get(); }
@@ -137,10 +135,10 @@ class FMain : public MainForm {
   Text TemplateBesideProgram() const;
 
   // FMain_Tree.
-  void EnumProjectsProc(Handle hProject, TextView sTitle, ProjectType nType);
-  void EnumComponentsProc(Handle hProject, Handle hComponent, TextView sName,
+  void EnumProjectsProc(ProjectHandle hProject, TextView sTitle, ProjectType nType);
+  void EnumComponentsProc(ProjectHandle hProject, ComponentHandle hComponent, TextView sName,
                           ComponentType nComponentType);
-  void EnumComponentsEOF(Handle hProject);
+  void EnumComponentsEOF(ProjectHandle hProject);
   void tvwProjects_NodeClick();
   void ProcessNode(Forms::Node& oNode);
   /// False: the template was closed meanwhile, or another node clicked.
@@ -156,7 +154,7 @@ class FMain : public MainForm {
   void ShowList(Forms::ListView& oList);
   void EnumComponentsExProc(const ComponentRow& oRow);
   void EnumProceduresProc(const ProcedureRow& oRow);
-  void EnumProceduresError(Handle hComponent, const LoadError& oError);
+  void EnumProceduresError(ComponentHandle hComponent, const LoadError& oError);
   void RefreshModList(bool bSelectedOnly);
   void RefreshProcList(bool bSelectedOnly, bool bReprocess);
   void RefreshCurrentList(bool bSelectedOnly);
@@ -184,8 +182,8 @@ class FMain : public MainForm {
   void SetPending(const Forms::ListItem& oRow, TextView sName, TextView sValue);
 
   // FMain_Code.
-  void ShowCode(Handle hProcedure);
-  void ShowPendingCode(Handle hProcedure, TextView sPresent);
+  void ShowCode(ProcedureHandle hProcedure);
+  void ShowPendingCode(ProcedureHandle hProcedure, TextView sPresent);
   void mnuViewPending_Click();
 
   // FMain_Bulk.
@@ -263,7 +261,8 @@ class FMain : public MainForm {
   CXListView moModList, moProcList;
 
   State meState = State::NoTemplate;
-  Handle mhProject = 0, mhComponent = 0;
+  ProjectHandle mhProject;
+  ComponentHandle mhComponent;
   bool mbReadOnly = false;
   std::int32_t mlLastNode = 0;
   Text msListType;

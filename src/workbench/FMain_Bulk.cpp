@@ -48,12 +48,12 @@ class FMain::RowProgress {
 
 template <class Visit>
 void FMain::WalkScope(eAction eScope, Visit&& oVisit) {
-  if (eScope == eAction::Project) return oVisit(0, 0, mhProject, false);
-  if (eScope == eAction::All) return oVisit(0, 0, 0, true);
+  if (eScope == eAction::Project) return oVisit(ModelScope(mhProject));
+  if (eScope == eAction::All) return oVisit(ModelScope::Group());
   ListView* poList = ListInFront();
   if (eScope == eAction::Cancel || !poList) return;
   // Collected first, because processing a row may change the list.
-  std::vector<std::pair<Handle, Text>> oRows;
+  std::vector<std::pair<std::int32_t, Text>> oRows;
   for (std::int32_t i = 1; i <= poList->ListItems().Count(); ++i) {
     const ListItem& oRow = poList->ListItems().Item(i);
     if (oRow.Tag() > 0 && (oRow.Selected() || eScope == eAction::Module))
@@ -61,8 +61,9 @@ void FMain::WalkScope(eAction eScope, Visit&& oVisit) {
   }
   const Text sModule = ShowsProcs() ? oIDEHandler->ComponentName(mhComponent) + u"." : Text();
   RowProgress oProgress(*this, oRows.size());
-  for (const auto& [h, sName] : oRows) {
-    ShowsProcs() ? oVisit(h, 0, 0, false) : oVisit(0, h, 0, false);
+  for (const auto& [lHandle, sName] : oRows) {
+    oVisit(ShowsProcs() ? ModelScope(ProcedureHandle(lHandle))
+                        : ModelScope(ComponentHandle(lHandle)));
     oProgress.Next(sModule + sName);
   }
 }
@@ -86,9 +87,8 @@ void FMain::mnuToolsApplyPending_Click() {
       Refresh();
       SelectTab(u"Results");
       oTemplate->BatchStart();
-      WalkScope(eScope, [&](Handle hProcedure, Handle hComponent, Handle hProject, bool bGroup) {
-        oIDEHandler->ApplyPendingSettings(hProcedure, hComponent, hProject, bGroup, false,
-                                          MQuillon::LineNumAction::AsRule);
+      WalkScope(eScope, [&](const ModelScope& oScope) {
+        oIDEHandler->ApplyPendingSettings(oScope, false, MQuillon::LineNumAction::AsRule);
       });
       RefreshAfter(eScope);
       oTemplate->BatchSummary();
@@ -102,9 +102,8 @@ void FMain::mnuPropsCopySuggest_Click() {
     Busy(u"mnuPropsCopySuggest_Click", [&] {
       const eAction eScope = AskScope<FCopySuggest>();
       Refresh();
-      WalkScope(eScope, [&](Handle hProcedure, Handle hComponent, Handle hProject, bool bGroup) {
-        oIDEHandler->ApplySuggestedSettings(hProcedure, hComponent, hProject, bGroup);
-      });
+      WalkScope(eScope,
+                [&](const ModelScope& oScope) { oIDEHandler->ApplySuggestedSettings(oScope); });
       RefreshAfter(eScope);
     });
   });
@@ -116,9 +115,8 @@ void FMain::mnuPropsUndoPending_Click() {
     const eAction eScope = AskScope<FUndoPending>();
     Busy(u"mnuPropsUndoPending_Click", [&] {
       Refresh();
-      WalkScope(eScope, [&](Handle hProcedure, Handle hComponent, Handle hProject, bool bGroup) {
-        oIDEHandler->ApplyCurrentSettings(hProcedure, hComponent, hProject, bGroup);
-      });
+      WalkScope(eScope,
+                [&](const ModelScope& oScope) { oIDEHandler->ApplyCurrentSettings(oScope); });
       RefreshAfter(eScope);
     });
   });
@@ -154,9 +152,8 @@ void FMain::DoRefresh(eAction eScope, MQuillon::LineNumAction LineNumAction) {
     LineNumAction = MRules::oRules.eLineNumAction;
   SelectTab(u"Results");
   oTemplate->BatchStart();
-  WalkScope(eScope, [&](Handle hProcedure, Handle hComponent, Handle hProject, bool bGroup) {
-    oIDEHandler->ApplyPendingSettings(hProcedure, hComponent, hProject, bGroup, true,
-                                      LineNumAction);
+  WalkScope(eScope, [&](const ModelScope& oScope) {
+    oIDEHandler->ApplyPendingSettings(oScope, true, LineNumAction);
   });
   if (eScope == eAction::Project || eScope == eAction::All) {
     RefreshProcList(false, true);

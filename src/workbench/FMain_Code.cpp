@@ -28,7 +28,7 @@ std::vector<CodeLine> BothVersions(TextView present, TextView coming) {
 
 }  // namespace
 
-void FMain::ShowCode(Handle hProcedure) {
+void FMain::ShowCode(ProcedureHandle hProcedure) {
   std::int32_t lBodyStart = 0;
   const Text sCode = oIDEHandler->GetProcCode(hProcedure, lBodyStart);
   txtCode.SetLineNumbers(false);
@@ -37,7 +37,7 @@ void FMain::ShowCode(Handle hProcedure) {
     ShowPendingCode(hProcedure, sCode);
 }
 
-void FMain::ShowPendingCode(Handle hProcedure, TextView sPresent) {
+void FMain::ShowPendingCode(ProcedureHandle hProcedure, TextView sPresent) {
   bool bRefused = false;
   Text sMessage;
   const Text sComing = oIDEHandler->PendingCode(hProcedure, bRefused, sMessage);

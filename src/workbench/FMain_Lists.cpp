@@ -59,7 +59,7 @@ void FMain::EnumComponentsExProc(const ComponentRow& oRow) {
        oRow.dModified != 0 ? MXDate::FileTime(oRow.dModified) : Text(), oRow.sFileName});
   oItem.SetSmallIcon(
       Icons::Marked(imlProjects, sType, oIDEHandler->ComponentIsDirty(oRow.hComponent)));
-  oItem.SetTag(oRow.hComponent);
+  oItem.SetTag(oRow.hComponent.Number());
 }
 
 void FMain::EnumProceduresProc(const ProcedureRow& oRow) {
@@ -73,10 +73,10 @@ void FMain::EnumProceduresProc(const ProcedureRow& oRow) {
        TraceText(oRow.sPROCEDURE, o.eTrace())});
   const Text sIcon = Icons::OfProcedure(oRow.sPROCEDURE, oRow.sProcType);
   oItem.SetSmallIcon(Icons::Marked(imlProjects, sIcon, oRow.bDirty));
-  oItem.SetTag(oRow.hProcedure);
+  oItem.SetTag(oRow.hProcedure.Number());
 }
 
-void FMain::EnumProceduresError(Handle hComponent, const LoadError& oError) {
+void FMain::EnumProceduresError(ComponentHandle hComponent, const LoadError& oError) {
   ShowErrors();
   const Text sName = oIDEHandler->Component(hComponent).sName;
   srlErrors.Add(u"I asked VB Extensibility about this Module [" + sName +
@@ -95,7 +95,7 @@ void FMain::MarkRow(ListItem& oRow, bool bDirty) {
 }
 
 void FMain::RefreshProcRow(ListItem& oRow) {
-  const Handle h = oRow.Tag();
+  const ProcedureHandle h(oRow.Tag());
   CIDEHandler& o = *oIDEHandler;
   MarkRow(oRow, o.ProcedureIsDirty(h));
   const Text sTemplate = o.ProcTemplate(h);
@@ -114,8 +114,9 @@ void FMain::RefreshProcList(bool bSelectedOnly, bool bReprocess) {
 }
 
 void FMain::RefreshModList(bool bSelectedOnly) {
-  EachRow(lvwMods, bSelectedOnly,
-          [&](ListItem& oRow) { MarkRow(oRow, oIDEHandler->ComponentIsDirty(oRow.Tag())); });
+  EachRow(lvwMods, bSelectedOnly, [&](ListItem& oRow) {
+    MarkRow(oRow, oIDEHandler->ComponentIsDirty(ComponentHandle(oRow.Tag())));
+  });
   RefreshProjectTree();
 }
 
@@ -127,10 +128,11 @@ void FMain::lvwMods_DblClick() {
   OnEvent(u"lvwMods_DblClick", [&] {
     const ListItem* poRow = lvwMods.SelectedItem();
     if (!poRow || poRow->Tag() == 0) return;
-    const Handle hComponent = poRow->Tag();
+    const ComponentHandle hComponent(poRow->Tag());
     Nodes& oNodes = tvwProjects.Nodes();
     for (std::int32_t i = 1; i <= oNodes.Count(); ++i) {
-      if (oNodes.Item(i).Tag() == hComponent) return SelectNode(mhProject, hComponent);
+      if (ComponentHandle(oNodes.Item(i).Tag()) == hComponent)
+        return SelectNode(mhProject, hComponent);
     }
   });
 }

@@ -28,7 +28,7 @@ void FMain::mnuFilePrint_Click() {
       Reports::PrintProjects(*oIDEHandler, oPrinter, WidthsOf(lvwMods), mhProject);
     if (oChoice.bModuleSettings || oChoice.bProjectSettings)
       Reports::PrintSettings(*oIDEHandler, oPrinter, WidthsOf(lvwProcs), mhProject,
-                             oChoice.bModuleSettings ? mhComponent : 0);
+                             oChoice.bModuleSettings ? mhComponent : ComponentHandle());
   });
 }
 

@@ -57,7 +57,7 @@ void FMain::ClearSheet() {
 }
 
 void FMain::ShowOne(const ListItem& oRow) {
-  const Handle h = oRow.Tag();
+  const ProcedureHandle h(oRow.Tag());
   const Text sTitle = oIDEHandler->ComponentName(mhComponent) + u"." + oRow.Text();
   lblProperties.SetCaption(sTitle);
   PropertySheet::Subject oSubject;
@@ -76,8 +76,8 @@ void FMain::ShowSeveral() {
   PropertySheet::Subject oSubject;
   oSubject.bSeveral = true;
   for (const ListItem* poRow : oRows) {
-    const Handle h = poRow->Tag();
-    if (h <= 0) continue;
+    const ProcedureHandle h(poRow->Tag());
+    if (!h) continue;
     oSubject.bDeclarations = oSubject.bDeclarations || IsDeclarations(*poRow);
     const ProcedureRecord& oRecord = oIDEHandler->Procedure(h);
     oSubject.oPending.Aggregate(oRecord.oPending);
@@ -113,8 +113,8 @@ void FMain::prlProperties_PropertyChange(TextView sName, TextView sValue) {
   OnEvent(u"prlProperties_PropertyChange", [&, sOwnName = Text(sName), sOwnValue = Text(sValue)] {
     const std::int16_t nRow = prlProperties.Row();
     for (const ListItem* poRow : SelectedRows(lvwProcs, All)) {
-      const Handle h = poRow->Tag();
-      if (h > 0 && oIDEHandler->ProcTemplate(h) != MQuillon::BespokeName)
+      const ProcedureHandle h(poRow->Tag());
+      if (h && oIDEHandler->ProcTemplate(h) != MQuillon::BespokeName)
         SetPending(*poRow, sOwnName, sOwnValue);
     }
     RefreshProcList(true, true);
@@ -132,7 +132,7 @@ Choice Picked(const std::unique_ptr<CXLookup>& pLookup, TextView sItem) {
 }  // namespace
 
 void FMain::SetPending(const ListItem& oRow, TextView sName, TextView sValue) {
-  const Handle h = oRow.Tag();
+  const ProcedureHandle h(oRow.Tag());
   CIDEHandler& o = *oIDEHandler;
   if (sName == PropertySheet::Locked) {
     return o.SetLocked(h, Picked<MQuillon::TriState>(MQuillon::oLookupLocked, sValue));

@@ -176,7 +176,9 @@ void FMain::MakeLists() {
 void FMain::tmrStartUp_Timer() {
   OnEvent(u"tmrStartUp_Timer", [&] {
     tmrStartUp.SetEnabled(false);
-    mlLastNode = mhProject = mhComponent = 0;
+    mlLastNode = 0;
+    mhProject = {};
+    mhComponent = {};
     mbReadOnly = false;
     Text sFile = oRecentFiles.Item(1);
     if (sFile.empty()) sFile = TemplateBesideProgram();

@@ -137,7 +137,9 @@ void FMain::CloseTemplate() {
   ClearSheet();
   lblList.SetCaption({});
   HideLists();
-  mlLastNode = mhProject = mhComponent = 0;
+  mlLastNode = 0;
+  mhProject = {};
+  mhComponent = {};
   msListType.clear();
   lblTree.SetCaption({});
   tvwProjects.Nodes().Clear();

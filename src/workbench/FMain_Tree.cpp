@@ -44,7 +44,7 @@ Text TextOrEmpty(Ask&& oAsk) {
 
 }  // namespace
 
-void FMain::EnumProjectsProc(Handle hProject, TextView sTitle, ProjectType nType) {
+void FMain::EnumProjectsProc(ProjectHandle hProject, TextView sTitle, ProjectType nType) {
   Nodes& oNodes = tvwProjects.Nodes();
   const Text sImage = Icons::Marked(imlProjects, MQuillon::VBProjectTypeName(nType), false);
   Node& oProject = oNodes.Add(NodeKey::Project(hProject), sTitle, sImage);
@@ -58,7 +58,7 @@ void FMain::EnumProjectsProc(Handle hProject, TextView sTitle, ProjectType nType
   }
 }
 
-void FMain::EnumComponentsProc(Handle hProject, Handle hComponent, TextView sName,
+void FMain::EnumComponentsProc(ProjectHandle hProject, ComponentHandle hComponent, TextView sName,
                                ComponentType nComponentType) {
   Nodes& oNodes = tvwProjects.Nodes();
   const std::int32_t lFolder = oIDEHandler->Component(hComponent).lFolderType;
@@ -72,10 +72,10 @@ void FMain::EnumComponentsProc(Handle hProject, Handle hComponent, TextView sNam
   oNodes
       .Add(oAbove, NodeKey::Component(tvwProjects.Tag(), hProject, lFolder, hComponent), sName,
            sImage)
-      .SetTag(hComponent);
+      .SetTag(hComponent.Number());
 }
 
-void FMain::EnumComponentsEOF(Handle hProject) {
+void FMain::EnumComponentsEOF(ProjectHandle hProject) {
   Nodes& oNodes = tvwProjects.Nodes();
   for (std::int32_t i = 1; i <= Folders && tvwProjects.Tag() == NodeKey::Tree; ++i) {
     Node& oFolder = oNodes.Item(NodeKey::Folder(hProject, i));
@@ -99,12 +99,12 @@ void FMain::ProcessNode(Node& oNode) {
   mhComponent = oFields.hComponent;
   // Set ahead of filling the list: filling handles waiting events, and a command among them must
   // work on the new list.
-  msListType = mhComponent != 0 ? u"Procs" : u"Mods";
-  mbReadOnly = mhComponent != 0 && oIDEHandler->ComponentReadOnly(mhComponent) &&
-               MRules::oRules.bSkipReadOnly;
+  msListType = mhComponent ? u"Procs" : u"Mods";
+  mbReadOnly =
+      mhComponent && oIDEHandler->ComponentReadOnly(mhComponent) && MRules::oRules.bSkipReadOnly;
   ClearSheet();
   const Text sText = oNode.Text();
-  if (!(mhComponent != 0 ? ShowComponent(sText) : ShowModules(sText, oFields.lFolder))) return;
+  if (!(mhComponent ? ShowComponent(sText) : ShowModules(sText, oFields.lFolder))) return;
   oDisabled.Enable();
   if (tvwProjects.Usable()) tvwProjects.SetFocus();
   mlLastNode = lIndex;
@@ -114,7 +114,7 @@ bool FMain::ShowComponent(TextView sNode) {
   // Filling handles waiting events; one of them may close the template or select another node.
   const auto pModel = oIDEHandler;
   const auto pTemplate = oTemplate;
-  const Handle hComponent = mhComponent;
+  const ComponentHandle hComponent = mhComponent;
   pModel->LoadComponent(hComponent);
   pModel->EnumProcedures(hComponent);
   if (oIDEHandler != pModel || mhComponent != hComponent) return false;
@@ -131,9 +131,9 @@ bool FMain::ShowComponent(TextView sNode) {
 bool FMain::ShowModules(TextView sNode, std::int32_t lFolder) {
   const auto pModel = oIDEHandler;
   const auto pTemplate = oTemplate;
-  const Handle hProject = mhProject;
+  const ProjectHandle hProject = mhProject;
   pModel->EnumComponentsEx(hProject, lFolder);
-  if (oIDEHandler != pModel || mhProject != hProject || mhComponent != 0) return false;
+  if (oIDEHandler != pModel || mhProject != hProject || mhComponent) return false;
   ShowObjectCount(lvwMods);
   ShowPath(TextOrEmpty([&] { return pModel->ProjectFileName(mhProject); }));
   const Text sProject =
@@ -145,7 +145,8 @@ bool FMain::ShowModules(TextView sNode, std::int32_t lFolder) {
 void FMain::SwitchView(TextView sProcedure, TextView sView) {
   Busy(sProcedure, [&] {
     tvwProjects.SetEnabled(false);
-    Handle hProject = 0, hComponent = 0;
+    ProjectHandle hProject;
+    ComponentHandle hComponent;
     SelectedNode(hProject, hComponent);
     tvwProjects.SetTag(sView);
     tvwProjects.Nodes().Clear();
@@ -155,7 +156,7 @@ void FMain::SwitchView(TextView sProcedure, TextView sView) {
   });
 }
 
-void FMain::SelectedNode(Handle& ihProject, Handle& ihComponent) const {
+void FMain::SelectedNode(ProjectHandle& ihProject, ComponentHandle& ihComponent) const {
   const Node* poNode = tvwProjects.SelectedItem();
   const NodeKey::Fields oFields =
       poNode ? NodeKey::Read(poNode->Key(), tvwProjects.Tag()) : NodeKey::Fields();
@@ -163,14 +164,14 @@ void FMain::SelectedNode(Handle& ihProject, Handle& ihComponent) const {
   ihComponent = oFields.hComponent;
 }
 
-void FMain::SelectNode(Handle ihProject, Handle ihComponent) {
-  if (ihProject < 1 && ihComponent < 1) return;
+void FMain::SelectNode(ProjectHandle ihProject, ComponentHandle ihComponent) {
+  if (!ihProject && !ihComponent) return;
   Nodes& oNodes = tvwProjects.Nodes();
   for (std::int32_t i = 1; i <= oNodes.Count(); ++i) {
     Node& oNode = oNodes.Item(i);
     const NodeKey::Fields oFields = NodeKey::Read(oNode.Key(), tvwProjects.Tag());
-    const bool bMatch = ihComponent >= 1 ? oFields.hComponent == ihComponent
-                                         : oFields == NodeKey::Fields{ihProject, 0, 0};
+    const bool bMatch = ihComponent ? oFields.hComponent == ihComponent
+                                    : oFields == NodeKey::Fields{ihProject, 0, {}};
     if (!bMatch) continue;
     oNode.SetSelected(true);
     return tvwProjects_NodeClick();
@@ -181,10 +182,11 @@ void FMain::RefreshProjectTree() {
   Nodes& oNodes = tvwProjects.Nodes();
   for (std::int32_t i = 1; i <= oNodes.Count(); ++i) {
     Node& oNode = oNodes.Item(i);
-    if (oNode.Tag() == 0) continue;
+    const ComponentHandle hComponent(oNode.Tag());
+    if (!hComponent) continue;
     const auto nType = MQuillon::FromNumber<ComponentType>(
-        NodeKey::Number(oIDEHandler->ComponentType(oNode.Tag())));
+        NodeKey::Number(oIDEHandler->ComponentType(hComponent)));
     oNode.SetImage(Icons::Marked(imlProjects, MQuillon::VBComponentTypeName(nType),
-                                 oIDEHandler->ComponentIsDirty(oNode.Tag())));
+                                 oIDEHandler->ComponentIsDirty(hComponent)));
   }
 }

@@ -6,26 +6,27 @@
 
 namespace NodeKey {
 
-Text Project(std::int32_t hProject) {
-  return u"VBProject." + ToText(hProject) + u".";
+Text Project(ProjectHandle hProject) {
+  return u"VBProject." + ToText(hProject.Number()) + u".";
 }
 
-Text Folder(std::int32_t hProject, std::int32_t lFolder) {
+Text Folder(ProjectHandle hProject, std::int32_t lFolder) {
   return Project(hProject) + ToText(lFolder) + u".";
 }
 
-Text Component(TextView sView, std::int32_t hProject, std::int32_t lFolder,
-               std::int32_t hComponent) {
+Text Component(TextView sView, ProjectHandle hProject, std::int32_t lFolder,
+               ComponentHandle hComponent) {
   const Text sAbove = sView == List ? Project(hProject) : Folder(hProject, lFolder);
-  return sAbove + ToText(hComponent) + u".";
+  return sAbove + ToText(hComponent.Number()) + u".";
 }
 
 Fields Read(TextView sKey, TextView sView) {
   TextArray asField;
   MXString::StringTokenize(sKey, asField, u".", false);
   const auto Field = [&](std::size_t i) { return i < asField.size() ? Number(asField[i]) : 0; };
-  if (sView == List) return {Field(2), 0, Field(3)};
-  return {Field(2), Field(3), Field(4)};
+  const ProjectHandle hProject(Field(2));
+  if (sView == List) return {hProject, 0, ComponentHandle(Field(3))};
+  return {hProject, Field(3), ComponentHandle(Field(4))};
 }
 
 std::int32_t Number(TextView sText) {

@@ -11,6 +11,7 @@
 
 #include <cstdint>
 
+#include "Handle.h"
 #include "Text.h"
 
 namespace NodeKey {
@@ -18,17 +19,19 @@ namespace NodeKey {
 /// The two views, as the tree's Tag names them.
 inline constexpr TextView Tree = u"Tree", List = u"List";
 
-/// What a key tells; 0 for what it doesn't have.
+/// What a key tells; 0 or none for what it doesn't have.
 struct Fields {
-  std::int32_t hProject = 0, lFolder = 0, hComponent = 0;
+  ProjectHandle hProject{};
+  std::int32_t lFolder = 0;
+  ComponentHandle hComponent{};
   bool operator==(const Fields&) const = default;
 };
 
-Text Project(std::int32_t hProject);
-Text Folder(std::int32_t hProject, std::int32_t lFolder);
+Text Project(ProjectHandle hProject);
+Text Folder(ProjectHandle hProject, std::int32_t lFolder);
 /// lFolder isn't used in the view without folders.
-Text Component(TextView sView, std::int32_t hProject, std::int32_t lFolder,
-               std::int32_t hComponent);
+Text Component(TextView sView, ProjectHandle hProject, std::int32_t lFolder,
+               ComponentHandle hComponent);
 
 /// Never fails: a field that is missing or no number counts as 0.
 Fields Read(TextView sKey, TextView sView);

@@ -62,7 +62,7 @@ TEST_F(ReportsTest, SummaryGroupsComponentsByFolderAndTheirFiles) {
   ide.oLog.Fail("CodeModule of FMain", 0);
   ide.AddProject(u"New").sFileName = u"";
   oModel.Open(false);
-  Reports::PrintProjects(oModel.oHandler, oPrinter, Wide, 1);
+  Reports::PrintProjects(oModel.oHandler, oPrinter, Wide, 1_project);
   const std::string when = "2024/06/05 17:45:09";
   EXPECT_EQ(Rows(), Head + "1" + Address + "\nProject*|Type*|ReadOnly*|Modified*|FileName*" +
                         "\nShop|ActiveX DLL|ReadOnly|" + when + "|Shop.vbp" +
@@ -82,7 +82,7 @@ TEST_F(ReportsTest, SummaryGroupsComponentsByFolderAndTheirFiles) {
   // Margins in thousandths of an inch; a project that was never saved.
   MOptions::lLeftMargin = 333;
   MOptions::lRightMargin = -2147483647;
-  Reports::PrintProjects(oModel.oHandler, oPrinter, Wide, 2);
+  Reports::PrintProjects(oModel.oHandler, oPrinter, Wide, 2_project);
   for (const char* part :
        {"document Project Summary - Shop\n", "\n2 480 720 Tarvane", "\n2 13738 720 https"})
     EXPECT_NE(oDevice.sRecord.find(part), std::string::npos) << part << oDevice.sRecord;
@@ -103,8 +103,8 @@ TEST_F(ReportsTest, PropertiesShowCurrentByComponentAndName) {
                   u"Function a1()\nOn Error Resume Next\nEnd Function\n"
                   u"Function a_1()\nEnd Function\n");
   oModel.Open(false);
-  oModel.oHandler.LoadComponent(2);
-  oModel.oHandler.SetBoundaryId(oModel.oHandler.Component(2).lFirstProcedure,
+  oModel.oHandler.LoadComponent(2_component);
+  oModel.oHandler.SetBoundaryId(oModel.oHandler.Component(2_component).lFirstProcedure,
                                 MQuillon::Boundary::VB);
   const std::string sOne = "\nMOne -  Standard Module*" + Heading +
                            "\n(declarations)|Mod|Fatal\na_1|Function|Public|Fatal"
@@ -112,9 +112,10 @@ TEST_F(ReportsTest, PropertiesShowCurrentByComponentAndName) {
                            "\nb|Property Get|Public|Fatal\nZap|Sub|Private|Std|Locked|Normal";
   const std::string sTwo =
       "\nCTwo - PublicNotCreatable Class Module*" + Heading + "\n(declarations)";
-  for (const auto& [hComponent, sComponents] : {std::pair{2, sOne}, {0, sOne + sTwo}}) {
-    EXPECT_FALSE(oModel.oHandler.Component(1).bLoaded);
-    Reports::PrintSettings(oModel.oHandler, oPrinter, Wide, 1, hComponent);
+  for (const auto& [hComponent, sComponents] :
+       {std::pair{2_component, sOne}, {0_component, sOne + sTwo}}) {
+    EXPECT_FALSE(oModel.oHandler.Component(1_component).bLoaded);
+    Reports::PrintSettings(oModel.oHandler, oPrinter, Wide, 1_project, hComponent);
     const std::string sFoot = std::string("\nProcedure Properties") + Foot;
     EXPECT_EQ(TakeRows(), Head + "0" + Address + "\nShop - ActiveX EXE*" + sComponents + sFoot);
   }
@@ -129,8 +130,8 @@ TEST_F(ReportsTest, PropertiesNameComponentsWithoutProcedures) {
   oModel.oIDE.AddProject(u"Empty");
   oModel.Open(false);
   MRules::oRules.bSkipReadOnly = true;
-  Reports::PrintSettings(oModel.oHandler, oPrinter, Wide, 1, 0);
-  Reports::PrintSettings(oModel.oHandler, oPrinter, Wide, 2, 0);
+  Reports::PrintSettings(oModel.oHandler, oPrinter, Wide, 1_project, {});
+  Reports::PrintSettings(oModel.oHandler, oPrinter, Wide, 2_project, {});
   EXPECT_EQ(Rows(), Head + "0" + Address + "\nP - Standard EXE*\nFixed -  Standard Module*" +
                         Heading + "\nLost -  Standard Module*" + Heading +
                         "\nProcedure Properties" + Foot + Head + "0" + Address +
@@ -156,7 +157,8 @@ TEST_F(ReportsTest, AComponentBeginsWhereTenLinesAreLeft) {
     oOwn.oIDE.Add(u"B", ComponentType::StdModule, u"");
     oOwn.Open(false);
     MOptions::lBottomMargin = std::stoi(as[3]);
-    Reports::PrintSettings(oOwn.oHandler, oSmall, Wide, 1, std::stoi(as[2]));
+    Reports::PrintSettings(oOwn.oHandler, oSmall, Wide, 1_project,
+                           ComponentHandle(std::stoi(as[2])));
     EXPECT_NE(oRecord.sRecord.find("\n" + as[4]), std::string::npos) << oRecord.sRecord;
   }
 }
@@ -174,14 +176,15 @@ TEST_F(ReportsTest, FailureDropsTheDocumentAndReachesTheCaller) {
     oDevice.lFailAtPage = std::stoi(row[3]);
     const Reports::Widths widths{Wide.begin(), Wide.begin() + std::stoi(row[1])};
     const auto Print = [&] {
-      Reports::PrintProjects(oModel.oHandler, oPrinter, widths, std::stoi(row[2]));
+      Reports::PrintProjects(oModel.oHandler, oPrinter, widths, ProjectHandle(std::stoi(row[2])));
     };
     EXPECT_EQ(FailureOf(Print), std::stoi(row[4]));
     EXPECT_EQ(oPrinter.Page(), 1);
   }
   EXPECT_EQ(oDevice.sRecord, "killed\n");
   MQuillon::ReleaseLookups();
-  EXPECT_THROW(Reports::PrintSettings(oModel.oHandler, oPrinter, Wide, 1, 1), Failure);
+  EXPECT_THROW(Reports::PrintSettings(oModel.oHandler, oPrinter, Wide, 1_project, 1_component),
+               Failure);
 }
 
 TEST(SortedList, OrdersAsASortedListBox) {

@@ -20,28 +20,28 @@ struct Row {
   const char* sCurrent;  ///< of the last procedure
 };
 
-void Set(Model& m, std::int32_t h, TextView sTemplate) {
+void Set(Model& m, ProcedureHandle h, TextView sTemplate) {
   m.oHandler.SetProcTemplate(h, sTemplate);
 }
 
 const Row Rows[] = {
     {"a template goes in", Plain,
      [](Model& m) {
-       Set(m, 2, u"Std");
+       Set(m, 2_procedure, u"Std");
        m.Apply();
      },
      Handled, "Processing MMain.Run|", "Std 1 0 0 0 0"},
     {"and comes out again, ids and all", Handled,
      [](Model& m) {
-       m.oHandler.SetSeverityId(2, Id{3});
-       Set(m, 2, u"");
+       m.oHandler.SetSeverityId(2_procedure, Id{3});
+       Set(m, 2_procedure, u"");
        m.Apply();
      },
      Plain, "Processing MMain.Run|", " 1 0 0 0 0"},
     {"a lock stays when its template goes", Handled,
      [](Model& m) {
-       Set(m, 2, u"");
-       m.oHandler.SetLocked(2, Id{2});
+       Set(m, 2_procedure, u"");
+       m.oHandler.SetLocked(2_procedure, Id{2});
        m.Apply();
      },
      u"Option Explicit\nSub Run()\n'@ Locked\n    x = 1\nEnd Sub", "Processing MMain.Run|",
@@ -49,7 +49,7 @@ const Row Rows[] = {
     {"a lock's signature gives way to the template's",
      u"Sub Run()\n'@ Locked\n\n    x = 1\nEnd Sub",
      [](Model& m) {
-       Set(m, 2, u"Std");
+       Set(m, 2_procedure, u"Std");
        m.Apply();
      },
      u"Sub Run()\n'@ Std&Locked\n    On Error GoTo Trap\n\n    x = 1\nTrap:\nEnd Sub",
@@ -57,13 +57,13 @@ const Row Rows[] = {
     {"a lock goes and leaves the blank line behind it",
      u"Sub Run()\n'@ Locked\n\n    x = 1\nEnd Sub",
      [](Model& m) {
-       m.oHandler.SetLocked(2, Id{1});
+       m.oHandler.SetLocked(2_procedure, Id{1});
        m.Apply();
      },
      u"Sub Run()\n\n    x = 1\nEnd Sub", "Processing MMain.Run|", " 1 0 0 0 0"},
     {"a module's lock that would fall to its first procedure", u"Sub Run()\nEnd Sub",
      [](Model& m) {
-       m.oHandler.SetLocked(1, Id{2});
+       m.oHandler.SetLocked(1_procedure, Id{2});
        m.Apply();
        m.Apply();
      },
@@ -76,9 +76,9 @@ const Row Rows[] = {
     {"a procedure states only what differs from its module",
      u"'@ Mod\nConst Sev = tvnSeverityFatal\nSub A()\nEnd Sub\nSub B()\nEnd Sub",
      [](Model& m) {
-       for (const int h : {2, 3}) Set(m, h, u"Std");
-       m.oHandler.SetSeverityId(2, Id{3});
-       m.oHandler.SetSeverityId(3, Id{1});
+       for (const auto h : {2_procedure, 3_procedure}) Set(m, h, u"Std");
+       m.oHandler.SetSeverityId(2_procedure, Id{3});
+       m.oHandler.SetSeverityId(3_procedure, Id{1});
        m.Apply();
      },
      u"'@ Mod\nConst Sev = tvnSeverityFatal\n"
@@ -88,8 +88,8 @@ const Row Rows[] = {
     {"declarations go between options and the rest",
      u"Option Explicit\nDim x\n\nSub Run()\nEnd Sub",
      [](Model& m) {
-       Set(m, 1, u"Mod");
-       m.oHandler.SetSeverityId(1, Id{2});
+       Set(m, 1_procedure, u"Mod");
+       m.oHandler.SetSeverityId(1_procedure, Id{2});
        m.Apply();
      },
      u"Option Explicit\n'@ Mod\nConst Sev = tvnSeverityNormal\nDim x\n\nSub Run()\nEnd Sub",
@@ -97,22 +97,22 @@ const Row Rows[] = {
     {"a module template leaves no blank line behind",
      u"Option Explicit\n'@ Mod\nConst Sev = tvnSeverityNormal\nSub Run()\nEnd Sub",
      [](Model& m) {
-       Set(m, 1, u"");
+       Set(m, 1_procedure, u"");
        m.Apply();
      },
      u"Option Explicit\nSub Run()\nEnd Sub", "Processing MMain.(declarations)|", " 1 0 2 0 0"},
     {"nor in a section that held nothing else",
      u"'@ Mod\nConst Sev = tvnSeverityNormal\n\n\nSub Run()\nEnd Sub",
      [](Model& m) {
-       Set(m, 1, u"");
+       Set(m, 1_procedure, u"");
        m.Apply();
      },
      u"\n\nSub Run()\nEnd Sub", "Processing MMain.(declarations)|", " 1 0 2 0 0"},
     {"foreign code stays, its lock dirty", u"Sub Run()\nOn Error GoTo X\nX: End Sub\nEnd Sub",
      [](Model& m) {
-       m.oHandler.SetLocked(2, Id{2});
+       m.oHandler.SetLocked(2_procedure, Id{2});
        m.Apply(true);
-       EXPECT_TRUE(m.oHandler.ProcedureIsDirty(2));
+       EXPECT_TRUE(m.oHandler.ProcedureIsDirty(2_procedure));
      },
      u"Sub Run()\nOn Error GoTo X\nX: End Sub\nEnd Sub", "", "(bespoke) 1 0 0 0 0"},
     {"a locked one is left out of a refresh", u"Sub Run()\n'@ Std&Locked\nEnd Sub",
@@ -136,17 +136,17 @@ const Row Rows[] = {
     {"code that fits no template is refused whole",
      u"Sub Run()\n'@ Std\n    On Error GoTo Trap\n    Mine\nTrap:\n    Odd\nEnd Sub",
      [](Model& m) {
-       Set(m, 2, u"");
+       Set(m, 2_procedure, u"");
        m.Apply();
        EXPECT_EQ(m.sRefused, "2 Code does not match Template; Line=6 [    Odd]|");
-       EXPECT_TRUE(m.oHandler.ProcedureIsDirty(2));
+       EXPECT_TRUE(m.oHandler.ProcedureIsDirty(2_procedure));
      },
      u"Sub Run()\n'@ Std\n    On Error GoTo Trap\n    Mine\nTrap:\n    Odd\nEnd Sub",
      "Processing MMain.Run|    Code does not match Template; Line=6 [    Odd]|", "Std 1 0 0 0 1"},
     {"a vanished procedure doesn't stop the next", u"Sub Gone()\nEnd Sub\nSub Run()\nEnd Sub",
      [](Model& m) {
-       Set(m, 2, u"Std");
-       Set(m, 3, u"Std");
+       Set(m, 2_procedure, u"Std");
+       Set(m, 3_procedure, u"Std");
        m.oIDE.oLog.Fail("ProcStartLine");
        m.Apply();
        EXPECT_EQ(m.oTemplate.BatchErrors(), 1);
@@ -155,8 +155,8 @@ const Row Rows[] = {
      "Processing MMain.Gone|    ProcStartLine failed|Processing MMain.Run|", "Std 1 0 0 0 0"},
     {"what the code became is read anew, and the wish kept", Plain,
      [](Model& m) {
-       Set(m, 2, u"");
-       m.oHandler.SetLocked(2, Id{2});
+       Set(m, 2_procedure, u"");
+       m.oHandler.SetLocked(2_procedure, Id{2});
        m.oIDE.Component(1).SetCode(Handled);
        m.Apply();
      },
@@ -182,9 +182,9 @@ const Row Rows[] = {
     {"what can't be taken out again isn't put in", u"Sub Run()\n    x = 2\n    y\nEnd Sub",
      [](Model& m) {
        m.oHandler.bProve = true;
-       Set(m, 2, u"Vague");
+       Set(m, 2_procedure, u"Vague");
        m.Apply();
-       EXPECT_TRUE(m.oHandler.ProcedureIsDirty(2));
+       EXPECT_TRUE(m.oHandler.ProcedureIsDirty(2_procedure));
      },
      u"Sub Run()\n    x = 2\n    y\nEnd Sub",
      "Processing MMain.Run|    The template could not be taken out again: Code does not match "
@@ -201,7 +201,7 @@ TEST(Apply, MakesTheCodeAgreeAndTellsWhatItDid) {
     oRow.oDo(m);
     EXPECT_EQ(ToUtf8(oMain.Code()), ToUtf8(oRow.sAfter));
     EXPECT_EQ(m.sAccount, oRow.sAccount);
-    EXPECT_EQ(m.Current(m.oHandler.ProcedureCount()), oRow.sCurrent);
+    EXPECT_EQ(m.Current(m.oHandler.LastProcedure()), oRow.sCurrent);
   }
 }
 
@@ -210,7 +210,7 @@ TEST(Apply, RewritesAFileOfTwoComponentsOnce) {
   FakeComponent& oFirst = m.oIDE.Add(u"MShared", ComponentType::StdModule, Plain);
   m.oIDE.AddShared(u"MOther", oFirst);
   m.Open();
-  for (const int h : {2, 4}) Set(m, h, u"Std");
+  for (const auto h : {2_procedure, 4_procedure}) Set(m, h, u"Std");
   m.Apply();
   EXPECT_EQ(ToUtf8(oFirst.Code()), ToUtf8(Handled));
   EXPECT_EQ(m.sAccount, "Processing MShared.Run|Processing MOther.Run|");
@@ -218,7 +218,7 @@ TEST(Apply, RewritesAFileOfTwoComponentsOnce) {
   m.Apply(true);
   EXPECT_EQ(ToUtf8(oFirst.Code()), ToUtf8(Handled));
   EXPECT_EQ(m.oTemplate.BatchErrors(), 0);
-  EXPECT_EQ(m.Current(2), m.Current(4));
+  EXPECT_EQ(m.Current(2_procedure), m.Current(4_procedure));
 }
 
 TEST(Apply, MovesPendingButNeverTheLock) {
@@ -227,15 +227,15 @@ TEST(Apply, MovesPendingButNeverTheLock) {
   m.Open();
   MRules::oRules.sDefaultProcTemplate = u"Std";
   m.oHandler.RefreshSuggestions();
-  m.oHandler.ApplySuggestedSettings(2, 0, 0, false);
-  EXPECT_EQ(Model::Show(m.oHandler.Procedure(2).oPending), "Std 1 1 2 1 2");
-  m.oHandler.SetLocked(2, Id{2});
-  m.oHandler.ApplyCurrentSettings(2, 0, 0, false);
-  EXPECT_EQ(m.oHandler.ProcTemplate(2), u"Std");
-  m.oHandler.SetLocked(2, Id{0});
-  m.oHandler.ApplyCurrentSettings(0, 0, 1, false);
-  m.oHandler.ApplySuggestedSettings(0, 1, 0, false);
-  EXPECT_EQ(Model::Show(m.oHandler.Procedure(2).oPending), " 0 0 0 0 0");
+  m.oHandler.ApplySuggestedSettings(2_procedure);
+  EXPECT_EQ(Model::Show(m.oHandler.Procedure(2_procedure).oPending), "Std 1 1 2 1 2");
+  m.oHandler.SetLocked(2_procedure, Id{2});
+  m.oHandler.ApplyCurrentSettings(2_procedure);
+  EXPECT_EQ(m.oHandler.ProcTemplate(2_procedure), u"Std");
+  m.oHandler.SetLocked(2_procedure, Id{0});
+  m.oHandler.ApplyCurrentSettings(1_project);
+  m.oHandler.ApplySuggestedSettings(1_component);
+  EXPECT_EQ(Model::Show(m.oHandler.Procedure(2_procedure).oPending), " 0 0 0 0 0");
 }
 
 }  // namespace

@@ -8,7 +8,7 @@ namespace {
 /// Declared type, event or shown type, boundary suggested; one procedure after the other.
 std::string Procedures(const CIDEHandler& oHandler) {
   std::string s;
-  for (std::int32_t h = 1; h <= oHandler.ProcedureCount(); ++h) {
+  for (const ProcedureHandle h : oHandler.Procedures()) {
     const ProcedureRecord& o = oHandler.Procedure(h);
     s += ToUtf8(oHandler.ProcName(h)) + ":" + ToUtf8(o.sDeclType) + ":" + ToUtf8(o.sProcType) +
          ":" + std::to_string(MQuillon::ToNumber(o.oSuggest.eBoundary())) + "|";
@@ -91,8 +91,8 @@ TEST(LoadComponent, FindsProceduresEventsAndInterfaces) {
     oComponent.nInstancing = 5;
     m.oIDE.Add(u"iown", ComponentType::Class, u"");
     m.Open(false);
-    m.oHandler.LoadComponent(1);
-    m.oHandler.LoadComponent(1);
+    m.oHandler.LoadComponent(1_component);
+    m.oHandler.LoadComponent(1_component);
     EXPECT_EQ(Procedures(m.oHandler), oRow.sExpected);
   }
 }
@@ -103,9 +103,9 @@ TEST(LoadComponent, InheritsWhatOnlyTheModuleStates) {
              u"'@ Mod\nConst Sev = tvnSeverityFatal\nSub A()\n'@ Std\nFail tvnSeverityCosmetic\n"
              u"End Sub\nSub B()\nEnd Sub");
   m.Open();
-  EXPECT_EQ(m.Current(2) + "," + m.Current(3), "Std 1 0 1 0 1, 1 0 3 0 0");
-  EXPECT_FALSE(m.oHandler.Procedure(2).oPending.SeverityInherited);
-  EXPECT_TRUE(m.oHandler.Procedure(3).oPending.SeverityInherited);
+  EXPECT_EQ(m.Current(2_procedure) + "," + m.Current(3_procedure), "Std 1 0 1 0 1, 1 0 3 0 0");
+  EXPECT_FALSE(m.oHandler.Procedure(2_procedure).oPending.SeverityInherited);
+  EXPECT_TRUE(m.oHandler.Procedure(3_procedure).oPending.SeverityInherited);
 }
 
 TEST(LoadComponent, ReportsProgressFromThirtyMembers) {
@@ -121,7 +121,7 @@ TEST(LoadComponent, ReportsProgressFromThirtyMembers) {
     const auto o3 = m.oHandler.Progress.Connect([&](std::int16_t nPercent, TextView sCaption) {
       if (nPercent == 50) s += ToUtf8(sCaption);
     });
-    m.oHandler.LoadComponent(1);
+    m.oHandler.LoadComponent(1_component);
     EXPECT_EQ(s, n == 30 ? "<M.K14>" : ">");
   }
 }
@@ -149,15 +149,15 @@ TEST(LoadComponent, OneThatFailsDoesNotStopTheOthers) {
     m.Open();
     std::string s;
     const auto oError =
-        m.oHandler.EnumProceduresError.Connect([&](std::int32_t h, const LoadError& o) {
-          s += std::to_string(h) + ToUtf8(o.sErrorContext) + std::to_string(o.lError);
+        m.oHandler.EnumProceduresError.Connect([&](ComponentHandle h, const LoadError& o) {
+          s += std::to_string(h.Number()) + ToUtf8(o.sErrorContext) + std::to_string(o.lError);
         });
     const auto oEnd = m.oHandler.EnumProceduresEOF.Connect([&] { s += ";"; });
-    m.oHandler.EnumProcedures(1);
+    m.oHandler.EnumProcedures(1_component);
     EXPECT_EQ(s, "1" + std::string(oRow.sContext) + std::to_string(oRow.lError));
-    m.oHandler.LoadComponent(1);
-    EXPECT_EQ(m.oHandler.ProcedureCount(), oRow.lProcedures + 2);
-    m.oHandler.EnumProcedures(2);
+    m.oHandler.LoadComponent(1_component);
+    EXPECT_EQ(m.oHandler.LastProcedure().Number(), oRow.lProcedures + 2);
+    m.oHandler.EnumProcedures(2_component);
     EXPECT_TRUE(s.ends_with(";"));
   }
 }
@@ -173,41 +173,41 @@ TEST(Walks, TellProjectsAndComponents) {
   m.Open(false);
   std::string s;
   auto& o = m.oHandler;
-  const auto o1 = o.EnumProjectsProc.Connect([&](std::int32_t h, TextView sTitle, ProjectType e) {
-    s += std::to_string(h) + ToUtf8(sTitle) + std::to_string(MQuillon::ToNumber(e)) + "(";
+  const auto o1 = o.EnumProjectsProc.Connect([&](ProjectHandle h, TextView sTitle, ProjectType e) {
+    s += std::to_string(h.Number()) + ToUtf8(sTitle) + std::to_string(MQuillon::ToNumber(e)) + "(";
   });
-  const auto o2 = o.EnumComponentsProc.Connect(
-      [&](std::int32_t, std::int32_t h, TextView sName, ComponentType e) {
-        s += std::to_string(h) + ToUtf8(sName) + std::to_string(MQuillon::ToNumber(e)) + " ";
-      });
+  const auto o2 = o.EnumComponentsProc.Connect([&](ProjectHandle, ComponentHandle h, TextView sName,
+                                                   ComponentType e) {
+    s += std::to_string(h.Number()) + ToUtf8(sName) + std::to_string(MQuillon::ToNumber(e)) + " ";
+  });
   const auto o3 =
-      o.EnumComponentsEOF.Connect([&](std::int32_t h) { s += ")" + std::to_string(h); });
+      o.EnumComponentsEOF.Connect([&](ProjectHandle h) { s += ")" + std::to_string(h.Number()); });
   const auto o4 = o.EnumComponentsExProc.Connect([&](const ComponentRow& oRow) {
     s += ToUtf8(oRow.sName + oRow.sFileName) + std::to_string(oRow.dModified) + " ";
   });
   o.EnumProjects();
   EXPECT_EQ(s, "1Empty0()12Full3(1FMain5 2CMain2 )2");
   s.clear();
-  o.EnumComponentsEx(2, 0);
-  o.EnumComponentsEx(2, 3);
+  o.EnumComponentsEx(2_project, 0);
+  o.EnumComponentsEx(2_project, 3);
   EXPECT_EQ(s, "FMain0 CMain/vanished/C.cls0 CMain/vanished/C.cls0 ");
-  EXPECT_EQ(o.ComponentFolderName(2) + o.ComponentType(1), u"Class5");
-  EXPECT_THROW(o.EnumComponentsEx(3, 0), Failure);
-  EXPECT_THROW(o.SetLocked(1, Id{2}), Failure);
+  EXPECT_EQ(o.ComponentFolderName(2_component) + o.ComponentType(1_component), u"Class5");
+  EXPECT_THROW(o.EnumComponentsEx(3_project, 0), Failure);
+  EXPECT_THROW(o.SetLocked(1_procedure, Id{2}), Failure);
 }
 
 TEST(ReadOnlyRule, PassesOverEveryWalk) {
   Model m;
   m.oIDE.Add(u"M", ComponentType::StdModule, u"Sub A()\nEnd Sub").asFile = {u"/proc/version"};
   m.Open(false);
-  m.oHandler.LoadComponent(1);
-  m.oHandler.SetProcTemplate(2, u"Std");
+  m.oHandler.LoadComponent(1_component);
+  m.oHandler.SetProcTemplate(2_procedure, u"Std");
   for (const bool bSkip : {true, false}) {
     MRules::oRules.bSkipReadOnly = bSkip;
-    m.oHandler.ApplyPendingSettings(2, 0, 0, false, false, Id{-1});
-    m.oHandler.ApplySuggestedSettings(0, 1, 0, false);
+    m.oHandler.ApplyPendingSettings(2_procedure, false, Id{-1});
+    m.oHandler.ApplySuggestedSettings(1_component);
     EXPECT_EQ(m.oTemplate.BatchItems(), bSkip ? 0 : 1);
-    EXPECT_EQ(m.oHandler.ProcTemplate(2), bSkip ? u"Std" : u"");
+    EXPECT_EQ(m.oHandler.ProcTemplate(2_procedure), bSkip ? u"Std" : u"");
   }
 }
 
@@ -217,13 +217,14 @@ TEST(GetProcCode, CountsTheCommentsAheadOfTheHead) {
   m.Open();
   const std::pair<std::int32_t, TextView> Expected[] = {
       {1, u""}, {3, u"' a\r\n' b\r\nSub A()\r\nEnd Sub"}, {1, u"Sub B()\r\nEnd Sub"}};
-  std::int32_t h = 0, lBody = 0;
+  std::int32_t lBody = 0;
+  ProcedureHandle h;
   for (const auto& [lBodyStart, sCode] : Expected) {
     EXPECT_EQ(m.oHandler.GetProcCode(++h, lBody), sCode);
     EXPECT_EQ(lBody, lBodyStart);
   }
   Text sModule, sName, sType;
-  m.oHandler.GetProcDetails(3, sModule, sName, sType);
+  m.oHandler.GetProcDetails(3_procedure, sModule, sName, sType);
   EXPECT_EQ(sModule + sName + sType, u"MBSub");
 }
 

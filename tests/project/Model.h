@@ -4,6 +4,7 @@
 #include "../vocabulary/Ids.h"
 #include "CIDEHandler.h"
 #include "FakeIDE.h"
+#include "Handles.h"
 #include "MQuillon.h"
 #include "MRules.h"
 
@@ -31,8 +32,8 @@ struct Model {
     MQuillon::Initialize();
     oTemplate.LoadTemplateText(u"Test.dat", TestTemplates);
     oReport = oTemplate.ReportError.Connect([this](TextView s) { sAccount += ToUtf8(s) + "|"; });
-    oRefusal = oHandler.ProcedureRefused.Connect([this](std::int32_t h, TextView s) {
-      sRefused += std::to_string(h) + " " + ToUtf8(s) + "|";
+    oRefusal = oHandler.ProcedureRefused.Connect([this](ProcedureHandle h, TextView s) {
+      sRefused += std::to_string(h.Number()) + " " + ToUtf8(s) + "|";
     });
   }
   void Open(bool bLoad = true) {
@@ -42,7 +43,7 @@ struct Model {
   }
   void Apply(bool bRefresh = false,
              MQuillon::LineNumAction eAction = MQuillon::LineNumAction::AsRule) {
-    oHandler.ApplyPendingSettings(0, 0, 0, true, bRefresh, eAction);
+    oHandler.ApplyPendingSettings(ModelScope::Group(), bRefresh, eAction);
   }
   /// Template, locked, boundary, severity, retry, trace, such as "Std 1 0 2 0 1".
   static std::string Show(const CProcSettings& o) {
@@ -53,5 +54,5 @@ struct Model {
     }
     return s;
   }
-  std::string Current(std::int32_t h) const { return Show(oHandler.Procedure(h).oCurrent); }
+  std::string Current(ProcedureHandle h) const { return Show(oHandler.Procedure(h).oCurrent); }
 };

@@ -31,15 +31,15 @@ TEST(ReplaceProcedure, GivesTheOldLinesBackWhicheverCallFails) {
       AnswersWith oAnswers(eAction);
       FakeComponent& oMain = m.oIDE.Add(u"MMain", ComponentType::StdModule, Before);
       m.Open();
-      m.oHandler.SetProcTemplate(2, u"Std");
-      m.oHandler.SetProcTemplate(3, u"Std");
+      m.oHandler.SetProcTemplate(2_procedure, u"Std");
+      m.oHandler.SetProcTemplate(3_procedure, u"Std");
       m.oIDE.oLog.Fail(oRow.sOperation, oRow.nCall, oRow.eHalf);
       m.Apply();
       EXPECT_EQ(ToUtf8(oMain.Code()), ToUtf8(NewB));
       EXPECT_EQ(m.sRefused, "2 " + std::string(oRow.sOperation) + " failed|");
       EXPECT_EQ(m.sAccount, "Processing MMain.A|    " + std::string(oRow.sOperation) +
                                 " failed|Processing MMain.B|");
-      EXPECT_EQ(m.Current(2) + Model::Show(m.oHandler.Procedure(2).oPending),
+      EXPECT_EQ(m.Current(2_procedure) + Model::Show(m.oHandler.Procedure(2_procedure).oPending),
                 " 1 0 0 0 0Std 1 0 0 0 0");
       EXPECT_EQ(oAnswers.nReports, 1);
     }
@@ -51,7 +51,7 @@ TEST(ReplaceProcedure, RepeatsAStepThatTheAnswerRepeats) {
   AnswersWith oAnswers(ErrorIds::ActionRetry);
   FakeComponent& oMain = m.oIDE.Add(u"MMain", ComponentType::StdModule, Before);
   m.Open();
-  m.oHandler.SetProcTemplate(3, u"Std");
+  m.oHandler.SetProcTemplate(3_procedure, u"Std");
   m.oIDE.oLog.Fail("InsertLines");
   m.Apply();
   EXPECT_EQ(ToUtf8(oMain.Code()), ToUtf8(NewB));
@@ -62,7 +62,7 @@ TEST(ReplaceProcedure, TellsTheLinesThatNobodyTakesBack) {
   Model m;
   m.oIDE.Add(u"MMain", ComponentType::StdModule, Before);
   m.Open();
-  m.oHandler.SetProcTemplate(2, u"Std");
+  m.oHandler.SetProcTemplate(2_procedure, u"Std");
   m.oIDE.oLog.Fail("InsertLines", 0);
   m.Apply();
   EXPECT_NE(m.sRefused.find("they read:\r\n' one\r\nSub A()\r\n    x = 1\r\nEnd Sub|"),
@@ -77,7 +77,7 @@ TEST(ReplaceProcedure, SetsTheAttributesThatItCouldRead) {
   Set(MemberAttribute::Description, {u"text", 0});
   Set(MemberAttribute::StandardMethod, {u"", 1});
   m.Open();
-  m.oHandler.SetProcTemplate(2, u"Std");
+  m.oHandler.SetProcTemplate(2_procedure, u"Std");
   m.oIDE.oLog.Fail("Attribute", 2);
   m.oIDE.oLog.Fail("SetAttribute", 3);
   const int nBefore = m.oIDE.oLog.Count("SetAttribute");

@@ -3,6 +3,7 @@
 
 #include <regex>
 
+#include "../project/Handles.h"
 #include "FMainTest.h"
 #include "NodeKey.h"
 
@@ -19,13 +20,19 @@ TEST(NodeKey, IsReadByTheViewThatMadeIt) {
     TextView sView;
     Fields oFields;
   } aoRow[] = {
-      {"project", Project(3), Tree, {3, 0, 0}},
-      {"project, no folders", Project(3), List, {3, 0, 0}},
-      {"folder", Folder(3, 2), Tree, {3, 2, 0}},
-      {"component", NodeKey::Component(Tree, 3, 2, 17), Tree, {3, 2, 17}},
-      {"component, no folders", NodeKey::Component(List, 3, 2, 17), List, {3, 0, 17}},
-      {"no key", u"", Tree, {0, 0, 0}},
-      {"no numbers", u"VBProject.x.9999999999.-1.", Tree, {0, 0, 0}},
+      {"project", Project(3_project), Tree, {3_project}},
+      {"project, no folders", Project(3_project), List, {3_project}},
+      {"folder", Folder(3_project, 2), Tree, {3_project, 2}},
+      {"component",
+       NodeKey::Component(Tree, 3_project, 2, 17_component),
+       Tree,
+       {3_project, 2, 17_component}},
+      {"component, no folders",
+       NodeKey::Component(List, 3_project, 2, 17_component),
+       List,
+       {3_project, 0, 17_component}},
+      {"no key", u"", Tree, {}},
+      {"no numbers", u"VBProject.x.9999999999.-1.", Tree, {}},
   };
   for (const auto& oRow : aoRow) EXPECT_EQ(Read(oRow.sKey, oRow.sView), oRow.oFields) << oRow.sName;
 }
@@ -152,7 +159,7 @@ TEST_F(FMainTest, AModuleThatCantBeReadIsToldInItsPane) {
     EXPECT_EQ(oTitle(0).BackColor(), SystemColor::ActiveTitleBar) << "the pane has the focus";
     EXPECT_TRUE(oMain.cmdHideErrors.UserClick());
     EXPECT_FALSE(oMain.fraErrors.Visible());
-    oMain.Model()->EnumProceduresError(1, LoadError{u"c", 0, u"d", u"TarvaneQuillon"});
+    oMain.Model()->EnumProceduresError(1_component, LoadError{u"c", 0, u"d", u"TarvaneQuillon"});
     ExpectHolds(Lines(oMain.srlErrors),
                 "  Number = 0 [yes! zero!]  Decsription = \"d\"  Source = \"TarvaneQuillon\" "
                 "...but don't believe it :-)\r\n");

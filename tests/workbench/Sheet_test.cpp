@@ -155,7 +155,7 @@ TEST_F(FMainTest, AnEditReachesWhoCanTakeItAndOnlyPending) {
             \ *Method,b,Sub,Public,Std,Locked,Normal / *Method,c,Sub,Public,(bespoke) /)");
     ExpectHolds(Tree(), "MOne[Standard ModuleDirty]");
     EXPECT_EQ(oMain.prlProperties.Row(), 4);
-    EXPECT_EQ(oMain.Model()->Trace(oMain.lvwProcs.ListItems().Item(1).Tag()),
+    EXPECT_EQ(oMain.Model()->Trace(ProcedureHandle(oMain.lvwProcs.ListItems().Item(1).Tag())),
               MQuillon::TriState::Unset)
         << "no trace in declarations";
     Play(R"(

@@ -24,7 +24,7 @@ int ApplyCommand(Session& oSession) {
   oSession.OpenGroup();
   oSession.LoadScope(false);
   Assignments::Passed oPassed;
-  for (Session::Handle h : oSession.Procedures()) oAssignments.Apply(oSession, h, oPassed);
+  for (ProcedureHandle h : oSession.Procedures()) oAssignments.Apply(oSession, h, oPassed);
   TellPassed(oSession, oPassed);
   Rewrite(oSession, false, MQuillon::LineNumAction::AsRule);
   return SaveChanges(oSession);

@@ -59,7 +59,7 @@ void Assignments::CheckTemplate(const Session& oSession) {
                ": Template is " + TemplateNames(oSession)};
 }
 
-void Assignments::Apply(Session& oSession, CIDEHandler::Handle hProcedure, Passed& oPassed) const {
+void Assignments::Apply(Session& oSession, ProcedureHandle hProcedure, Passed& oPassed) const {
   CIDEHandler& oHandler = oSession.oHandler;
   if (oHandler.Procedure(hProcedure).oCurrent.bForeign()) {
     ++oPassed.lForeign;
@@ -72,21 +72,20 @@ void Assignments::Apply(Session& oSession, CIDEHandler::Handle hProcedure, Passe
     ++oPassed.lLocked;
     return;
   }
-  if (oSession.oArguments.bSuggested) oHandler.ApplySuggestedSettings(hProcedure, 0, 0, false);
+  if (oSession.oArguments.bSuggested) oHandler.ApplySuggestedSettings(hProcedure);
   SetTemplate(oSession, hProcedure);
   SetOthers(oSession, hProcedure, oPassed);
   if (oLock) oHandler.SetLocked(hProcedure, FromNumber<MQuillon::TriState>(oLock->lId));
 }
 
-void Assignments::SetTemplate(Session& oSession, CIDEHandler::Handle hProcedure) const {
+void Assignments::SetTemplate(Session& oSession, ProcedureHandle hProcedure) const {
   const std::optional<Text>& oName =
       oSession.IsDeclarations(hProcedure) ? moForModules : moForProcedures;
   if (oName) oSession.oHandler.SetProcTemplate(hProcedure, *oName);
 }
 
 // Without a template the code holds none of these four, so there is nothing to ask for.
-void Assignments::SetOthers(Session& oSession, CIDEHandler::Handle hProcedure,
-                            Passed& oPassed) const {
+void Assignments::SetOthers(Session& oSession, ProcedureHandle hProcedure, Passed& oPassed) const {
   CIDEHandler& oHandler = oSession.oHandler;
   const auto& oBoundary = Of(Property::Boundary);
   const auto& oSeverity = Of(Property::Severity);

@@ -25,7 +25,7 @@ class Assignments {
   };
   /// Fills Pending of a procedure. A lock is taken off ahead of all other settings and put on
   /// behind them, so that their order on the command line makes no difference.
-  void Apply(Session& oSession, CIDEHandler::Handle hProcedure, Passed& oPassed) const;
+  void Apply(Session& oSession, ProcedureHandle hProcedure, Passed& oPassed) const;
 
  private:
   struct Value {
@@ -36,8 +36,8 @@ class Assignments {
     return moValues[static_cast<std::size_t>(eProperty)];
   }
   void Add(const std::string& sSet);
-  void SetTemplate(Session& oSession, CIDEHandler::Handle hProcedure) const;
-  void SetOthers(Session& oSession, CIDEHandler::Handle hProcedure, Passed& oPassed) const;
+  void SetTemplate(Session& oSession, ProcedureHandle hProcedure) const;
+  void SetOthers(Session& oSession, ProcedureHandle hProcedure, Passed& oPassed) const;
 
   std::array<std::optional<Value>, AllProperties.size()> moValues;
   // The template's name as the file writes it, for the records that it is for; empty for none.

@@ -10,15 +10,13 @@
 
 namespace {
 
-using Handle = Session::Handle;
-
 struct Difference {
   Property eProperty;
   std::string sFrom, sTo;
 };
 
 struct ProcedureFinding {
-  Handle hProcedure = 0;
+  ProcedureHandle hProcedure;
   std::int32_t lLine = 0;
   // The settings ahead of the trial, which changes Current; words are made when they are printed.
   CProcSettings oFrom, oTo;
@@ -37,7 +35,7 @@ std::vector<Difference> Differences(const ProcedureFinding& oFinding) {
   return oChanges;
 }
 
-std::size_t CodeHash(Session& oSession, Handle hProcedure) {
+std::size_t CodeHash(Session& oSession, ProcedureHandle hProcedure) {
   std::int32_t lBodyStart = 0;
   return std::hash<Text>()(oSession.oHandler.GetProcCode(hProcedure, lBodyStart));
 }
@@ -45,8 +43,8 @@ std::size_t CodeHash(Session& oSession, Handle hProcedure) {
 /// The procedures that would change, with their lines in the files as these are now.
 std::vector<ProcedureFinding> Changes(Session& oSession) {
   std::vector<ProcedureFinding> oFindings;
-  for (Handle h : oSession.Procedures()) {
-    oSession.oHandler.ApplySuggestedSettings(h, 0, 0, false);
+  for (ProcedureHandle h : oSession.Procedures()) {
+    oSession.oHandler.ApplySuggestedSettings(h);
     if (!oSession.oHandler.ProcedureIsDirty(h)) continue;
     const ProcedureRecord& oProcedure = oSession.oHandler.Procedure(h);
     // Foreign code is never rewritten, so that nothing would change.
@@ -82,15 +80,19 @@ void FindRefusals(Session& oSession, std::vector<ProcedureFinding>& oFindings) {
                                  oFindings.size(), sMessage);
     }
   });
-  auto oRefused = oSession.oHandler.ProcedureRefused.Connect([&](Handle h, TextView sReason) {
-    if (asMessage.empty()) asMessage.push_back(ToUtf8(Trim(sReason)));
-    auto oFinding = std::lower_bound(
-        oFindings.begin(), oFindings.end(), h,
-        [](const ProcedureFinding& oLeft, Handle hRight) { return oLeft.hProcedure < hRight; });
-    if (oFinding != oFindings.end() && oFinding->hProcedure == h) oFinding->asRefusal = asMessage;
-  });
+  auto oRefused =
+      oSession.oHandler.ProcedureRefused.Connect([&](ProcedureHandle h, TextView sReason) {
+        if (asMessage.empty()) asMessage.push_back(ToUtf8(Trim(sReason)));
+        auto oFinding = std::lower_bound(oFindings.begin(), oFindings.end(), h,
+                                         [](const ProcedureFinding& oLeft, ProcedureHandle hRight) {
+                                           return oLeft.hProcedure < hRight;
+                                         });
+        if (oFinding != oFindings.end() && oFinding->hProcedure == h)
+          oFinding->asRefusal = asMessage;
+      });
   oSession.oTemplate.BatchStart();
-  oSession.oHandler.ApplyPendingSettings(0, 0, 0, true, false, MQuillon::LineNumAction::AsRule);
+  oSession.oHandler.ApplyPendingSettings(ModelScope::Group(), false,
+                                         MQuillon::LineNumAction::AsRule);
   oSession.oConsole.ProgressEnd();
 }
 
@@ -113,7 +115,7 @@ class Reporter {
       moJson.BeginObject();
       moJson.Key("findings").BeginArray();
     }
-    for (Handle h : moSession.Unreadable()) Unreadable(h);
+    for (ComponentHandle h : moSession.Unreadable()) Unreadable(h);
     for (const ProcedureFinding& oFinding : oFindings) Procedure(oFinding);
     if (!mbJson) return;
     moJson.Break();
@@ -144,7 +146,7 @@ class Reporter {
     }
   }
 
-  void Unreadable(Handle hComponent) {
+  void Unreadable(ComponentHandle hComponent) {
     const ComponentRecord& oComponent = moSession.oHandler.Component(hComponent);
     msFile = moSession.FileOf(hComponent);
     std::string sReason = moSession.ReasonOf(hComponent);
@@ -158,7 +160,7 @@ class Reporter {
         Printable(Finding(msFile.empty() ? "(no file)" : msFile, lLine, sMessage)) + '\n');
   }
 
-  void BeginObject(const char* sKind, Handle hComponent) {
+  void BeginObject(const char* sKind, ComponentHandle hComponent) {
     const ComponentRecord& oComponent = moSession.oHandler.Component(hComponent);
     moJson.Break();
     moJson.BeginObject();
@@ -168,7 +170,7 @@ class Reporter {
     moJson.Key("component").String(ToUtf8(oComponent.sName));
   }
 
-  void BeginJson(const char* sKind, Handle hProcedure, std::int32_t lLine) {
+  void BeginJson(const char* sKind, ProcedureHandle hProcedure, std::int32_t lLine) {
     BeginObject(sKind, moSession.oHandler.Procedure(hProcedure).hComponent);
     moJson.Key("procedure").String(ToUtf8(moSession.oHandler.ProcName(hProcedure)));
     moJson.Key("line").Number(lLine);

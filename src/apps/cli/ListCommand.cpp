@@ -10,7 +10,6 @@
 
 namespace {
 
-using Handle = Session::Handle;
 using Row = std::array<std::string, 11>;
 constexpr std::size_t FirstProperty = 5;
 
@@ -48,14 +47,14 @@ class Lister {
     oJson.Key("template").String(moSession.TemplateFile());
     oJson.Key("show").String(Version());
     oJson.Key("projects").BeginArray();
-    for (Handle h = 1; h <= moHandler.ProjectRecordCount(); ++h) ProjectJson(h, oJson);
+    for (ProjectHandle h : moHandler.Projects()) ProjectJson(h, oJson);
     oJson.EndArray();
     oJson.Key("procedures").BeginArray();
     EachRow([&] { ProcedureJson(oJson); });
     oJson.Break();
     oJson.EndArray();
     oJson.Key("loadFailures").BeginArray();
-    for (Handle h : moSession.Unreadable()) LoadFailureJson(h, oJson);
+    for (ComponentHandle h : moSession.Unreadable()) LoadFailureJson(h, oJson);
     oJson.EndArray();
     oJson.EndObject();
     oJson.Finish();
@@ -82,15 +81,15 @@ class Lister {
 
   template <class Write>
   void EachRow(Write&& fnWrite) {
-    mhComponent = 0;
-    for (Handle h : moSession.Procedures()) {
+    mhComponent = {};
+    for (ProcedureHandle h : moSession.Procedures()) {
       Fill(h);
       fnWrite();
       moSession.oOutput.FlushWhenLarge();
     }
   }
 
-  void Fill(Handle hProcedure) {
+  void Fill(ProcedureHandle hProcedure) {
     mhProcedure = hProcedure;
     const ProcedureRecord& oProcedure = moHandler.Procedure(hProcedure);
     if (oProcedure.hComponent != mhComponent) {
@@ -112,7 +111,7 @@ class Lister {
     if (!oProcedure.oMember) moRow.back().clear();
   }
 
-  void ProjectJson(Handle hProject, JsonWriter& oJson) {
+  void ProjectJson(ProjectHandle hProject, JsonWriter& oJson) {
     oJson.Break();
     oJson.BeginObject();
     oJson.Key("name").String(ToUtf8(moHandler.ProjectName(hProject)));
@@ -180,7 +179,7 @@ class Lister {
     if (bLeave) oJson.Key(sProperty).String("[Leave]");
   }
 
-  void LoadFailureJson(Handle hComponent, JsonWriter& oJson) {
+  void LoadFailureJson(ComponentHandle hComponent, JsonWriter& oJson) {
     const ComponentRecord& oComponent = moHandler.Component(hComponent);
     oJson.Break();
     oJson.BeginObject();
@@ -198,7 +197,8 @@ class Lister {
   CIDEHandler& moHandler;
   std::string& msOut;
   Row moRow;
-  Handle mhProcedure = 0, mhComponent = 0;
+  ProcedureHandle mhProcedure;
+  ComponentHandle mhComponent;
   std::string msProject, msComponent, msFile;
 };
 

@@ -15,10 +15,9 @@
 
 namespace {
 
-using Handle = Session::Handle;
-
 struct Document {
-  Handle hProject, hComponent;  ///< hComponent 0: the whole project
+  ProjectHandle hProject;
+  ComponentHandle hComponent;  ///< none: the whole project
 };
 
 /// Builds that must come out the same each time fix the moment in this variable.
@@ -44,15 +43,15 @@ std::vector<Document> DocumentsOf(Session& oSession) {
   const Scope oScope(oSession.oArguments);
   const CIDEHandler& oHandler = oSession.oHandler;
   std::vector<Document> oDocuments;
-  for (Handle hProject = 1; hProject <= oHandler.ProjectRecordCount(); ++hProject) {
+  for (const ProjectHandle hProject : oHandler.Projects()) {
     const Text sProject = oSession.oHandler.ProjectName(hProject);
     if (!oScope.TakesProject(sProject)) continue;
     if (oSession.oArguments.asComponent.empty()) {
-      oDocuments.push_back({hProject, 0});
+      oDocuments.push_back({hProject, {}});
       continue;
     }
     const ProjectRecord& oProject = oHandler.Project(hProject);
-    for (Handle h = oProject.lFirstComponent; h > 0 && h <= oProject.lLastComponent; ++h)
+    for (const auto h : HandleRange(oProject.lFirstComponent, oProject.lLastComponent))
       if (oScope.TakesComponent(sProject, oHandler.Component(h).sName))
         oDocuments.push_back({hProject, h});
   }

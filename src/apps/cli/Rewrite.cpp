@@ -96,10 +96,10 @@ void Rewrite(Session& oSession, bool bRefresh, MQuillon::LineNumAction eLineNumA
   // Without a refresh only what the scope made dirty is rewritten, so that one walk over the group
   // does; it is also the quickest, since a walk compares each module's declarations once.
   if (!bRefresh || oSession.IsWholeGroup()) {
-    oSession.oHandler.ApplyPendingSettings(0, 0, 0, true, bRefresh, eLineNumAction);
+    oSession.oHandler.ApplyPendingSettings(ModelScope::Group(), bRefresh, eLineNumAction);
   } else {
-    for (Session::Handle h : oSession.Procedures())
-      oSession.oHandler.ApplyPendingSettings(h, 0, 0, false, true, eLineNumAction);
+    for (ProcedureHandle h : oSession.Procedures())
+      oSession.oHandler.ApplyPendingSettings(h, true, eLineNumAction);
   }
   oSession.oConsole.ProgressEnd();
   oTemplate.BatchSummary();

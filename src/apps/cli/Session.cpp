@@ -133,18 +133,19 @@ void Session::TellNotes() {
 }
 
 void Session::LoadScope(bool bToShow) {
-  const Handle hLast = oHandler.ComponentCount();
+  const ComponentHandle hLast = oHandler.LastComponent();
+  ProjectHandle hProject;
   Text sProject;
   std::unordered_set<Text> oTaken;
-  for (Handle h = 1, hProject = 0; h <= hLast; ++h) {
+  for (const ComponentHandle h : oHandler.Components()) {
     const ComponentRecord& oComponent = oHandler.Component(h);
     if (oComponent.hProject != hProject) {
       hProject = oComponent.hProject;
       sProject = oHandler.ProjectName(hProject);
     }
     if (!moScope.TakesComponent(sProject, oComponent.sName)) continue;
-    oConsole.Progress(static_cast<std::size_t>(h), static_cast<std::size_t>(hLast),
-                      oComponent.sName);
+    oConsole.Progress(static_cast<std::size_t>(h.Number()),
+                      static_cast<std::size_t>(hLast.Number()), oComponent.sName);
     if (oComponent.bReadOnly && MRules::oRules.bSkipReadOnly && !bToShow) {
       oConsole.Detail("Passed over, its file is read-only: " + ToUtf8(oComponent.sName));
       continue;
@@ -170,7 +171,7 @@ void Session::LoadScope(bool bToShow) {
     oConsole.Say("No procedure is in the scope that was given.");
 }
 
-void Session::TellUnreadable(Handle hComponent) {
+void Session::TellUnreadable(ComponentHandle hComponent) {
   moUnreadable.push_back(hComponent);
   const ComponentRecord& oComponent = oHandler.Component(hComponent);
   std::string sFile = FileOf(hComponent);
@@ -179,17 +180,16 @@ void Session::TellUnreadable(Handle hComponent) {
 }
 
 // The code of a form can be had while its controls can't, and then nothing describes the failure.
-std::string Session::ReasonOf(Handle hComponent) const {
+std::string Session::ReasonOf(ComponentHandle hComponent) const {
   const LoadError& oError = oHandler.Component(hComponent).oError;
   if (!oError.sErrorDesc.empty()) return ToUtf8(oError.sErrorDesc);
   return "its controls can't be listed, so the file may lack its designer header (" +
          ToUtf8(oError.sErrorContext) + ")";
 }
 
-void Session::TakeProcedures(Handle hComponent) {
+void Session::TakeProcedures(ComponentHandle hComponent) {
   const ComponentRecord& oComponent = oHandler.Component(hComponent);
-  if (oComponent.lFirstProcedure <= 0) return;
-  for (Handle h = oComponent.lFirstProcedure; h <= oComponent.lLastProcedure; ++h)
+  for (const auto h : HandleRange(oComponent.lFirstProcedure, oComponent.lLastProcedure))
     if (moScope.IsWholeGroup() ||
         moScope.TakesProcedure(oHandler.ProcName(h), IsDeclarations(h)
                                                          ? TextView(u"declarations")
@@ -197,21 +197,21 @@ void Session::TakeProcedures(Handle hComponent) {
       moProcedures.push_back(h);
 }
 
-bool Session::IsDeclarations(Handle hProcedure) const {
+bool Session::IsDeclarations(ProcedureHandle hProcedure) const {
   return oHandler.Procedure(hProcedure).nKind == MQuillon::ProcKind::Declarations;
 }
 
-std::string Session::FileOf(Handle hComponent) {
+std::string Session::FileOf(ComponentHandle hComponent) {
   const Text sFile = FirstFile(oHandler.Component(hComponent));
   return sFile.empty() ? std::string() : ShownFile(PathOfText(sFile));
 }
 
-std::string Session::NameOf(Handle hProcedure) {
-  Handle hComponent = oHandler.Procedure(hProcedure).hComponent;
+std::string Session::NameOf(ProcedureHandle hProcedure) {
+  ComponentHandle hComponent = oHandler.Procedure(hProcedure).hComponent;
   return ToUtf8(oHandler.Component(hComponent).sName) + '.' + ToUtf8(oHandler.ProcName(hProcedure));
 }
 
-std::int32_t Session::FileLine(Handle hProcedure, bool bHead) {
+std::int32_t Session::FileLine(ProcedureHandle hProcedure, bool bHead) {
   const ProcedureRecord& oProcedure = oHandler.Procedure(hProcedure);
   CodeModule& oModule = *oHandler.Component(oProcedure.hComponent).oComponent->CodeModule();
   std::int32_t lLine = 1;

@@ -18,8 +18,6 @@
 
 class Session {
  public:
-  using Handle = CIDEHandler::Handle;
-
   Session(const Arguments& oArguments, Console& oConsole, Output& oOutput);
 
   /// Loads the template and fills the lookups. Stop when there is none or it has errors.
@@ -33,10 +31,10 @@ class Session {
   void LoadScope(bool bToShow);
 
   /// Ascending.
-  const std::vector<Handle>& Procedures() const { return moProcedures; }
+  const std::vector<ProcedureHandle>& Procedures() const { return moProcedures; }
   bool IsWholeGroup() const { return moScope.IsWholeGroup(); }
   /// Components of the scope whose code can't be read.
-  const std::vector<Handle>& Unreadable() const { return moUnreadable; }
+  const std::vector<ComponentHandle>& Unreadable() const { return moUnreadable; }
   /// False when a component of the scope can't be read, or a project that may belong to it.
   bool IsScopeRead() const { return moUnreadable.empty() && !mbProjectMissing; }
   const std::vector<Text>& ModuleTemplates() const { return moModuleTemplates; }
@@ -45,16 +43,16 @@ class Session {
   std::string TemplateFile() const { return ShownPath(msTemplateFile); }
 
   /// Path of a component's first file as it is shown; empty when it has none.
-  std::string FileOf(Handle hComponent);
+  std::string FileOf(ComponentHandle hComponent);
   /// Why a component can't be read; never empty.
-  std::string ReasonOf(Handle hComponent) const;
+  std::string ReasonOf(ComponentHandle hComponent) const;
   /// Line in its file, from 1: of the head, or of the first of its text with the comments above.
-  std::int32_t HeadLine(Handle hProcedure) { return FileLine(hProcedure, true); }
-  std::int32_t FirstLine(Handle hProcedure) { return FileLine(hProcedure, false); }
+  std::int32_t HeadLine(ProcedureHandle hProcedure) { return FileLine(hProcedure, true); }
+  std::int32_t FirstLine(ProcedureHandle hProcedure) { return FileLine(hProcedure, false); }
 
   /// "Component.Procedure", as the batch account names it.
-  std::string NameOf(Handle hProcedure);
-  bool IsDeclarations(Handle hProcedure) const;
+  std::string NameOf(ProcedureHandle hProcedure);
+  bool IsDeclarations(ProcedureHandle hProcedure) const;
   /// True when colours are wanted on standard output.
   bool IsColored() const;
 
@@ -68,14 +66,15 @@ class Session {
  private:
   std::string FindTemplate() const;
   void TellNotes();
-  void TakeProcedures(Handle hComponent);
-  void TellUnreadable(Handle hComponent);
-  std::int32_t FileLine(Handle hProcedure, bool bHead);
+  void TakeProcedures(ComponentHandle hComponent);
+  void TellUnreadable(ComponentHandle hComponent);
+  std::int32_t FileLine(ProcedureHandle hProcedure, bool bHead);
 
   Scope moScope;
   std::string msTemplateFile;
   std::vector<Text> moModuleTemplates, moProcedureTemplates;
-  std::vector<Handle> moProcedures, moUnreadable;
+  std::vector<ProcedureHandle> moProcedures;
+  std::vector<ComponentHandle> moUnreadable;
   bool mbProjectMissing = false;
 };
 
