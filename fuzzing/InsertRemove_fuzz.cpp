@@ -53,9 +53,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pData, std::size_t lSi
   Text sBack = sCode;
   oEngine.RemoveTemplate(u"Mod", sProc, u"Sub", sBack, 1, sTemplate, bErrors);
   if (bErrors) return 0;
-  Text sClean = oEngine.WithoutLockSignature(sBefore);
+  const ProcText oBefore(sBefore);
+  std::int32_t lHead = 1;
+  Text sClean = oEngine.Set().Signatures().WithoutLocks(oBefore, lHead).Joined();
   // The removal ends the last line of declarations.
   if (bDeclarations && !sClean.empty() && !sClean.ends_with(CrLf)) sClean += CrLf;
-  if (!Proof::FirstDifference(sClean, sBack, true).empty()) std::abort();
+  if (Proof::FirstDifference(ProcText(sClean), ProcText(sBack), true)) std::abort();
   return 0;
 }

@@ -27,6 +27,7 @@
 #include "CTemplate.h"
 #include "ModelRecords.h"
 #include "ModelScope.h"
+#include "Rewriter.h"
 #include "Signal.h"
 #include "Text.h"
 #include "VBE.h"
@@ -98,10 +99,10 @@ class CIDEHandler {
                             MQuillon::LineNumAction LineNumAction);
   void RefreshSuggestions();
   /// What ApplyPendingSettings would make of the procedure, line numbers as the rule says: the same
-  /// way as a rewrite, without writing anything back or telling anybody. The present text when
-  /// nothing would be rewritten, and when the rewrite would be refused: then bRefused is set, and
-  /// sMessage says why.
-  Text PendingCode(ProcedureHandle hProcedure, bool& bRefused, Text& sMessage);
+  /// way as a rewrite, without writing anything back or telling anybody. The text is that of the
+  /// whole procedure, with the lines that changed where asked for; the present one when nothing
+  /// would be rewritten, or when the rewrite would be refused.
+  Rewrite PendingRewrite(ProcedureHandle hProcedure, bool listChanges);
 
   // Reading side for reports and programs: records by handle, and ranges of all.
   /// The last handle of each kind; none while there is no record.
@@ -132,13 +133,12 @@ class CIDEHandler {
   Signal<> EnumProceduresBOF;
   Signal<> EnumProceduresEOF;
   Signal<const ProcedureRow&> EnumProceduresProc;
-  /// One procedure could not be rewritten: handle and reason, beside the engine's own messages.
-  Signal<ProcedureHandle, TextView> ProcedureRefused;
+  /// One procedure could not be rewritten: handle and reasons, beside the engine's own messages.
+  Signal<ProcedureHandle, const std::vector<Refusal>&> ProcedureRefused;
 
  private:
   struct Loading;
   struct Run;
-  struct Draft;
   using Visitor = std::function<void(ProcedureHandle)>;
 
   /// Element 0 of each list is a dummy that no handle reaches.
@@ -181,7 +181,8 @@ class CIDEHandler {
   void LoadMethod(Loading& oLoading, Member& oMember, std::int32_t lLocation);
   void LoadProperty(Loading& oLoading, Member& oMember, ProcKind nKind);
   void ReadProcedure(GuardScope& oScope, ProcedureRecord& oRecord, TextView sType);
-  void ReadSettings(const ProcedureRecord& oRecord, TextView sCode, CProcSettings& oFresh) const;
+  /// Gives a procedure the values of its module where its code states none.
+  void InheritFromModule(const ProcedureRecord& oRecord, CProcSettings& oFresh) const;
   void AddProcedure(Loading& oLoading, ProcedureRecord& oRecord);
   Text EventHandlerType(Loading& oLoading, TextView sName);
   TextView TypeName(TextView sType);
@@ -195,17 +196,17 @@ class CIDEHandler {
   void WalkScope(const ModelScope& oScope, bool bLoad, const Visitor& oVisit);
   void WalkComponent(ComponentHandle hComponent, const Visitor& oVisit);
   void ApplyPendingTo(ProcedureHandle hProcedure, Run& oRun);
-  void RewriteProcedure(GuardScope& oScope, ProcedureHandle hProcedure, Run& oRun);
-  void TakeAnew(ProcedureRecord& oRecord, TextView sCode) const;
-  void TakeDeclarationsAnew(GuardScope& oScope, const ProcedureRecord& oRecord, Run& oRun);
-  /// From sOld to sNew. False: refused, told through the engine's ReportError.
-  bool Recast(const ProcedureRecord& oRecord, const Run& oRun, Draft& oDraft);
-  bool RemoveOld(const ProcedureRecord& oRecord, Draft& oDraft);
-  bool PutNew(const ProcedureRecord& oRecord, const Run& oRun, Draft& oDraft);
-  bool PutSignature(const ProcedureRecord& oRecord, Draft& oDraft);
-  Text WhatIsNotProved(const ProcedureRecord& oRecord, const Run& oRun, const Draft& oDraft);
-  void TakeOver(ProcedureRecord& oRecord, const Run& oRun, const Draft& oDraft);
-  bool ReplaceProcedure(ProcedureHandle hProcedure, const Draft& oDraft);
+  void RewriteOne(GuardScope& oScope, ProcedureHandle hProcedure, Run& oRun);
+  Rewrite RewriteAsPending(const ProcedureRecord& oRecord, const ParsedProcedure& oProcedure,
+                           const Run& oRun) const;
+  /// Settings that were read from the code take the place of Current when they differ.
+  void TakeInCode(ProcedureRecord& oRecord, const CProcSettings& oRead) const;
+  void CompareDeclarations(GuardScope& oScope, const ProcedureRecord& oRecord, Run& oRun);
+  bool InheritsModule(const ProcedureRecord& oRecord, const CProcSettings& oNew) const;
+  void TakeOver(ProcedureRecord& oRecord, const Run& oRun);
+  /// False: the lines don't stay in the declarations; the module has its old ones.
+  bool ReplaceProcedure(ProcedureHandle hProcedure, TextView sProcName,
+                        const ParsedProcedure& oProcedure, const Rewrite& oRewrite);
 
   std::vector<ProjectRecord> moProjects;
   std::vector<ComponentRecord> moComponents;

@@ -276,13 +276,12 @@ void CIDEHandler::LoadProperty(Loading& oLoading, Member& oMember, ProcKind nKin
 void CIDEHandler::ReadProcedure(GuardScope& oScope, ProcedureRecord& oRecord, TextView sType) {
   oRecord.sProcType = oRecord.sDeclType = TypeName(sType);
   std::int32_t lBodyStart = 0;
-  ReadSettings(oRecord, ReadProcCode(oScope, oRecord, lBodyStart), oRecord.oCurrent);
+  Template().ExtractProcSettings(ReadProcCode(oScope, oRecord, lBodyStart), oRecord.oCurrent);
+  InheritFromModule(oRecord, oRecord.oCurrent);
   oRecord.oPending.CopyFrom(oRecord.oCurrent);
 }
 
-void CIDEHandler::ReadSettings(const ProcedureRecord& oRecord, TextView sCode,
-                               CProcSettings& oFresh) const {
-  Template().ExtractProcSettings(sCode, oFresh);
+void CIDEHandler::InheritFromModule(const ProcedureRecord& oRecord, CProcSettings& oFresh) const {
   if (oRecord.nKind == MQuillon::ProcKind::Declarations) return;
   const CProcSettings& oModule = Procedure(Component(oRecord.hComponent).hDeclarations).oCurrent;
   InheritId(oFresh.eBoundary(), oModule.eBoundary(), oFresh, &CProcSettings::SeteBoundary,

@@ -87,10 +87,6 @@ void CIDEHandler::ApplyPendingSettings(const ModelScope& Scope, bool Refresh,
              .eLineNumAction = LineNumAction == MQuillon::LineNumAction::AsRule
                                    ? MRules::oRules.eLineNumAction
                                    : LineNumAction};
-    // The engine tells its reasons only here, under the line of the procedure; the first counts.
-    const Connection oLink = Template().ReportError.Connect([&](TextView sMessage) {
-      if (oRun.sReason.empty() && sMessage.starts_with(u"    ")) oRun.sReason = Trim(sMessage);
-    });
     WalkScope(Scope, Refresh, [&](ProcedureHandle h) { ApplyPendingTo(h, oRun); });
   });
 }
@@ -101,15 +97,13 @@ void CIDEHandler::ApplyPendingTo(ProcedureHandle hProcedure, Run& oRun) {
   oRun.Begin();
   try {
     Guard(Named(u"ApplyPendingTo"),
-          [&](GuardScope& oScope) { RewriteProcedure(oScope, hProcedure, oRun); });
+          [&](GuardScope& oScope) { RewriteOne(oScope, hProcedure, oRun); });
   } catch (const Failure& oFailure) {
     // The walk ends its failures itself: one procedure must not keep the others from their turn.
     if (!oRun.bCounted) Template().BatchItem(ComponentAt(oRecord.hComponent).sName, oRun.sProcName);
-    oRun.sReason.clear();
-    oRun.bErrors = true;
-    Template().ReportError(u"    " + oFailure.Description());
+    oRun.refusals = {{RefusalKind::HostFailure, 0, Text(oFailure.Description())}};
   }
-  if (!oRun.bErrors) return;
-  Template().BatchError();
-  ProcedureRefused(hProcedure, oRun.sReason);
+  if (oRun.refusals.empty()) return;
+  Template().BatchRefused(oRun.refusals);
+  ProcedureRefused(hProcedure, oRun.refusals);
 }

@@ -36,15 +36,6 @@ std::int32_t CountLines(TextView sText) {
   return lCount;
 }
 
-std::int32_t CutBlankTail(Text& sText) {
-  std::int32_t lCount = 0;
-  while (sText.ends_with(CrLf)) {
-    sText.resize(sText.size() - CrLf.size());
-    ++lCount;
-  }
-  return lCount;
-}
-
 void ReplaceLines(GuardScope& oScope, CodeModule& oModule, std::int32_t lStart, TextView sOld,
                   TextView sNew, std::int32_t lBlankLines) {
   const std::int32_t lOld = CountLines(sOld);

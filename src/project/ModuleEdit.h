@@ -13,10 +13,6 @@ namespace ModuleEdit {
 
 /// Number of lines in a text joined by CR LF; 0 for the empty text.
 std::int32_t CountLines(TextView sText);
-/// Takes the blank lines at the end off a text and gives their number; of a text of nothing but
-/// line ends it takes all.
-std::int32_t CutBlankTail(Text& sText);
-
 /// Replaces sOld, which stands from line lStart on, by sNew and lBlankLines empty lines. Neither
 /// text ends in a line end; an empty one is no line. Failure: the module has its old lines; if
 /// even those can't be given back, the message holds them.

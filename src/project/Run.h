@@ -7,18 +7,18 @@
 struct CIDEHandler::Run {
   bool bRefresh = false;
   MQuillon::LineNumAction eLineNumAction = MQuillon::LineNumAction::Leave;
+  bool bListChanges = false;
   /// The component whose declarations were compared with their code last.
   ComponentHandle hDeclarationsRead{};
 
   bool bCounted = false;  ///< the procedure's line stands in the account
-  bool bErrors = false;
-  Text sProcName{};  ///< as soon as it is known
-  Text sReason{};    ///< the first message since the procedure began
+  Text sProcName{};       ///< as soon as it is known
+  std::vector<Refusal> refusals{};
 
   void Begin() {
-    bCounted = bErrors = false;
+    bCounted = false;
     sProcName.clear();
-    sReason.clear();
+    refusals.clear();
   }
 
   /// Whether the procedure's settings call for a rewrite.

@@ -1,5 +1,5 @@
 // Loading, looking up and the account of a batch. The rewriting operations stand in
-// CTemplate_Rewrite.cpp and CTemplate_Extract.cpp.
+// CTemplate_Rewrite.cpp.
 #include "CTemplate.h"
 
 #include "Guard.h"
@@ -19,7 +19,7 @@ void GetTemplatesOfType(const std::vector<TemplateRow>& atTemplate, TemplateType
 
 }  // namespace
 
-CTemplate::CTemplate(const MRules::Values& oRules) : moRules(oRules), matTemplate(1), matLine(1) {}
+CTemplate::CTemplate(const MRules::Values& oRules) : moRules(oRules) {}
 
 void CTemplate::LoadTemplateFile(TextView sTemplateFile) {
   Guard({u"CTemplate", u"LoadTemplateFile"}, [&](GuardScope& oScope) {
@@ -39,24 +39,22 @@ void CTemplate::LoadTemplateText(TextView sFile, TextView sText) {
 }
 
 void CTemplate::GetModuleTemplates(TextArray& asTemplate) const {
-  GetTemplatesOfType(matTemplate, TemplateType::Module, asTemplate);
+  GetTemplatesOfType(moSet.templates, TemplateType::Module, asTemplate);
 }
 
 void CTemplate::GetProcTemplates(TextArray& asTemplate) const {
-  GetTemplatesOfType(matTemplate, TemplateType::Procedure, asTemplate);
+  GetTemplatesOfType(moSet.templates, TemplateType::Procedure, asTemplate);
 }
 
 std::int32_t CTemplate::LookupTemplate(TextView sTemplate) const {
-  for (std::size_t i = 1; i < matTemplate.size(); ++i) {
-    if (EqualNoCase(matTemplate[i].sName, sTemplate)) return static_cast<std::int32_t>(i);
-  }
-  return 0;
+  const TemplateRow* const row = moSet.Find(sTemplate);
+  return row ? static_cast<std::int32_t>(row - moSet.templates.data()) : 0;
 }
 
 bool CTemplate::Inherit(TextView sTemplate) const {
   bool bInherit = false;
-  for (std::size_t i = 1; i < matTemplate.size(); ++i) {
-    if (matTemplate[i].sName == sTemplate) bInherit = matTemplate[i].bInherit;
+  for (std::size_t i = 1; i < moSet.templates.size(); ++i) {
+    if (moSet.templates[i].sName == sTemplate) bInherit = moSet.templates[i].bInherit;
   }
   return bInherit;
 }
@@ -66,10 +64,15 @@ void CTemplate::BatchStart() {
   mlBatchErrors = 0;
 }
 
+void CTemplate::TellBatch(BatchLine line, TextView message) {
+  ReportBatch(line, message);
+  ReportError(message);
+}
+
 void CTemplate::BatchItem(TextView sModuleName, TextView sProcName) {
-  Text sMessage = u"Processing ";
-  sMessage.reserve(sMessage.size() + sModuleName.size() + 1 + sProcName.size());
-  ReportError(sMessage.append(sModuleName).append(1, u'.').append(sProcName));
+  Text message = u"Processing ";
+  message.reserve(message.size() + sModuleName.size() + 1 + sProcName.size());
+  TellBatch(BatchLine::Item, message.append(sModuleName).append(1, u'.').append(sProcName));
   ++mlBatchItems;
 }
 
@@ -77,7 +80,17 @@ void CTemplate::BatchError() {
   ++mlBatchErrors;
 }
 
+void CTemplate::BatchNote(TextView message) {
+  TellBatch(BatchLine::Problem, u"    " + Text(message));
+}
+
+void CTemplate::BatchRefused(std::span<const Refusal> refusals) {
+  for (const Refusal& refusal : refusals) BatchNote(MessageOf(refusal));
+  BatchError();
+}
+
 void CTemplate::BatchSummary() {
-  const Text sFailures = mlBatchErrors == 0 ? Text(u"No") : ToText(mlBatchErrors);
-  ReportError(ToText(mlBatchItems) + u" Procedures Processed - " + sFailures + u" Failures\r\n");
+  const Text failures = mlBatchErrors == 0 ? Text(u"No") : ToText(mlBatchErrors);
+  TellBatch(BatchLine::Total,
+            ToText(mlBatchItems) + u" Procedures Processed - " + failures + u" Failures\r\n");
 }

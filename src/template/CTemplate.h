@@ -1,4 +1,7 @@
-// The template engine: one loaded template file, and every rewriting of a procedure's text.
+// The template engine by its operations: one loaded template file, the account of a batch, and the
+// rewriting of single texts, with events for whoever listens. Behind the rewriting stand functions
+// that report nothing and change nothing (Rewriter.h, Insertion.h, Removal.h); the model of the
+// group calls those.
 //
 // A template file says which lines of code go around a procedure; the same lines, made patterns,
 // find that code again. Procedure text (sProcCode) is one string, lines joined by CR LF; lBodyLine
@@ -15,18 +18,20 @@
 // ReportError must not call back.
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <memory>
+#include <span>
 #include <vector>
 
 #include "CProcSettings.h"
-#include "LikePattern.h"
+#include "Choices.h"
 #include "MRules.h"
+#include "Refusal.h"
 #include "Signal.h"
-#include "Signature.h"
-#include "TemplateRows.h"
+#include "TemplateSet.h"
 #include "Text.h"
+
+/// What a line of a batch's account says.
+enum class BatchLine { Item, Problem, Total };
 
 class CTemplate {
  public:
@@ -35,6 +40,9 @@ class CTemplate {
 
   Signal<TextView> ReportError;
   Signal<TextView> ReportDump;
+  /// Raised beside ReportError for each line of a batch's account, for programs that show some of
+  /// them in another way.
+  Signal<BatchLine, TextView> ReportBatch;
 
   /// Puts a template in. The text must hold no template. sProcType: "Sub", "Function",
   /// "Property Get|Let|Set", empty for "(declarations)". sBoundary, sSeverity, sRetry: constant
@@ -73,38 +81,30 @@ class CTemplate {
   static void DoTraceExits(TextArray& asLine, std::int32_t lStartLine, std::int32_t lEndLine,
                            TextView sProcType, TextView sTraceExit);
 
-  /// The text without lines that lock a procedure and name no template; a template's own
-  /// signature takes their place when one is put in.
-  Text WithoutLockSignature(TextView sProcCode) const;
-  /// The signature rules of the loaded file. Valid until the next load.
-  const Signature& Signatures() const;
+  /// The tables of the loaded file, for everything that rewrites. Good until the next load.
+  const TemplateSet& Set() const { return moSet; }
+  /// Tells why a procedure is left alone, a message each, and counts it as a failure of the batch.
+  void BatchRefused(std::span<const Refusal> refusals);
+  /// Tells what went wrong with a procedure that was rewritten all the same.
+  void BatchNote(TextView message);
 
   std::int32_t BatchItems() const { return mlBatchItems; }
   std::int32_t BatchErrors() const { return mlBatchErrors; }
   /// Row of a template by name without regard to case, 0 if there is none.
   std::int32_t LookupTemplate(TextView sTemplate) const;
-  const std::vector<TemplateRow>& Templates() const { return matTemplate; }
-  const std::vector<LineRow>& Lines() const { return matLine; }
+  const std::vector<TemplateRow>& Templates() const { return moSet.templates; }
+  const std::vector<LineRow>& Lines() const { return moSet.lines; }
 
  private:
   friend class TemplateLoader;
 
-  /// The row of the template that a rewrite names, or 0 after the message that refuses it.
-  std::int32_t FindForRewrite(TextView sTemplate, bool& bErrors);
-  void Refuse(TextView sMessage, bool& bErrors);
-  /// lBodyLine follows the lines that go ahead of it.
-  Text WithoutLockSignature(TextView sProcCode, std::int32_t& lBodyLine) const;
-  /// The values that the template's own lines hold in the code.
-  void ExtractValues(const TemplateRow& oTemplate, const ProcText& oProc,
-                     CProcSettings& oProcSettings) const;
+  void TellBatch(BatchLine line, TextView message);
+  /// Reports what refuses a text; bErrors is set when there is anything.
+  void Tell(std::span<const Refusal> refusals, bool& bErrors);
 
   const MRules::Values& moRules;
-  std::vector<TemplateRow> matTemplate;
-  std::vector<LineRow> matLine;
+  TemplateSet moSet;
   std::int32_t mlLoadErrors = 0;
   std::int32_t mlBatchItems = 0;
   std::int32_t mlBatchErrors = 0;
-  // Made at first use after a load: the tables don't change behind it.
-  mutable std::unique_ptr<Signature> mpSignature;
-  mutable std::size_t mlSignatureLines = 0;
 };

@@ -4,183 +4,185 @@
 
 #include "Failure.h"
 #include "LineNumbers.h"
-#include "MQuillon.h"
-#include "MXString.h"
-#include "ProcText.h"
+#include "LineWriter.h"
+#include "ProcPlaces.h"
 #include "TraceExits.h"
 
 namespace {
 
-/// The first run of clean-up comment lines of a body: indices of its lines, lEnd behind the last.
-struct FireBlock {
-  std::size_t lFirst = 0;
-  std::size_t lEnd = 0;
-  bool Found() const { return lEnd > lFirst; }
+/// The first run of clean-up comment lines of a body: indices of its lines.
+struct CleanUpBlock {
+  std::size_t first = 0;
+  std::size_t end = 0;
+  bool Found() const { return end > first; }
 };
 
-FireBlock FindFireBlock(const ProcText& oProc, const ProcPlaces& oPlaces) {
-  const auto IsFire = [&](std::size_t i) { return oProc.Folded(i).starts_with(FireMark); };
-  FireBlock oBlock;
-  std::size_t i = oPlaces.lFirstBody;
+CleanUpBlock FindCleanUp(const ProcText& code, const ProcPlaces& places) {
+  const auto isCleanUp = [&](std::size_t i) { return code.Folded(i).starts_with(FireMark); };
+  CleanUpBlock block;
+  std::size_t i = places.firstBody;
   // A line that continues a comment is no block of its own.
-  while (i < oPlaces.lEnd && !(IsFire(i) && !oProc.IsContinued(i))) ++i;
-  oBlock.lFirst = i;
-  while (i < oPlaces.lEnd && IsFire(i)) ++i;
-  oBlock.lEnd = i;
-  return oBlock;
+  while (i < places.end && !(isCleanUp(i) && !code.IsContinued(i))) ++i;
+  block.first = i;
+  while (i < places.end && isCleanUp(i)) ++i;
+  block.end = i;
+  return block;
 }
 
 /// The code of a clean-up comment line: what stands behind the mark and its one blank.
-TextView FireCode(TextView sLine) {
-  sLine.remove_prefix(sLine.find_first_not_of(u' ') + FireMark.size());
-  if (sLine.starts_with(u' ')) sLine.remove_prefix(1);
-  return sLine;
+TextView CleanUpCode(TextView line) {
+  line.remove_prefix(line.find_first_not_of(u' ') + FireMark.size());
+  if (line.starts_with(u' ')) line.remove_prefix(1);
+  return line;
 }
 
-/// Signature of the procedure as the request asks for it; a message when it couldn't be read back.
-Text CheckSignature(const InsertionRequest& oRequest) {
-  const TextView sTemplate = oRequest.oValues.sTemplate;
-  if (oRequest.pSignature->IsReadable(sTemplate, oRequest.bLocked)) return Text();
-  return u"    Signature of Template [" + Text(sTemplate) + u"] could not be read back";
-}
-
-Text CheckType(const InsertionRequest& oRequest, TemplateType eType, TextView sWanted) {
-  if (oRequest.pTemplate->eType == eType) return Text();
-  return u"    Template is not of type " + Text(sWanted) + u" [" + oRequest.pTemplate->sName + u"]";
-}
-
-Text CheckNoTemplate(const InsertionRequest& oRequest, const ProcText& oProc) {
-  if (!oRequest.bSigned) return Text();
-  for (std::size_t i = 0; i < oProc.Count(); ++i) {
-    const TextView sFolded = oProc.Folded(i);
-    if (sFolded.empty()) continue;
-    const auto oValue = oRequest.pSignature->Read(sFolded);
-    if (oValue && !oValue->sTemplate.empty()) {
-      return u"    Code holds a Template already; Line=" + ToText(static_cast<long long>(i) + 1) +
-             u" [" + Text(oProc.Line(i)) + u"]";
-    }
-  }
-  return Text();
-}
-
-/// Writes the lines of a body with its trace exits and line numbers.
-class BodyWriter {
+class TemplateInsertion {
  public:
-  BodyWriter(const InsertionRequest& oRequest, const ProcText& oProc, LineWriter& oWriter)
-      : moRequest(oRequest), moProc(oProc), moWriter(oWriter) {
-    const TemplateRow& oTemplate = *oRequest.pTemplate;
-    if (!oRequest.oValues.bTrace || oTemplate.lTraceExit == 0) return;
-    const auto lRow = static_cast<std::size_t>(oTemplate.lTraceExit);
-    msTraceExit = TraceExits::GetTraceExit((*oRequest.pLines)[lRow], oRequest.oValues);
-  }
+  TemplateInsertion(const InsertionRequest& request, const ProcText& code)
+      : mRequest(request), mRow(request.row), mValues(request.values), mCode(code) {}
 
-  void Write(std::size_t lFirst, std::size_t lEnd) {
-    if (moRequest.eLineNumAction == MQuillon::LineNumAction::Leave) {
-      WriteLines(lFirst, lEnd, moWriter);
-      return;
+  Insertion Run() {
+    CheckRequest();
+    if (!Accepted()) return std::move(mResult);
+    if (mRequest.declarations) {
+      CheckNoTemplate();
+      if (Accepted()) WriteDeclarations();
+    } else {
+      const ProcPlaces places = FindPlaces(mCode, mRequest.headLine, mValues.baseType);
+      if (places.refusal) Refuse({*places.refusal});
+      if (Accepted()) CheckNoTemplate();
+      if (Accepted()) WriteProcedure(places);
     }
-    LineWriter oTraced;
-    WriteLines(lFirst, lEnd, oTraced);
-    if (!oTraced.Any()) return;
-    const Text sTraced = oTraced.Take();
-    std::vector<TextView> asLine;
-    for (std::size_t l = 0; l <= sTraced.size(); l += asLine.back().size() + CrLf.size()) {
-      asLine.push_back(TextView(sTraced).substr(l, FindLineEnd(sTraced, l) - l));
-    }
-    moWriter.AddEnded(
-        LineNumbers::DoLineNumbers(asLine, moRequest.eLineNumAction, *moRequest.pRules));
+    mResult.text = mWriter.Take();
+    return std::move(mResult);
   }
 
  private:
-  void WriteLines(std::size_t lFirst, std::size_t lEnd, LineWriter& oWriter) const {
-    if (msTraceExit.empty()) return oWriter.Add(moProc, lFirst, lEnd);
-    bool bInComment = false;  // in a comment that continues over lines nothing is code
-    for (std::size_t i = lFirst; i < lEnd; ++i) {
-      const TextView sLine = moProc.Line(i);
-      const bool bGoesOn = Continues(sLine);
-      const bool bComment = bInComment || (bGoesOn && CommentStart(sLine) < sLine.size());
-      if (!bInComment && FindText(sLine, u"Exit ") != TextView::npos) {
-        oWriter.Add(TraceExits::Insert(sLine, moRequest.oValues.sBaseType, msTraceExit));
-      } else {
-        oWriter.Add(sLine);
-      }
-      bInComment = bGoesOn && bComment;
+  bool Accepted() const { return mResult.refusals.empty(); }
+  void Refuse(Refusal refusal) { mResult.refusals.push_back(std::move(refusal)); }
+
+  void CheckRequest() {
+    const bool module = mRequest.declarations;
+    if (mRow.eType != (module ? TemplateType::Module : TemplateType::Procedure)) {
+      Refuse({RefusalKind::WrongType, 0, mRow.sName, module ? u"module" : u"procedure"});
+    } else if (!Signatures().IsReadable(mValues.signature, mRequest.locked)) {
+      Refuse({RefusalKind::SignatureNotReadable, 0, Text(mValues.signature)});
     }
   }
 
-  const InsertionRequest& moRequest;
-  const ProcText& moProc;
-  LineWriter& moWriter;
-  Text msTraceExit;
-};
-
-/// The sections and the body behind the signature.
-void WriteSections(const InsertionRequest& oRequest, const ProcText& oProc,
-                   const ProcPlaces& oPlaces, LineWriter& oWriter) {
-  const TemplateRow& oTemplate = *oRequest.pTemplate;
-  const auto Rows = [&](Section eFirst, Section eLast) {
-    WriteRows(*oRequest.pLines, oTemplate.lStart[eFirst], oTemplate.lStart[eLast], oRequest.oValues,
-              oWriter);
-  };
-  Rows(Section::Start, Section::BodyStart);
-  BodyWriter oBody(oRequest, oProc, oWriter);
-  if (!oTemplate.bFire) {
-    oBody.Write(oPlaces.lFirstBody, oPlaces.lEnd);
-    Rows(Section::BodyEnd, Section::End);
-    return;
+  void CheckNoTemplate() {
+    if (!mRequest.signedCode) return;
+    const std::size_t line = Signatures().FindNamed(mCode);
+    if (line == mCode.Count()) return;
+    Refuse({RefusalKind::TemplateThere, line + 1, Text(mCode.Line(line))});
   }
-  const FireBlock oFire = FindFireBlock(oProc, oPlaces);
-  oBody.Write(oPlaces.lFirstBody, oFire.Found() ? oFire.lFirst : oPlaces.lEnd);
-  if (oFire.Found()) oWriter.Add(oProc, oFire.lEnd, oPlaces.lEnd);
-  Rows(Section::BodyEnd, Section::FireStart);
-  for (std::size_t i = oFire.lFirst; i < oFire.lEnd; ++i) oWriter.Add(FireCode(oProc.Line(i)));
-  Rows(Section::FireEnd, Section::End);
-}
+
+  const Signature& Signatures() const { return mRequest.templates.Signatures(); }
+
+  /// Writes lines of the template and remembers which they are.
+  template <class Write>
+  void WriteOwn(Write&& write) {
+    const std::size_t first = mWriter.Count();
+    write();
+    if (mWriter.Count() > first) mResult.templateLines.push_back({first, mWriter.Count()});
+  }
+  void WriteSignature() {
+    WriteOwn([&] { mWriter.Add(Signatures().Line(mValues.signature, mRequest.locked)); });
+  }
+  void WriteSection(Section first, Section last) {
+    WriteOwn([&] {
+      WriteRows(mRequest.templates.lines, mRow.lStart[first], mRow.lStart[last], mValues, mWriter);
+    });
+  }
+
+  void WriteProcedure(const ProcPlaces& places) {
+    constexpr std::size_t TemplateUnits = 2048;  // more than most templates take
+    mWriter.Reserve(mCode.Units() + TemplateUnits);
+    mWriter.Add(mCode, 0, places.firstBody);
+    WriteSignature();
+    try {
+      WriteSections(places);
+    } catch (const Failure& failure) {  // a number that doesn't fit its field
+      return Refuse({RefusalKind::NumberTooLong, 0, Text(failure.Description())});
+    }
+    mWriter.Add(mCode, places.end, mCode.Count());
+  }
+
+  /// The sections and the body behind the signature.
+  void WriteSections(const ProcPlaces& places) {
+    WriteSection(Section::Start, Section::BodyStart);
+    if (mValues.trace && mRow.lTraceExit > 0) {
+      mResult.traceExit =
+          TraceExits::GetTraceExit(mRequest.templates.Row(mRow.lTraceExit), mValues);
+    }
+    if (!mRow.bFire) {
+      WriteBody(places.firstBody, places.end);
+      return WriteSection(Section::BodyEnd, Section::End);
+    }
+    const CleanUpBlock block = FindCleanUp(mCode, places);
+    WriteBody(places.firstBody, block.Found() ? block.first : places.end);
+    if (block.Found()) mWriter.Add(mCode, block.end, places.end);
+    WriteSection(Section::BodyEnd, Section::FireStart);
+    for (std::size_t i = block.first; i < block.end; ++i) mWriter.Add(CleanUpCode(mCode.Line(i)));
+    WriteSection(Section::FireEnd, Section::End);
+  }
+
+  /// Lines of the body with their trace exits and line numbers.
+  void WriteBody(std::size_t first, std::size_t end) {
+    if (mRequest.numbering == MQuillon::LineNumAction::Leave) {
+      return WriteTraced(first, end, mWriter);
+    }
+    LineWriter traced;
+    WriteTraced(first, end, traced);
+    if (traced.Count() == 0) return;
+    const Text text = traced.Take();
+    std::vector<TextView> lines;
+    for (std::size_t l = 0; l <= text.size(); l += lines.back().size() + CrLf.size()) {
+      lines.push_back(TextView(text).substr(l, FindLineEnd(text, l) - l));
+    }
+    mWriter.AddEnded(LineNumbers::DoLineNumbers(lines, mRequest.numbering, mRequest.rules));
+  }
+
+  void WriteTraced(std::size_t first, std::size_t end, LineWriter& writer) const {
+    // Without its first letter, which is too common to search for.
+    if (mResult.traceExit.empty() || !mCode.MayHold(first, end, u"xit ")) {
+      return writer.Add(mCode, first, end);
+    }
+    std::size_t kept = first;  // lines from here on are written as they are
+    bool comment = false;      // in a comment that continues over lines nothing is code
+    for (std::size_t i = first; i < end; ++i) {
+      const TextView line = mCode.Line(i);
+      const bool goesOn = Continues(line);
+      if (!comment && FindText(line, u"Exit ") != TextView::npos) {
+        writer.Add(mCode, kept, i);
+        writer.Add(TraceExits::Insert(line, mValues.baseType, mResult.traceExit));
+        kept = i + 1;
+      }
+      comment = goesOn && (comment || mCode.CommentOf(i) < line.size());
+    }
+    writer.Add(mCode, kept, end);
+  }
+
+  void WriteDeclarations() {
+    std::size_t place = BehindOptions(mCode);
+    // What follows the last line end of blank declarations is no line to stand behind.
+    if (place > 0 && place == mCode.Count() && mCode.Line(place - 1).empty()) --place;
+    mWriter.Add(mCode, 0, place);
+    WriteSignature();
+    WriteSection(Section::Start, Section::End);
+    mWriter.Add(mCode, place, mCode.Count());
+  }
+
+  const InsertionRequest& mRequest;
+  const TemplateRow& mRow;
+  const SectionValues& mValues;
+  const ProcText& mCode;
+  LineWriter mWriter;
+  Insertion mResult;
+};
 
 }  // namespace
 
-Text InsertIntoProcedure(const InsertionRequest& oRequest, const ProcText& oProc, Text& sResult) {
-  Text sRefusal = CheckType(oRequest, TemplateType::Procedure, u"procedure");
-  if (sRefusal.empty()) sRefusal = CheckSignature(oRequest);
-  if (!sRefusal.empty()) return sRefusal;
-  const ProcPlaces oPlaces = FindPlaces(oProc, oRequest.lBodyLine, oRequest.oValues.sBaseType);
-  if (oPlaces.Refused()) return oPlaces.sRefusal;
-  sRefusal = CheckNoTemplate(oRequest, oProc);
-  if (!sRefusal.empty()) return sRefusal;
-
-  LineWriter oWriter;
-  oWriter.Reserve(oProc.Units() + 2048);
-  oWriter.Add(oProc, 0, oPlaces.lFirstBody);
-  oWriter.Add(oRequest.pSignature->Line(oRequest.oValues.sTemplate, oRequest.bLocked));
-  try {
-    WriteSections(oRequest, oProc, oPlaces, oWriter);
-  } catch (const Failure& oFailure) {  // a number that doesn't fit its field
-    return u"    " + oFailure.Description();
-  }
-  oWriter.Add(oProc, oPlaces.lEnd, oProc.Count());
-  sResult = oWriter.Take();
-  return Text();
-}
-
-Text InsertIntoDeclarations(const InsertionRequest& oRequest, const ProcText& oProc,
-                            Text& sResult) {
-  Text sRefusal = CheckType(oRequest, TemplateType::Module, u"module");
-  if (sRefusal.empty()) sRefusal = CheckSignature(oRequest);
-  if (!sRefusal.empty()) return sRefusal;
-  sRefusal = CheckNoTemplate(oRequest, oProc);
-  if (!sRefusal.empty()) return sRefusal;
-
-  const TemplateRow& oTemplate = *oRequest.pTemplate;
-  const std::size_t lLines = oProc.Units() == 0 ? 0 : oProc.Count();
-  std::size_t lPlace = oProc.Units() == 0 ? 0 : BehindOptions(oProc);
-  // What follows the last line end of blank declarations is no line to stand behind.
-  if (lPlace > 0 && lPlace == lLines && oProc.Line(lPlace - 1).empty()) --lPlace;
-  LineWriter oWriter;
-  oWriter.Add(oProc, 0, lPlace);
-  oWriter.Add(oRequest.pSignature->Line(oRequest.oValues.sTemplate, oRequest.bLocked));
-  WriteRows(*oRequest.pLines, oTemplate.lStart[Section::Start], oTemplate.lStart[Section::End],
-            oRequest.oValues, oWriter);
-  oWriter.Add(oProc, lPlace, lLines);
-  sResult = oWriter.Take();
-  return Text();
+Insertion InsertTemplate(const InsertionRequest& request, const ProcText& code) {
+  return TemplateInsertion(request, code).Run();
 }

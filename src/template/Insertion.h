@@ -1,34 +1,48 @@
-// Puts a template around a procedure's body, or into a declarations section, as a pure function.
-// In order: refusals, the lines ahead of the body, the body with its trace exits and numbers, the
-// sections behind it with the procedure's own clean-up code, the rest.
+// Puts a template around a procedure's body, or into a declarations section. In order: refusals,
+// the lines ahead of the body, the body with its trace exits and numbers, the sections behind it
+// with the procedure's own clean-up code, the rest.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <vector>
 
+#include "Choices.h"
 #include "MRules.h"
 #include "ProcText.h"
+#include "Refusal.h"
 #include "Sections.h"
-#include "Signature.h"
-#include "TemplateRows.h"
+#include "TemplateSet.h"
 #include "Text.h"
 
+/// What a template is to be put around.
 struct InsertionRequest {
-  const TemplateRow* pTemplate = nullptr;
-  const std::vector<LineRow>* pLines = nullptr;
-  const Signature* pSignature = nullptr;
-  const MRules::Values* pRules = nullptr;
-  SectionValues oValues;
-  bool bLocked = false;
-  bool bSigned = true;         ///< false: the text is known to hold no signature
-  std::int32_t lBodyLine = 1;  ///< from 1
-  MQuillon::LineNumAction eLineNumAction = MQuillon::LineNumAction::Leave;
+  const TemplateSet& templates;
+  const MRules::Values& rules;
+  const TemplateRow& row;
+  SectionValues values;
+  bool declarations = false;
+  bool locked = false;
+  bool signedCode = true;     ///< false: the code is known to hold no signature
+  std::int32_t headLine = 1;  ///< from 1
+  MQuillon::LineNumAction numbering = MQuillon::LineNumAction::Leave;
 };
 
-/// sResult is the new text. The result is the message that refuses it, or empty.
-[[nodiscard]] Text InsertIntoProcedure(const InsertionRequest& oRequest, const ProcText& oProc,
-                                       Text& sResult);
-[[nodiscard]] Text InsertIntoDeclarations(const InsertionRequest& oRequest, const ProcText& oProc,
-                                          Text& sResult);
+struct Insertion {
+  /// Lines of the new text from first up to and not including end, from 0.
+  struct Stretch {
+    std::size_t first, end;
+  };
+
+  Text text;
+  /// The lines that come from the template: signature and sections, in their order.
+  std::vector<Stretch> templateLines;
+  /// What stands ahead of each Exit of a traced body; empty for none.
+  Text traceExit;
+  std::vector<Refusal> refusals;  ///< with one, the rest is of no use
+};
+
+[[nodiscard]] Insertion InsertTemplate(const InsertionRequest& request, const ProcText& code);
 
 /// The mark of clean-up code that waits as comment lines, in lower case.
 inline constexpr TextView FireMark = u"'fireexit:";

@@ -1,103 +1,94 @@
-// The text of one procedure as lines, and the places in it that every rewrite needs: the end of
-// its head and its end line. Lines are views into the given text, from index 0, and none is lost:
-// n line ends make n + 1 lines, so blank last lines are lines like any other.
+// The text of one procedure, or of one declarations section, as lines. Each line is kept as it is
+// written and in the form in which lines are compared; both are made once, when the text is taken
+// apart, and lines that a rewrite keeps pass from one ProcText to the next as they are.
 //
-//   ProcText oProc(sProcCode);
-//   ProcPlaces oPlaces = FindPlaces(oProc, lBodyLine, u"Sub");
-//   if (oPlaces.Refused()) ReportError(oPlaces.sRefusal);
+//   ProcText code(text);
+//   code.Line(0)     // Public Sub  Load()
+//   code.Folded(0)   // public sub load()
+//
+// Lines count from 0. None is lost: n line ends make n + 1 lines, and the empty text has none.
+// Lines are views into the text that was given, which must outlive them, or into lines that this
+// object keeps itself.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "Text.h"
 
+/// For Continues only: the same for a line that ends in an underscore, a blank or a tab.
+bool ContinuesInFull(TextView line);
 /// True when the line goes on in the next one: a blank or tab and an underscore at its end,
 /// outside a literal. In a comment it counts as well.
-bool Continues(TextView sLine);
+inline bool Continues(TextView line) {
+  if (line.empty()) return false;
+  const char16_t last = line.back();
+  return (last == u'_' || last == u' ' || last == u'\t') && ContinuesInFull(line);
+}
 /// Position from 0 of the line's comment, by an apostrophe or by Rem at the start of a statement;
 /// the line's length when it has none.
-std::size_t CommentStart(TextView sLine);
-bool IsBlank(TextView sLine);
+std::size_t CommentStart(TextView line);
+bool IsBlank(TextView line);
 /// Without the blanks and tabs at both ends.
-TextView TrimWhite(TextView sText);
+TextView TrimWhite(TextView text);
 
 class ProcText {
  public:
-  explicit ProcText(TextView sProcCode);
+  ProcText() = default;
+  explicit ProcText(TextView text);
+  ProcText(ProcText&&) = default;
+  ProcText& operator=(ProcText&&) = default;
 
-  /// Length of the text that was given.
-  std::size_t Units() const { return mlUnits; }
-  std::size_t Count() const { return moLines.size(); }
-  TextView Line(std::size_t i) const { return moLines[i]; }
-  const std::vector<TextView>& Lines() const { return moLines; }
-  /// The form in which lines are compared: FullTrim, lower case. Made at construction.
-  TextView Folded(std::size_t i) const {
-    return {msFolded.data() + moFolds[i].lStart, moFolds[i].lLength};
-  }
-  bool Holds(char16_t cLower) const { return FindUnit(msFolded, cLower) != Text::npos; }
+  std::size_t Count() const { return mLines.size(); }
+  TextView Line(std::size_t i) const { return mLines[i].text; }
+  /// FullTrim, lower case.
+  TextView Folded(std::size_t i) const { return mLines[i].folded; }
   /// True when line i is the second or a later physical line of a statement or comment.
-  bool IsContinued(std::size_t i) const { return i > 0 && Continues(moLines[i - 1]); }
+  bool IsContinued(std::size_t i) const { return i > 0 && Continues(mLines[i - 1].text); }
+  /// False when the line holds no colon and no apostrophe: what it says is one statement, or
+  /// nothing but a comment that begins with Rem.
+  bool MayHoldMore(std::size_t i) const { return mLines[i].mayHoldMore; }
+  /// True when one of the folded lines first up to and not including end may hold the text, which
+  /// is lower case and no blank: false for most texts that aren't there, at a fraction of the time
+  /// of a look at each line.
+  bool MayHold(std::size_t first, std::size_t end, TextView lower) const;
+  /// False only when no line holds the sign of a compiler directive.
+  bool MayHoldDirective() const { return mMayHoldDirective; }
+  /// As the function of that name, for line i.
+  std::size_t CommentOf(std::size_t i) const;
+  /// Where the run of lines that stand one behind the other in the given text ends: the index
+  /// behind it. All of the run is one stretch of that text.
+  std::size_t RunEnd(std::size_t first, std::size_t end) const;
+
+  /// Takes over lines first up to and not including end. The other text must outlive this one.
+  void Keep(const ProcText& other, std::size_t first, std::size_t end);
+  /// Takes a copy of one line.
+  void Add(TextView line);
+  /// Drops the empty lines at the end and gives their number.
+  std::size_t CutEmptyTail();
+  /// The lines joined by CR LF; no lines give the empty text.
+  Text Joined() const;
+  /// Units of all lines together with their line ends.
+  std::size_t Units() const;
 
  private:
-  struct Fold {
-    std::uint32_t lStart, lLength;  // in msFolded
+  struct Entry {
+    TextView text;
+    TextView folded;
+    bool given;  ///< a view into the text that was taken apart, not a line of our own
+    bool mayHoldMore;
   };
 
-  std::vector<TextView> moLines;
-  std::size_t mlUnits = 0;
-  Text msFolded;
-  std::vector<Fold> moFolds;
-};
+  /// Room for so many units, for as long as this object lives.
+  char16_t* Room(std::size_t units);
 
-/// Indices from 0. Empty refusal: the procedure can be rewritten.
-struct ProcPlaces {
-  std::size_t lFirstBody = 0;  ///< the line behind the head
-  std::size_t lEnd = 0;        ///< the End line
-  Text sRefusal;
-  bool Refused() const { return !sRefusal.empty(); }
-};
+  void MarkLinesWith(char16_t sign, TextView lower);
 
-/// lBodyLine: from 1. sBaseType: Sub, Function or Property. Refuses a head that isn't there, a head
-/// and end on one line, an end that is missing or written in another form than by itself on a
-/// line, and unbalanced conditional compilation between head and end.
-ProcPlaces FindPlaces(const ProcText& oProc, std::int32_t lBodyLine, TextView sBaseType);
-
-/// Index of the line behind the head that begins at lBodyLine, or Count() when there is none.
-std::size_t BehindHead(const ProcText& oProc, std::int32_t lBodyLine);
-/// True when the head's own line holds the procedure's end as well.
-bool HeadHoldsEnd(const ProcText& oProc, std::int32_t lBodyLine);
-/// "Property" for a property, else the type itself; the kind behind "Property ", else empty.
-TextView BaseType(TextView sProcType);
-TextView PropertyKind(TextView sProcType);
-/// Index behind the leading blanks, comments, Option and Def lines of a declarations section.
-std::size_t BehindOptions(const ProcText& oProc);
-
-/// Collects lines and joins them with CR LF; the last line gets no line end.
-class LineWriter {
- public:
-  void Add(TextView sLine) { NewLine().append(sLine); }
-  /// Begins a line: the text to append it to, good until the next call.
-  Text& NewLine() {
-    if (mbAny) msText.append(CrLf);
-    mbAny = true;
-    return msText;
-  }
-  /// Lines from lFirst up to and not including lLast.
-  void Add(const ProcText& oProc, std::size_t lFirst, std::size_t lLast) {
-    for (std::size_t i = lFirst; i < lLast; ++i) Add(oProc.Line(i));
-  }
-  /// Text in which each line is followed by CR LF; the empty text adds nothing.
-  void AddEnded(TextView sLines) {
-    if (sLines.empty()) return;
-    Add(sLines.substr(0, sLines.size() - CrLf.size()));
-  }
-  void Reserve(std::size_t lUnits) { msText.reserve(lUnits); }
-  Text Take() { return std::move(msText); }
-  bool Any() const { return mbAny; }
-
- private:
-  Text msText;
-  bool mbAny = false;
+  std::vector<Entry> mLines;
+  std::vector<std::unique_ptr<char16_t[]>> mBlocks;
+  char16_t* mRoom = nullptr;  ///< what is left of the last block
+  std::size_t mFree = 0;
+  bool mMayHoldDirective = false;
 };

@@ -1,21 +1,27 @@
-// Proves a rewrite on texts alone: what was put in comes out again, and no jump loses its target.
-// Used by the model when its option bProve is on; the engine itself never calls it.
+// Proves a rewrite on texts alone: what was put in comes out again, no jump loses its target, and
+// the module reads each line of the template as the line that it was meant to be.
 #pragma once
 
-#include "Text.h"
+#include <optional>
+
+#include "Insertion.h"
+#include "MRules.h"
+#include "ParsedProcedure.h"
+#include "ProcText.h"
+#include "Refusal.h"
 
 namespace Proof {
 
-/// Compares the text ahead of an insertion with the text that a removal gives back.
-/// The clean-up block ('FireExit: lines) may have moved and lost blank lines. bNumbered: line
-/// numbers were put in, changed or taken out, so numbers and indentation may differ as well.
-/// Empty when they agree, else a message that names the first line that differs, such as
-/// `Line 12 would come back as [x = 2] and not as [x = 1]`.
-Text FirstDifference(TextView sBefore, TextView sBack, bool bNumbered);
+/// Compares the lines ahead of an insertion with the lines that a removal gives back: the first
+/// difference, or nothing. The clean-up block ('FireExit: lines) may have moved and lost blank
+/// lines. numbered: line numbers were put in, changed or taken out, so numbers and indentation may
+/// differ as well.
+std::optional<Refusal> FirstDifference(const ProcText& before, const ProcText& back, bool numbered);
 
-/// A line number that a jump of sBefore names (GoTo, GoSub, Resume, On x GoTo, Then 10, Else 10,
-/// a comparison with Erl) must stand ahead of the same statement in sAfter.
-/// Empty when all do, else a message such as `Line number 10 is the target of a jump`.
-Text LostJumpTarget(TextView sBefore, TextView sAfter);
+/// What is wrong with an insertion, or nothing. bare: the lines that it started from; after: its
+/// text, taken apart as a module would read it; row: of the template that was put in.
+std::optional<Refusal> FirstFault(const ProcText& bare, const Insertion& insertion,
+                                  const ParsedProcedure& after, const TemplateRow& row,
+                                  const MRules::Values& rules, bool numbered);
 
 }  // namespace Proof

@@ -1,389 +1,424 @@
+// In order: what both kinds of texts need, procedures, declarations.
 #include "Removal.h"
 
 #include <algorithm>
 
+#include "CodeSettings.h"
 #include "Insertion.h"
 #include "MQuillon.h"
-#include "MXString.h"
 #include "MXStringVB.h"
-#include "ProcText.h"
 #include "RowMatch.h"
+#include "Sections.h"
 #include "TraceExits.h"
 
 namespace {
 
 constexpr std::size_t None = static_cast<std::size_t>(-1);
 
-Text LineMessage(TextView sMessage, std::size_t lLine, TextView sLine) {
-  return Text(sMessage) + u"; Line=" + ToText(static_cast<long long>(lLine) + 1) + u" [" +
-         Text(sLine) + u"]";
-}
+/// The values as the code has them, and their names: an unset value has none, which says that lines
+/// with that condition weren't written.
+struct ValuesInCode {
+  Text boundary, severity, retry;
+  SectionValues values;
+
+  ValuesInCode(const ParsedProcedure& procedure, const TemplateRow& row) {
+    CProcSettings read;
+    const CProcSettings* settings = &procedure.Settings();
+    if (settings->sTemplate() != row.sName) {
+      CodeSettings::ReadValues(procedure.Templates(), row, procedure.Code(), read);
+      settings = &read;
+    }
+    boundary = MQuillon::BoundaryName(settings->eBoundary());
+    severity = MQuillon::SeverityName(settings->eSeverity());
+    retry = MQuillon::RetryName(settings->eRetry());
+    values = {row.sName,
+              procedure.Name().module,
+              procedure.ShownName(),
+              procedure.BaseTypeName(),
+              boundary,
+              severity,
+              retry,
+              settings->eTrace() == MQuillon::TriState::True};
+  }
+};
 
 /// True when the row, as it was written, may not fit its pattern. A value that the code doesn't
 /// state may have been changed by hand, or never have been there: then the text itself tells.
-bool CouldStayBehind(const LineRow& oRow, SectionValues oValues, const ProcText& oProc) {
-  if (!oRow.bScript || !IsWritten(oRow, oValues) || FitsItself(oRow, oValues)) return false;
-  const Text sOwn = FoldedRow(oRow, oValues);
-  for (TextView* pValue : {&oValues.sBoundary, &oValues.sSeverity, &oValues.sRetry})
-    if (pValue->empty()) *pValue = u"0";
-  if (!FitsItself(oRow, oValues)) return true;
-  for (std::size_t i = 0; i < oProc.Count(); ++i)
-    if (oProc.Folded(i) == sOwn) return true;
+bool CouldStayBehind(const LineRow& row, const SectionValues& values, const ProcText& code) {
+  if (!row.bScript || !IsWritten(row, values) || FitsItself(row, values)) return false;
+  const Text own = FoldedRow(row, values);
+  SectionValues filled = values;
+  for (TextView* value : {&filled.boundary, &filled.severity, &filled.retry}) {
+    if (value->empty()) *value = u"0";
+  }
+  if (!FitsItself(row, filled)) return true;
+  for (std::size_t i = 0; i < code.Count(); ++i) {
+    if (code.Folded(i) == own) return true;
+  }
   return false;
 }
 
-Text UnfitMessage(const LineRow& oRow) {
-  return u"    Template Line does not fit its own Pattern [" + oRow.sLine + u"]";
-}
-
-/// Removal from one procedure: the places first, then whether they can be trusted, then the text.
+/// Removal from one procedure: the places first, then whether they can be trusted, then the lines.
 class ProcedureRemoval {
  public:
-  ProcedureRemoval(const RemovalRequest& oRequest, const ProcText& oProc)
-      : moRequest(oRequest), moTemplate(*oRequest.pTemplate), moProc(oProc) {}
+  ProcedureRemoval(const ParsedProcedure& procedure, const TemplateRow& row,
+                   const SectionValues& values, const MRules::Values& rules)
+      : mProcedure(procedure),
+        mTemplate(row),
+        mRows(procedure.Templates().lines),
+        mCode(procedure.Code()),
+        mValues(values),
+        mRules(rules) {}
 
-  std::vector<Text> Run(Text& sResult) {
-    const ProcPlaces oPlaces = FindPlaces(moProc, moRequest.lBodyLine, moRequest.oValues.sBaseType);
-    mlFirstBody = oPlaces.lFirstBody;
-    mlProcEnd = oPlaces.Refused() ? None : oPlaces.lEnd;
-    if (mlFirstBody == 0) return {oPlaces.sRefusal};
+  Removal Run() {
+    const ProcPlaces places = FindPlaces(mCode, mProcedure.HeadLine(), mValues.baseType);
+    mFirstBody = places.firstBody;
+    mProcEnd = places.refusal ? None : places.end;
+    if (mFirstBody == 0) {
+      Refuse({*places.refusal});
+      return std::move(mResult);
+    }
     FindBorders();
-    CheckPlaces(oPlaces.sRefusal);
-    if (masMessage.empty()) CheckOwnText();
-    if (masMessage.empty()) CheckSections();
-    if (masMessage.empty()) sResult = Compose();
-    return masMessage;
+    CheckPlaces(places.refusal);
+    if (Accepted()) CheckOwnText();
+    if (Accepted()) CheckSections();
+    if (Accepted()) Compose();
+    return std::move(mResult);
   }
 
  private:
-  std::size_t FindFirst(Section ePlace) const {
-    for (std::size_t i = mlFirstBody; i < moProc.Count(); ++i) {
-      if (moTemplate.sLike[ePlace].Matches(moProc.Folded(i))) return i;
+  bool Accepted() const { return mResult.refusals.empty(); }
+  void Refuse(Refusal refusal) { mResult.refusals.push_back(std::move(refusal)); }
+  const LineRow& Row(std::int32_t row) const { return mRows[static_cast<std::size_t>(row)]; }
+
+  std::size_t FindFirst(Section place) const {
+    const LikePattern& like = mTemplate.sLike[place];
+    for (std::size_t i = mFirstBody; i < mCode.Count(); ++i) {
+      if (like.Matches(mCode.Folded(i))) return i;
     }
     return None;
   }
 
   void FindBorders() {
-    mlBodyStart = FindFirst(Section::BodyStart);
-    mlBodyEnd = FindFirst(Section::BodyEnd);
-    if (!moTemplate.bFire) return;
-    mlFireStart = FindFirst(Section::FireStart);
-    mlFireEnd = FindFirst(Section::FireEnd);
+    mBodyStart = FindFirst(Section::BodyStart);
+    mBodyEnd = FindFirst(Section::BodyEnd);
+    if (!mTemplate.bFire) return;
+    mFireStart = FindFirst(Section::FireStart);
+    mFireEnd = FindFirst(Section::FireEnd);
   }
 
-  void Test(bool bFails, TextView sMessage) {
-    if (bFails) masMessage.emplace_back(sMessage);
+  struct Place {
+    std::size_t line;
+    TextView name;
+  };
+  void TestFound(const Place& place) {
+    if (place.line == None) Refuse({RefusalKind::PlaceNotFound, 0, Text(place.name)});
   }
-  static bool NotAbove(std::size_t lUpper, std::size_t lLower) {
-    return lUpper != None && lLower != None && lUpper >= lLower;
+  void TestOrder(const Place& upper, const Place& lower) {
+    if (upper.line == None || lower.line == None || upper.line < lower.line) return;
+    Refuse({RefusalKind::PlaceAhead, 0, Text(lower.name), Text(upper.name)});
   }
 
-  void CheckPlaces(TextView sEndRefusal) {
-    Test(mlBodyStart == None, u"    BodyStart Not Found");
-    Test(mlBodyEnd == None, u"    BodyEnd Not Found");
-    Test(NotAbove(mlBodyStart, mlBodyEnd), u"    BodyEnd Found before BodyStart");
-    Test(mlProcEnd == None, sEndRefusal);
-    if (moTemplate.bFire) {
-      Test(mlFireStart == None, u"    FireStart Not Found");
-      Test(mlFireEnd == None, u"    FireEnd Not Found");
-      Test(NotAbove(mlFireStart, mlFireEnd), u"    FireEnd Found before FireStart");
-      Test(NotAbove(mlBodyEnd, mlFireStart), u"    FireStart Found before BodyEnd");
+  void CheckPlaces(std::optional<RefusalKind> endRefusal) {
+    const Place bodyStart{mBodyStart, u"BodyStart"}, bodyEnd{mBodyEnd, u"BodyEnd"},
+        fireStart{mFireStart, u"FireStart"}, fireEnd{mFireEnd, u"FireEnd"},
+        procEnd{mProcEnd, u"Procedure End"};
+    TestFound(bodyStart);
+    TestFound(bodyEnd);
+    TestOrder(bodyStart, bodyEnd);
+    if (endRefusal) Refuse({*endRefusal});
+    if (mTemplate.bFire) {
+      TestFound(fireStart);
+      TestFound(fireEnd);
+      TestOrder(fireStart, fireEnd);
+      TestOrder(bodyEnd, fireStart);
     }
     // Lines behind the end are other code: a place found there isn't this procedure's.
-    Test(NotAbove(mlBodyStart, mlProcEnd), u"    Procedure End Found before BodyStart");
-    Test(NotAbove(mlBodyEnd, mlProcEnd), u"    Procedure End Found before BodyEnd");
-    if (!moTemplate.bFire) return;
-    Test(NotAbove(mlFireStart, mlProcEnd), u"    Procedure End Found before FireStart");
-    Test(NotAbove(mlFireEnd, mlProcEnd), u"    Procedure End Found before FireEnd");
+    TestOrder(bodyStart, procEnd);
+    TestOrder(bodyEnd, procEnd);
+    if (!mTemplate.bFire) return;
+    TestOrder(fireStart, procEnd);
+    TestOrder(fireEnd, procEnd);
   }
 
   /// A row whose own text doesn't fit its pattern can't be found again: taking out the others would
   /// leave it behind, or let it pass as the user's.
   void CheckOwnText() {
     CheckOwnText(Section::Start, Section::BodyStart);
-    CheckOwnText(Section::BodyEnd, moTemplate.bFire ? Section::FireStart : Section::End);
-    if (moTemplate.bFire) CheckOwnText(Section::FireEnd, Section::End);
+    CheckOwnText(Section::BodyEnd, mTemplate.bFire ? Section::FireStart : Section::End);
+    if (mTemplate.bFire) CheckOwnText(Section::FireEnd, Section::End);
   }
-  void CheckOwnText(Section eFirst, Section eLast) {
-    for (std::int32_t l = moTemplate.lStart[eFirst]; l <= moTemplate.lStart[eLast]; ++l) {
-      const LineRow& oRow = (*moRequest.pLines)[static_cast<std::size_t>(l)];
-      if (CouldStayBehind(oRow, moRequest.oValues, moProc))
-        masMessage.push_back(UnfitMessage(oRow));
+  void CheckOwnText(Section first, Section last) {
+    for (std::int32_t i = mTemplate.lStart[first]; i <= mTemplate.lStart[last]; ++i) {
+      if (CouldStayBehind(Row(i), mValues, mCode)) {
+        Refuse({RefusalKind::RowDoesNotFit, 0, Row(i).sLine});
+      }
     }
   }
 
   void CheckSections() {
-    CheckLines(mlFirstBody, mlBodyStart + 1, Section::Start, Section::BodyStart);
-    if (!moTemplate.bFire) {
-      CheckLines(mlBodyEnd, mlProcEnd, Section::BodyEnd, Section::End);
+    CheckLines(mFirstBody, mBodyStart + 1, Section::Start, Section::BodyStart);
+    if (!mTemplate.bFire) {
+      CheckLines(mBodyEnd, mProcEnd, Section::BodyEnd, Section::End);
     } else {
-      CheckLines(mlBodyEnd, mlFireStart + 1, Section::BodyEnd, Section::FireStart);
-      CheckLines(mlFireEnd, mlProcEnd, Section::FireEnd, Section::End);
+      CheckLines(mBodyEnd, mFireStart + 1, Section::BodyEnd, Section::FireStart);
+      CheckLines(mFireEnd, mProcEnd, Section::FireEnd, Section::End);
     }
-    if (masMessage.empty()) CheckBorders();
-    if (masMessage.empty()) masMessage = std::move(masBeyond);
+    if (Accepted()) CheckBorders();
+    if (Accepted()) mResult.refusals = std::move(mBeyond);
   }
 
-  void CheckLines(std::size_t lFirst, std::size_t lEnd, Section eFirst, Section eLast) {
-    RowMatch oRows(*moRequest.pLines, moTemplate.lStart[eFirst], moTemplate.lStart[eLast],
-                   *moRequest.pSignature);
-    for (std::size_t i = lFirst; i < lEnd; ++i) {
-      if (oRows.Passes(moProc.Folded(i))) continue;
-      masMessage.push_back(LineMessage(u"    Code does not match Template", i, moProc.Line(i)));
+  void CheckLines(std::size_t from, std::size_t to, Section first, Section last) {
+    RowMatch rows(mRows, mTemplate.lStart[first], mTemplate.lStart[last],
+                  mProcedure.Templates().Signatures());
+    for (std::size_t i = from; i < to; ++i) {
+      if (rows.Passes(mCode.Folded(i))) continue;
+      Refuse({RefusalKind::LineMismatch, i + 1, Text(mCode.Line(i))});
     }
-    if (!oRows.AllUnconditionalUsed()) mbIncomplete[eFirst] = true;
-    if (eLast == Section::BodyStart) CheckBeyond(oRows, lEnd, mlBodyEnd, u"BodyStart");
-    if (eFirst == Section::BodyEnd) CheckBeyond(oRows, lFirst, mlBodyStart + 1, u"BodyEnd");
-    if (eLast == Section::FireStart) CheckBeyond(oRows, lEnd, mlFireEnd, u"FireStart");
-    if (eFirst == Section::FireEnd) CheckBeyond(oRows, lFirst, mlFireStart + 1, u"FireEnd");
+    if (!rows.AllUnconditionalUsed()) mIncomplete[static_cast<std::size_t>(first)] = true;
+    if (last == Section::BodyStart) CheckBeyond(rows, to, mBodyEnd, u"BodyStart");
+    if (first == Section::BodyEnd) CheckBeyond(rows, from, mBodyStart + 1, u"BodyEnd");
+    if (last == Section::FireStart) CheckBeyond(rows, to, mFireEnd, u"FireStart");
+    if (first == Section::FireEnd) CheckBeyond(rows, from, mFireStart + 1, u"FireEnd");
     // A row that reads as the procedure's end.
-    if (eLast == Section::End) CheckBeyond(oRows, mlProcEnd + 1, moProc.Count(), u"Procedure End");
+    if (last == Section::End) CheckBeyond(rows, mProcEnd + 1, mCode.Count(), u"Procedure End");
   }
 
   /// A template's lines stand side by side. A line beyond the border that a row waits for says that
   /// the border is another line: what lies beyond would stay in the code and be written again.
-  /// Looks at the lines from lBorder up to lOther, or down from the one above it.
-  void CheckBeyond(const RowMatch& oRows, std::size_t lBorder, std::size_t lOther, TextView sName) {
-    const bool bUp = lOther < lBorder;
-    for (std::size_t l = lBorder; l != lOther; bUp ? --l : ++l) {
-      const std::size_t i = bUp ? l - 1 : l;
-      if (moProc.Folded(i).empty()) continue;
-      if (oRows.WaitsFor(moProc.Folded(i), moRequest.oValues)) {
-        masBeyond.push_back(CannotTell(sName, i));
-      }
+  /// Looks at the lines from the border up to the other one, or down from the one above it.
+  void CheckBeyond(const RowMatch& rows, std::size_t border, std::size_t other, TextView name) {
+    const bool up = other < border;
+    for (std::size_t l = border; l != other; up ? --l : ++l) {
+      const std::size_t i = up ? l - 1 : l;
+      if (mCode.Folded(i).empty()) continue;
+      if (rows.WaitsFor(mCode.Folded(i), mValues)) mBeyond.push_back(Ambiguous(name, i));
       return;
     }
   }
 
-  Text CannotTell(TextView sName, std::size_t lLine) const {
-    return LineMessage(u"    " + Text(sName) + u" can't be told from other Code", lLine,
-                       moProc.Line(lLine));
+  Refusal Ambiguous(TextView name, std::size_t line) const {
+    return {RefusalKind::PlaceAmbiguous, line + 1, Text(mCode.Line(line)), Text(name)};
   }
 
   /// A border that fits several lines was taken at the first of them. That holds when the section
   /// is complete with it; when the template's own lines are missing there, the border may be a
   /// line of the user's, and the template's lines would be left in the body, or the user's go.
   void CheckBorders() {
-    CheckBorder(Section::BodyStart, Section::Start, mlBodyStart, mlBodyEnd, u"BodyStart");
-    CheckBorder(Section::BodyEnd, Section::BodyEnd, mlBodyEnd,
-                moTemplate.bFire ? mlFireStart + 1 : mlProcEnd, u"BodyEnd");
-    if (!moTemplate.bFire) return;
-    CheckBorder(Section::FireStart, Section::BodyEnd, mlFireStart, mlFireEnd, u"FireStart");
-    CheckBorder(Section::FireEnd, Section::FireEnd, mlFireEnd, mlProcEnd, u"FireEnd");
+    CheckBorder(Section::BodyStart, Section::Start, mBodyStart, mBodyEnd, u"BodyStart");
+    CheckBorder(Section::BodyEnd, Section::BodyEnd, mBodyEnd,
+                mTemplate.bFire ? mFireStart + 1 : mProcEnd, u"BodyEnd");
+    if (!mTemplate.bFire) return;
+    CheckBorder(Section::FireStart, Section::BodyEnd, mFireStart, mFireEnd, u"FireStart");
+    CheckBorder(Section::FireEnd, Section::FireEnd, mFireEnd, mProcEnd, u"FireEnd");
   }
 
-  void CheckBorder(Section ePlace, Section eSection, std::size_t lPlace, std::size_t lEnd,
-                   TextView sName) {
-    const LikePattern& oLike = moTemplate.sLike[ePlace];
-    std::size_t lOther = lPlace + 1;
-    while (lOther < lEnd && !oLike.Matches(moProc.Folded(lOther))) ++lOther;
-    if (lOther >= lEnd) return;
-    const bool bFirstIsOwn = IsOwnText(ePlace, moProc.Folded(lPlace));
-    const bool bOtherIsOwn = IsOwnText(ePlace, moProc.Folded(lOther));
-    const bool bTooMany =
-        ePlace == eSection && LinesFitting(oLike, lPlace, lEnd) > RowsFitting(ePlace);
-    if (!mbIncomplete[eSection] && !bTooMany && (bFirstIsOwn || !bOtherIsOwn)) return;
-    masMessage.push_back(CannotTell(sName, lOther));
+  void CheckBorder(Section place, Section section, std::size_t line, std::size_t end,
+                   TextView name) {
+    const LikePattern& like = mTemplate.sLike[place];
+    std::size_t other = line + 1;
+    while (other < end && !like.Matches(mCode.Folded(other))) ++other;
+    if (other >= end) return;
+    const bool firstIsOwn = IsOwnText(place, mCode.Folded(line));
+    const bool otherIsOwn = IsOwnText(place, mCode.Folded(other));
+    const bool tooMany = place == section && LinesFitting(like, line, end) > RowsFitting(place);
+    const bool incomplete = mIncomplete[static_cast<std::size_t>(section)];
+    if (!incomplete && !tooMany && (firstIsOwn || !otherIsOwn)) return;
+    Refuse(Ambiguous(name, other));
   }
 
-  std::size_t LinesFitting(const LikePattern& oLike, std::size_t lFirst, std::size_t lEnd) const {
-    std::size_t lCount = 0;
-    for (std::size_t i = lFirst; i < lEnd; ++i) lCount += oLike.Matches(moProc.Folded(i));
-    return lCount;
+  std::size_t LinesFitting(const LikePattern& like, std::size_t first, std::size_t end) const {
+    std::size_t count = 0;
+    for (std::size_t i = first; i < end; ++i) count += like.Matches(mCode.Folded(i));
+    return count;
   }
 
   /// How many lines that fit the pattern of a section's first place the template wrote there.
-  std::size_t RowsFitting(Section ePlace) const {
-    const bool bToFire = ePlace == Section::BodyEnd && moTemplate.bFire;
-    const std::int32_t lEnd = moTemplate.lStart[bToFire ? Section::FireStart : Section::End];
-    std::size_t lCount = 0;
-    for (std::int32_t l = moTemplate.lStart[ePlace]; l <= lEnd; ++l) {
-      const LineRow& oRow = (*moRequest.pLines)[static_cast<std::size_t>(l)];
-      if (!IsWritten(oRow, moRequest.oValues)) continue;
-      lCount += moTemplate.sLike[ePlace].Matches(FoldedRow(oRow, moRequest.oValues));
+  std::size_t RowsFitting(Section place) const {
+    const bool toFire = place == Section::BodyEnd && mTemplate.bFire;
+    const std::int32_t end = mTemplate.lStart[toFire ? Section::FireStart : Section::End];
+    std::size_t count = 0;
+    for (std::int32_t i = mTemplate.lStart[place]; i <= end; ++i) {
+      if (!IsWritten(Row(i), mValues)) continue;
+      count += mTemplate.sLike[place].Matches(FoldedRow(Row(i), mValues));
     }
-    return lCount;
+    return count;
   }
 
-  /// True when the folded line reads as the row of the border is written in this procedure.
-  bool IsOwnText(Section ePlace, TextView sFolded) const {
-    const auto Fits = [&](const LineRow& oRow) {
-      if (!oRow.bScript || !IsWritten(oRow, moRequest.oValues)) return false;
-      return FoldedRow(oRow, moRequest.oValues) == sFolded;
-    };
-    const auto& oLines = *moRequest.pLines;
-    const bool bAbove = ePlace == Section::BodyStart || ePlace == Section::FireStart;
-    const std::int32_t lFirst =
-        bAbove ? moTemplate.lStart[ePlace == Section::BodyStart ? Section::Start : Section::BodyEnd]
-               : moTemplate.lStart[ePlace];
-    const std::int32_t lLast = bAbove ? moTemplate.lStart[ePlace] : moTemplate.lStart[Section::End];
-    for (std::int32_t l = lFirst; l <= lLast; ++l) {
-      if (l > 0 && Fits(oLines[static_cast<std::size_t>(l)])) return true;
+  /// True when the folded line reads as a row of the border's section is written in this procedure.
+  bool IsOwnText(Section place, TextView folded) const {
+    const bool above = place == Section::BodyStart || place == Section::FireStart;
+    const Section first = place == Section::BodyStart   ? Section::Start
+                          : place == Section::FireStart ? Section::BodyEnd
+                                                        : place;
+    const std::int32_t last = mTemplate.lStart[above ? place : Section::End];
+    for (std::int32_t i = mTemplate.lStart[first]; i <= last; ++i) {
+      if (i > 0 && IsWritten(Row(i), mValues) && FoldedRow(Row(i), mValues) == folded) return true;
     }
     return false;
   }
 
   /// How many blank rows the template wrote next to the body, at one side of it.
   std::size_t BlankRowsAbove() const {
-    std::size_t lCount = 0;
-    for (std::int32_t l = moTemplate.lStart[Section::BodyStart] - 1;
-         l > moTemplate.lStart[Section::Start]; --l) {
-      if (!CountBlank(l, lCount)) break;
+    std::size_t count = 0;
+    for (std::int32_t i = mTemplate.lStart[Section::BodyStart] - 1;
+         i > mTemplate.lStart[Section::Start]; --i) {
+      if (!IsWritten(Row(i), mValues)) continue;
+      if (!IsBlankRow(Row(i))) break;
+      ++count;
     }
-    return lCount;
+    return count;
   }
   std::size_t BlankRowsBelow() const {
-    const std::int32_t lEnd =
-        moTemplate.lStart[moTemplate.bFire ? Section::FireStart : Section::End];
-    std::size_t lCount = 0;
-    for (std::int32_t l = moTemplate.lStart[Section::BodyEnd] + 1; l < lEnd; ++l) {
-      if (!CountBlank(l, lCount)) break;
+    const std::int32_t end = mTemplate.lStart[mTemplate.bFire ? Section::FireStart : Section::End];
+    std::size_t count = 0;
+    for (std::int32_t i = mTemplate.lStart[Section::BodyEnd] + 1; i < end; ++i) {
+      if (!IsWritten(Row(i), mValues)) continue;
+      if (!IsBlankRow(Row(i))) break;
+      ++count;
     }
-    return lCount;
-  }
-  /// False at the first written row that isn't blank.
-  bool CountBlank(std::int32_t lRow, std::size_t& lCount) const {
-    const LineRow& oRow = (*moRequest.pLines)[static_cast<std::size_t>(lRow)];
-    if (!IsWritten(oRow, moRequest.oValues)) return true;
-    if (!IsBlankRow(oRow)) return false;
-    ++lCount;
-    return true;
+    return count;
   }
 
-  Text Compose() {
-    LineWriter oWriter;
-    oWriter.Reserve(moProc.Units());
-    oWriter.Add(moProc, 0, mlFirstBody);
-    std::size_t lFirst = mlBodyStart + 1;
-    std::size_t lEnd = mlBodyEnd;
-    for (std::size_t n = BlankRowsAbove(); n > 0 && lFirst < lEnd && IsBlank(moProc.Line(lFirst));
+  void Compose() {
+    ProcText& kept = mResult.code;
+    kept.Keep(mCode, 0, mFirstBody);
+    std::size_t first = mBodyStart + 1;
+    std::size_t end = mBodyEnd;
+    for (std::size_t n = BlankRowsAbove(); n > 0 && first < end && IsBlank(mCode.Line(first));
          --n) {
-      ++lFirst;
+      ++first;
     }
     // A blank line that ends a continued statement belongs to that statement.
     for (std::size_t n = BlankRowsBelow();
-         n > 0 && lEnd > lFirst && IsBlank(moProc.Line(lEnd - 1)) && !moProc.IsContinued(lEnd - 1);
-         --n) {
-      --lEnd;
+         n > 0 && end > first && IsBlank(mCode.Line(end - 1)) && !mCode.IsContinued(end - 1); --n) {
+      --end;
     }
-    WriteBody(lFirst, lEnd, oWriter);
-    if (moTemplate.bFire) WriteFireBlock(oWriter);
-    oWriter.Add(moProc, mlProcEnd, moProc.Count());
-    return oWriter.Take();
+    KeepBody(first, end);
+    if (mTemplate.bFire) KeepCleanUp();
+    kept.Keep(mCode, mProcEnd, mCode.Count());
   }
 
-  void WriteBody(std::size_t lFirst, std::size_t lEnd, LineWriter& oWriter) {
-    const bool bNumbers = moRequest.pRules->eLineNumAction != MQuillon::LineNumAction::Leave;
-    const LineRow* pTrace =
-        moTemplate.lTraceExit > 0
-            ? &(*moRequest.pLines)[static_cast<std::size_t>(moTemplate.lTraceExit)]
-            : nullptr;
-    const Text sTraceExit = pTrace ? TraceExits::GetTraceExit(*pTrace, moRequest.oValues) : Text();
-    if (sTraceExit.empty()) pTrace = nullptr;
-    LikePattern oCut;
-    const LikePattern* pPattern = pTrace ? &TraceExits::Pattern(*pTrace, oCut) : nullptr;
-    bool bInComment = false;
-    for (std::size_t i = lFirst; i < lEnd; ++i) {
-      Text sLine(moProc.Line(i));
-      if (bNumbers && (i == lFirst || !moProc.IsContinued(i)))
-        MXStringVB::RemoveVBLineNumber(sLine);
-      if (pTrace && !bInComment && MayHoldTrace(i, sLine, *pPattern)) {
-        sLine = TraceExits::Remove(sLine, moRequest.oValues.sBaseType, sTraceExit, *pPattern);
+  /// The body without what was put into its lines: numbers and trace exits.
+  void KeepBody(std::size_t first, std::size_t end) {
+    const bool numbers = mRules.eLineNumAction != MQuillon::LineNumAction::Leave;
+    Text traceExit;
+    if (mTemplate.lTraceExit > 0 && mCode.MayHold(first, end, mTemplate.traceExitBegin)) {
+      traceExit = TraceExits::GetTraceExit(Row(mTemplate.lTraceExit), mValues);
+    }
+    if (!numbers && traceExit.empty()) return mResult.code.Keep(mCode, first, end);
+    bool comment = false;  // the line goes on with a comment that began above it
+    for (std::size_t i = first; i < end; ++i) {
+      const TextView line = mCode.Line(i);
+      const bool goesOn = Continues(line);
+      const bool isNumbered =
+          numbers && BeginsWithDigit(line) && (i == first || !mCode.IsContinued(i));
+      const bool isTraced = !traceExit.empty() && !comment && MayHoldTrace(i);
+      if (isNumbered || isTraced) {
+        Text changed(line);
+        if (isNumbered) MXStringVB::RemoveVBLineNumber(changed);
+        if (isTraced) {
+          changed =
+              TraceExits::Remove(changed, mValues.baseType, traceExit, mTemplate.traceExitLike);
+        }
+        mResult.code.Add(changed);
+      } else {
+        mResult.code.Keep(mCode, i, i + 1);
       }
-      bInComment = Continues(moProc.Line(i)) && (bInComment || CommentStart(sLine) < sLine.size());
-      oWriter.Add(sLine);
+      comment = goesOn && (comment || mCode.CommentOf(i) < line.size());
     }
   }
 
-  /// Most lines hold one statement: the whole of it fits the pattern or nothing in it can.
-  bool MayHoldTrace(std::size_t i, TextView sLine, const LikePattern& oPattern) const {
-    return sLine.find(u':') != TextView::npos || sLine != moProc.Line(i) ||
-           oPattern.Matches(moProc.Folded(i));
+  static bool BeginsWithDigit(TextView line) {
+    return !line.empty() && line.front() >= u'0' && line.front() <= u'9';
+  }
+
+  bool MayHoldTrace(std::size_t i) const {
+    return FindText(mCode.Folded(i), mTemplate.traceExitBegin) != TextView::npos;
   }
 
   /// Clean-up code waits behind the body as comment lines until a template takes it back.
-  void WriteFireBlock(LineWriter& oWriter) {
-    bool bGoesOn = false;
-    for (std::size_t i = mlFireStart + 1; i < mlFireEnd; ++i) {
-      const TextView sLine = moProc.Line(i);
+  void KeepCleanUp() {
+    bool goesOn = false;
+    for (std::size_t i = mFireStart + 1; i < mFireEnd; ++i) {
+      const TextView line = mCode.Line(i);
       // A blank line is dropped, but not one that ends a continued statement: without it the
       // comment would go on into the next line.
-      if (!IsBlank(sLine) || bGoesOn) oWriter.Add(u"'FireExit: " + Text(sLine));
-      bGoesOn = Continues(sLine);
+      if (!IsBlank(line) || goesOn) mResult.code.Add(u"'FireExit: " + Text(line));
+      goesOn = Continues(line);
     }
   }
 
-  const RemovalRequest& moRequest;
-  const TemplateRow& moTemplate;
-  const ProcText& moProc;
-  std::vector<Text> masMessage, masBeyond;
-  std::size_t mlFirstBody = 0, mlProcEnd = None;
-  std::size_t mlBodyStart = None, mlBodyEnd = None, mlFireStart = None, mlFireEnd = None;
-  BySection<bool> mbIncomplete;
+  const ParsedProcedure& mProcedure;
+  const TemplateRow& mTemplate;
+  const std::vector<LineRow>& mRows;
+  const ProcText& mCode;
+  const SectionValues& mValues;
+  const MRules::Values& mRules;
+  Removal mResult;
+  std::vector<Refusal> mBeyond;
+  std::size_t mFirstBody = 0, mProcEnd = None;
+  std::size_t mBodyStart = None, mBodyEnd = None, mFireStart = None, mFireEnd = None;
+  bool mIncomplete[static_cast<std::size_t>(Section::End) + 1] = {};
 };
 
-/// Blank rows that the template writes directly behind a row; nullptr: behind its <#Start>.
-std::size_t BlankRowsBehind(const RemovalRequest& oRequest, const LineRow* pRow) {
-  const auto& oLines = *oRequest.pLines;
-  const TemplateRow& oTemplate = *oRequest.pTemplate;
-  std::int32_t l =
-      pRow ? static_cast<std::int32_t>(pRow - oLines.data()) : oTemplate.lStart[Section::Start];
-  std::size_t lCount = 0;
-  for (++l; l < oTemplate.lStart[Section::End]; ++l) {
-    const LineRow& oRow = oLines[static_cast<std::size_t>(l)];
-    if (!IsWritten(oRow, oRequest.oValues)) continue;
-    if (!IsBlankRow(oRow)) break;
-    ++lCount;
+/// Blank rows that the template writes directly behind a row; null: behind its <#Start>.
+std::size_t BlankRowsBehind(const TemplateSet& templates, const TemplateRow& row,
+                            const SectionValues& values, const LineRow* behind) {
+  std::int32_t i = behind ? static_cast<std::int32_t>(behind - templates.lines.data())
+                          : row.lStart[Section::Start];
+  std::size_t count = 0;
+  for (++i; i < row.lStart[Section::End]; ++i) {
+    if (!IsWritten(templates.Row(i), values)) continue;
+    if (!IsBlankRow(templates.Row(i))) break;
+    ++count;
   }
-  return lCount;
+  return count;
+}
+
+Removal RemoveFromDeclarations(const ParsedProcedure& procedure, const TemplateRow& row,
+                               const SectionValues& values) {
+  const TemplateSet& templates = procedure.Templates();
+  const ProcText& code = procedure.Code();
+  Removal result;
+  for (std::int32_t i = row.lStart[Section::Start]; i <= row.lStart[Section::End]; ++i) {
+    if (i >= 1 && CouldStayBehind(templates.Row(i), values, code)) {
+      result.refusals.push_back({RefusalKind::RowDoesNotFit, 0, templates.Row(i).sLine});
+    }
+  }
+  if (!result.refusals.empty()) return result;
+
+  // The template was written behind its signature: lines ahead of that are the user's.
+  std::size_t signature = 0;
+  while (signature < code.Count() && !templates.Signatures().IsSignature(code.Folded(signature))) {
+    ++signature;
+  }
+  if (signature == code.Count()) signature = 0;
+  RowMatch rows(templates.lines, row.lStart[Section::Start], row.lStart[Section::End],
+                templates.Signatures());
+  std::size_t blankRows = 0;  // blank lines that the template wrote behind the row just dropped
+  // A line end at the end of the text makes no line of its own here.
+  const bool ended = code.Count() > 0 && code.Line(code.Count() - 1).empty();
+  const std::size_t count = code.Count() - (ended ? 1 : 0);
+  for (std::size_t i = 0; i < count; ++i) {
+    const TextView folded = code.Folded(i);
+    if (i >= signature && folded.empty() && blankRows > 0) {
+      --blankRows;
+    } else if (i >= signature && rows.Takes(folded)) {
+      blankRows = BlankRowsBehind(templates, row, values, rows.LastRow());
+    } else {
+      blankRows = 0;
+      result.code.Keep(code, i, i + 1);
+    }
+  }
+  return result;
 }
 
 }  // namespace
 
-std::vector<Text> RemoveFromProcedure(const RemovalRequest& oRequest, const ProcText& oProc,
-                                      Text& sResult) {
-  return ProcedureRemoval(oRequest, oProc).Run(sResult);
-}
-
-std::vector<Text> RemoveFromDeclarations(const RemovalRequest& oRequest, const ProcText& oProc,
-                                         Text& sResult) {
-  const TemplateRow& oTemplate = *oRequest.pTemplate;
-  std::vector<Text> asMessage;
-  for (std::int32_t l = oTemplate.lStart[Section::Start]; l <= oTemplate.lStart[Section::End];
-       ++l) {
-    if (l < 1) continue;
-    const LineRow& oRow = (*oRequest.pLines)[static_cast<std::size_t>(l)];
-    if (CouldStayBehind(oRow, oRequest.oValues, oProc)) asMessage.push_back(UnfitMessage(oRow));
-  }
-  if (!asMessage.empty()) return asMessage;
-
-  // The template was written behind its signature: lines ahead of that are the user's.
-  std::size_t lSignature = 0;
-  while (lSignature < oProc.Count() &&
-         !oRequest.pSignature->IsSignature(oProc.Folded(lSignature))) {
-    ++lSignature;
-  }
-  if (lSignature == oProc.Count()) lSignature = 0;
-  RowMatch oRows(*oRequest.pLines, oTemplate.lStart[Section::Start], oTemplate.lStart[Section::End],
-                 *oRequest.pSignature);
-  LineWriter oWriter;
-  std::size_t lBlankRows = 0;  // blank lines that the template wrote behind the row just dropped
-  // A line end at the end of the text makes no line of its own here: one is always put back.
-  const bool bEnded = oProc.Line(oProc.Count() - 1).empty();
-  const std::size_t lLines = oProc.Count() - (bEnded ? 1 : 0);
-  for (std::size_t i = 0; i < lLines; ++i) {
-    const TextView sFolded = oProc.Folded(i);
-    if (i >= lSignature && sFolded.empty() && lBlankRows > 0) {
-      --lBlankRows;
-    } else if (i >= lSignature && oRows.Takes(sFolded)) {
-      lBlankRows = BlankRowsBehind(oRequest, oRows.LastRow());
-    } else {
-      lBlankRows = 0;
-      oWriter.Add(oProc.Line(i));
-    }
-  }
-  const bool bAny = oWriter.Any();
-  sResult = oWriter.Take();
-  if (bAny) sResult.append(CrLf);
-  return asMessage;
+Removal RemoveTemplate(const ParsedProcedure& procedure, const TemplateRow& row,
+                       const MRules::Values& rules) {
+  const ValuesInCode inCode(procedure, row);
+  if (procedure.IsDeclarations()) return RemoveFromDeclarations(procedure, row, inCode.values);
+  return ProcedureRemoval(procedure, row, inCode.values, rules).Run();
 }

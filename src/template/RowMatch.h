@@ -11,29 +11,30 @@
 
 class RowMatch {
  public:
-  /// Rows lFirst to lLast, both included; directive rows among them are passed over.
-  RowMatch(const std::vector<LineRow>& oLines, std::int32_t lFirst, std::int32_t lLast,
-           const Signature& oSignature);
+  /// Rows first to last, both included; directive rows among them are passed over.
+  RowMatch(const std::vector<LineRow>& lines, std::int32_t first, std::int32_t last,
+           const Signature& signature);
 
   /// True when the folded line is blank, the stretch's one signature, or fits a row not yet used.
-  bool Passes(TextView sFolded);
+  bool Passes(TextView folded);
   /// As Passes, but a blank line doesn't pass.
-  bool Takes(TextView sFolded);
+  bool Takes(TextView folded);
   /// The row that took the last line; null when that was the signature.
-  const LineRow* LastRow() const { return mpLast; }
+  const LineRow* LastRow() const { return mLast; }
   /// True when every row without a condition that isn't blank has served a line.
   bool AllUnconditionalUsed() const;
   /// True when a row that no line has used waits for the folded line: it fits the row, or, where
   /// the row has a condition, reads as these values write it.
-  bool WaitsFor(TextView sFolded, const SectionValues& oValues) const;
+  bool WaitsFor(TextView folded, const SectionValues& values) const;
 
  private:
   struct Entry {
-    const LineRow* pRow;
-    bool bMatched = false;
+    const LineRow* row;
+    bool used = false;
   };
-  std::vector<Entry> moRows;
-  const Signature& moSignature;
-  const LineRow* mpLast = nullptr;
-  bool mbSignatureSeen = false;
+  std::vector<Entry> mRows;
+  std::size_t mFirstUnused = 0;
+  const Signature& mSignature;
+  const LineRow* mLast = nullptr;
+  bool mSignatureSeen = false;
 };

@@ -8,164 +8,167 @@ namespace {
 
 constexpr TextView SignatureToken = u"%signature";
 
-Text Fold(TextView sLine) {
-  Text sFolded;
-  MXString::FoldLine(sLine, sFolded);
-  return sFolded;
+Text Fold(TextView line) {
+  Text folded;
+  MXString::FoldLine(line, folded);
+  return folded;
 }
 
-std::size_t CountOf(TextView sText, TextView sPart) {
-  std::size_t lCount = 0;
-  for (std::size_t l = sText.find(sPart); l != TextView::npos; l = sText.find(sPart, l + 1)) {
-    ++lCount;
-  }
-  return lCount;
-}
-
-SignatureValue Parse(TextView sSignature) {
-  SignatureValue oValue;
-  bool bFirst = true;
-  while (bFirst || !sSignature.empty()) {
-    const std::size_t lMark = sSignature.find(u'&');
-    const TextView sPart = Trim(sSignature.substr(0, lMark));
-    sSignature = lMark == TextView::npos ? TextView() : sSignature.substr(lMark + 1);
-    if (sPart == u"locked") {
-      oValue.bLocked = true;
-    } else if (bFirst) {
-      oValue.sTemplate = sPart;
+SignatureValue Parse(TextView signature) {
+  SignatureValue value;
+  bool first = true;
+  while (first || !signature.empty()) {
+    const std::size_t mark = signature.find(u'&');
+    const TextView part = Trim(signature.substr(0, mark));
+    signature = mark == TextView::npos ? TextView() : signature.substr(mark + 1);
+    if (part == u"locked") {
+      value.locked = true;
+    } else if (first) {
+      value.name = part;
     }
-    bFirst = false;
+    first = false;
   }
-  return oValue;
+  return value;
 }
 
-/// Position of the first apostrophe at lStart or behind it with nothing but blanks ahead of it on
+/// Position of the first apostrophe at start or behind it with nothing but blanks ahead of it on
 /// its line, or the text's length.
-std::size_t FindComment(TextView sText, std::size_t lStart) {
-  for (std::size_t l = lStart; (l = FindUnit(sText, u'\'', l)) != TextView::npos; ++l) {
-    std::size_t lLine = l;
-    while (lLine > lStart && sText[lLine - 1] == u' ') --lLine;
-    if (lLine == lStart || sText.substr(0, lLine).ends_with(CrLf)) return l;
+std::size_t FindComment(TextView text, std::size_t start) {
+  for (std::size_t l = start; (l = FindUnit(text, u'\'', l)) != TextView::npos; ++l) {
+    std::size_t line = l;
+    while (line > start && text[line - 1] == u' ') --line;
+    if (line == start || text.substr(0, line).ends_with(CrLf)) return l;
   }
-  return sText.size();
+  return text.size();
 }
 
-bool IsTemplateName(TextView sName) {
-  return MXString::IsAlphaNumeric(sName, u"_.");
+bool IsTemplateName(TextView name) {
+  return MXString::IsAlphaNumeric(name, u"_.");
 }
 
 }  // namespace
 
-std::optional<Text> ExtractTokenValue(TextView sTemplateLine, TextView sCodeLine, TextView sToken) {
-  Text sMark = u"<";
-  sMark.append(sToken).append(u">");
-  // A token that stands twice has no one value.
-  if (CountOf(sTemplateLine, sMark) != 1) return std::nullopt;
-  TextArray asPiece;
-  MXString::StringTokenize2(Text(sTemplateLine) + u"|", asPiece, u"<>");
-  const Text sCode = Text(sCodeLine) + u"|";
-  TextView sRest = sCode;
-  for (std::size_t i = 1; i < asPiece.size(); ++i) {
-    const TextView sPiece = asPiece[i];
-    if (!sPiece.starts_with(u'%')) {
-      const std::size_t lPiece = sRest.find(sPiece);
-      sRest = lPiece == TextView::npos ? TextView() : sRest.substr(lPiece + sPiece.size());
-      continue;
-    }
-    if (i + 1 >= asPiece.size()) break;
-    const std::size_t lNext = sRest.find(asPiece[i + 1]);
-    if (lNext == TextView::npos) continue;
-    if (sPiece == sToken) return Text(sRest.substr(0, lNext));
-    sRest.remove_prefix(lNext);
+Signature::Signature(const std::vector<TemplateRow>& templates, const std::vector<LineRow>& lines) {
+  if (templates.size() < 2) return;
+  const TemplateRow& row = templates[1];
+  const std::int32_t start = std::max(row.lStart[Section::Start], 0);
+  const std::int32_t end =
+      std::min(row.lStart[Section::End], static_cast<std::int32_t>(lines.size()) - 1);
+  for (std::int32_t l = start; l <= end; ++l) {
+    const LineRow& line = lines[static_cast<std::size_t>(l)];
+    if (!line.bScript) continue;
+    const Text& pattern = line.sLike.Pattern();
+    const bool wide = pattern.find_first_not_of(u"* '") == Text::npos;
+    mRows.push_back({&line, TokenReader(line.folded),
+                     pattern.substr(0, pattern.find_first_of(u"*?#[ ")), wide});
+    if (l == row.lStart[Section::Start] + 1) mFirst = &line;
   }
-  return std::nullopt;
-}
-
-Signature::Signature(const std::vector<TemplateRow>& oTemplates,
-                     const std::vector<LineRow>& oLines) {
-  if (oTemplates.size() < 2) return;
-  const TemplateRow& oTemplate = oTemplates[1];
-  const std::int32_t lStart = std::max(oTemplate.lStart[Section::Start], 0);
-  const std::int32_t lEnd =
-      std::min(oTemplate.lStart[Section::End], static_cast<std::int32_t>(oLines.size()) - 1);
-  for (std::int32_t l = lStart; l <= lEnd; ++l) {
-    const LineRow& oRow = oLines[static_cast<std::size_t>(l)];
-    if (!oRow.bScript) continue;
-    const Text& sPattern = oRow.sLike.Pattern();
-    const bool bWide = sPattern.find_first_not_of(u"* '") == Text::npos;
-    const Text sBegin = sPattern.substr(0, sPattern.find_first_of(u"*?#[ "));
-    moRows.push_back({&oRow, Fold(oRow.sLine), sBegin, bWide});
-    if (l == oTemplate.lStart[Section::Start] + 1) mpFirst = &oRow;
-  }
-  mbComments = std::all_of(moRows.begin(), moRows.end(), [](const Row& oRow) {
-    return oRow.pRow->sLike.IsEmpty() || oRow.sBegin.starts_with(u'\'');
+  mComments = std::all_of(mRows.begin(), mRows.end(), [](const Row& one) {
+    return one.row->sLike.IsEmpty() || one.begin.starts_with(u'\'');
   });
 }
 
-Text Signature::Line(TextView sTemplate, bool bLocked) const {
-  Text sValue(sTemplate);
-  if (bLocked) sValue.append(sValue.empty() ? u"Locked" : u"&Locked");
-  if (sValue.empty() || !mpFirst) return Text();
-  return MXString::StringReplace(mpFirst->sLine, u"<%Signature>", sValue);
+Text Signature::Line(TextView name, bool locked) const {
+  Text value(name);
+  if (locked) value.append(value.empty() ? u"Locked" : u"&Locked");
+  if (value.empty() || !mFirst) return Text();
+  return MXString::StringReplace(mFirst->sLine, u"<%Signature>", value);
 }
 
-bool Signature::IsReadable(TextView sTemplate, bool bLocked) const {
-  if (!msAsked.empty() && msAsked == sTemplate && mbAskedLocked == bLocked) return mbReadable;
-  const auto oValue = Read(Fold(Line(sTemplate, bLocked)));
-  msAsked = sTemplate;
-  mbAskedLocked = bLocked;
-  mbReadable = oValue && oValue->sTemplate == LowerCase(sTemplate) && oValue->bLocked == bLocked;
-  return mbReadable;
+bool Signature::IsReadable(TextView name, bool locked) const {
+  if (!mAsked.empty() && mAsked == name && mAskedLocked == locked) return mReadable;
+  const auto value = Read(Fold(Line(name, locked)));
+  mAsked = name;
+  mAskedLocked = locked;
+  mReadable = value && value->name == LowerCase(name) && value->locked == locked;
+  return mReadable;
 }
 
-std::optional<SignatureValue> Signature::ReadRow(const Row& oRow, TextView sFolded) const {
-  const auto sValue = ExtractTokenValue(oRow.sFolded, sFolded, SignatureToken);
-  if (!sValue || Trim(*sValue).empty()) return std::nullopt;
+std::optional<SignatureValue> Signature::ReadRow(const Row& row, TextView folded) const {
+  const auto value = row.reader.Value(folded, SignatureToken);
+  if (!value || Trim(*value).empty()) return std::nullopt;
   // Written again, the value must give the same line: else it isn't what stood in the token.
   // With further tokens in the row the line may differ in their places.
-  const Text sAgain = MXString::StringReplace(oRow.sFolded, u"<%signature>", *sValue);
-  if (CountOf(oRow.sFolded, u"<%") == 1 && Fold(sAgain) != sFolded) return std::nullopt;
-  SignatureValue oValue = Parse(*sValue);
-  if (oRow.bWide && !IsTemplateName(oValue.sTemplate)) return std::nullopt;
-  return oValue;
+  const Text again = MXString::StringReplace(row.reader.RowText(), u"<%signature>", *value);
+  if (row.reader.Tokens() == 1 && Fold(again) != folded) return std::nullopt;
+  SignatureValue result = Parse(*value);
+  if (row.wide && !IsTemplateName(result.name)) return std::nullopt;
+  return result;
 }
 
-bool Signature::IsSignature(TextView sFolded) const {
-  return std::any_of(moRows.begin(), moRows.end(), [&](const Row& oRow) {
-    if (oRow.pRow->sLike.IsEmpty() || !oRow.pRow->sLike.Matches(sFolded)) return false;
-    return !oRow.bWide || ReadRow(oRow, sFolded).has_value();
+bool Signature::IsSignature(TextView folded) const {
+  return std::any_of(mRows.begin(), mRows.end(), [&](const Row& row) {
+    if (row.row->sLike.IsEmpty() || !row.row->sLike.Matches(folded)) return false;
+    return !row.wide || ReadRow(row, folded).has_value();
   });
 }
 
-std::optional<SignatureValue> Signature::Read(TextView sFolded) const {
-  for (const Row& oRow : moRows) {
-    if (oRow.pRow->sLike.IsEmpty() || !oRow.pRow->sLike.Matches(sFolded)) continue;
-    return ReadRow(oRow, sFolded);
+std::optional<SignatureValue> Signature::Read(TextView folded) const {
+  for (const Row& row : mRows) {
+    if (row.row->sLike.IsEmpty() || !row.row->sLike.Matches(folded)) continue;
+    return ReadRow(row, folded);
   }
   return std::nullopt;
 }
 
-bool Signature::MayBegin(TextView sLine) const {
-  return std::any_of(moRows.begin(), moRows.end(), [&](const Row& oRow) {
-    if (oRow.pRow->sLike.IsEmpty() || sLine.size() < oRow.sBegin.size()) return false;
-    return std::equal(oRow.sBegin.begin(), oRow.sBegin.end(), sLine.begin(),
-                      [](char16_t cLower, char16_t c) { return cLower == LowerCase(c); });
+bool Signature::MayBegin(TextView line) const {
+  return std::any_of(mRows.begin(), mRows.end(), [&](const Row& row) {
+    if (row.row->sLike.IsEmpty() || line.size() < row.begin.size()) return false;
+    return std::equal(row.begin.begin(), row.begin.end(), line.begin(),
+                      [](char16_t lower, char16_t unit) { return lower == LowerCase(unit); });
   });
 }
 
-std::optional<SignatureValue> Signature::Find(TextView sProcCode) const {
+std::optional<SignatureValue> Signature::Find(TextView procCode) const {
   // From one comment line to the next; few lines need to be folded and compared whole.
-  Text sFolded;
-  for (std::size_t lStart = 0; lStart < sProcCode.size();) {
-    if (mbComments) lStart = FindComment(sProcCode, lStart);
-    const std::size_t lEnd = FindLineEnd(sProcCode, lStart);
-    std::size_t lFirst = lStart;
-    while (lFirst < lEnd && sProcCode[lFirst] == u' ') ++lFirst;
-    if (lFirst < lEnd && MayBegin(sProcCode.substr(lFirst, lEnd - lFirst))) {
-      MXString::FoldLine(sProcCode.substr(lStart, lEnd - lStart), sFolded);
-      if (auto oValue = Read(sFolded)) return oValue;
+  Text folded;
+  for (std::size_t start = 0; start < procCode.size();) {
+    if (mComments) start = FindComment(procCode, start);
+    const std::size_t end = FindLineEnd(procCode, start);
+    std::size_t first = start;
+    while (first < end && procCode[first] == u' ') ++first;
+    if (first < end && MayBegin(procCode.substr(first, end - first))) {
+      MXString::FoldLine(procCode.substr(start, end - start), folded);
+      if (auto value = Read(folded)) return value;
     }
-    lStart = lEnd + CrLf.size();
+    start = end + CrLf.size();
   }
   return std::nullopt;
+}
+
+std::optional<SignatureValue> Signature::Find(const ProcText& code) const {
+  for (std::size_t i = 0; i < code.Count(); ++i) {
+    const TextView folded = code.Folded(i);
+    if (folded.empty() || (mComments && folded.front() != u'\'') || !MayBegin(folded)) continue;
+    if (auto value = Read(folded)) return value;
+  }
+  return std::nullopt;
+}
+
+std::size_t Signature::FindNamed(const ProcText& code) const {
+  for (std::size_t i = 0; i < code.Count(); ++i) {
+    const TextView folded = code.Folded(i);
+    if (folded.empty() || !MayBegin(folded)) continue;
+    const auto value = Read(folded);
+    if (value && !value->name.empty()) return i;
+  }
+  return code.Count();
+}
+
+ProcText Signature::WithoutLocks(const ProcText& code, std::int32_t& headLine) const {
+  const std::int32_t head = headLine;
+  ProcText kept;
+  std::size_t first = 0;
+  for (std::size_t i = 0; i < code.Count(); ++i) {
+    const TextView folded = code.Folded(i);
+    if (folded.empty() || !MayBegin(folded)) continue;
+    const auto value = Read(folded);
+    // The rest of a comment that goes on is no signature: the line behind would take its place.
+    if (!value || !value->name.empty() || code.IsContinued(i)) continue;
+    kept.Keep(code, first, i);
+    first = i + 1;
+    if (static_cast<std::int32_t>(i) + 1 < head) --headLine;
+  }
+  kept.Keep(code, first, code.Count());
+  return kept;
 }

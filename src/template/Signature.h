@@ -11,50 +11,53 @@
 #include "ProcText.h"
 #include "TemplateRows.h"
 #include "Text.h"
+#include "TokenReader.h"
 
-/// What a signature line says. sTemplate is in lower case, empty for a lock without a template.
+/// What a signature line says. name is in lower case, empty for a lock without a template.
 struct SignatureValue {
-  Text sTemplate;
-  bool bLocked = false;
+  Text name;
+  bool locked = false;
 };
-
-/// Values of the tokens of a template line, found by walking it and a code line side by side.
-/// Both lines are given in lower case, sTemplateLine with FullTrim. nullopt when the token isn't
-/// in the template line, stands there twice, or has no place in the code line.
-std::optional<Text> ExtractTokenValue(TextView sTemplateLine, TextView sCodeLine, TextView sToken);
 
 class Signature {
  public:
-  Signature(const std::vector<TemplateRow>& oTemplates, const std::vector<LineRow>& oLines);
+  /// Both tables must outlive this object.
+  Signature(const std::vector<TemplateRow>& templates, const std::vector<LineRow>& lines);
 
   /// The whole line without a line end; empty when there is neither a name nor a lock.
-  Text Line(TextView sTemplate, bool bLocked) const;
+  Text Line(TextView name, bool locked) const;
   /// True when a line written by Line() would be read back as what was written.
-  bool IsReadable(TextView sTemplate, bool bLocked) const;
-  /// sFolded: FullTrim, lower case. True when it fits a row of the signature template.
-  bool IsSignature(TextView sFolded) const;
+  bool IsReadable(TextView name, bool locked) const;
+  /// folded: FullTrim, lower case. True when it fits a row of the signature template.
+  bool IsSignature(TextView folded) const;
   /// What a folded line says; nullopt when it is no signature or yields no value.
-  std::optional<SignatureValue> Read(TextView sFolded) const;
+  std::optional<SignatureValue> Read(TextView folded) const;
   /// The first signature of a text; the search covers all of it.
-  std::optional<SignatureValue> Find(TextView sProcCode) const;
+  std::optional<SignatureValue> Find(TextView procCode) const;
+  std::optional<SignatureValue> Find(const ProcText& code) const;
+  /// Index of the first line that names a template; Count() when there is none.
+  std::size_t FindNamed(const ProcText& code) const;
+  /// Takes over the lines of a text but for those that lock a procedure and name no template.
+  /// headLine follows the lines that go ahead of it.
+  ProcText WithoutLocks(const ProcText& code, std::int32_t& headLine) const;
 
  private:
   struct Row {
-    const LineRow* pRow;
-    Text sFolded;  ///< the row's text, FullTrim, lower case
-    Text sBegin;   ///< what its pattern begins with, up to a blank or anything variable
-    bool bWide;    ///< the pattern holds nothing to tell a signature from any comment
+    const LineRow* row;
+    TokenReader reader;
+    Text begin;  ///< what its pattern begins with, up to a blank or anything variable
+    bool wide;   ///< the pattern holds nothing to tell a signature from any comment
   };
   /// False when no row's pattern can fit a line that begins, behind its blanks, like this.
-  bool MayBegin(TextView sLine) const;
-  std::optional<SignatureValue> ReadRow(const Row& oRow, TextView sFolded) const;
+  bool MayBegin(TextView line) const;
+  std::optional<SignatureValue> ReadRow(const Row& row, TextView folded) const;
 
   // The answer of IsReadable for the name asked last: a run asks for one name over and over.
-  mutable Text msAsked;
-  mutable bool mbAskedLocked = false;
-  mutable bool mbReadable = false;
+  mutable Text mAsked;
+  mutable bool mAskedLocked = false;
+  mutable bool mReadable = false;
 
-  const LineRow* mpFirst = nullptr;
-  std::vector<Row> moRows;
-  bool mbComments = false;  ///< all patterns begin with an apostrophe
+  const LineRow* mFirst = nullptr;
+  std::vector<Row> mRows;
+  bool mComments = false;  ///< all patterns begin with an apostrophe
 };

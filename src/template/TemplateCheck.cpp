@@ -77,14 +77,14 @@ SectionValues SampleValues(const TemplateRow& oTemplate, std::uint32_t lWithout)
   static const Text sRetry = MQuillon::RetryName(MQuillon::Retry::Line);
   const bool bModule = oTemplate.eType == TemplateType::Module;
   SectionValues oValues;
-  oValues.sTemplate = oTemplate.sName;
-  oValues.sModuleName = u"Module1";
-  oValues.sShownName = bModule ? MQuillon::DeclarationsName : TextView(u"Total");
-  oValues.sBaseType = bModule ? u"" : u"Sub";
-  if ((lWithout & 1) == 0) oValues.sBoundary = sBoundary;
-  if ((lWithout & 2) == 0) oValues.sSeverity = sSeverity;
-  if ((lWithout & 4) == 0) oValues.sRetry = sRetry;
-  oValues.bTrace = true;
+  oValues.signature = oTemplate.sName;
+  oValues.moduleName = u"Module1";
+  oValues.shownName = bModule ? MQuillon::DeclarationsName : TextView(u"Total");
+  oValues.baseType = bModule ? u"" : u"Sub";
+  if ((lWithout & 1) == 0) oValues.boundary = sBoundary;
+  if ((lWithout & 2) == 0) oValues.severity = sSeverity;
+  if ((lWithout & 4) == 0) oValues.retry = sRetry;
+  oValues.trace = true;
   return oValues;
 }
 

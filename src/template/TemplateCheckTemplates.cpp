@@ -49,7 +49,7 @@ void CheckOrder(Findings& oFindings, const TemplateRow& oRow) {
 
 void CheckReadsBack(Findings& oFindings, const LineRow& oRow, TextView sName, bool bLocked) {
   if (oFindings.HasLine(oRow.lFileLine)) return;  // the cause is told, or once is enough
-  const Signature& oSignature = oFindings.Template().Signatures();
+  const Signature& oSignature = oFindings.Template().Set().Signatures();
   if (oSignature.IsReadable(sName, bLocked)) return;
   oFindings.Add(oRow.lFileLine, {u"The signature [", Trim(oSignature.Line(sName, bLocked)),
                                  u"] can't be read back; write <%Signature> once, with "

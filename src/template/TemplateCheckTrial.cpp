@@ -1,13 +1,14 @@
 // Each template is put into sample code under every combination of settings, read back and taken
-// out again, by the operations that do so in earnest.
+// out again, by the functions that do so in earnest.
 #include <array>
+#include <span>
 
-#include "CProcSettings.h"
 #include "Failure.h"
 #include "MQuillon.h"
 #include "Proof.h"
+#include "Removal.h"
+#include "Rewriter.h"
 #include "TemplateChecks.h"
-#include "TemplateLoader.h"
 
 namespace TemplateChecks {
 
@@ -37,95 +38,90 @@ Text NameOf(const Trial& oTrial) {
   return sName + (oTrial.bTrace ? u" with trace" : u"");
 }
 
-// A template's way through an engine that reports to nobody else.
+// A template's way into a sample text and out of it again.
 class TemplateTrial {
  public:
-  TemplateTrial(CTemplate& oEngine, const TemplateRow& oRow)
-      : moEngine(oEngine),
-        moRow(oRow),
-        moLink(oEngine.ReportError.Connect([this](TextView sMessage) {
-          if (msMessage.empty()) msMessage = Trim(sMessage);
-        })) {}
+  TemplateTrial(const TemplateSet& templates, const TemplateRow& row)
+      : mTemplates(templates), mRow(row) {}
 
   /// What went wrong first, or empty.
-  Text Run(const Trial& oTrial) {
+  Text Run(const Trial& trial) const {
     try {
-      return Attempt(oTrial);
-    } catch (const Failure& oFailure) {
-      return oFailure.Description();
+      return Attempt(trial);
+    } catch (const Failure& failure) {
+      return failure.Description();
     }
   }
 
  private:
-  Text Attempt(const Trial& oTrial) {
-    const Text sBefore = SampleCode(oTrial.sProcType);
-    Text sCode = sBefore;
-    msMessage.clear();
-    if (!Insert(oTrial, sCode)) return Told(u"it can't be put in: ");
-    const Text sLost = LostSetting(oTrial, sCode);
-    if (!sLost.empty()) return sLost;
-    if (!Remove(oTrial, sCode)) return Told(u"it can't be taken out again: ");
-    return Proof::FirstDifference(sBefore, sCode, false);
+  Text Attempt(const Trial& trial) const {
+    const ProcedureName name{ModuleName, NameIn(trial), trial.sProcType};
+    const Text before = SampleCode(trial.sProcType);
+    const ParsedProcedure procedure(mTemplates, before, name, 1);
+    const Rewrite inserted = Insert(trial, procedure, false);
+    if (inserted.Refused()) return Told(u"it can't be put in: ", inserted.refusals);
+    const ParsedProcedure after(mTemplates, inserted.text, name, 1);
+    const Text lost = LostSetting(trial, after.Settings());
+    if (!lost.empty()) return lost;
+    const Removal removal = RemoveTemplate(after, mRow, MRules::Values{});
+    if (!removal.refusals.empty()) {
+      return Told(u"it can't be taken out again: ", removal.refusals);
+    }
+    if (const auto fault = Proof::FirstDifference(procedure.Code(), removal.code, false)) {
+      return MessageOf(*fault);
+    }
+    return Told({}, Insert(trial, procedure, true).refusals);
   }
 
-  TextView Name(const Trial& oTrial) const {
-    return oTrial.sProcType.empty() ? MQuillon::DeclarationsName : ProcName;
+  static TextView NameIn(const Trial& trial) {
+    return trial.sProcType.empty() ? MQuillon::DeclarationsName : ProcName;
   }
-  Text Told(TextView sWhat) const { return Text(sWhat) + msMessage; }
-
-  bool Insert(const Trial& oTrial, Text& sCode) {
-    const SectionValues oValues = SampleValues(moRow, oTrial.lWithout);
-    bool bErrors = false;
-    moEngine.InsertTemplate(ModuleName, Name(oTrial), oTrial.sProcType, sCode, 1, moRow.sName, true,
-                            oValues.sBoundary, oValues.sSeverity, oValues.sRetry, oTrial.bTrace,
-                            MQuillon::LineNumAction::Leave, bErrors);
-    return !bErrors;
+  static Text Told(TextView what, std::span<const Refusal> refusals) {
+    return refusals.empty() ? Text() : Text(what) + MessageOf(refusals.front());
   }
 
-  bool Remove(const Trial& oTrial, Text& sCode) {
-    bool bErrors = false;
-    moEngine.RemoveTemplate(ModuleName, Name(oTrial), oTrial.sProcType, sCode, 1, moRow.sName,
-                            bErrors);
-    // A declarations section comes back with a line end behind its last line.
-    if (oTrial.sProcType.empty() && sCode.ends_with(CrLf)) sCode.resize(sCode.size() - CrLf.size());
-    return !bErrors;
+  Rewrite Insert(const Trial& trial, const ParsedProcedure& procedure, bool prove) const {
+    const SectionValues values = SampleValues(mRow, trial.lWithout);
+    return RewriteProcedure(procedure,
+                            {.templateName = mRow.sName,
+                             .locked = true,
+                             .boundary = values.boundary,
+                             .severity = values.severity,
+                             .retry = values.retry,
+                             .trace = trial.bTrace},
+                            {.prove = prove}, MRules::Values{});
   }
 
   // A setting that the template writes and that isn't read back would show as not set.
-  Text LostSetting(const Trial& oTrial, const Text& sCode) const {
-    CProcSettings oRead;
-    moEngine.ExtractProcSettings(sCode, oRead);
-    if (oRead.sTemplate() != moRow.sName) return u"its name isn't read back from the code";
-    const auto Lost = [&](std::uint32_t lBit, std::int32_t lRow, auto eRead) {
-      return lRow > 0 && (oTrial.lWithout & lBit) == 0 && eRead == decltype(eRead)::Unset;
+  Text LostSetting(const Trial& trial, const CProcSettings& read) const {
+    if (read.sTemplate() != mRow.sName) return u"its name isn't read back from the code";
+    const auto isLost = [&](std::uint32_t bit, std::int32_t row, auto value) {
+      return row > 0 && (trial.lWithout & bit) == 0 && value == decltype(value)::Unset;
     };
-    if (Lost(1, moRow.lBoundary, oRead.eBoundary())) return LostText(u"Boundary", moRow.lBoundary);
-    if (Lost(2, moRow.lSeverity, oRead.eSeverity())) return LostText(u"Severity", moRow.lSeverity);
-    if (Lost(4, moRow.lRetry, oRead.eRetry())) return LostText(u"Retry", moRow.lRetry);
-    const bool bTraces = moRow.lTrace > 0 || moRow.lTraceExit > 0;
-    if (bTraces && oTrial.bTrace != (oRead.eTrace() == MQuillon::TriState::True)) {
+    if (isLost(1, mRow.lBoundary, read.eBoundary())) return LostText(u"Boundary", mRow.lBoundary);
+    if (isLost(2, mRow.lSeverity, read.eSeverity())) return LostText(u"Severity", mRow.lSeverity);
+    if (isLost(4, mRow.lRetry, read.eRetry())) return LostText(u"Retry", mRow.lRetry);
+    const bool traces = mRow.lTrace > 0 || mRow.lTraceExit > 0;
+    if (traces && trial.bTrace != (read.eTrace() == MQuillon::TriState::True)) {
       return u"trace isn't read back from the code; write a line with <#if trace> that no other "
-             u"line "
-             u"of the template looks like";
+             u"line of the template looks like";
     }
     return {};
   }
 
-  Text LostText(TextView sToken, std::int32_t lRow) const {
-    const std::int32_t lLine = moEngine.Lines()[static_cast<std::size_t>(lRow)].lFileLine;
-    return Text(sToken) + u" isn't read back from the code; the first line with <%" + Text(sToken) +
-           u"> is line " + ToText(lLine) + u", and it must be written whenever that is set";
+  Text LostText(TextView token, std::int32_t row) const {
+    return Text(token) + u" isn't read back from the code; the first line with <%" + Text(token) +
+           u"> is line " + ToText(mTemplates.Row(row).lFileLine) +
+           u", and it must be written whenever that is set";
   }
 
-  CTemplate& moEngine;
-  const TemplateRow& moRow;
-  Text msMessage;
-  Connection moLink;
+  const TemplateSet& mTemplates;
+  const TemplateRow& mRow;
 };
 
-void TryTemplate(Findings& oFindings, CTemplate& oEngine, const TemplateRow& oRow,
+void TryTemplate(Findings& oFindings, const TemplateRow& oRow,
                  std::span<const TextView> asProcType) {
-  TemplateTrial oTrials(oEngine, oRow);
+  const TemplateTrial oTrials(oFindings.Template().Set(), oRow);
   for (TextView sProcType : asProcType) {
     for (std::uint32_t lWithout = 0; lWithout < 8; ++lWithout) {
       for (bool bTrace : {false, true}) {
@@ -145,10 +141,9 @@ void TryTemplate(Findings& oFindings, CTemplate& oEngine, const TemplateRow& oRo
 void TryTemplates(Findings& oFindings) {
   static constexpr std::array<TextView, 3> asProcedure = {u"Sub", u"Function", u"Property Get"};
   static constexpr std::array<TextView, 1> asDeclarations = {u""};
-  const auto pEngine = TemplateLoader::SilentCopy(oFindings.Template());
-  for (const TemplateRow& oRow : pEngine->Templates()) {
-    if (oRow.eType == TemplateType::Procedure) TryTemplate(oFindings, *pEngine, oRow, asProcedure);
-    if (oRow.eType == TemplateType::Module) TryTemplate(oFindings, *pEngine, oRow, asDeclarations);
+  for (const TemplateRow& oRow : oFindings.Template().Templates()) {
+    if (oRow.eType == TemplateType::Procedure) TryTemplate(oFindings, oRow, asProcedure);
+    if (oRow.eType == TemplateType::Module) TryTemplate(oFindings, oRow, asDeclarations);
   }
 }
 

@@ -48,14 +48,14 @@ void DumpLine(Signal<TextView>& oDump, const LineRow& oRow) {
 }  // namespace
 
 void CTemplate::PrintTemplateFile() {
-  for (std::size_t i = 1; i < matTemplate.size(); ++i) {
+  for (std::size_t i = 1; i < moSet.templates.size(); ++i) {
     ReportDump(Row(u"matTemplate", i));
-    DumpTemplate(ReportDump, matTemplate[i]);
+    DumpTemplate(ReportDump, moSet.templates[i]);
   }
   ReportDump(Gap);
   ReportDump(Gap);
-  for (std::size_t i = 1; i < matLine.size(); ++i) {
+  for (std::size_t i = 1; i < moSet.lines.size(); ++i) {
     ReportDump(Row(u"matLine", i));
-    DumpLine(ReportDump, matLine[i]);
+    DumpLine(ReportDump, moSet.lines[i]);
   }
 }

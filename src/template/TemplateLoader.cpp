@@ -70,14 +70,6 @@ TemplateLoader::TemplateLoader(CTemplate& oTemplate, TextView sFile)
   moTemplate.ReportError(u"Processing Template File " + Quoted(sFile));
 }
 
-std::unique_ptr<CTemplate> TemplateLoader::SilentCopy(const CTemplate& oTemplate) {
-  auto pCopy = std::make_unique<CTemplate>(oTemplate.moRules);
-  pCopy->matTemplate = oTemplate.matTemplate;
-  pCopy->matLine = oTemplate.matLine;
-  pCopy->mlLoadErrors = oTemplate.mlLoadErrors;
-  return pCopy;
-}
-
 void TemplateLoader::ReportUnread() {
   ReportError(1, u"The file " + Quoted(msFile) + u" could not be read; open it again");
   ReportResult();
@@ -103,6 +95,7 @@ void TemplateLoader::LoadText(TextView sText) {
   } else {
     LoadLines(sText);
   }
+  moTemplate.moSet.Prepare();
   ReportResult();
 }
 
@@ -119,7 +112,7 @@ void TemplateLoader::LoadLines(TextView sText) {
     ++mlLine;
     LoadLine(sLine);
   }
-  ValidateTemplate(static_cast<std::int32_t>(moTemplate.matTemplate.size()) - 1);
+  ValidateTemplate(static_cast<std::int32_t>(moTemplate.moSet.templates.size()) - 1);
 }
 
 void TemplateLoader::LoadLine(TextView sLine) {
@@ -169,13 +162,13 @@ void TemplateLoader::LoadDirective(Directive eDirective, TextView sLine) {
 }
 
 void TemplateLoader::AddDirectiveRow() {
-  moTemplate.matLine.emplace_back();
-  moTemplate.matLine.back().lFileLine = mlLine;
+  moTemplate.moSet.lines.emplace_back();
+  moTemplate.moSet.lines.back().lFileLine = mlLine;
 }
 
 void TemplateLoader::LoadTemplateDirective() {
-  ValidateTemplate(static_cast<std::int32_t>(moTemplate.matTemplate.size()) - 1);
-  TemplateRow& oRow = moTemplate.matTemplate.emplace_back();
+  ValidateTemplate(static_cast<std::int32_t>(moTemplate.moSet.templates.size()) - 1);
+  TemplateRow& oRow = moTemplate.moSet.templates.emplace_back();
   AddDirectiveRow();
   oRow.lStart.values.fill(-1);
   oRow.lStart[Section::Global] = LastRow();
@@ -235,7 +228,7 @@ void TemplateLoader::LoadPlace(Directive eDirective) {
   if (eDirective == DirectiveEnd) {
     // Stretches of rows run to the row of <#End>; one row behind it may be looked at.
     AddDirectiveRow();
-    ValidateTemplate(static_cast<std::int32_t>(moTemplate.matTemplate.size()) - 1);
+    ValidateTemplate(static_cast<std::int32_t>(moTemplate.moSet.templates.size()) - 1);
   }
 }
 
@@ -253,7 +246,7 @@ void TemplateLoader::LoadScriptLine(TextView sLine, TextView sTrimmedLower) {
   MXString::FoldLine(sLine, sFolded);
   oLine.sLike = LikePattern(PatternOf(sFolded));
 
-  moTemplate.matLine.push_back(oLine);
+  moTemplate.moSet.lines.push_back(oLine);
   NoteRoles(sFolded, oLine);
   if (!oLine.sLike.IsEmpty()) RememberPattern(oLine.sLike);
 }

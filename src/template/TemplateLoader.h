@@ -13,7 +13,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string_view>
 
 #include "CTag.h"
@@ -31,9 +30,6 @@ class TemplateLoader {
   void LoadBytes(std::string_view sBytes);
   /// Appends to the tables and ends with the result of the load as a message.
   void LoadText(TextView sText);
-
-  /// A second engine over the same tables and rules, with nobody connected: for trials.
-  static std::unique_ptr<CTemplate> SilentCopy(const CTemplate& oTemplate);
 
  private:
   enum Directive : std::int32_t {
@@ -64,9 +60,11 @@ class TemplateLoader {
   void ReportError(std::int32_t lLine, TextView sMessage);
   void ReportResult();
 
-  bool HasTemplate() const { return moTemplate.matTemplate.size() > 1; }
-  TemplateRow& LastTemplate() { return moTemplate.matTemplate.back(); }
-  std::int32_t LastRow() const { return static_cast<std::int32_t>(moTemplate.matLine.size()) - 1; }
+  bool HasTemplate() const { return moTemplate.moSet.templates.size() > 1; }
+  TemplateRow& LastTemplate() { return moTemplate.moSet.templates.back(); }
+  std::int32_t LastRow() const {
+    return static_cast<std::int32_t>(moTemplate.moSet.lines.size()) - 1;
+  }
   void AddDirectiveRow();
 
   CTemplate& moTemplate;

@@ -3,9 +3,11 @@
 
 #include <array>
 #include <cstdint>
+#include <vector>
 
 #include "LikePattern.h"
 #include "Text.h"
+#include "TokenReader.h"
 
 enum class TemplateType : std::int32_t { Unknown, Signature, Module, Procedure };
 
@@ -25,6 +27,29 @@ struct BySection {
   }
 };
 
+/// What a row's text may hold in the place of a value.
+enum class Token : std::uint8_t {
+  None,
+  ModuleName,
+  ProcName,
+  ProcType,
+  Signature,
+  Boundary,
+  Severity,
+  Retry
+};
+/// As a template file spells it, such as <%Retry>; empty for None.
+TextView TextOf(Token token);
+
+/// A stretch of a row's text, and the token behind it.
+struct RowPiece {
+  Text text;
+  Token token = Token::None;
+};
+
+/// What must be set for a row to be written; Never for a word that isn't one of the four.
+enum class RowCondition : std::uint8_t { None, Boundary, Severity, Retry, Trace, Never };
+
 /// One row of matTemplate.
 struct TemplateRow {
   Text sName;
@@ -41,6 +66,11 @@ struct TemplateRow {
   std::int32_t lTraceExit = 0;      ///< last row with ".traceexit " or ".traceexit("
   std::int32_t lDirectiveLine = 0;  ///< line in the file, from 1
   bool bValidated = false;
+
+  // Worked out behind the load by TemplateSet::Prepare.
+  LikePattern traceExitLike;  ///< pattern of lTraceExit without its comment
+  Text traceExitBegin;        ///< the text that every line with a trace exit holds; may be empty
+  TokenReader boundaryReader, severityReader, retryReader;  ///< of lBoundary, lSeverity, lRetry
 };
 
 /// One row of matLine: a directive or a script line.
@@ -50,4 +80,12 @@ struct LineRow {
   LikePattern sLike;
   Text sLine;
   std::int32_t lFileLine = 0;  ///< line in the file, from 1, for reports
+
+  // Worked out behind the load by TemplateSet::Prepare, for a script row.
+  std::vector<RowPiece> pieces;
+  Text folded;                                  ///< sLine with FullTrim, in lower case
+  RowCondition condition = RowCondition::None;  ///< what sIfCondition says
+  bool blank = false;                           ///< nothing but blanks
+  bool holdsLineEnd = false;                    ///< a CR or LF of its own
+  bool fitsAllValues = false;  ///< fits its own pattern with any values that are tidy texts
 };

@@ -86,9 +86,9 @@ bool Breaks(const TemplateRow& oRow, const Rule& oRule) {
 }  // namespace
 
 void TemplateLoader::ValidateTemplate(std::int32_t lTemplate) {
-  const auto lCount = static_cast<std::int32_t>(moTemplate.matTemplate.size());
+  const auto lCount = static_cast<std::int32_t>(moTemplate.moSet.templates.size());
   if (lTemplate < 1 || lTemplate >= lCount) return;
-  TemplateRow& oRow = moTemplate.matTemplate[static_cast<std::size_t>(lTemplate)];
+  TemplateRow& oRow = moTemplate.moSet.templates[static_cast<std::size_t>(lTemplate)];
   if (oRow.bValidated) return;
   oRow.bValidated = true;
   if (oRow.eType == TemplateType::Unknown) return;

@@ -20,12 +20,17 @@ bool IsNameUnit(char16_t cUnit) {
 std::size_t FindExit(TextView sLine, TextView sBaseType) {
   constexpr TextView sExit = u"Exit ";
   if (FindText(sLine, sExit) == TextView::npos) return TextView::npos;
-  const Text sWork = MXStringVB::MaskVBLiterals(sLine.substr(0, CommentStart(sLine)), u"x");
-  for (std::size_t lFirst = sWork.find(sExit); lFirst != Text::npos;
+  // Most lines hold neither a literal nor a comment, and are searched as they are.
+  Text sMasked;
+  TextView sWork = sLine.substr(0, CommentStart(sLine));
+  if (FindUnit(sWork, u'"') != TextView::npos) {
+    sWork = sMasked = MXStringVB::MaskVBLiterals(sWork, u"x");
+  }
+  for (std::size_t lFirst = sWork.find(sExit); lFirst != TextView::npos;
        lFirst = sWork.find(sExit, lFirst + 1)) {
     if (lFirst > 0 && sWork[lFirst - 1] != u' ') continue;
     const std::size_t lType = lFirst + sExit.size();
-    if (TextView(sWork).substr(lType, sBaseType.size()) != sBaseType) continue;
+    if (sWork.substr(lType, sBaseType.size()) != sBaseType) continue;
     const std::size_t lBehind = lType + sBaseType.size();
     if (lBehind == sWork.size() || !IsNameUnit(sWork[lBehind])) return lFirst;
   }
@@ -130,13 +135,6 @@ Text TraceExits::GetTraceExit(const LineRow& oRow, const SectionValues& oValues)
   Text sText;
   RenderRow(oRow, oValues, sText, Tokens::Names);
   return Text(Trim(TextView(sText).substr(0, CommentStart(sText))));
-}
-
-const LikePattern& TraceExits::Pattern(const LineRow& oRow, LikePattern& oCut) {
-  const TextView sPattern = oRow.sLike.Pattern();
-  const std::size_t lComment = CommentStart(sPattern);
-  if (lComment == sPattern.size()) return oRow.sLike;
-  return oCut = LikePattern(Trim(sPattern.substr(0, lComment)));
 }
 
 Text TraceExits::Insert(TextView sLine, TextView sBaseType, TextView sTraceExit) {

@@ -12,8 +12,6 @@ namespace TraceExits {
 /// The statement for one procedure, trimmed and without a comment, which would make one of the Exit
 /// behind it; empty when the row holds no code.
 Text GetTraceExit(const LineRow& oRow, const SectionValues& oValues);
-/// Its pattern: the row's own, or oCut, set to the part ahead of the row's comment.
-const LikePattern& Pattern(const LineRow& oRow, LikePattern& oCut);
 
 /// The line with sTraceExit in front of its first `Exit <sBaseType>` in code. sBaseType has its
 /// case; a mark in a literal or comment doesn't count. sTraceExit is trimmed and not empty.

@@ -14,11 +14,10 @@ TextView SignOf(LineFate fate) {
 }
 
 /// Both versions of a procedure in one text.
-std::vector<CodeLine> BothVersions(TextView present, TextView coming) {
-  const std::vector<TextView> oldLines = SplitLines(present), newLines = SplitLines(coming);
-  const std::vector<LineChange> changes = LineDifferences(oldLines, newLines);
+std::vector<CodeLine> BothVersions(TextView present, const Rewrite& coming) {
+  const std::vector<TextView> oldLines = SplitLines(present), newLines = SplitLines(coming.text);
   std::vector<CodeLine> rows;
-  VisitLines({0, oldLines.size(), 0, newLines.size(), changes},
+  VisitLines({0, oldLines.size(), 0, newLines.size(), coming.changes},
              [&](LineFate fate, std::size_t line) {
                const TextView text = (fate == LineFate::Goes ? oldLines : newLines)[line];
                rows.push_back({MarkOf(fate), Text(SignOf(fate)), Text(text)});
@@ -38,15 +37,14 @@ void FMain::ShowCode(ProcedureHandle hProcedure) {
 }
 
 void FMain::ShowPendingCode(ProcedureHandle hProcedure, TextView sPresent) {
-  bool bRefused = false;
-  Text sMessage;
-  const Text sComing = oIDEHandler->PendingCode(hProcedure, bRefused, sMessage);
-  if (bRefused) {
-    txtCode.SetText(u"Can't be applied: " + sMessage + Text(CrLf) + Text(sPresent));
+  const Rewrite rewrite = oIDEHandler->PendingRewrite(hProcedure, true);
+  if (rewrite.Refused()) {
+    txtCode.SetText(u"Can't be applied: " + MessageOf(rewrite.refusals.front()) + Text(CrLf) +
+                    Text(sPresent));
     return txtCode.SetMark(1, LineMark::Heading);
   }
   txtCode.SetLineNumbers(true);
-  txtCode.SetLines(BothVersions(sPresent, sComing));
+  txtCode.SetLines(BothVersions(sPresent, rewrite));
 }
 
 void FMain::mnuViewPending_Click() {

@@ -32,9 +32,10 @@ struct Model {
     MQuillon::Initialize();
     oTemplate.LoadTemplateText(u"Test.dat", TestTemplates);
     oReport = oTemplate.ReportError.Connect([this](TextView s) { sAccount += ToUtf8(s) + "|"; });
-    oRefusal = oHandler.ProcedureRefused.Connect([this](ProcedureHandle h, TextView s) {
-      sRefused += std::to_string(h.Number()) + " " + ToUtf8(s) + "|";
-    });
+    oRefusal = oHandler.ProcedureRefused.Connect(
+        [this](ProcedureHandle h, const std::vector<Refusal>& refusals) {
+          sRefused += std::to_string(h.Number()) + " " + ToUtf8(MessageOf(refusals.front())) + "|";
+        });
   }
   void Open(bool bLoad = true) {
     oHandler.LoadProjects(oIDE);

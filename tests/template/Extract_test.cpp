@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "EngineFixture.h"
+#include "JumpTargets.h"
 #include "Proof.h"
 
 namespace {
@@ -119,8 +120,9 @@ TEST(Proof, FindsTheFirstDifference) {
   };
   for (const auto& oRow : oRows) {
     SCOPED_TRACE(oRow.sName);
-    EXPECT_EQ(ToUtf8(Proof::FirstDifference(Code(oRow.sBefore), Code(oRow.sBack), oRow.bNumbered)),
-              oRow.sMessage);
+    const Text sBefore = Code(oRow.sBefore), sBack = Code(oRow.sBack);
+    const auto oFault = Proof::FirstDifference(ProcText(sBefore), ProcText(sBack), oRow.bNumbered);
+    EXPECT_EQ(oFault ? ToUtf8(MessageOf(*oFault)) : "", oRow.sMessage);
   }
 }
 
@@ -148,7 +150,8 @@ TEST(Proof, KeepsTheTargetsOfJumps) {
   };
   for (const auto& oRow : oRows) {
     SCOPED_TRACE(oRow.sName);
-    EXPECT_EQ(!Proof::LostJumpTarget(Code(oRow.sBefore), Code(oRow.sAfter)).empty(), oRow.bLost);
+    const Text sBefore = Code(oRow.sBefore), sAfter = Code(oRow.sAfter);
+    EXPECT_EQ(JumpTargets::FirstLost(ProcText(sBefore), ProcText(sAfter)).has_value(), oRow.bLost);
   }
 }
 

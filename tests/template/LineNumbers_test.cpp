@@ -10,7 +10,9 @@ namespace {
 std::string Number(TextView sPiped, MQuillon::LineNumAction eAction, const MRules::Values& oRules) {
   const Text sCode = Code(sPiped);
   const ProcText oProc(sCode);
-  Text sResult = LineNumbers::DoLineNumbers(oProc.Lines(), eAction, oRules);
+  std::vector<TextView> asLine;
+  for (std::size_t i = 0; i < oProc.Count(); ++i) asLine.push_back(oProc.Line(i));
+  Text sResult = LineNumbers::DoLineNumbers(asLine, eAction, oRules);
   sResult.resize(sResult.size() - CrLf.size());
   return Piped(sResult);
 }

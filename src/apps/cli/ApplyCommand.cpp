@@ -26,6 +26,6 @@ int ApplyCommand(Session& oSession) {
   Assignments::Passed oPassed;
   for (ProcedureHandle h : oSession.Procedures()) oAssignments.Apply(oSession, h, oPassed);
   TellPassed(oSession, oPassed);
-  Rewrite(oSession, false, MQuillon::LineNumAction::AsRule);
+  RewriteScope(oSession, false, MQuillon::LineNumAction::AsRule);
   return SaveChanges(oSession);
 }

@@ -1,7 +1,6 @@
 // check: what apply --suggested would change and what the engine would refuse, found by doing it
 // in memory with proof, and never saving.
-#include <algorithm>
-#include <functional>
+#include <vector>
 
 #include "Commands.h"
 #include "Display.h"
@@ -21,8 +20,7 @@ struct ProcedureFinding {
   // The settings ahead of the trial, which changes Current; words are made when they are printed.
   CProcSettings oFrom, oTo;
   bool bTraced = false;
-  std::size_t lCode = 0;  ///< hash of the code ahead of the trial
-  std::vector<std::string> asRefusal;
+  std::vector<std::string> asRefusal{};
 };
 
 std::vector<Difference> Differences(const ProcedureFinding& oFinding) {
@@ -35,11 +33,6 @@ std::vector<Difference> Differences(const ProcedureFinding& oFinding) {
   return oChanges;
 }
 
-std::size_t CodeHash(Session& oSession, ProcedureHandle hProcedure) {
-  std::int32_t lBodyStart = 0;
-  return std::hash<Text>()(oSession.oHandler.GetProcCode(hProcedure, lBodyStart));
-}
-
 /// The procedures that would change, with their lines in the files as these are now.
 std::vector<ProcedureFinding> Changes(Session& oSession) {
   std::vector<ProcedureFinding> oFindings;
@@ -50,50 +43,41 @@ std::vector<ProcedureFinding> Changes(Session& oSession) {
     // Foreign code is never rewritten, so that nothing would change.
     if (oProcedure.oCurrent.bForeign()) continue;
     // A declarations section can't be traced.
-    oFindings.push_back({h,
-                         oSession.HeadLine(h),
-                         oProcedure.oCurrent,
-                         oProcedure.oPending,
-                         !oSession.IsDeclarations(h),
-                         CodeHash(oSession, h),
-                         {}});
+    oFindings.push_back({h, oSession.HeadLine(h), oProcedure.oCurrent, oProcedure.oPending,
+                         !oSession.IsDeclarations(h)});
   }
   return oFindings;
 }
 
-/// Takes away what changes no code: a value that the template has no line for, or a trace in a
-/// declarations section, would be found again after every apply.
-void DropUnwritten(Session& oSession, std::vector<ProcedureFinding>& oFindings) {
-  std::erase_if(oFindings, [&](const ProcedureFinding& oFinding) {
-    return oFinding.asRefusal.empty() && oFinding.lCode == CodeHash(oSession, oFinding.hProcedure);
-  });
+/// What keeps lines out of a module's declarations shows only when they are put there.
+std::vector<Refusal> TryInModule(Session& session, ProcedureHandle procedure) {
+  std::vector<Refusal> refusals;
+  const auto refused = session.oHandler.ProcedureRefused.Connect(
+      [&](ProcedureHandle, const std::vector<Refusal>& reasons) { refusals = reasons; });
+  session.oHandler.ApplyPendingSettings(procedure, false, MQuillon::LineNumAction::AsRule);
+  return refusals;
 }
 
-void FindRefusals(Session& oSession, std::vector<ProcedureFinding>& oFindings) {
-  std::vector<std::string> asMessage;
-  auto oReported = oSession.oTemplate.ReportError.Connect([&](TextView sMessage) {
-    if (sMessage.starts_with(u"    ")) {
-      asMessage.push_back(ToUtf8(Trim(sMessage)));
-    } else {
-      asMessage.clear();
-      oSession.oConsole.Progress(static_cast<std::size_t>(oSession.oTemplate.BatchItems()),
-                                 oFindings.size(), sMessage);
+/// Tries each change, and drops those that change no code: a value that the template has no line
+/// for, or a trace in a declarations section, would be found again after every apply.
+void TryChanges(Session& session, std::vector<ProcedureFinding>& findings) {
+  std::size_t tried = 0;
+  std::erase_if(findings, [&](ProcedureFinding& finding) {
+    session.oConsole.Progress(
+        ++tried, findings.size(),
+        session.oHandler.Component(session.oHandler.Procedure(finding.hProcedure).hComponent)
+            .sName);
+    const Rewrite rewrite = session.oHandler.PendingRewrite(finding.hProcedure, false);
+    std::vector<Refusal> refusals = rewrite.refusals;
+    if (rewrite.changed && session.IsDeclarations(finding.hProcedure)) {
+      refusals = TryInModule(session, finding.hProcedure);
     }
+    for (const Refusal& refusal : refusals) {
+      finding.asRefusal.push_back(ToUtf8(Trim(MessageOf(refusal))));
+    }
+    return refusals.empty() && !rewrite.changed;
   });
-  auto oRefused =
-      oSession.oHandler.ProcedureRefused.Connect([&](ProcedureHandle h, TextView sReason) {
-        if (asMessage.empty()) asMessage.push_back(ToUtf8(Trim(sReason)));
-        auto oFinding = std::lower_bound(oFindings.begin(), oFindings.end(), h,
-                                         [](const ProcedureFinding& oLeft, ProcedureHandle hRight) {
-                                           return oLeft.hProcedure < hRight;
-                                         });
-        if (oFinding != oFindings.end() && oFinding->hProcedure == h)
-          oFinding->asRefusal = asMessage;
-      });
-  oSession.oTemplate.BatchStart();
-  oSession.oHandler.ApplyPendingSettings(ModelScope::Group(), false,
-                                         MQuillon::LineNumAction::AsRule);
-  oSession.oConsole.ProgressEnd();
+  session.oConsole.ProgressEnd();
 }
 
 std::string ChangeText(const std::vector<Difference>& oChanges) {
@@ -125,8 +109,14 @@ class Reporter {
   }
 
  private:
+  /// Findings come component by component: the path is worked out once for each.
+  void SetFile(ComponentHandle component) {
+    if (component != mComponent) msFile = moSession.FileOf(component);
+    mComponent = component;
+  }
+
   void Procedure(const ProcedureFinding& oFinding) {
-    msFile = moSession.FileOf(moSession.oHandler.Procedure(oFinding.hProcedure).hComponent);
+    SetFile(moSession.oHandler.Procedure(oFinding.hProcedure).hComponent);
     std::string sName = moSession.NameOf(oFinding.hProcedure);
     std::vector<Difference> oChanges = Differences(oFinding);
     if (!mbJson) {
@@ -148,7 +138,7 @@ class Reporter {
 
   void Unreadable(ComponentHandle hComponent) {
     const ComponentRecord& oComponent = moSession.oHandler.Component(hComponent);
-    msFile = moSession.FileOf(hComponent);
+    SetFile(hComponent);
     std::string sReason = moSession.ReasonOf(hComponent);
     if (!mbJson) return Line(0, ToUtf8(oComponent.sName) + ": can't be read: " + sReason);
     BeginObject("unreadable", hComponent);
@@ -197,6 +187,7 @@ class Reporter {
   JsonWriter moJson;
   const bool mbJson = moSession.oArguments.sFormat == "json";
   std::string msFile;
+  ComponentHandle mComponent;
 };
 
 }  // namespace
@@ -205,8 +196,7 @@ int CheckCommand(Session& oSession) {
   oSession.OpenGroup();
   oSession.LoadScope(false);
   std::vector<ProcedureFinding> oFindings = Changes(oSession);
-  FindRefusals(oSession, oFindings);
-  DropUnwritten(oSession, oFindings);
+  TryChanges(oSession, oFindings);
   Reporter(oSession).Report(oFindings);
   return oFindings.empty() && oSession.IsScopeRead() ? 0 : 1;
 }

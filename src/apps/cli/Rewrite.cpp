@@ -8,28 +8,31 @@
 
 namespace {
 
-/// The engine's messages as they come. A "Processing " line is held back until something follows
+/// The account of a batch as it comes. The line of a procedure is held back until something follows
 /// it that has to be told; with -q nothing but failures is.
 class Account {
  public:
   explicit Account(Session& oSession)
       : moSession(oSession),
-        moLink(oSession.oTemplate.ReportError.Connect([this](TextView s) { Message(s); })) {}
+        moLink(oSession.oTemplate.ReportBatch.Connect(
+            [this](BatchLine eLine, TextView sMessage) { Message(eLine, sMessage); })) {}
 
  private:
-  void Message(TextView sMessage) {
+  void Message(BatchLine eLine, TextView sMessage) {
     Console& oConsole = moSession.oConsole;
-    std::string sText = ToUtf8(sMessage);
-    const bool bProblem = sMessage.starts_with(u"    ");
-    if (sMessage.starts_with(u"Processing ")) {
-      Progress(sMessage);
-      msHeld = sText;
-      if (!oConsole.IsQuiet()) TellHeld();
-    } else if (bProblem) {
-      TellHeld();
-      oConsole.Error(sText);
-    } else {
-      oConsole.Say(sText);
+    switch (eLine) {
+      case BatchLine::Item:
+        Progress(sMessage);
+        msHeld = ToUtf8(sMessage);
+        if (!oConsole.IsQuiet()) TellHeld();
+        break;
+      case BatchLine::Problem:
+        TellHeld();
+        oConsole.Error(ToUtf8(sMessage));
+        break;
+      case BatchLine::Total:
+        oConsole.Say(ToUtf8(sMessage));
+        break;
     }
   }
 
@@ -89,7 +92,7 @@ bool SaveFiles(Session& oSession) {
 
 }  // namespace
 
-void Rewrite(Session& oSession, bool bRefresh, MQuillon::LineNumAction eLineNumAction) {
+void RewriteScope(Session& oSession, bool bRefresh, MQuillon::LineNumAction eLineNumAction) {
   CTemplate& oTemplate = oSession.oTemplate;
   Account oAccount(oSession);
   oTemplate.BatchStart();

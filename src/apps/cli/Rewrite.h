@@ -6,7 +6,7 @@
 
 /// Runs the procedures of the session's scope through the engine, between BatchStart and
 /// BatchSummary. What fails is told in any case, the rest of the account unless -q is given.
-void Rewrite(Session& oSession, bool bRefresh, MQuillon::LineNumAction eLineNumAction);
+void RewriteScope(Session& oSession, bool bRefresh, MQuillon::LineNumAction eLineNumAction);
 
 /// Prints the differences and writes the files, as the options say. The exit status of the whole
 /// run: 1 when a procedure failed or a file could not be read or written.

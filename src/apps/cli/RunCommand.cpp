@@ -8,7 +8,7 @@ namespace {
 int Run(Session& session, MQuillon::LineNumAction lineNumberAction) {
   session.OpenGroup();
   session.LoadScope(false);
-  Rewrite(session, true, lineNumberAction);
+  RewriteScope(session, true, lineNumberAction);
   return SaveChanges(session);
 }
 

@@ -144,7 +144,7 @@ void PutLine(const Document& answer, Output& output) {
   output.Put({buffer.GetString(), buffer.GetSize()});
 }
 
-Document Refusal(std::size_t lineNumber, const std::string& reason) {
+Document RefusedLine(std::size_t lineNumber, const std::string& reason) {
   Document answer(rapidjson::kObjectType);
   SetField(answer, "line", Value(static_cast<std::uint64_t>(lineNumber)));
   SetField(answer, "error", JsonText(reason, answer));
@@ -167,7 +167,7 @@ int TextCommand(Session& session) {
       if (!worker.Answer(request)) exit = std::max(exit, 1);
       PutLine(request.oObject, session.oOutput);
     } catch (const Stop& stop) {
-      PutLine(Refusal(lineNumber, stop.sMessage), session.oOutput);
+      PutLine(RefusedLine(lineNumber, stop.sMessage), session.oOutput);
       exit = 2;
     }
   }

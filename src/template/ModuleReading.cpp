@@ -1,0 +1,114 @@
+#include "ModuleReading.h"
+
+#include <algorithm>
+
+#include "LogicalLine.h"
+#include "ProcPlaces.h"
+
+namespace {
+
+bool IsWordUnit(char16_t unit) {
+  return unit == u'_' || unit >= 0x80 || (unit >= u'0' && unit <= u'9') ||
+         (unit >= u'a' && unit <= u'z');
+}
+
+/// The first word of a folded text, which becomes what follows it; empty when it begins with
+/// another sign.
+TextView TakeWord(TextView& text) {
+  text = TrimWhite(text);
+  std::size_t end = 0;
+  while (end < text.size() && IsWordUnit(text[end])) ++end;
+  const TextView word = text.substr(0, end);
+  text.remove_prefix(end);
+  return word;
+}
+
+bool IsOneOf(TextView word, std::initializer_list<TextView> words) {
+  return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+/// Attribute, a name, a point, and a name that begins with VB_.
+bool IsAttribute(TextView folded) {
+  if (TakeWord(folded) != u"attribute") return false;
+  folded = TrimWhite(folded);
+  const std::size_t stop = folded.find_first_of(u".= \t\"");
+  return stop != TextView::npos && stop > 0 && folded[stop] == u'.' &&
+         folded.substr(stop + 1).starts_with(u"vb_");
+}
+
+/// One statement, folded, without literals and comment.
+bool BeginsProcedure(TextView statement) {
+  TextView word = TakeWord(statement);
+  while (IsOneOf(word, {u"public", u"private", u"friend", u"global", u"static"})) {
+    word = TakeWord(statement);
+  }
+  if (!IsOneOf(word, {u"sub", u"function", u"property"})) return false;
+  return !TakeWord(statement).empty();
+}
+
+/// Any statement of a logical line.
+template <class Test>
+bool AnyStatement(TextView line, Test&& test) {
+  while (!line.empty() && line.front() >= u'0' && line.front() <= u'9') line.remove_prefix(1);
+  for (;;) {
+    const std::size_t colon = line.find(u':');
+    if (test(line.substr(0, colon))) return true;
+    if (colon == TextView::npos) return false;
+    line.remove_prefix(colon + 1);
+  }
+}
+
+/// The statement that begins in a line, which may go on below it.
+std::optional<RefusalKind> MisreadStatement(std::span<const Text> lines) {
+  LogicalLines logical(lines);
+  if (!logical.Next()) return std::nullopt;
+  if (HoldsAnyEnd(logical.Statement())) return RefusalKind::RowEndsProcedure;
+  if (AnyStatement(logical.Statement(), BeginsProcedure)) return RefusalKind::RowBeginsProcedure;
+  return std::nullopt;
+}
+
+/// False for nearly every line: it is one statement on one line and begins with none of the words
+/// by which a module finds its way.
+bool MayBeMisread(const ProcText& code, std::size_t i) {
+  TextView folded = code.Folded(i);
+  if (folded.empty()) return false;
+  if (Continues(code.Line(i))) return true;
+  if (folded.front() == u'\'') return false;
+  if (code.MayHoldMore(i)) return true;
+  while (!folded.empty() && folded.front() >= u'0' && folded.front() <= u'9') {
+    folded.remove_prefix(1);
+  }
+  if (TextView(u"efgpsa \t").find(folded.empty() ? u'x' : folded.front()) == TextView::npos) {
+    return false;  // none of the words below begins so
+  }
+  return IsOneOf(TakeWord(folded), {u"end", u"sub", u"function", u"property", u"public", u"private",
+                                    u"friend", u"global", u"static", u"attribute"});
+}
+
+std::optional<RefusalKind> Misreading(const ProcText& code, std::size_t i, std::size_t end) {
+  if (!MayBeMisread(code, i) || code.IsContinued(i)) return std::nullopt;
+  if (IsAttribute(code.Folded(i))) return RefusalKind::RowIsAttribute;
+  std::vector<Text> statement;
+  for (; i < end; ++i) {
+    statement.emplace_back(code.Line(i));
+    if (!Continues(code.Line(i))) break;
+  }
+  return MisreadStatement(statement);
+}
+
+}  // namespace
+
+std::optional<Refusal> FirstMisread(const TemplateSet& templates, const ProcText& code,
+                                    const std::vector<Insertion::Stretch>& lines) {
+  for (const Insertion::Stretch& stretch : lines) {
+    const std::size_t end = std::min(stretch.end, code.Count());
+    for (std::size_t i = stretch.first; i < end; ++i) {
+      std::optional<RefusalKind> kind = Misreading(code, i, end);
+      if (templates.HoldsLineEnd() && code.Line(i).find_first_of(u"\r\n") != TextView::npos) {
+        kind = RefusalKind::RowHoldsLineEnd;
+      }
+      if (kind) return Refusal{*kind, i + 1, Text(code.Line(i))};
+    }
+  }
+  return std::nullopt;
+}

@@ -1,0 +1,82 @@
+#include "Refusal.h"
+
+namespace {
+
+/// %l stands for the line, %n and %o for the two names.
+TextView FormOf(RefusalKind kind) {
+  switch (kind) {
+    case RefusalKind::NoTemplateNamed:
+      return u"No Template Specified";
+    case RefusalKind::TemplateNotFound:
+      return u"Template not Found [%n]";
+    case RefusalKind::WrongType:
+      return u"Template is not of type %o [%n]";
+    case RefusalKind::SignatureNotReadable:
+      return u"Signature of Template [%n] could not be read back";
+    case RefusalKind::LockNotReadable:
+      return u"Signature of a Lock could not be read back";
+    case RefusalKind::TemplateThere:
+      return u"Code holds a Template already; Line=%l [%n]";
+    case RefusalKind::HeadNotFound:
+      return u"Procedure Head Not Found";
+    case RefusalKind::HeadAndEndShareLine:
+      return u"Procedure Head and End share a Line";
+    case RefusalKind::EndNotFound:
+      return u"Procedure End Not Found";
+    case RefusalKind::DirectivesUnbalanced:
+      return u"Conditional Compilation in Procedure is not balanced";
+    case RefusalKind::PlaceNotFound:
+      return u"%n Not Found";
+    case RefusalKind::PlaceAhead:
+      return u"%n Found before %o";
+    case RefusalKind::RowDoesNotFit:
+      return u"Template Line does not fit its own Pattern [%n]";
+    case RefusalKind::LineMismatch:
+      return u"Code does not match Template; Line=%l [%n]";
+    case RefusalKind::PlaceAmbiguous:
+      return u"%o can't be told from other Code; Line=%l [%n]";
+    case RefusalKind::NumberTooLong:
+    case RefusalKind::HostFailure:
+      return u"%n";
+    case RefusalKind::JumpTargetLost:
+      return u"Line number %n is the target of a jump";
+    case RefusalKind::NotRemovable:
+      return u"The template could not be taken out again: %n";
+    case RefusalKind::LineChanged:
+      return u"Line %l would come back as [%o] and not as [%n]";
+    case RefusalKind::LineLost:
+      return u"Line %l would not come back [%n]";
+    case RefusalKind::LineAdded:
+      return u"A line would come back that was not there [%n]";
+    case RefusalKind::CleanUpChanged:
+      return u"The clean-up code would come back changed";
+    case RefusalKind::RowHoldsLineEnd:
+      return u"A line of the template holds a line end of its own, so the module would read two "
+             u"lines; Line=%l [%n]";
+    case RefusalKind::RowIsAttribute:
+      return u"A line of the template would be read as a hidden attribute; Line=%l [%n]";
+    case RefusalKind::RowBeginsProcedure:
+      return u"A line of the template would begin another procedure; Line=%l [%n]";
+    case RefusalKind::RowEndsProcedure:
+      return u"A line of the template would end the procedure; Line=%l [%n]";
+    case RefusalKind::LinesFallToProcedure:
+      return u"These lines would fall to the first procedure: no declaration keeps them from it";
+  }
+  return {};
+}
+
+}  // namespace
+
+Text MessageOf(const Refusal& refusal) {
+  Text message;
+  TextView form = FormOf(refusal.kind);
+  for (std::size_t mark; (mark = form.find(u'%')) != TextView::npos;) {
+    message.append(form.substr(0, mark));
+    const char16_t what = form[mark + 1];
+    if (what == u'l') message.append(ToText(static_cast<long long>(refusal.line)));
+    if (what == u'n') message.append(refusal.name);
+    if (what == u'o') message.append(refusal.other);
+    form.remove_prefix(mark + 2);
+  }
+  return message.append(form);
+}

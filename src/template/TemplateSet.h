@@ -1,0 +1,39 @@
+// What a template file says, ready for rewriting: the two tables, and what is worked out from them
+// once, behind a load, so that no rewrite has to.
+//
+//   TemplateSet set;            // filled by TemplateLoader, which calls Prepare at its end
+//   const TemplateRow* row = set.Find(u"standard");
+//   set.Signatures().Find(code);
+//
+// Rows of both tables count from 1; row 0 is empty and means no row.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "Signature.h"
+#include "TemplateRows.h"
+#include "Text.h"
+
+class TemplateSet {
+ public:
+  TemplateSet() : templates(1), lines(1) { Prepare(); }
+
+  /// To be called behind each change of the tables.
+  void Prepare();
+  /// The template of that name without regard to case, the first one; null when there is none.
+  const TemplateRow* Find(TextView name) const;
+  const LineRow& Row(std::int32_t row) const { return lines[static_cast<std::size_t>(row)]; }
+  const Signature& Signatures() const { return *mSignature; }
+
+  /// True when a row holds a CR or LF of its own.
+  bool HoldsLineEnd() const { return mHoldsLineEnd; }
+
+  std::vector<TemplateRow> templates;
+  std::vector<LineRow> lines;
+
+ private:
+  bool mHoldsLineEnd = false;
+  std::unique_ptr<Signature> mSignature;
+};
