@@ -16,15 +16,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* pBytes, std::size_t lS
 
   const auto lLines = static_cast<std::int32_t>(oTemplate.Lines().size());
   for (const TemplateRow& oRow : oTemplate.Templates()) {
-    for (std::int32_t lStart : oRow.lStart) {
+    for (std::int32_t lStart : oRow.lStart.values) {
       if (lStart < -1 || lStart >= lLines) std::abort();
     }
     if (!oRow.sName.empty() && oTemplate.LookupTemplate(oRow.sName) < 1) std::abort();
   }
   std::int32_t lLast = 0;
   for (const TemplateFinding& oFinding : CheckTemplate(oTemplate)) {
-    if (oFinding.lLine < lLast || oFinding.sMessage.empty()) std::abort();
-    lLast = oFinding.lLine;
+    if (oFinding.line < lLast || oFinding.message.empty()) std::abort();
+    lLast = oFinding.line;
   }
   return 0;
 }

@@ -10,66 +10,66 @@ Text OneLine(TextView sTag) {
   return MXString::FullTrim(MXString::StringReplace(Text(sTag) + u' ', CrLf, u" "));
 }
 
-bool IsQuote(char16_t cUnit) {
-  return cUnit == u'\'' || cUnit == u'"';
+bool IsQuote(char16_t unit) {
+  return unit == u'\'' || unit == u'"';
 }
 
 }  // namespace
 
 void CTag::SetTag(TextView sTag) {
-  mlError = 0;
-  msName.clear();
-  moParameters.clear();
+  mError = 0;
+  mName.clear();
+  mParameters.clear();
 
-  const Text sLine = OneLine(sTag);
-  if (!sLine.starts_with(u'<')) {
-    mlError = 1;
+  const Text line = OneLine(sTag);
+  if (!line.starts_with(u'<')) {
+    mError = 1;
     return;
   }
-  if (!sLine.ends_with(u'>')) {
-    mlError = 2;
+  if (!line.ends_with(u'>')) {
+    mError = 2;
     return;
   }
   // Every word ends in a blank then, the last one too.
-  Text sWords = sLine.substr(1, sLine.size() - 2) + u' ';
-  const std::size_t lBlank = sWords.find(u' ');
-  msName = sWords.substr(0, lBlank);
-  ReadParameters(TextView(sWords).substr(lBlank + 1));
+  Text words = line.substr(1, line.size() - 2) + u' ';
+  const std::size_t blank = words.find(u' ');
+  mName = words.substr(0, blank);
+  ReadParameters(TextView(words).substr(blank + 1));
 }
 
-// sWords is empty or ends in a blank.
-void CTag::ReadParameters(TextView sWords) {
-  std::size_t lPos = 0;
-  while (lPos + 1 < sWords.size()) {
-    const std::size_t lEquals = sWords.find(u'=', lPos);
+// words is empty or ends in a blank.
+void CTag::ReadParameters(TextView words) {
+  std::size_t pos = 0;
+  while (pos + 1 < words.size()) {
+    const std::size_t equals = words.find(u'=', pos);
     // A word without a value makes the rest unreadable; that is no error, it counts as absent.
-    if (lEquals == TextView::npos) return;
-    const TextView sKey = Trim(sWords.substr(lPos, lEquals - lPos));
-    if (sKey.find(u' ') != TextView::npos) return;
+    if (equals == TextView::npos) return;
+    const TextView key = Trim(words.substr(pos, equals - pos));
+    if (key.find(u' ') != TextView::npos) return;
 
-    std::size_t lStart = lEquals + 1;
-    std::size_t lEnd;
-    if (IsQuote(sWords[lStart])) {
+    std::size_t start = equals + 1;
+    std::size_t end;
+    if (IsQuote(words[start])) {
       // A quote inside the value is told from the closing one by the blank behind the latter.
-      const char16_t acClose[] = {sWords[lStart], u' '};
-      ++lStart;
-      lEnd = sWords.find(TextView(acClose, 2), lStart);
-      if (lEnd == TextView::npos) {
-        mlError = 3;
+      const char16_t closing[] = {words[start], u' '};
+      ++start;
+      end = words.find(TextView(closing, 2), start);
+      if (end == TextView::npos) {
+        mError = 3;
         return;
       }
-      lPos = lEnd + 2;
+      pos = end + 2;
     } else {
-      lEnd = sWords.find(u' ', lStart);
-      lPos = lEnd + 1;
+      end = words.find(u' ', start);
+      pos = end + 1;
     }
-    moParameters.push_back({LowerCase(sKey), Text(sWords.substr(lStart, lEnd - lStart))});
+    mParameters.push_back({LowerCase(key), Text(words.substr(start, end - start))});
   }
 }
 
 Text CTag::Parameter(TextView isParam) const {
-  for (const Pair& oPair : moParameters) {
-    if (oPair.sKey == isParam) return oPair.sValue;
+  for (const Pair& pair : mParameters) {
+    if (pair.key == isParam) return pair.value;
   }
   return {};
 }

@@ -15,18 +15,18 @@ class CTag {
   /// when there is none.
   Text Parameter(TextView isParam) const;
   /// The text between the chevron and the first blank, its case as written.
-  const Text& Name() const { return msName; }
+  const Text& Name() const { return mName; }
   /// 0 parsed, 1 no "<" at the start, 2 no ">" at the end, 3 a quoted value isn't closed.
-  std::int32_t Error() const { return mlError; }
+  std::int32_t Error() const { return mError; }
 
  private:
   struct Pair {
-    Text sKey;
-    Text sValue;
+    Text key;
+    Text value;
   };
-  void ReadParameters(TextView sWords);
+  void ReadParameters(TextView words);
 
-  Text msName;
-  std::int32_t mlError = 0;
-  std::vector<Pair> moParameters;
+  Text mName;
+  std::int32_t mError = 0;
+  std::vector<Pair> mParameters;
 };

@@ -9,59 +9,59 @@
 namespace {
 
 // Sparse, in file order: the caller's list shows where in the file a template stands.
-void GetTemplatesOfType(const std::vector<TemplateRow>& atTemplate, TemplateType eType,
-                        TextArray& asTemplate) {
-  asTemplate.assign(atTemplate.size(), Text());
-  for (std::size_t i = 1; i < atTemplate.size(); ++i) {
-    if (atTemplate[i].eType == eType) asTemplate[i] = atTemplate[i].sName;
+void GetTemplatesOfType(const std::vector<TemplateRow>& templates, TemplateType type,
+                        TextArray& names) {
+  names.assign(templates.size(), Text());
+  for (std::size_t i = 1; i < templates.size(); ++i) {
+    if (templates[i].eType == type) names[i] = templates[i].sName;
   }
 }
 
 }  // namespace
 
-CTemplate::CTemplate(const MRules::Values& oRules) : moRules(oRules) {}
+CTemplate::CTemplate(const MRules::Values& rules) : mRules(rules) {}
 
 void CTemplate::LoadTemplateFile(TextView sTemplateFile) {
-  Guard({u"CTemplate", u"LoadTemplateFile"}, [&](GuardScope& oScope) {
-    TemplateLoader oLoader(*this, sTemplateFile);
-    std::string sBytes;
-    if (oScope.Step([&] { MXFile::FileBinaryRead(sTemplateFile, sBytes); })) {
-      oLoader.LoadBytes(sBytes);
+  Guard({u"CTemplate", u"LoadTemplateFile"}, [&](GuardScope& scope) {
+    TemplateLoader loader(*this, sTemplateFile);
+    std::string bytes;
+    if (scope.Step([&] { MXFile::FileBinaryRead(sTemplateFile, bytes); })) {
+      loader.LoadBytes(bytes);
     } else {
-      oLoader.ReportUnread();
+      loader.ReportUnread();
     }
   });
 }
 
-void CTemplate::LoadTemplateText(TextView sFile, TextView sText) {
+void CTemplate::LoadTemplateText(TextView file, TextView text) {
   Guard({u"CTemplate", u"LoadTemplateText"},
-        [&](GuardScope&) { TemplateLoader(*this, sFile).LoadText(sText); });
+        [&](GuardScope&) { TemplateLoader(*this, file).LoadText(text); });
 }
 
-void CTemplate::GetModuleTemplates(TextArray& asTemplate) const {
-  GetTemplatesOfType(moSet.templates, TemplateType::Module, asTemplate);
+void CTemplate::GetModuleTemplates(TextArray& names) const {
+  GetTemplatesOfType(mSet.templates, TemplateType::Module, names);
 }
 
-void CTemplate::GetProcTemplates(TextArray& asTemplate) const {
-  GetTemplatesOfType(moSet.templates, TemplateType::Procedure, asTemplate);
+void CTemplate::GetProcTemplates(TextArray& names) const {
+  GetTemplatesOfType(mSet.templates, TemplateType::Procedure, names);
 }
 
 std::int32_t CTemplate::LookupTemplate(TextView sTemplate) const {
-  const TemplateRow* const row = moSet.Find(sTemplate);
-  return row ? static_cast<std::int32_t>(row - moSet.templates.data()) : 0;
+  const TemplateRow* const row = mSet.Find(sTemplate);
+  return row ? static_cast<std::int32_t>(row - mSet.templates.data()) : 0;
 }
 
 bool CTemplate::Inherit(TextView sTemplate) const {
-  bool bInherit = false;
-  for (std::size_t i = 1; i < moSet.templates.size(); ++i) {
-    if (moSet.templates[i].sName == sTemplate) bInherit = moSet.templates[i].bInherit;
+  bool inherit = false;
+  for (std::size_t i = 1; i < mSet.templates.size(); ++i) {
+    if (mSet.templates[i].sName == sTemplate) inherit = mSet.templates[i].bInherit;
   }
-  return bInherit;
+  return inherit;
 }
 
 void CTemplate::BatchStart() {
-  mlBatchItems = 0;
-  mlBatchErrors = 0;
+  mBatchItems = 0;
+  mBatchErrors = 0;
 }
 
 void CTemplate::TellBatch(BatchLine line, TextView message) {
@@ -73,11 +73,11 @@ void CTemplate::BatchItem(TextView sModuleName, TextView sProcName) {
   Text message = u"Processing ";
   message.reserve(message.size() + sModuleName.size() + 1 + sProcName.size());
   TellBatch(BatchLine::Item, message.append(sModuleName).append(1, u'.').append(sProcName));
-  ++mlBatchItems;
+  ++mBatchItems;
 }
 
 void CTemplate::BatchError() {
-  ++mlBatchErrors;
+  ++mBatchErrors;
 }
 
 void CTemplate::BatchNote(TextView message) {
@@ -90,7 +90,7 @@ void CTemplate::BatchRefused(std::span<const Refusal> refusals) {
 }
 
 void CTemplate::BatchSummary() {
-  const Text failures = mlBatchErrors == 0 ? Text(u"No") : ToText(mlBatchErrors);
+  const Text failures = mBatchErrors == 0 ? Text(u"No") : ToText(mBatchErrors);
   TellBatch(BatchLine::Total,
-            ToText(mlBatchItems) + u" Procedures Processed - " + failures + u" Failures\r\n");
+            ToText(mBatchItems) + u" Procedures Processed - " + failures + u" Failures\r\n");
 }

@@ -9,10 +9,10 @@
 // operation that refuses sets bErrors, tells why through ReportError (a message begins with four
 // blanks) and leaves sProcCode as it was.
 //
-//   CTemplate oTemplate(MRules::oRules);
-//   auto oLink = oTemplate.ReportError.Connect([](TextView s) { ... });
-//   oTemplate.LoadTemplateFile(u"Template.dat");
-//   if (oTemplate.LoadErrors() == 0) oTemplate.InsertTemplate(...);
+//   CTemplate engine(MRules::oRules);
+//   auto link = engine.ReportError.Connect([](TextView s) { ... });
+//   engine.LoadTemplateFile(u"Template.dat");
+//   if (engine.LoadErrors() == 0) engine.InsertTemplate(...);
 //
 // Rows of both tables count from 1; row 0 is empty and means no row. One thread; a sink of
 // ReportError must not call back.
@@ -35,8 +35,8 @@ enum class BatchLine { Item, Problem, Total };
 
 class CTemplate {
  public:
-  /// oRules must outlive this object; numbering and removal read it at each call.
-  explicit CTemplate(const MRules::Values& oRules);
+  /// rules must outlive this object; numbering and removal read it at each call.
+  explicit CTemplate(const MRules::Values& rules);
 
   Signal<TextView> ReportError;
   Signal<TextView> ReportDump;
@@ -58,17 +58,17 @@ class CTemplate {
   /// A file that can't be read throws a Failure with its path; if the user goes on behind it, it
   /// is a fault of the load.
   void LoadTemplateFile(TextView sTemplateFile);
-  /// As above for text that is at hand; sFile is used in messages only.
-  void LoadTemplateText(TextView sFile, TextView sText);
+  /// As above for text that is at hand; file is used in messages only.
+  void LoadTemplateText(TextView file, TextView text);
   void PrintTemplateFile();
   /// Fills what is 0 in the settings from the procedure's text.
   void ExtractProcSettings(TextView sProcCode, CProcSettings& oProcSettings) const;
   /// Sparse arrays over the template rows: element i is the name of row i or empty.
-  void GetModuleTemplates(TextArray& asTemplate) const;
-  void GetProcTemplates(TextArray& asTemplate) const;
+  void GetModuleTemplates(TextArray& names) const;
+  void GetProcTemplates(TextArray& names) const;
   void BatchStart();
   void BatchSummary();
-  std::int32_t LoadErrors() const { return mlLoadErrors; }
+  std::int32_t LoadErrors() const { return mLoadErrors; }
   /// True when the template inherits module defaults. Exact name; the last row of it decides.
   bool Inherit(TextView sTemplate) const;
   void BatchItem(TextView sModuleName, TextView sProcName);
@@ -82,18 +82,18 @@ class CTemplate {
                            TextView sProcType, TextView sTraceExit);
 
   /// The tables of the loaded file, for everything that rewrites. Good until the next load.
-  const TemplateSet& Set() const { return moSet; }
+  const TemplateSet& Set() const { return mSet; }
   /// Tells why a procedure is left alone, a message each, and counts it as a failure of the batch.
   void BatchRefused(std::span<const Refusal> refusals);
   /// Tells what went wrong with a procedure that was rewritten all the same.
   void BatchNote(TextView message);
 
-  std::int32_t BatchItems() const { return mlBatchItems; }
-  std::int32_t BatchErrors() const { return mlBatchErrors; }
+  std::int32_t BatchItems() const { return mBatchItems; }
+  std::int32_t BatchErrors() const { return mBatchErrors; }
   /// Row of a template by name without regard to case, 0 if there is none.
   std::int32_t LookupTemplate(TextView sTemplate) const;
-  const std::vector<TemplateRow>& Templates() const { return moSet.templates; }
-  const std::vector<LineRow>& Lines() const { return moSet.lines; }
+  const std::vector<TemplateRow>& Templates() const { return mSet.templates; }
+  const std::vector<LineRow>& Lines() const { return mSet.lines; }
 
  private:
   friend class TemplateLoader;
@@ -102,9 +102,9 @@ class CTemplate {
   /// Reports what refuses a text; bErrors is set when there is anything.
   void Tell(std::span<const Refusal> refusals, bool& bErrors);
 
-  const MRules::Values& moRules;
-  TemplateSet moSet;
-  std::int32_t mlLoadErrors = 0;
-  std::int32_t mlBatchItems = 0;
-  std::int32_t mlBatchErrors = 0;
+  const MRules::Values& mRules;
+  TemplateSet mSet;
+  std::int32_t mLoadErrors = 0;
+  std::int32_t mBatchItems = 0;
+  std::int32_t mBatchErrors = 0;
 };

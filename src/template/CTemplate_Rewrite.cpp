@@ -42,14 +42,14 @@ void CTemplate::InsertTemplate(TextView sModuleName, TextView sProcName, TextVie
   Guard({u"CTemplate", u"InsertTemplate"}, [&](GuardScope&) {
     bErrors = false;
     std::vector<Refusal> refusals;
-    const TemplateRow* const row = FindTemplate(moSet, sTemplate, refusals);
+    const TemplateRow* const row = FindTemplate(mSet, sTemplate, refusals);
     if (!row) return Tell(refusals, bErrors);
-    const ParsedProcedure procedure(moSet, sProcCode, {sModuleName, sProcName, sProcType},
+    const ParsedProcedure procedure(mSet, sProcCode, {sModuleName, sProcName, sProcType},
                                     lBodyLine);
     const WantedSettings wanted{sTemplate, true, bLocked, sBoundary, sSeverity, sRetry, bTrace};
-    const ProcText clean = moSet.Signatures().WithoutLocks(procedure.Code(), lBodyLine);
-    Insertion insertion = ::InsertTemplate({.templates = moSet,
-                                            .rules = moRules,
+    const ProcText clean = mSet.Signatures().WithoutLocks(procedure.Code(), lBodyLine);
+    Insertion insertion = ::InsertTemplate({.templates = mSet,
+                                            .rules = mRules,
                                             .row = *row,
                                             .values = ValuesFor(procedure, wanted),
                                             .declarations = procedure.IsDeclarations(),
@@ -70,11 +70,11 @@ void CTemplate::RemoveTemplate(TextView sModuleName, TextView sProcName, TextVie
   Guard({u"CTemplate", u"RemoveTemplate"}, [&](GuardScope&) {
     bErrors = false;
     std::vector<Refusal> refusals;
-    const TemplateRow* const row = FindTemplate(moSet, sTemplate, refusals);
+    const TemplateRow* const row = FindTemplate(mSet, sTemplate, refusals);
     if (!row) return Tell(refusals, bErrors);
-    const ParsedProcedure procedure(moSet, sProcCode, {sModuleName, sProcName, sProcType},
+    const ParsedProcedure procedure(mSet, sProcCode, {sModuleName, sProcName, sProcType},
                                     lBodyLine);
-    const Removal removal = ::RemoveTemplate(procedure, *row, moRules);
+    const Removal removal = ::RemoveTemplate(procedure, *row, mRules);
     Tell(removal.refusals, bErrors);
     if (bErrors) return;
     Text text = removal.code.Joined();
@@ -91,7 +91,7 @@ void CTemplate::InsertSignatureOnly(TextView sProcName, TextView, Text& sProcCod
     bErrors = false;
     const ProcText code(sProcCode);
     const LockedCode locked =
-        WithLock(moSet, code, lBodyLine, sProcName == MQuillon::DeclarationsName, bLocked);
+        WithLock(mSet, code, lBodyLine, sProcName == MQuillon::DeclarationsName, bLocked);
     Tell(locked.refusals, bErrors);
     if (!bErrors) sProcCode = locked.code.Joined();
   });
@@ -106,7 +106,7 @@ void CTemplate::RemoveSignatureOnly(Text& sProcCode, bool& bErrors) {
     bool drop = false;  // blank lines go with the signature that they stand behind
     for (std::size_t i = 0; i < code.Count(); ++i) {
       if (!code.Folded(i).empty()) {
-        drop = moSet.Signatures().IsSignature(code.Folded(i)) && !code.IsContinued(i);
+        drop = mSet.Signatures().IsSignature(code.Folded(i)) && !code.IsContinued(i);
       }
       if (!drop) kept.Keep(code, i, i + 1);
     }
@@ -115,7 +115,7 @@ void CTemplate::RemoveSignatureOnly(Text& sProcCode, bool& bErrors) {
 }
 
 void CTemplate::ExtractProcSettings(TextView sProcCode, CProcSettings& oProcSettings) const {
-  CodeSettings::Read(moSet, sProcCode, oProcSettings);
+  CodeSettings::Read(mSet, sProcCode, oProcSettings);
 }
 
 void CTemplate::DoTraceExits(TextArray& asLine, std::int32_t lStartLine, std::int32_t lEndLine,

@@ -165,7 +165,8 @@ class TemplateInsertion {
 
   void WriteDeclarations() {
     std::size_t place = BehindOptions(mCode);
-    // What follows the last line end of blank declarations is no line to stand behind.
+    // Blank declarations that end in a line end: the empty piece behind it isn't a line, and the
+    // template goes ahead of it.
     if (place > 0 && place == mCode.Count() && mCode.Line(place - 1).empty()) --place;
     mWriter.Add(mCode, 0, place);
     WriteSignature();

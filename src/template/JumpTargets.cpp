@@ -64,7 +64,7 @@ void AddTargets(TextView statement, bool& selectErl, std::set<Text>& targets) {
   if (words.size() > 1 && words[0] == u"end" && words[1] == u"select") selectErl = false;
 }
 
-std::set<Text> TargetsOf(const std::vector<Text>& lines) {
+std::set<Text> TargetsOf(const std::vector<TextView>& lines) {
   std::set<Text> targets;
   bool selectErl = false;
   LogicalLines logical(lines);
@@ -114,8 +114,8 @@ std::optional<Refusal> JumpTargets::FirstLost(const ProcText& before, const Proc
   if (!HoldsNumberedLine(before)) return std::nullopt;
   const auto oldStatements = NumberedStatements(before);
   if (oldStatements.empty()) return std::nullopt;
-  std::vector<Text> lines;
-  for (std::size_t i = 0; i < before.Count(); ++i) lines.emplace_back(before.Line(i));
+  std::vector<TextView> lines;
+  for (std::size_t i = 0; i < before.Count(); ++i) lines.push_back(before.Line(i));
   const auto newStatements = NumberedStatements(after);
   for (const Text& target : TargetsOf(lines)) {
     const auto found = oldStatements.find(target);

@@ -1,7 +1,8 @@
 #include "LineNumbers.h"
 
-#include <algorithm>
+#include <deque>
 #include <set>
+#include <vector>
 
 #include "Failure.h"
 #include "LogicalLine.h"
@@ -14,220 +15,235 @@ namespace {
 
 constexpr std::size_t FieldWidth = 4;
 
-bool StartsWithBlanks(TextView sLine) {
-  return sLine.size() >= FieldWidth && IsBlank(sLine.substr(0, FieldWidth));
+bool StartsWithBlanks(TextView line) {
+  return line.size() >= FieldWidth && IsBlank(line.substr(0, FieldWidth));
+}
+
+bool BeginsWithDigit(TextView line) {
+  return !line.empty() && line.front() >= u'0' && line.front() <= u'9';
 }
 
 /// True when the statement has a line number of its own that stays: indented, or written `10:`.
-bool HasOwnNumber(TextView sLogical) {
-  const std::size_t lBehind = sLogical.find_first_not_of(u"0123456789");
-  if (lBehind == 0) return false;
-  return lBehind == TextView::npos || sLogical[lBehind] == u' ' || sLogical[lBehind] == u':';
+bool HasOwnNumber(TextView statement) {
+  const std::size_t behind = statement.find_first_not_of(u"0123456789");
+  if (behind == 0) return false;
+  return behind == TextView::npos || statement[behind] == u' ' || statement[behind] == u':';
 }
 
 /// An #If that is not yet ended: whether a Select Case waits for its first Case ahead of it and
 /// behind a branch.
 struct Branches {
-  bool bOpenAhead, bOpenBehind, bElse;
+  bool openAhead, openBehind, hasElse;
 };
 
 /// The numbering of one body: what it needs to know of all lines first, then line by line.
 class Numbering {
  public:
-  Numbering(std::vector<Text> asLine, const MRules::Values& oRules)
-      : masLine(std::move(asLine)), moRules(oRules) {}
+  Numbering(std::span<const TextView> lines, const MRules::Values& rules)
+      : mLines(lines.begin(), lines.end()), mRules(rules) {}
 
   Text Run() {
     Measure();
-    std::size_t lUnits = 0;
-    for (const Text& sLine : masLine) lUnits += sLine.size() + FieldWidth + CrLf.size();
-    msResult.reserve(lUnits);
-    if (moRules.bLineNumSkipShort && mlStatements < moRules.lLineNumSkipShortSize) {
-      for (const Text& sLine : masLine) msResult.append(sLine).append(CrLf);
-      return std::move(msResult);
+    std::size_t units = 0;
+    for (TextView line : mLines) units += line.size() + FieldWidth + CrLf.size();
+    mResult.reserve(units);
+    if (mRules.bLineNumSkipShort && mStatements < mRules.lLineNumSkipShortSize) {
+      for (TextView line : mLines) mResult.append(line).append(CrLf);
+      return std::move(mResult);
     }
-    LogicalLines oLogical(masLine);
-    while (oLogical.Next()) Number(oLogical);
-    return std::move(msResult);
+    LogicalLines logical(mLines);
+    while (logical.Next()) Number(logical);
+    return std::move(mResult);
   }
 
  private:
   /// Clears old numbers, counts statements, and sees whether the margin has room.
   void Measure() {
-    bool bComment = false;  // the line ahead is a comment that goes on
-    bool bContinued = false;
-    for (Text& sLine : masLine) {
-      if (!bContinued) MXStringVB::RemoveVBLineNumber(sLine);
-      const bool bInComment = bContinued && bComment;
-      const TextView sCode = bInComment ? TextView() : RightTrim(MXStringVB::TrimVBComments(sLine));
-      CheckMargin(sCode);
-      bContinued = Continues(sLine);
-      bComment = bInComment || CommentStart(sLine) < sLine.size();
-      if (bComment || !bContinued)
-        CountStatement(sCode);  // a comment goes on without its statement
+    bool comment = false;  // the line ahead is a comment that goes on
+    bool continued = false;
+    for (TextView& line : mLines) {
+      if (!continued && BeginsWithDigit(line)) line = Cleared(line);
+      const bool inComment = continued && comment;
+      const TextView code = inComment ? TextView() : RightTrim(MXStringVB::TrimVBComments(line));
+      CheckMargin(code);
+      continued = Continues(line);
+      comment = inComment || CommentStart(line) < line.size();
+      if (comment || !continued) CountStatement(code);  // a comment goes on without its statement
     }
   }
 
-  void CheckMargin(TextView sCode) {
-    bool bAlone = false;
-    if (mbShift || sCode.size() < FieldWidth || StartsWithBlanks(sCode)) return;
-    mbShift = !MXStringVB::IsVBLineLabel(sCode, bAlone);
+  /// The line with blanks in the place of its number. Few lines have one: only those are copied.
+  TextView Cleared(TextView line) {
+    Text& copy = mCleared.emplace_back(line);
+    MXStringVB::RemoveVBLineNumber(copy);
+    return copy;
   }
 
-  void CountStatement(TextView sCode) {
-    const Text sStatement = FoldCode(sCode);
-    if (sStatement.empty()) return;
-    if (!MXStringVB::IsVBProcDataDeclaration(sStatement)) ++mlStatements;
+  void CheckMargin(TextView code) {
+    bool alone = false;
+    if (mShift || code.size() < FieldWidth || StartsWithBlanks(code)) return;
+    mShift = !MXStringVB::IsVBLineLabel(code, alone);
   }
 
-  void Number(const LogicalLines& oLogical) {
-    const TextView sLogical = oLogical.Statement();
-    const bool bWanted = Wants(sLogical);  // asked for each statement: it may open a Select Case
+  void CountStatement(TextView code) {
+    const Text statement = FoldCode(code);
+    if (statement.empty()) return;
+    if (!MXStringVB::IsVBProcDataDeclaration(statement)) ++mStatements;
+  }
+
+  void Number(const LogicalLines& logical) {
+    const TextView statement = logical.Statement();
+    const bool wanted = Wants(statement);  // asked for each statement: it may open a Select Case
     // A number that the user wrote as a label keeps its line; it is not given out twice.
-    if (!bWanted || HasOwnNumber(sLogical)) {
-      WritePlain(oLogical, oLogical.First());
+    if (!wanted || HasOwnNumber(statement)) {
+      WritePlain(logical, logical.First());
     } else {
-      WriteNumbered(oLogical);
+      WriteNumbered(logical);
     }
   }
 
-  bool Wants(TextView sLogical) {
-    bool bAlone = false;
-    if (sLogical.empty()) return false;
-    if (MXStringVB::IsVBCompilerDirective(sLogical)) {
-      FollowBranches(sLogical);
+  bool Wants(TextView statement) {
+    bool alone = false;
+    if (statement.empty()) return false;
+    if (MXStringVB::IsVBCompilerDirective(statement)) {
+      FollowBranches(statement);
       return false;
     }
-    if (MXStringVB::IsVBLineLabel(sLogical, bAlone) && bAlone) return false;
-    if (MXStringVB::IsVBProcDataDeclaration(sLogical)) {
-      return !moRules.bLineNumSkipData && WantsByMode(sLogical);
+    if (MXStringVB::IsVBLineLabel(statement, alone) && alone) return false;
+    if (MXStringVB::IsVBProcDataDeclaration(statement)) {
+      return !mRules.bLineNumSkipData && WantsByMode(statement);
     }
-    if (MXStringVB::IsVBSimpleEnd(sLogical)) {
-      return !moRules.bLineNumSkipEnd && WantsByMode(sLogical);
+    if (MXStringVB::IsVBSimpleEnd(statement)) {
+      return !mRules.bLineNumSkipEnd && WantsByMode(statement);
     }
-    if (mbInSelect && MXStringVB::ClearsVBSelectContext(sLogical)) {
+    if (mInSelect && MXStringVB::ClearsVBSelectContext(statement)) {
       // The first Case of a Select Case can't have a number; another Select Case may follow on it.
-      mbInSelect = MXStringVB::StartsVBSelectContext(sLogical);
+      mInSelect = MXStringVB::StartsVBSelectContext(statement);
       return false;
     }
-    mbInSelect = MXStringVB::StartsVBSelectContext(sLogical);
-    return WantsByMode(sLogical);
+    mInSelect = MXStringVB::StartsVBSelectContext(statement);
+    return WantsByMode(statement);
   }
 
   /// Whichever branch is compiled, a Case that may be the first is taken for it.
-  void FollowBranches(TextView sDirective) {
-    if (sDirective.starts_with(u"#if")) {
-      moBranches.push_back({mbInSelect, false, false});
-    } else if (moBranches.empty()) {
+  void FollowBranches(TextView directive) {
+    if (directive.starts_with(u"#if")) {
+      mBranches.push_back({mInSelect, false, false});
+    } else if (mBranches.empty()) {
       return;
-    } else if (sDirective.starts_with(u"#else")) {
-      Branches& oBranches = moBranches.back();
-      oBranches.bOpenBehind |= mbInSelect;
-      oBranches.bElse |= !sDirective.starts_with(u"#elseif");
-      mbInSelect = oBranches.bOpenAhead;
-    } else if (sDirective.starts_with(u"#end")) {
-      const Branches& oBranches = moBranches.back();
-      mbInSelect |= oBranches.bOpenBehind || (oBranches.bOpenAhead && !oBranches.bElse);
-      moBranches.pop_back();
+    } else if (directive.starts_with(u"#else")) {
+      Branches& branches = mBranches.back();
+      branches.openBehind |= mInSelect;
+      branches.hasElse |= !directive.starts_with(u"#elseif");
+      mInSelect = branches.openAhead;
+    } else if (directive.starts_with(u"#end")) {
+      const Branches& branches = mBranches.back();
+      mInSelect |= branches.openBehind || (branches.openAhead && !branches.hasElse);
+      mBranches.pop_back();
     }
   }
 
-  bool WantsByMode(TextView sLogical) {
-    if (moRules.eLineNumWhat == MQuillon::LineNumWhat::LogicStatements)
-      return MXStringVB::IsVBLogicStatement(sLogical);
-    if (moRules.bLineNumSkipEnd && MXStringVB::IsVBEndStatement(sLogical)) return false;
-    if (moRules.eLineNumWhat != MQuillon::LineNumWhat::EveryNth) return true;
-    if (++mlCounter == 1) return true;
-    if (mlCounter >= moRules.lLineNumInterval) mlCounter = 0;
+  bool WantsByMode(TextView statement) {
+    if (mRules.eLineNumWhat == MQuillon::LineNumWhat::LogicStatements)
+      return MXStringVB::IsVBLogicStatement(statement);
+    if (mRules.bLineNumSkipEnd && MXStringVB::IsVBEndStatement(statement)) return false;
+    if (mRules.eLineNumWhat != MQuillon::LineNumWhat::EveryNth) return true;
+    if (++mCounter == 1) return true;
+    if (mCounter >= mRules.lLineNumInterval) mCounter = 0;
     return false;
   }
 
-  void WritePlain(const LogicalLines& oLogical, std::size_t lFirst) {
-    for (std::size_t i = lFirst; i <= oLogical.Last(); ++i) {
-      if (mbShift) msResult.append(FieldWidth, u' ');
-      msResult.append(masLine[i]).append(CrLf);
+  void WritePlain(const LogicalLines& logical, std::size_t first) {
+    for (std::size_t i = first; i <= logical.Last(); ++i) {
+      if (mShift) mResult.append(FieldWidth, u' ');
+      mResult.append(mLines[i]).append(CrLf);
     }
   }
 
-  void WriteNumbered(const LogicalLines& oLogical) {
-    const TextView sLine = masLine[oLogical.First()];
-    const TextView sRest = !mbShift && StartsWithBlanks(sLine) ? sLine.substr(FieldWidth) : sLine;
-    const Text sField = NextField();
-    msResult.append(sField);
+  void WriteNumbered(const LogicalLines& logical) {
+    const TextView line = mLines[logical.First()];
+    const TextView rest = !mShift && StartsWithBlanks(line) ? line.substr(FieldWidth) : line;
+    const Text field = NextField();
+    mResult.append(field);
     // A full field touches what follows; a number must stay a word of its own to be found again.
-    if (sField.size() >= FieldWidth && sField.back() != u' ' && !sRest.empty() &&
-        sRest.front() != u' ') {
-      msResult.push_back(u' ');
+    if (field.size() >= FieldWidth && field.back() != u' ' && !rest.empty() &&
+        rest.front() != u' ') {
+      mResult.push_back(u' ');
     }
-    msResult.append(sRest).append(CrLf);
-    WritePlain(oLogical, oLogical.First() + 1);
+    mResult.append(rest).append(CrLf);
+    WritePlain(logical, logical.First() + 1);
   }
 
   Text NextField() {
     do {
-      ++mlNumber;
-    } while (Reserved().contains(mlNumber));
-    Text sField = ToText(mlNumber);
-    if (sField.size() > FieldWidth) {
-      throw Failure(6, u"Line number " + sField + u" does not fit its field of four digits",
+      ++mNumber;
+    } while (Reserved().contains(mNumber));
+    Text field = ToText(mNumber);
+    if (field.size() > FieldWidth) {
+      throw Failure(6, u"Line number " + field + u" does not fit its field of four digits",
                     u"LineNumbers");
     }
-    sField.resize(FieldWidth, u' ');
-    return sField;
+    field.resize(FieldWidth, u' ');
+    return field;
   }
 
   const std::set<std::int64_t>& Reserved() {
-    if (mbReservedKnown) return moReserved;
-    mbReservedKnown = true;
-    LogicalLines oLogical(masLine);
-    while (oLogical.Next()) {
-      const TextView sLogical = oLogical.Statement();
-      if (!HasOwnNumber(sLogical)) continue;
-      std::int64_t lNumber = 0;
-      for (char16_t cUnit : sLogical.substr(0, 9)) {
-        if (cUnit < u'0' || cUnit > u'9') break;
-        lNumber = lNumber * 10 + (cUnit - u'0');
+    if (mReservedKnown) return mReserved;
+    mReservedKnown = true;
+    LogicalLines logical(mLines);
+    while (logical.Next()) {
+      const TextView statement = logical.Statement();
+      if (!HasOwnNumber(statement)) continue;
+      std::int64_t number = 0;
+      for (char16_t unit : statement.substr(0, 9)) {
+        if (unit < u'0' || unit > u'9') break;
+        number = number * 10 + (unit - u'0');
       }
-      moReserved.insert(lNumber);
+      mReserved.insert(number);
     }
-    return moReserved;
+    return mReserved;
   }
 
-  std::vector<Text> masLine;
-  const MRules::Values& moRules;
-  Text msResult;
-  std::int32_t mlStatements = 0;
-  std::int64_t mlNumber = 0;
-  std::int32_t mlCounter = 0;
-  bool mbShift = false;
-  bool mbInSelect = false;
-  std::vector<Branches> moBranches;
-  bool mbReservedKnown = false;
-  std::set<std::int64_t> moReserved;
+  std::vector<TextView> mLines;  ///< of the given text or of mCleared
+  std::deque<Text> mCleared;     ///< which leaves its texts where they are as it grows
+  const MRules::Values& mRules;
+  Text mResult;
+  std::int32_t mStatements = 0;
+  std::int64_t mNumber = 0;
+  std::int32_t mCounter = 0;
+  bool mShift = false;
+  bool mInSelect = false;
+  std::vector<Branches> mBranches;
+  bool mReservedKnown = false;
+  std::set<std::int64_t> mReserved;
 };
 
-Text RemoveNumbers(std::span<const TextView> asLine) {
-  Text sResult;
-  bool bContinued = false;
-  for (TextView sView : asLine) {
-    Text sLine(sView);
-    if (!bContinued) MXStringVB::RemoveVBLineNumber(sLine);
-    bContinued = Continues(sView);
-    sResult.append(sLine).append(CrLf);
+Text RemoveNumbers(std::span<const TextView> lines) {
+  Text result;
+  bool continued = false;
+  for (TextView line : lines) {
+    if (!continued && BeginsWithDigit(line)) {
+      Text cleared(line);
+      MXStringVB::RemoveVBLineNumber(cleared);
+      result.append(cleared).append(CrLf);
+    } else {
+      result.append(line).append(CrLf);
+    }
+    continued = Continues(line);
   }
-  return sResult;
+  return result;
 }
 
 }  // namespace
 
 Text LineNumbers::DoLineNumbers(std::span<const TextView> asLine,
                                 MQuillon::LineNumAction eLineNumAction,
-                                const MRules::Values& oRules) {
+                                const MRules::Values& rules) {
   if (eLineNumAction == MQuillon::LineNumAction::Remove) return RemoveNumbers(asLine);
   if (eLineNumAction == MQuillon::LineNumAction::Leave) {
-    Text sResult;
-    for (TextView sLine : asLine) sResult.append(sLine).append(CrLf);
-    return sResult;
+    Text result;
+    for (TextView line : asLine) result.append(line).append(CrLf);
+    return result;
   }
-  return Numbering(std::vector<Text>(asLine.begin(), asLine.end()), oRules).Run();
+  return Numbering(asLine, rules).Run();
 }

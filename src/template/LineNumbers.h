@@ -13,6 +13,6 @@ namespace LineNumbers {
 /// The lines of the body, each followed by CR LF. Failure 6 when a number needs more than four
 /// digits; nothing is changed then.
 Text DoLineNumbers(std::span<const TextView> asLine, MQuillon::LineNumAction eLineNumAction,
-                   const MRules::Values& oRules);
+                   const MRules::Values& rules);
 
 }  // namespace LineNumbers

@@ -3,22 +3,22 @@
 #include "MXStringVB.h"
 #include "ProcText.h"
 
-Text FoldCode(TextView sCode) {
-  Text sFolded(TrimWhite(sCode));
-  for (char16_t& cUnit : sFolded) cUnit = cUnit == u'\t' ? u' ' : LowerCase(cUnit);
-  return sFolded;
+Text FoldCode(TextView code) {
+  Text folded(TrimWhite(code));
+  for (char16_t& unit : folded) unit = unit == u'\t' ? u' ' : LowerCase(unit);
+  return folded;
 }
 
 bool LogicalLines::Next() {
-  if (mlNext >= masLine.size()) return false;
-  mlFirst = mlNext;
-  Text sJoined;
-  while (mlNext + 1 < masLine.size() && Continues(masLine[mlNext])) {
-    const TextView sLine = TrimWhite(masLine[mlNext]);
-    sJoined.append(sLine.substr(0, sLine.size() - 1));  // the underscore goes, its blank stays
-    ++mlNext;
+  if (mNext >= mLines.size()) return false;
+  mFirst = mNext;
+  Text joined;
+  while (mNext + 1 < mLines.size() && Continues(mLines[mNext])) {
+    const TextView line = TrimWhite(mLines[mNext]);
+    joined.append(line.substr(0, line.size() - 1));  // the underscore goes, its blank stays
+    ++mNext;
   }
-  sJoined.append(TrimWhite(masLine[mlNext++]));
-  msStatement = FoldCode(MXStringVB::TrimVBLiterals(MXStringVB::TrimVBComments(sJoined)));
+  joined.append(TrimWhite(mLines[mNext++]));
+  mStatement = FoldCode(MXStringVB::TrimVBLiterals(MXStringVB::TrimVBComments(joined)));
   return true;
 }

@@ -59,7 +59,7 @@ bool AnyStatement(TextView line, Test&& test) {
 }
 
 /// The statement that begins in a line, which may go on below it.
-std::optional<RefusalKind> MisreadStatement(std::span<const Text> lines) {
+std::optional<RefusalKind> MisreadStatement(std::span<const TextView> lines) {
   LogicalLines logical(lines);
   if (!logical.Next()) return std::nullopt;
   if (HoldsAnyEnd(logical.Statement())) return RefusalKind::RowEndsProcedure;
@@ -88,9 +88,9 @@ bool MayBeMisread(const ProcText& code, std::size_t i) {
 std::optional<RefusalKind> Misreading(const ProcText& code, std::size_t i, std::size_t end) {
   if (!MayBeMisread(code, i) || code.IsContinued(i)) return std::nullopt;
   if (IsAttribute(code.Folded(i))) return RefusalKind::RowIsAttribute;
-  std::vector<Text> statement;
+  std::vector<TextView> statement;
   for (; i < end; ++i) {
-    statement.emplace_back(code.Line(i));
+    statement.push_back(code.Line(i));
     if (!Continues(code.Line(i))) break;
   }
   return MisreadStatement(statement);

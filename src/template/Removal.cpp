@@ -45,7 +45,7 @@ struct ValuesInCode {
 /// True when the row, as it was written, may not fit its pattern. A value that the code doesn't
 /// state may have been changed by hand, or never have been there: then the text itself tells.
 bool CouldStayBehind(const LineRow& row, const SectionValues& values, const ProcText& code) {
-  if (!row.bScript || !IsWritten(row, values) || FitsItself(row, values)) return false;
+  if (!row.script || !IsWritten(row, values) || FitsItself(row, values)) return false;
   const Text own = FoldedRow(row, values);
   SectionValues filled = values;
   for (TextView* value : {&filled.boundary, &filled.severity, &filled.retry}) {

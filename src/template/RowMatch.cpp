@@ -10,7 +10,7 @@ RowMatch::RowMatch(const std::vector<LineRow>& lines, std::int32_t first, std::i
   if (first <= last) mRows.reserve(static_cast<std::size_t>(last - first + 1));
   for (std::int32_t i = first; i <= last; ++i) {
     const LineRow& row = lines[static_cast<std::size_t>(i)];
-    if (row.bScript) mRows.push_back({&row});
+    if (row.script) mRows.push_back({&row});
   }
 }
 

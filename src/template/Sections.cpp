@@ -48,7 +48,7 @@ Text ShownName(TextView procName, TextView propertyKind) {
 }
 
 bool IsWritten(const LineRow& row, const SectionValues& values) {
-  if (!row.bScript) return false;
+  if (!row.script) return false;
   switch (row.condition) {
     case RowCondition::None:
       return true;

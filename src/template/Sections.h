@@ -35,7 +35,7 @@ void WriteRows(const std::vector<LineRow>& rows, std::int32_t first, std::int32_
                const SectionValues& values, LineWriter& writer);
 /// True for a script row whose text is nothing but blanks.
 inline bool IsBlankRow(const LineRow& row) {
-  return row.bScript && row.blank;
+  return row.script && row.blank;
 }
 /// The row's text, written with these values, in the form in which lines are compared.
 Text FoldedRow(const LineRow& row, const SectionValues& values);

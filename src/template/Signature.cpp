@@ -56,7 +56,7 @@ Signature::Signature(const std::vector<TemplateRow>& templates, const std::vecto
       std::min(row.lStart[Section::End], static_cast<std::int32_t>(lines.size()) - 1);
   for (std::int32_t l = start; l <= end; ++l) {
     const LineRow& line = lines[static_cast<std::size_t>(l)];
-    if (!line.bScript) continue;
+    if (!line.script) continue;
     const Text& pattern = line.sLike.Pattern();
     const bool wide = pattern.find_first_not_of(u"* '") == Text::npos;
     mRows.push_back({&line, TokenReader(line.folded),

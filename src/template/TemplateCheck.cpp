@@ -12,108 +12,107 @@ namespace {
 
 // One of each kind of line that a body has anyway. An early Exit is among them: a border row of
 // that form would be found in the user's code first.
-constexpr std::array<TextView, 12> asOrdinaryCode = {
+constexpr std::array<TextView, 12> OrdinaryCode = {
     u"x = 1",           u"call foo(a, b)", u"foo a, b", u"dim a as long", u"end if",
     u"next i",          u"loop",           u"exit sub", u"exit function", u"exit property",
     u"set o = nothing", u"' a comment"};
-constexpr std::array<TextView, 7> asOrdinaryDeclaration = {u"option explicit",
-                                                           u"dim a as long",
-                                                           u"private msname as string",
-                                                           u"public ocars as ccars",
-                                                           u"const a = 1",
-                                                           u"private const lmax as long = 1",
-                                                           u"' a comment"};
+constexpr std::array<TextView, 7> OrdinaryDeclarations = {u"option explicit",
+                                                          u"dim a as long",
+                                                          u"private msname as string",
+                                                          u"public ocars as ccars",
+                                                          u"const a = 1",
+                                                          u"private const lmax as long = 1",
+                                                          u"' a comment"};
 
-TextView FirstFitting(const LikePattern& oPattern, std::span<const TextView> asLine) {
-  for (TextView sLine : asLine) {
-    if (oPattern.Matches(sLine)) return sLine;
+TextView FirstFitting(const LikePattern& pattern, std::span<const TextView> lines) {
+  for (TextView line : lines) {
+    if (pattern.Matches(line)) return line;
   }
   return {};
 }
 
 }  // namespace
 
-void Findings::Add(std::int32_t lFileLine, std::initializer_list<TextView> asPart) {
-  TemplateFinding& oFinding = moFindings.emplace_back();
-  oFinding.lLine = lFileLine;
-  for (TextView sPart : asPart) oFinding.sMessage.append(sPart);
+void Findings::Add(std::int32_t fileLine, std::initializer_list<TextView> parts) {
+  TemplateFinding& finding = mFindings.emplace_back();
+  finding.line = fileLine;
+  for (TextView part : parts) finding.message.append(part);
 }
 
-bool Findings::HasLine(std::int32_t lFileLine) const {
-  return std::any_of(moFindings.begin(), moFindings.end(),
-                     [=](const TemplateFinding& oFinding) { return oFinding.lLine == lFileLine; });
+bool Findings::HasLine(std::int32_t fileLine) const {
+  return std::any_of(mFindings.begin(), mFindings.end(),
+                     [=](const TemplateFinding& finding) { return finding.line == fileLine; });
 }
 
 std::vector<TemplateFinding> Findings::Take() {
-  std::stable_sort(moFindings.begin(), moFindings.end(), [](const auto& oLeft, const auto& oRight) {
-    return oLeft.lLine < oRight.lLine;
-  });
-  return std::move(moFindings);
+  std::stable_sort(mFindings.begin(), mFindings.end(),
+                   [](const auto& left, const auto& right) { return left.line < right.line; });
+  return std::move(mFindings);
 }
 
-Stretch Between(const TemplateRow& oTemplate, Section eFrom, Section eTo) {
-  const std::int32_t lFrom = oTemplate.lStart[eFrom], lTo = oTemplate.lStart[eTo];
-  if (lFrom < 1 || lTo <= lFrom) return {};
-  return {lFrom + 1, lTo};
+Stretch Between(const TemplateRow& templateRow, Section from, Section to) {
+  const std::int32_t first = templateRow.lStart[from], last = templateRow.lStart[to];
+  if (first < 1 || last <= first) return {};
+  return {first + 1, last};
 }
 
-std::vector<Stretch> WrittenStretches(const TemplateRow& oTemplate) {
-  if (oTemplate.eType == TemplateType::Module)
-    return {Between(oTemplate, Section::Start, Section::End)};
-  if (oTemplate.eType == TemplateType::Procedure) {
-    const Stretch oStart = Between(oTemplate, Section::Start, Section::BodyStart);
-    if (!oTemplate.bFire) return {oStart, Between(oTemplate, Section::BodyEnd, Section::End)};
-    return {oStart, Between(oTemplate, Section::BodyEnd, Section::FireStart),
-            Between(oTemplate, Section::FireEnd, Section::End)};
+std::vector<Stretch> WrittenStretches(const TemplateRow& templateRow) {
+  if (templateRow.eType == TemplateType::Module)
+    return {Between(templateRow, Section::Start, Section::End)};
+  if (templateRow.eType == TemplateType::Procedure) {
+    const Stretch start = Between(templateRow, Section::Start, Section::BodyStart);
+    if (!templateRow.bFire) return {start, Between(templateRow, Section::BodyEnd, Section::End)};
+    return {start, Between(templateRow, Section::BodyEnd, Section::FireStart),
+            Between(templateRow, Section::FireEnd, Section::End)};
   }
-  Stretch oLine = Between(oTemplate, Section::Start, Section::End);
-  oLine.lLast = std::min(oLine.lLast, oLine.lFirst + 1);
-  return {oLine};
+  Stretch row = Between(templateRow, Section::Start, Section::End);
+  row.last = std::min(row.last, row.first + 1);
+  return {row};
 }
 
-SectionValues SampleValues(const TemplateRow& oTemplate, std::uint32_t lWithout) {
-  static const Text sBoundary = MQuillon::BoundaryName(MQuillon::Boundary::Firewall);
-  static const Text sSeverity = MQuillon::SeverityName(MQuillon::Severity::Normal);
-  static const Text sRetry = MQuillon::RetryName(MQuillon::Retry::Line);
-  const bool bModule = oTemplate.eType == TemplateType::Module;
-  SectionValues oValues;
-  oValues.signature = oTemplate.sName;
-  oValues.moduleName = u"Module1";
-  oValues.shownName = bModule ? MQuillon::DeclarationsName : TextView(u"Total");
-  oValues.baseType = bModule ? u"" : u"Sub";
-  if ((lWithout & 1) == 0) oValues.boundary = sBoundary;
-  if ((lWithout & 2) == 0) oValues.severity = sSeverity;
-  if ((lWithout & 4) == 0) oValues.retry = sRetry;
-  oValues.trace = true;
-  return oValues;
+SectionValues SampleValues(const TemplateRow& templateRow, std::uint32_t without) {
+  static const Text boundary = MQuillon::BoundaryName(MQuillon::Boundary::Firewall);
+  static const Text severity = MQuillon::SeverityName(MQuillon::Severity::Normal);
+  static const Text retry = MQuillon::RetryName(MQuillon::Retry::Line);
+  const bool isModule = templateRow.eType == TemplateType::Module;
+  SectionValues values;
+  values.signature = templateRow.sName;
+  values.moduleName = u"Module1";
+  values.shownName = isModule ? MQuillon::DeclarationsName : TextView(u"Total");
+  values.baseType = isModule ? u"" : u"Sub";
+  if ((without & 1) == 0) values.boundary = boundary;
+  if ((without & 2) == 0) values.severity = severity;
+  if ((without & 4) == 0) values.retry = retry;
+  values.trace = true;
+  return values;
 }
 
-Text NamesOf(std::uint32_t lWithout) {
-  Text sNames;
-  std::uint32_t lBit = 1;
-  for (TextView sName : {u"boundary", u"severity", u"retry"}) {
-    if ((lWithout & lBit) != 0) sNames.append(sNames.empty() ? u"" : u" and ").append(sName);
-    lBit *= 2;
+Text NamesOf(std::uint32_t without) {
+  Text names;
+  std::uint32_t bit = 1;
+  for (TextView name : {u"boundary", u"severity", u"retry"}) {
+    if ((without & bit) != 0) names.append(names.empty() ? u"" : u" and ").append(name);
+    bit *= 2;
   }
-  return sNames;
+  return names;
 }
 
-TextView OrdinaryCodeFitting(const LikePattern& oPattern) {
-  return FirstFitting(oPattern, asOrdinaryCode);
+TextView OrdinaryCodeFitting(const LikePattern& pattern) {
+  return FirstFitting(pattern, OrdinaryCode);
 }
 
-TextView OrdinaryDeclarationFitting(const LikePattern& oPattern) {
-  return FirstFitting(oPattern, asOrdinaryDeclaration);
+TextView OrdinaryDeclarationFitting(const LikePattern& pattern) {
+  return FirstFitting(pattern, OrdinaryDeclarations);
 }
 
 }  // namespace TemplateChecks
 
-std::vector<TemplateFinding> CheckTemplate(const CTemplate& oTemplate) {
-  TemplateChecks::Findings oFindings(oTemplate);
-  TemplateChecks::CheckTemplates(oFindings);
-  TemplateChecks::CheckRows(oFindings);
-  TemplateChecks::CheckSignature(oFindings);
-  TemplateChecks::CheckPlaces(oFindings);
-  if (oTemplate.LoadErrors() == 0 && oFindings.Empty()) TemplateChecks::TryTemplates(oFindings);
-  return oFindings.Take();
+std::vector<TemplateFinding> CheckTemplate(const CTemplate& engine) {
+  TemplateChecks::Findings findings(engine);
+  TemplateChecks::CheckTemplates(findings);
+  TemplateChecks::CheckRows(findings);
+  TemplateChecks::CheckSignature(findings);
+  TemplateChecks::CheckPlaces(findings);
+  if (engine.LoadErrors() == 0 && findings.Empty()) TemplateChecks::TryTemplates(findings);
+  return findings.Take();
 }

@@ -10,8 +10,8 @@
 class CTemplate;
 
 struct TemplateFinding {
-  std::int32_t lLine = 0;  ///< line in the file, from 1
-  Text sMessage;
+  std::int32_t line = 0;  ///< line in the file, from 1
+  Text message;
 };
 
 /// In file order. Finds: a pattern that the Like language rejects; a script line whose own text
@@ -20,4 +20,4 @@ struct TemplateFinding {
 /// so wide that it fits any line; a first template that isn't a signature template or whose first
 /// row has no <%Signature>, or whose written line can't be read back; a condition that is never
 /// met; a token that is none of the seven; duplicate template names.
-std::vector<TemplateFinding> CheckTemplate(const CTemplate& oTemplate);
+std::vector<TemplateFinding> CheckTemplate(const CTemplate& engine);

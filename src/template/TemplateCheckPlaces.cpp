@@ -11,87 +11,86 @@ namespace {
 
 /// A line that the template may write.
 struct Written {
-  std::int32_t lFileLine = 0;
-  std::size_t lPart = 0;  ///< index of its stretch; the signature belongs to the first
-  bool bAlways = false;
-  Text sFolded;
+  std::int32_t fileLine = 0;
+  std::size_t part = 0;  ///< index of its stretch; the signature belongs to the first
+  bool always = false;
+  Text folded;
 };
 
 struct Place {
-  Section eSection;
-  TextView sName;
-  std::size_t lPart;  ///< the stretch that it begins or ends
-  bool bEnds;         ///< true: the last line of that stretch, false: the first one
+  Section section;
+  TextView name;
+  std::size_t part;  ///< the stretch that it begins or ends
+  bool ends;         ///< true: the last line of that stretch, false: the first one
 };
 
-constexpr Place atPlace[] = {{Section::BodyStart, u"#BodyStart", 0, true},
-                             {Section::BodyEnd, u"#BodyEnd", 1, false},
-                             {Section::FireStart, u"#FireExitStart", 1, true},
-                             {Section::FireEnd, u"#FireExitEnd", 2, false}};
+constexpr Place Places[] = {{Section::BodyStart, u"#BodyStart", 0, true},
+                            {Section::BodyEnd, u"#BodyEnd", 1, false},
+                            {Section::FireStart, u"#FireExitStart", 1, true},
+                            {Section::FireEnd, u"#FireExitEnd", 2, false}};
 
-bool MayBeWritten(const LineRow& oRow, const SectionValues& oValues) {
-  return IsWritten(oRow, oValues) && !IsBlankRow(oRow);
+bool MayBeWritten(const LineRow& row, const SectionValues& values) {
+  return IsWritten(row, values) && !IsBlankRow(row);
 }
 
 // The signature stands ahead of the first stretch and can serve as the body's start.
-void AddSignature(const Findings& oFindings, const TemplateRow& oTemplate,
-                  std::vector<Written>& atWritten) {
-  const TemplateRow& oSignature = oFindings.Template().Templates()[1];
-  const Stretch oRows = Between(oSignature, Section::Start, Section::End);
-  if (oSignature.eType != TemplateType::Signature || oRows.lFirst >= oRows.lLast) return;
-  const LineRow& oRow = oFindings.Line(oRows.lFirst);
-  atWritten.push_back({oRow.lFileLine, 0, true, FoldedRow(oRow, SampleValues(oTemplate, 0))});
+void AddSignature(const Findings& findings, const TemplateRow& templateRow,
+                  std::vector<Written>& written) {
+  const TemplateRow& signature = findings.Template().Templates()[1];
+  const Stretch rows = Between(signature, Section::Start, Section::End);
+  if (signature.eType != TemplateType::Signature || rows.first >= rows.last) return;
+  const LineRow& row = findings.Line(rows.first);
+  written.push_back({row.fileLine, 0, true, FoldedRow(row, SampleValues(templateRow, 0))});
 }
 
-std::vector<Written> WrittenLines(const Findings& oFindings, const TemplateRow& oTemplate) {
-  std::vector<Written> atWritten;
-  AddSignature(oFindings, oTemplate, atWritten);
-  const SectionValues oValues = SampleValues(oTemplate, 0);
-  std::size_t lPart = 0;
-  for (const Stretch& oStretch : WrittenStretches(oTemplate)) {
-    for (std::int32_t l = oStretch.lFirst; l < oStretch.lLast; ++l) {
-      const LineRow& oRow = oFindings.Line(l);
-      if (!MayBeWritten(oRow, oValues)) continue;
-      atWritten.push_back(
-          {oRow.lFileLine, lPart, oRow.sIfCondition.empty(), FoldedRow(oRow, oValues)});
+std::vector<Written> WrittenLines(const Findings& findings, const TemplateRow& templateRow) {
+  std::vector<Written> written;
+  AddSignature(findings, templateRow, written);
+  const SectionValues values = SampleValues(templateRow, 0);
+  std::size_t part = 0;
+  for (const Stretch& stretch : WrittenStretches(templateRow)) {
+    for (std::int32_t l = stretch.first; l < stretch.last; ++l) {
+      const LineRow& row = findings.Line(l);
+      if (!MayBeWritten(row, values)) continue;
+      written.push_back({row.fileLine, part, row.sIfCondition.empty(), FoldedRow(row, values)});
     }
-    ++lPart;
+    ++part;
   }
-  return atWritten;
+  return written;
 }
 
 class PlaceCheck {
  public:
-  PlaceCheck(Findings& oFindings, const TemplateRow& oTemplate, const Place& oPlace)
-      : moFindings(oFindings),
-        moPlace(oPlace),
-        moPattern(oTemplate.sLike[oPlace.eSection]),
-        mlLine(oFindings.Line(oTemplate.lStart[oPlace.eSection]).lFileLine) {}
+  PlaceCheck(Findings& findings, const TemplateRow& templateRow, const Place& place)
+      : mFindings(findings),
+        mPlace(place),
+        mPattern(templateRow.sLike[place.section]),
+        mLine(findings.Line(templateRow.lStart[place.section]).fileLine) {}
 
-  void Run(const std::vector<Written>& atWritten) {
-    if (PatternIsSound()) FindIn(atWritten);
+  void Run(const std::vector<Written>& written) {
+    if (PatternIsSound()) FindIn(written);
   }
 
  private:
-  TextView Side() const { return moPlace.bEnds ? u"ahead of" : u"behind"; }
+  TextView Side() const { return mPlace.ends ? u"ahead of" : u"behind"; }
 
-  void Add(std::initializer_list<TextView> asPart) { moFindings.Add(mlLine, asPart); }
+  void Add(std::initializer_list<TextView> parts) { mFindings.Add(mLine, parts); }
 
   bool PatternIsSound() {
-    const TextView sPattern = moPattern.Pattern();
-    if (sPattern.empty()) {
-      Add({u"No line tells where ", moPlace.sName, u" is; write a line ", Side(),
+    const TextView pattern = mPattern.Pattern();
+    if (pattern.empty()) {
+      Add({u"No line tells where ", mPlace.name, u" is; write a line ", Side(),
            u" it, or give it a like"});
-    } else if (!moPattern.IsValid()) {
-      Add({u"The pattern [", sPattern, u"] of ", moPlace.sName,
+    } else if (!mPattern.IsValid()) {
+      Add({u"The pattern [", pattern, u"] of ", mPlace.name,
            u" can't be read: a list of characters isn't closed by \"]\", or a range runs "
            u"downwards"});
-    } else if (LowerCase(sPattern) != sPattern) {
-      Add({u"The pattern [", sPattern, u"] of ", moPlace.sName,
-           u" fits nothing, since code is compared in lower case; write [", LowerCase(sPattern),
+    } else if (LowerCase(pattern) != pattern) {
+      Add({u"The pattern [", pattern, u"] of ", mPlace.name,
+           u" fits nothing, since code is compared in lower case; write [", LowerCase(pattern),
            u"]"});
-    } else if (const TextView sOrdinary = OrdinaryCodeFitting(moPattern); !sOrdinary.empty()) {
-      Add({u"The pattern [", sPattern, u"] of ", moPlace.sName, u" fits [", sOrdinary,
+    } else if (const TextView ordinary = OrdinaryCodeFitting(mPattern); !ordinary.empty()) {
+      Add({u"The pattern [", pattern, u"] of ", mPlace.name, u" fits [", ordinary,
            u"] too, and such a line of the user's would be taken for it; write a line ", Side(),
            u" it that only the template has, such as a comment"});
     } else {
@@ -100,77 +99,77 @@ class PlaceCheck {
     return false;
   }
 
-  void FindIn(const std::vector<Written>& atWritten) {
-    const Written* pFirst = nullptr;   // the first line anywhere that fits
-    const Written* pBorder = nullptr;  // the line that ought to be found
-    bool bFits = false, bFitsAlways = false;
-    for (const Written& oLine : atWritten) {
-      const bool bHit = moPattern.Matches(oLine.sFolded);
-      if (bHit && pFirst == nullptr) pFirst = &oLine;
-      if (oLine.lPart != moPlace.lPart) continue;
-      if (moPlace.bEnds || pBorder == nullptr) pBorder = &oLine;
-      bFits = bFits || bHit;
-      bFitsAlways = bFitsAlways || (bHit && oLine.bAlways);
+  void FindIn(const std::vector<Written>& written) {
+    const Written* first = nullptr;   // the first line anywhere that fits
+    const Written* border = nullptr;  // the line that ought to be found
+    bool fits = false, fitsAlways = false;
+    for (const Written& line : written) {
+      const bool hit = mPattern.Matches(line.folded);
+      if (hit && first == nullptr) first = &line;
+      if (line.part != mPlace.part) continue;
+      if (mPlace.ends || border == nullptr) border = &line;
+      fits = fits || hit;
+      fitsAlways = fitsAlways || (hit && line.always);
     }
-    if (!bFits) {
-      Add({u"No line that is written ", Side(), u" ", moPlace.sName, u" fits its pattern [",
-           moPattern.Pattern(), u"], so it can't be found again; write one, or change its like"});
-    } else if (!bFitsAlways) {
-      Add({u"The line by which ", moPlace.sName,
+    if (!fits) {
+      Add({u"No line that is written ", Side(), u" ", mPlace.name, u" fits its pattern [",
+           mPattern.Pattern(), u"], so it can't be found again; write one, or change its like"});
+    } else if (!fitsAlways) {
+      Add({u"The line by which ", mPlace.name,
            u" is found is written under a condition only; write one without a condition ", Side(),
            u" it"});
-    } else if (pFirst != pBorder) {
-      ReportWrongLine(*pFirst, *pBorder);
+    } else if (first != border) {
+      ReportWrongLine(*first, *border);
     }
   }
 
-  void ReportWrongLine(const Written& oFirst, const Written& oBorder) {
-    const Text sFirst = ToText(oFirst.lFileLine), sBorder = ToText(oBorder.lFileLine);
-    const bool bEarly = oFirst.lPart < oBorder.lPart || moPlace.bEnds;
-    Add({u"The pattern [", moPattern.Pattern(), u"] of ", moPlace.sName, u" is found in line ",
-         sFirst, u" and not in line ", sBorder,
-         bEarly ? TextView(u"; write a line there that no line above it looks like")
-                : TextView(u", so what stands above would stay in the code; take its pattern from "
-                           u"there")});
+  void ReportWrongLine(const Written& first, const Written& border) {
+    const Text firstLine = ToText(first.fileLine), borderLine = ToText(border.fileLine);
+    const bool early = first.part < border.part || mPlace.ends;
+    Add({u"The pattern [", mPattern.Pattern(), u"] of ", mPlace.name, u" is found in line ",
+         firstLine, u" and not in line ", borderLine,
+         early ? TextView(u"; write a line there that no line above it looks like")
+               : TextView(u", so what stands above would stay in the code; take its pattern from "
+                          u"there")});
   }
 
-  Findings& moFindings;
-  const Place& moPlace;
-  const LikePattern& moPattern;
-  const std::int32_t mlLine;
+  Findings& mFindings;
+  const Place& mPlace;
+  const LikePattern& mPattern;
+  const std::int32_t mLine;
 };
 
 // The end of the body and the start of the clean-up code can't be one and the same line.
-void CheckOneLine(Findings& oFindings, const TemplateRow& oTemplate,
-                  const std::vector<Written>& atWritten) {
-  const auto lLines = std::count_if(atWritten.begin(), atWritten.end(), [](const Written& oLine) {
-    return oLine.lPart == 1 && oLine.bAlways;
+void CheckOneLine(Findings& findings, const TemplateRow& templateRow,
+                  const std::vector<Written>& written) {
+  const auto count = std::count_if(written.begin(), written.end(), [](const Written& line) {
+    return line.part == 1 && line.always;
   });
-  if (lLines != 1) return;
-  const std::int32_t lLine = oFindings.Line(oTemplate.lStart[Section::FireStart]).lFileLine;
-  if (oFindings.HasLine(lLine)) return;
-  oFindings.Add(lLine, {u"#BodyEnd and #FireExitStart would be found in the same line; write two "
-                        u"lines without a condition between them"});
+  if (count != 1) return;
+  const std::int32_t fileLine = findings.Line(templateRow.lStart[Section::FireStart]).fileLine;
+  if (findings.HasLine(fileLine)) return;
+  findings.Add(fileLine, {u"#BodyEnd and #FireExitStart would be found in the same line; write two "
+                          u"lines without a condition between them"});
 }
 
 // Load faults leave places out or in another order; they are told by the load.
-bool HasItsPlaces(const TemplateRow& oRow) {
-  if (oRow.eType != TemplateType::Procedure || oRow.lStart[Section::BodyStart] < 1) return false;
-  if (oRow.lStart[Section::BodyEnd] < oRow.lStart[Section::BodyStart]) return false;
-  return !oRow.bFire || (oRow.lStart[Section::FireStart] > oRow.lStart[Section::BodyEnd] &&
-                         oRow.lStart[Section::FireEnd] > oRow.lStart[Section::FireStart]);
+bool HasItsPlaces(const TemplateRow& row) {
+  if (row.eType != TemplateType::Procedure || row.lStart[Section::BodyStart] < 1) return false;
+  if (row.lStart[Section::BodyEnd] < row.lStart[Section::BodyStart]) return false;
+  return !row.bFire || (row.lStart[Section::FireStart] > row.lStart[Section::BodyEnd] &&
+                        row.lStart[Section::FireEnd] > row.lStart[Section::FireStart]);
 }
 
 }  // namespace
 
-void CheckPlaces(Findings& oFindings) {
-  for (const TemplateRow& oRow : oFindings.Template().Templates()) {
-    if (!HasItsPlaces(oRow)) continue;
-    const std::vector<Written> atWritten = WrittenLines(oFindings, oRow);
-    for (const Place& oPlace : std::span(atPlace, oRow.bFire ? 4 : 2)) {
-      PlaceCheck(oFindings, oRow, oPlace).Run(atWritten);
+void CheckPlaces(Findings& findings) {
+  for (const TemplateRow& row : findings.Template().Templates()) {
+    if (!HasItsPlaces(row)) continue;
+    const std::vector<Written> written = WrittenLines(findings, row);
+    for (const Place& place : std::span(Places, row.bFire ? 4 : 2)) {
+      PlaceCheck(findings, row, place).Run(written);
     }
-    if (oRow.bFire) CheckOneLine(oFindings, oRow, atWritten);
+    if (row.bFire) CheckOneLine(findings, row, written);
   }
 }
 

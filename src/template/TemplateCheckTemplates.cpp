@@ -9,115 +9,116 @@ namespace {
 
 constexpr TextView SignatureToken = u"<%Signature>";
 
-void CheckName(Findings& oFindings, const TemplateRow& oRow, std::size_t lIndex) {
-  if (oRow.sName.empty()) return;  // the load has told
-  if (EqualNoCase(oRow.sName, u"locked")) {
-    oFindings.Add(oRow.lDirectiveLine, {u"A template can't be named ", oRow.sName,
-                                        u", since a signature of that text means a lock"});
+void CheckName(Findings& findings, const TemplateRow& row, std::size_t index) {
+  if (row.sName.empty()) return;  // the load has told
+  if (EqualNoCase(row.sName, u"locked")) {
+    findings.Add(row.lDirectiveLine, {u"A template can't be named ", row.sName,
+                                      u", since a signature of that text means a lock"});
   }
-  const std::int32_t lFirst = oFindings.Template().LookupTemplate(oRow.sName);
-  if (lFirst == static_cast<std::int32_t>(lIndex)) return;
-  const TemplateRow& oFirst = oFindings.Template().Templates()[static_cast<std::size_t>(lFirst)];
-  oFindings.Add(oRow.lDirectiveLine,
-                {u"The template in line ", ToText(oFirst.lDirectiveLine), u" has the name ",
-                 oRow.sName, u" too, letter case aside; only that one can be used"});
+  const std::int32_t first = findings.Template().LookupTemplate(row.sName);
+  if (first == static_cast<std::int32_t>(index)) return;
+  const TemplateRow& firstTemplate =
+      findings.Template().Templates()[static_cast<std::size_t>(first)];
+  findings.Add(row.lDirectiveLine,
+               {u"The template in line ", ToText(firstTemplate.lDirectiveLine), u" has the name ",
+                row.sName, u" too, letter case aside; only that one can be used"});
 }
 
 // The load doesn't look where #Start and #End stand.
-void CheckOrder(Findings& oFindings, const TemplateRow& oRow) {
-  const std::int32_t lStart = oRow.lStart[Section::Start], lEnd = oRow.lStart[Section::End];
-  if (lStart < 1 || lEnd < 1) return;
+void CheckOrder(Findings& findings, const TemplateRow& row) {
+  const std::int32_t start = row.lStart[Section::Start], end = row.lStart[Section::End];
+  if (start < 1 || end < 1) return;
   for (const Section e : AllSections) {
     if (e < Section::BodyStart) continue;
-    const std::int32_t lOther = oRow.lStart[e];
-    if (lOther < 1) continue;
-    if (lOther < lStart) {
-      oFindings.Add(
-          oFindings.Line(lStart).lFileLine,
+    const std::int32_t other = row.lStart[e];
+    if (other < 1) continue;
+    if (other < start) {
+      findings.Add(
+          findings.Line(start).fileLine,
           {u"#Start must stand ahead of the other directives of its template, or its section "
            u"isn't written"});
       return;
     }
-    if (lOther > lEnd) {
-      oFindings.Add(oFindings.Line(lEnd).lFileLine,
-                    {u"#End must be the last directive of its template, or the sections behind it "
-                     u"aren't written"});
+    if (other > end) {
+      findings.Add(findings.Line(end).fileLine,
+                   {u"#End must be the last directive of its template, or the sections behind it "
+                    u"aren't written"});
       return;
     }
   }
 }
 
-void CheckReadsBack(Findings& oFindings, const LineRow& oRow, TextView sName, bool bLocked) {
-  if (oFindings.HasLine(oRow.lFileLine)) return;  // the cause is told, or once is enough
-  const Signature& oSignature = oFindings.Template().Set().Signatures();
-  if (oSignature.IsReadable(sName, bLocked)) return;
-  oFindings.Add(oRow.lFileLine, {u"The signature [", Trim(oSignature.Line(sName, bLocked)),
-                                 u"] can't be read back; write <%Signature> once, with "
-                                 u"text on both sides that is in no template's name"});
+void CheckReadsBack(Findings& findings, const LineRow& row, TextView name, bool locked) {
+  if (findings.HasLine(row.fileLine)) return;  // the cause is told, or once is enough
+  const Signature& signature = findings.Template().Set().Signatures();
+  if (signature.IsReadable(name, locked)) return;
+  findings.Add(row.fileLine, {u"The signature [", Trim(signature.Line(name, locked)),
+                              u"] can't be read back; write <%Signature> once, with "
+                              u"text on both sides that is in no template's name"});
 }
 
-void CheckSignatureLine(Findings& oFindings, const LineRow& oRow) {
-  const TextView sOrdinary = OrdinaryCodeFitting(oRow.sLike);
-  if (!sOrdinary.empty()) {
-    oFindings.Add(oRow.lFileLine,
-                  {u"The pattern [", oRow.sLike.Pattern(), u"] fits [", sOrdinary,
-                   u"] too, and such a line would be read as a signature; write a comment "
-                   u"with words that no other line has"});
+void CheckSignatureLine(Findings& findings, const LineRow& row) {
+  const TextView ordinary = OrdinaryCodeFitting(row.sLike);
+  if (!ordinary.empty()) {
+    findings.Add(row.fileLine,
+                 {u"The pattern [", row.sLike.Pattern(), u"] fits [", ordinary,
+                  u"] too, and such a line would be read as a signature; write a comment "
+                  u"with words that no other line has"});
   }
-  CheckReadsBack(oFindings, oRow, u"", true);
-  for (const TemplateRow& oTemplate : oFindings.Template().Templates()) {
-    if (oTemplate.eType != TemplateType::Module && oTemplate.eType != TemplateType::Procedure)
+  CheckReadsBack(findings, row, u"", true);
+  for (const TemplateRow& templateRow : findings.Template().Templates()) {
+    if (templateRow.eType != TemplateType::Module && templateRow.eType != TemplateType::Procedure)
       continue;
-    if (oFindings.HasLine(oTemplate.lDirectiveLine)) continue;
-    CheckReadsBack(oFindings, oRow, oTemplate.sName, false);
-    CheckReadsBack(oFindings, oRow, oTemplate.sName, true);
+    if (findings.HasLine(templateRow.lDirectiveLine)) continue;
+    CheckReadsBack(findings, row, templateRow.sName, false);
+    CheckReadsBack(findings, row, templateRow.sName, true);
   }
 }
 
 // Rows behind the first are never written, but a line of code that fits one is a signature.
-void CheckFurtherRow(Findings& oFindings, const LineRow& oRow) {
-  if (!oRow.bScript || IsBlankRow(oRow)) return;
-  if (oRow.sLine.find(SignatureToken) != Text::npos) return;
-  oFindings.Add(oRow.lFileLine,
-                {u"A line of code that fits this row would be taken out as a signature, "
-                 u"though the row has no <%Signature> and is never written"});
+void CheckFurtherRow(Findings& findings, const LineRow& row) {
+  if (!row.script || IsBlankRow(row)) return;
+  if (row.sLine.find(SignatureToken) != Text::npos) return;
+  findings.Add(row.fileLine,
+               {u"A line of code that fits this row would be taken out as a signature, "
+                u"though the row has no <%Signature> and is never written"});
 }
 
 }  // namespace
 
-void CheckTemplates(Findings& oFindings) {
-  const std::vector<TemplateRow>& atTemplate = oFindings.Template().Templates();
-  for (std::size_t i = 1; i < atTemplate.size(); ++i) {
-    CheckName(oFindings, atTemplate[i], i);
-    CheckOrder(oFindings, atTemplate[i]);
+void CheckTemplates(Findings& findings) {
+  const std::vector<TemplateRow>& templates = findings.Template().Templates();
+  for (std::size_t i = 1; i < templates.size(); ++i) {
+    CheckName(findings, templates[i], i);
+    CheckOrder(findings, templates[i]);
   }
 }
 
-void CheckSignature(Findings& oFindings) {
-  const std::vector<TemplateRow>& atTemplate = oFindings.Template().Templates();
-  if (atTemplate.size() < 2) {
-    oFindings.Add(1, {u"The file holds no template; it begins with one of type signature"});
+void CheckSignature(Findings& findings) {
+  const std::vector<TemplateRow>& templates = findings.Template().Templates();
+  if (templates.size() < 2) {
+    findings.Add(1, {u"The file holds no template; it begins with one of type signature"});
     return;
   }
-  const TemplateRow& oFirst = atTemplate[1];
-  if (oFirst.eType != TemplateType::Signature) {
-    oFindings.Add(oFirst.lDirectiveLine,
-                  {u"The first template of the file must have type=signature: its "
-                   u"first line names the template in code"});
+  const TemplateRow& firstTemplate = templates[1];
+  if (firstTemplate.eType != TemplateType::Signature) {
+    findings.Add(firstTemplate.lDirectiveLine,
+                 {u"The first template of the file must have type=signature: its "
+                  u"first line names the template in code"});
     return;
   }
-  const Stretch oRows = Between(oFirst, Section::Start, Section::End);
-  if (oRows.lFirst == 0) return;  // the load has told
-  const LineRow& oLine = oFindings.Line(oRows.lFirst);
-  if (!oLine.bScript || oLine.sLine.find(SignatureToken) == Text::npos) {
-    oFindings.Add(oLine.lFileLine,
-                  {u"The first line behind #Start of the signature template must hold "
-                   u"<%Signature>"});
+  const Stretch rows = Between(firstTemplate, Section::Start, Section::End);
+  if (rows.first == 0) return;  // the load has told
+  const LineRow& line = findings.Line(rows.first);
+  if (!line.script || line.sLine.find(SignatureToken) == Text::npos) {
+    findings.Add(line.fileLine,
+                 {u"The first line behind #Start of the signature template must hold "
+                  u"<%Signature>"});
     return;
   }
-  CheckSignatureLine(oFindings, oLine);
-  for (std::int32_t l = oRows.lFirst + 1; l < oRows.lLast; ++l) {
-    CheckFurtherRow(oFindings, oFindings.Line(l));
+  CheckSignatureLine(findings, line);
+  for (std::int32_t l = rows.first + 1; l < rows.last; ++l) {
+    CheckFurtherRow(findings, findings.Line(l));
   }
 }
 

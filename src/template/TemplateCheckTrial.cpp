@@ -15,27 +15,26 @@ namespace TemplateChecks {
 namespace {
 
 struct Trial {
-  TextView sProcType;
-  std::uint32_t lWithout = 0;
-  bool bTrace = false;
+  TextView procType;
+  std::uint32_t without = 0;
+  bool trace = false;
 };
 
 constexpr TextView ModuleName = u"Module1";
 constexpr TextView ProcName = u"Total";
 
-Text SampleCode(TextView sProcType) {
-  if (sProcType.empty()) return u"Option Explicit\r\nPrivate mlCount As Long";
-  const Text sBase(sProcType.substr(0, sProcType.find(u' ')));
-  return u"Public " + Text(sProcType) +
-         u" Total()\r\n    Dim l As Long\r\n    If l = 1 Then Exit " + sBase +
-         u"\r\n    l = 2\r\n    'FireExit: l = 3\r\nEnd " + sBase;
+Text SampleCode(TextView procType) {
+  if (procType.empty()) return u"Option Explicit\r\nPrivate mlCount As Long";
+  const Text base(procType.substr(0, procType.find(u' ')));
+  return u"Public " + Text(procType) + u" Total()\r\n    Dim l As Long\r\n    If l = 1 Then Exit " +
+         base + u"\r\n    l = 2\r\n    'FireExit: l = 3\r\nEnd " + base;
 }
 
-Text NameOf(const Trial& oTrial) {
-  Text sName =
-      oTrial.sProcType.empty() ? Text(u"a declarations section") : u"a " + Text(oTrial.sProcType);
-  if (oTrial.lWithout != 0) sName += u" without " + NamesOf(oTrial.lWithout);
-  return sName + (oTrial.bTrace ? u" with trace" : u"");
+Text NameOf(const Trial& trial) {
+  Text name =
+      trial.procType.empty() ? Text(u"a declarations section") : u"a " + Text(trial.procType);
+  if (trial.without != 0) name += u" without " + NamesOf(trial.without);
+  return name + (trial.trace ? u" with trace" : u"");
 }
 
 // A template's way into a sample text and out of it again.
@@ -55,8 +54,8 @@ class TemplateTrial {
 
  private:
   Text Attempt(const Trial& trial) const {
-    const ProcedureName name{ModuleName, NameIn(trial), trial.sProcType};
-    const Text before = SampleCode(trial.sProcType);
+    const ProcedureName name{ModuleName, NameIn(trial), trial.procType};
+    const Text before = SampleCode(trial.procType);
     const ParsedProcedure procedure(mTemplates, before, name, 1);
     const Rewrite inserted = Insert(trial, procedure, false);
     if (inserted.Refused()) return Told(u"it can't be put in: ", inserted.refusals);
@@ -74,21 +73,21 @@ class TemplateTrial {
   }
 
   static TextView NameIn(const Trial& trial) {
-    return trial.sProcType.empty() ? MQuillon::DeclarationsName : ProcName;
+    return trial.procType.empty() ? MQuillon::DeclarationsName : ProcName;
   }
   static Text Told(TextView what, std::span<const Refusal> refusals) {
     return refusals.empty() ? Text() : Text(what) + MessageOf(refusals.front());
   }
 
   Rewrite Insert(const Trial& trial, const ParsedProcedure& procedure, bool prove) const {
-    const SectionValues values = SampleValues(mRow, trial.lWithout);
+    const SectionValues values = SampleValues(mRow, trial.without);
     return RewriteProcedure(procedure,
                             {.templateName = mRow.sName,
                              .locked = true,
                              .boundary = values.boundary,
                              .severity = values.severity,
                              .retry = values.retry,
-                             .trace = trial.bTrace},
+                             .trace = trial.trace},
                             {.prove = prove}, MRules::Values{});
   }
 
@@ -96,13 +95,13 @@ class TemplateTrial {
   Text LostSetting(const Trial& trial, const CProcSettings& read) const {
     if (read.sTemplate() != mRow.sName) return u"its name isn't read back from the code";
     const auto isLost = [&](std::uint32_t bit, std::int32_t row, auto value) {
-      return row > 0 && (trial.lWithout & bit) == 0 && value == decltype(value)::Unset;
+      return row > 0 && (trial.without & bit) == 0 && value == decltype(value)::Unset;
     };
     if (isLost(1, mRow.lBoundary, read.eBoundary())) return LostText(u"Boundary", mRow.lBoundary);
     if (isLost(2, mRow.lSeverity, read.eSeverity())) return LostText(u"Severity", mRow.lSeverity);
     if (isLost(4, mRow.lRetry, read.eRetry())) return LostText(u"Retry", mRow.lRetry);
     const bool traces = mRow.lTrace > 0 || mRow.lTraceExit > 0;
-    if (traces && trial.bTrace != (read.eTrace() == MQuillon::TriState::True)) {
+    if (traces && trial.trace != (read.eTrace() == MQuillon::TriState::True)) {
       return u"trace isn't read back from the code; write a line with <#if trace> that no other "
              u"line of the template looks like";
     }
@@ -111,7 +110,7 @@ class TemplateTrial {
 
   Text LostText(TextView token, std::int32_t row) const {
     return Text(token) + u" isn't read back from the code; the first line with <%" + Text(token) +
-           u"> is line " + ToText(mTemplates.Row(row).lFileLine) +
+           u"> is line " + ToText(mTemplates.Row(row).fileLine) +
            u", and it must be written whenever that is set";
   }
 
@@ -119,17 +118,16 @@ class TemplateTrial {
   const TemplateRow& mRow;
 };
 
-void TryTemplate(Findings& oFindings, const TemplateRow& oRow,
-                 std::span<const TextView> asProcType) {
-  const TemplateTrial oTrials(oFindings.Template().Set(), oRow);
-  for (TextView sProcType : asProcType) {
-    for (std::uint32_t lWithout = 0; lWithout < 8; ++lWithout) {
-      for (bool bTrace : {false, true}) {
-        const Trial oTrial{sProcType, lWithout, bTrace};
-        const Text sFault = oTrials.Run(oTrial);
-        if (sFault.empty()) continue;
-        oFindings.Add(oRow.lDirectiveLine,
-                      {u"A trial of ", oRow.sName, u" on ", NameOf(oTrial), u" fails: ", sFault});
+void TryTemplate(Findings& findings, const TemplateRow& row, std::span<const TextView> procTypes) {
+  const TemplateTrial attempt(findings.Template().Set(), row);
+  for (TextView procType : procTypes) {
+    for (std::uint32_t without = 0; without < 8; ++without) {
+      for (bool trace : {false, true}) {
+        const Trial trial{procType, without, trace};
+        const Text fault = attempt.Run(trial);
+        if (fault.empty()) continue;
+        findings.Add(row.lDirectiveLine,
+                     {u"A trial of ", row.sName, u" on ", NameOf(trial), u" fails: ", fault});
         return;
       }
     }
@@ -138,12 +136,12 @@ void TryTemplate(Findings& oFindings, const TemplateRow& oRow,
 
 }  // namespace
 
-void TryTemplates(Findings& oFindings) {
-  static constexpr std::array<TextView, 3> asProcedure = {u"Sub", u"Function", u"Property Get"};
-  static constexpr std::array<TextView, 1> asDeclarations = {u""};
-  for (const TemplateRow& oRow : oFindings.Template().Templates()) {
-    if (oRow.eType == TemplateType::Procedure) TryTemplate(oFindings, oRow, asProcedure);
-    if (oRow.eType == TemplateType::Module) TryTemplate(oFindings, oRow, asDeclarations);
+void TryTemplates(Findings& findings) {
+  static constexpr std::array<TextView, 3> Procedures = {u"Sub", u"Function", u"Property Get"};
+  static constexpr std::array<TextView, 1> Declarations = {u""};
+  for (const TemplateRow& row : findings.Template().Templates()) {
+    if (row.eType == TemplateType::Procedure) TryTemplate(findings, row, Procedures);
+    if (row.eType == TemplateType::Module) TryTemplate(findings, row, Declarations);
   }
 }
 

@@ -5,57 +5,57 @@
 
 namespace {
 
-constexpr BySection<TextView> asLabel = {u"Global   ", u"Start    ", u"BodyStart", u"BodyEnd  ",
-                                         u"FireStart", u"FireEnd  ", u"End      "};
+constexpr BySection<TextView> Labels = {u"Global   ", u"Start    ", u"BodyStart", u"BodyEnd  ",
+                                        u"FireStart", u"FireEnd  ", u"End      "};
 constexpr TextView Rule = u"-------------------------------------";
 constexpr TextView Gap = u" ";
 
-Text Entry(TextView sMember, Section eSection) {
-  return u"   ." + Text(sMember) + u'(' + Text(asLabel[eSection]) + u")=";
+Text Entry(TextView member, Section section) {
+  return u"   ." + Text(member) + u'(' + Text(Labels[section]) + u")=";
 }
 
-Text Row(TextView sTable, std::size_t lRow) {
-  return Text(sTable) + u'(' + ToText(static_cast<long long>(lRow)) + u')';
+Text Row(TextView table, std::size_t number) {
+  return Text(table) + u'(' + ToText(static_cast<long long>(number)) + u')';
 }
 
-Text Boxed(TextView sText) {
-  return u'[' + Text(sText) + u']';
+Text Boxed(TextView text) {
+  return u'[' + Text(text) + u']';
 }
 
-void DumpTemplate(Signal<TextView>& oDump, const TemplateRow& oRow) {
-  oDump(u"   .sName=" + Boxed(oRow.sName));
-  oDump(u"   .eType=" + ToText(static_cast<std::int32_t>(oRow.eType)));
-  oDump(oRow.bFire ? TextView(u"   .bFire=True") : TextView(u"   .bFire=False"));
-  oDump(Gap);
+void DumpTemplate(Signal<TextView>& dump, const TemplateRow& row) {
+  dump(u"   .sName=" + Boxed(row.sName));
+  dump(u"   .eType=" + ToText(static_cast<std::int32_t>(row.eType)));
+  dump(row.bFire ? TextView(u"   .bFire=True") : TextView(u"   .bFire=False"));
+  dump(Gap);
   for (const Section e : AllSections) {
-    oDump(Entry(u"lStart", e) + ToText(oRow.lStart[e]));
+    dump(Entry(u"lStart", e) + ToText(row.lStart[e]));
   }
-  oDump(Gap);
+  dump(Gap);
   for (const Section e : AllSections) {
-    oDump(Entry(u"sLike", e) + Boxed(oRow.sLike[e].Pattern()));
+    dump(Entry(u"sLike", e) + Boxed(row.sLike[e].Pattern()));
   }
-  oDump(Rule);
+  dump(Rule);
 }
 
-void DumpLine(Signal<TextView>& oDump, const LineRow& oRow) {
-  oDump(u"   .eType=" + Boxed(oRow.bScript ? u"1" : u"0"));
-  oDump(u"   .sIfCondition=" + Boxed(oRow.sIfCondition));
-  oDump(u"   .sLine=" + Boxed(oRow.sLine));
-  oDump(u"   .sLike=" + Boxed(oRow.sLike.Pattern()));
-  oDump(Rule);
+void DumpLine(Signal<TextView>& dump, const LineRow& row) {
+  dump(u"   .eType=" + Boxed(row.script ? u"1" : u"0"));
+  dump(u"   .sIfCondition=" + Boxed(row.sIfCondition));
+  dump(u"   .sLine=" + Boxed(row.sLine));
+  dump(u"   .sLike=" + Boxed(row.sLike.Pattern()));
+  dump(Rule);
 }
 
 }  // namespace
 
 void CTemplate::PrintTemplateFile() {
-  for (std::size_t i = 1; i < moSet.templates.size(); ++i) {
+  for (std::size_t i = 1; i < mSet.templates.size(); ++i) {
     ReportDump(Row(u"matTemplate", i));
-    DumpTemplate(ReportDump, moSet.templates[i]);
+    DumpTemplate(ReportDump, mSet.templates[i]);
   }
   ReportDump(Gap);
   ReportDump(Gap);
-  for (std::size_t i = 1; i < moSet.lines.size(); ++i) {
+  for (std::size_t i = 1; i < mSet.lines.size(); ++i) {
     ReportDump(Row(u"matLine", i));
-    DumpLine(ReportDump, moSet.lines[i]);
+    DumpLine(ReportDump, mSet.lines[i]);
   }
 }

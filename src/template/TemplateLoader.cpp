@@ -2,6 +2,7 @@
 // for a whole template stand in TemplateValidation.cpp.
 #include "TemplateLoader.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -14,274 +15,268 @@ namespace {
 
 constexpr std::int32_t MaxLines = 32767;
 
-Text Quoted(TextView sText) {
-  return u'"' + Text(sText) + u'"';
+Text Quoted(TextView text) {
+  return u'"' + Text(text) + u'"';
 }
 
-bool IsConditional(TextView sTrimmedLower) {
-  return sTrimmedLower.starts_with(u"<#if ");
+bool IsConditional(TextView trimmedLower) {
+  return trimmedLower.starts_with(u"<#if ");
 }
 
-bool IsUtf16(std::string_view sBytes) {
-  return sBytes.starts_with("\xFF\xFE") || sBytes.starts_with("\xFE\xFF");
+bool IsUtf16(std::string_view bytes) {
+  return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
 }
 
 // Version control on other systems likes to take the CR out of every line end. Such a file would
 // be a single line, and its one message would lead nowhere.
-bool HasForeignLineEnds(TextView sText) {
-  return sText.find(u'\n') != TextView::npos && sText.find(CrLf) == TextView::npos;
+bool HasForeignLineEnds(TextView text) {
+  return text.find(u'\n') != TextView::npos && text.find(CrLf) == TextView::npos;
 }
 
 // Each <%...> becomes a star; one that isn't closed stays as it is.
-Text PatternOf(TextView sFolded) {
-  Text sPattern;
-  std::size_t lPos = 0;
+Text PatternOf(TextView folded) {
+  Text pattern;
+  std::size_t pos = 0;
   for (;;) {
-    const std::size_t lOpen = sFolded.find(u"<%", lPos);
-    const std::size_t lClose = lOpen == TextView::npos ? TextView::npos : sFolded.find(u'>', lOpen);
-    if (lClose == TextView::npos) return sPattern.append(sFolded.substr(lPos));
-    sPattern.append(sFolded.substr(lPos, lOpen - lPos)).push_back(u'*');
-    lPos = lClose + 1;
+    const std::size_t open = folded.find(u"<%", pos);
+    const std::size_t close = open == TextView::npos ? TextView::npos : folded.find(u'>', open);
+    if (close == TextView::npos) return pattern.append(folded.substr(pos));
+    pattern.append(folded.substr(pos, open - pos)).push_back(u'*');
+    pos = close + 1;
   }
 }
 
 // Takes a condition off the line; what is left is the text, indentation behind the ">" included.
-Text TakeCondition(TextView& sLine) {
-  const std::size_t lClose = sLine.find(u'>');
-  if (lClose == TextView::npos) return {};
-  const std::size_t lCondition = sLine.find(u'<') + TextView(u"<#if ").size();
-  const Text sCondition = LowerCase(sLine.substr(lCondition, lClose - lCondition));
-  sLine.remove_prefix(lClose + 1);
-  return sCondition;
+Text TakeCondition(TextView& line) {
+  const std::size_t close = line.find(u'>');
+  if (close == TextView::npos) return {};
+  const std::size_t begin = line.find(u'<') + TextView(u"<#if ").size();
+  const Text condition = LowerCase(line.substr(begin, close - begin));
+  line.remove_prefix(close + 1);
+  return condition;
 }
 
-void SetIfFirst(std::int32_t& lPlace, std::int32_t lRow, bool bFits) {
-  if (lPlace == 0 && bFits) lPlace = lRow;
+void SetIfFirst(std::int32_t& place, std::int32_t number, bool fits) {
+  if (place == 0 && fits) place = number;
 }
 
-bool Holds(TextView sText, TextView sPart) {
-  return sText.find(sPart) != TextView::npos;
+bool Holds(TextView text, TextView part) {
+  return text.find(part) != TextView::npos;
 }
 
 }  // namespace
 
-TemplateLoader::TemplateLoader(CTemplate& oTemplate, TextView sFile)
-    : moTemplate(oTemplate), msFile(sFile) {
-  moTemplate.ReportError(u"Processing Template File " + Quoted(sFile));
+TemplateLoader::TemplateLoader(CTemplate& engine, TextView file) : mEngine(engine), mFile(file) {
+  mEngine.ReportError(u"Processing Template File " + Quoted(file));
 }
 
 void TemplateLoader::ReportUnread() {
-  ReportError(1, u"The file " + Quoted(msFile) + u" could not be read; open it again");
+  ReportError(1, u"The file " + Quoted(mFile) + u" could not be read; open it again");
   ReportResult();
 }
 
-void TemplateLoader::LoadBytes(std::string_view sBytes) {
-  if (IsUtf16(sBytes)) {
-    ReportError(1, u"The file " + Quoted(msFile) +
+void TemplateLoader::LoadBytes(std::string_view bytes) {
+  if (IsUtf16(bytes)) {
+    ReportError(1, u"The file " + Quoted(mFile) +
                        u" is UTF-16 text; save it in the ANSI code page or in UTF-8");
     ReportResult();
     return;
   }
-  const Text sText = CodePage::Detect(sBytes, CodePage::Get("1252")).Decode(sBytes);
-  TextView sLines = sText;
-  if (sLines.starts_with(u'\uFEFF')) sLines.remove_prefix(1);
-  LoadText(sLines);
+  const Text text = CodePage::Detect(bytes, CodePage::Get("1252")).Decode(bytes);
+  TextView lines = text;
+  if (lines.starts_with(u'\uFEFF')) lines.remove_prefix(1);
+  LoadText(lines);
 }
 
-void TemplateLoader::LoadText(TextView sText) {
-  if (HasForeignLineEnds(sText)) {
-    ReportError(1, u"The lines of " + Quoted(msFile) +
+void TemplateLoader::LoadText(TextView text) {
+  if (HasForeignLineEnds(text)) {
+    ReportError(1, u"The lines of " + Quoted(mFile) +
                        u" end in LF alone; convert the file to CR LF line ends");
   } else {
-    LoadLines(sText);
+    LoadLines(text);
   }
-  moTemplate.moSet.Prepare();
+  mEngine.mSet.Prepare();
   ReportResult();
 }
 
-void TemplateLoader::LoadLines(TextView sText) {
-  std::vector<TextView> asLine;
+void TemplateLoader::LoadLines(TextView text) {
+  std::vector<TextView> lines;
   try {
-    asLine = SplitLines(sText);
+    lines = SplitLines(text);
   } catch (const Failure&) {
-    ReportError(MaxLines + 1, u"The file " + Quoted(msFile) +
+    ReportError(MaxLines + 1, u"The file " + Quoted(mFile) +
                                   u" has more than 32767 lines; take out what isn't needed");
     return;
   }
-  for (TextView sLine : asLine) {
-    ++mlLine;
-    LoadLine(sLine);
+  for (TextView line : lines) {
+    ++mLine;
+    LoadLine(line);
   }
-  ValidateTemplate(static_cast<std::int32_t>(moTemplate.moSet.templates.size()) - 1);
+  ValidateTemplate(static_cast<std::int32_t>(mEngine.mSet.templates.size()) - 1);
 }
 
-void TemplateLoader::LoadLine(TextView sLine) {
-  const Text sTrimmedLower = LowerCase(Trim(sLine));
-  if (sTrimmedLower.starts_with(u"<## ")) return;
+void TemplateLoader::LoadLine(TextView line) {
+  const Text trimmedLower = LowerCase(Trim(line));
+  if (trimmedLower.starts_with(u"<## ")) return;
 
-  Directive eDirective;
-  bool bDirective = false;
-  IsDirective(sTrimmedLower, eDirective, bDirective);
-  if (bDirective) {
+  if (const std::optional<Directive> directive = DirectiveIn(trimmedLower)) {
     // A broken directive counts as the last one as well, so it opens a closed template again:
     // better too many messages than lines that silently go missing.
-    meLastDirective = eDirective;
-    LoadDirective(eDirective, sLine);
-  } else if (meLastDirective != DirectiveEnd) {
-    LoadScriptLine(sLine, sTrimmedLower);
+    mLastDirective = *directive;
+    LoadDirective(*directive, line);
+  } else if (mLastDirective != DirectiveEnd) {
+    LoadScriptLine(line, trimmedLower);
   }
 }
 
-void TemplateLoader::IsDirective(TextView sTrimmedLower, Directive& eDirective, bool& bDirective) {
-  static constexpr std::array<TextView, 8> asDirective = {
+std::optional<TemplateLoader::Directive> TemplateLoader::DirectiveIn(TextView trimmedLower) {
+  static constexpr std::array<TextView, 8> Names = {
       u"",          u"<#template",      u"<#start",       u"<#bodystart",
       u"<#bodyend", u"<#fireexitstart", u"<#fireexitend", u"<#end"};
-  eDirective = NoDirective;
-  if (!sTrimmedLower.starts_with(u"<#") || IsConditional(sTrimmedLower)) return;
-  bDirective = true;
-  if (!Holds(sTrimmedLower, u">")) {
-    ReportError(mlLine, u"Close Chevron missing from Directive " + Text(sTrimmedLower));
-    return;
+  if (!trimmedLower.starts_with(u"<#") || IsConditional(trimmedLower)) return std::nullopt;
+  if (!Holds(trimmedLower, u">")) {
+    ReportError(mLine, u"Close Chevron missing from Directive " + Text(trimmedLower));
+    return NoDirective;
   }
-  const TextView sName = sTrimmedLower.substr(0, sTrimmedLower.find_first_of(u" >"));
-  for (std::size_t i = 1; i < asDirective.size(); ++i) {
-    if (sName == asDirective[i]) eDirective = static_cast<Directive>(i);
-  }
-  if (eDirective == NoDirective) ReportError(mlLine, u"Unknown Directive " + Text(sName));
+  const TextView name = trimmedLower.substr(0, trimmedLower.find_first_of(u" >"));
+  const auto found = std::find(Names.begin() + 1, Names.end(), name);
+  if (found != Names.end()) return static_cast<Directive>(found - Names.begin());
+  ReportError(mLine, u"Unknown Directive " + Text(name));
+  return NoDirective;
 }
 
-void TemplateLoader::LoadDirective(Directive eDirective, TextView sLine) {
-  moTag.SetTag(Trim(sLine));
-  if (eDirective == DirectiveTemplate) {
+void TemplateLoader::LoadDirective(Directive directive, TextView line) {
+  mTag.SetTag(Trim(line));
+  if (directive == DirectiveTemplate) {
     LoadTemplateDirective();
   } else if (!HasTemplate()) {
-    ReportError(mlLine, u"Directive found without preceding #Template directive");
-  } else if (eDirective != NoDirective) {
-    LoadPlace(eDirective);
+    ReportError(mLine, u"Directive found without preceding #Template directive");
+  } else if (directive != NoDirective) {
+    LoadPlace(directive);
   }
 }
 
 void TemplateLoader::AddDirectiveRow() {
-  moTemplate.moSet.lines.emplace_back();
-  moTemplate.moSet.lines.back().lFileLine = mlLine;
+  mEngine.mSet.lines.emplace_back();
+  mEngine.mSet.lines.back().fileLine = mLine;
 }
 
 void TemplateLoader::LoadTemplateDirective() {
-  ValidateTemplate(static_cast<std::int32_t>(moTemplate.moSet.templates.size()) - 1);
-  TemplateRow& oRow = moTemplate.moSet.templates.emplace_back();
+  ValidateTemplate(static_cast<std::int32_t>(mEngine.mSet.templates.size()) - 1);
+  TemplateRow& row = mEngine.mSet.templates.emplace_back();
   AddDirectiveRow();
-  oRow.lStart.values.fill(-1);
-  oRow.lStart[Section::Global] = LastRow();
-  oRow.lDirectiveLine = mlLine;
-  LoadTemplateName(oRow);
-  Text sInherit = moTag.Parameter(u"inherit");
-  if (sInherit.empty()) sInherit = moTag.Parameter(u"usemoduledefaults");
-  oRow.bInherit = EqualNoCase(sInherit, u"true");
-  LoadTemplateType(oRow);
+  row.lStart.values.fill(-1);
+  row.lStart[Section::Global] = LastRow();
+  row.lDirectiveLine = mLine;
+  LoadTemplateName(row);
+  Text inherit = mTag.Parameter(u"inherit");
+  if (inherit.empty()) inherit = mTag.Parameter(u"usemoduledefaults");
+  row.bInherit = EqualNoCase(inherit, u"true");
+  LoadTemplateType(row);
 }
 
-void TemplateLoader::LoadTemplateName(TemplateRow& oRow) {
-  oRow.sName = moTag.Parameter(u"name");
-  moTemplate.ReportError(u"Processing Template " + Quoted(oRow.sName));
-  if (oRow.sName.empty()) {
-    ReportError(mlLine, u"Name Parameter Missing from Template Directive");
-  } else if (!MXString::IsAlphaNumeric(oRow.sName, u"_.")) {
-    ReportError(mlLine, u"Name Parameter contains Invalid Characters");
+void TemplateLoader::LoadTemplateName(TemplateRow& row) {
+  row.sName = mTag.Parameter(u"name");
+  mEngine.ReportError(u"Processing Template " + Quoted(row.sName));
+  if (row.sName.empty()) {
+    ReportError(mLine, u"Name Parameter Missing from Template Directive");
+  } else if (!MXString::IsAlphaNumeric(row.sName, u"_.")) {
+    ReportError(mLine, u"Name Parameter contains Invalid Characters");
   }
 }
 
-void TemplateLoader::LoadTemplateType(TemplateRow& oRow) {
-  const Text sType = LowerCase(moTag.Parameter(u"type"));
-  if (sType == u"signature") {
-    oRow.eType = TemplateType::Signature;
-  } else if (sType == u"module") {
-    oRow.eType = TemplateType::Module;
-  } else if (sType == u"procedure") {
-    oRow.eType = TemplateType::Procedure;
+void TemplateLoader::LoadTemplateType(TemplateRow& row) {
+  const Text type = LowerCase(mTag.Parameter(u"type"));
+  if (type == u"signature") {
+    row.eType = TemplateType::Signature;
+  } else if (type == u"module") {
+    row.eType = TemplateType::Module;
+  } else if (type == u"procedure") {
+    row.eType = TemplateType::Procedure;
   } else {
-    ReportError(mlLine, sType.empty() ? TextView(u"Type Parameter Missing from Template Directive")
-                                      : TextView(u"Type Parameter Invalid"));
+    ReportError(mLine, type.empty() ? TextView(u"Type Parameter Missing from Template Directive")
+                                    : TextView(u"Type Parameter Invalid"));
   }
 }
 
-Section TemplateLoader::SectionOf(Directive eDirective) {
+Section TemplateLoader::SectionOf(Directive directive) {
   // The sections are in the order of their directives.
-  return static_cast<Section>(eDirective - DirectiveTemplate);
+  return static_cast<Section>(directive - DirectiveTemplate);
 }
 
-void TemplateLoader::LoadPlace(Directive eDirective) {
-  const Section eSection = SectionOf(eDirective);
-  TemplateRow& oRow = LastTemplate();
+void TemplateLoader::LoadPlace(Directive directive) {
+  const Section section = SectionOf(directive);
+  TemplateRow& row = LastTemplate();
   AddDirectiveRow();
-  if (oRow.lStart[eSection] < 0) {
-    oRow.lStart[eSection] = LastRow();
+  if (row.lStart[section] < 0) {
+    row.lStart[section] = LastRow();
   } else {
-    ReportError(mlLine, u"Duplicate Directive");
+    ReportError(mLine, u"Duplicate Directive");
   }
 
-  const Text sLike = moTag.Parameter(u"like");
-  if (!sLike.empty()) {
-    oRow.sLike[eSection] = LikePattern(sLike);
-  } else if (eDirective == DirectiveBodyStart || eDirective == DirectiveFireStart) {
-    oRow.sLike[eSection] = moLastPattern;
+  const Text like = mTag.Parameter(u"like");
+  if (!like.empty()) {
+    row.sLike[section] = LikePattern(like);
+  } else if (directive == DirectiveBodyStart || directive == DirectiveFireStart) {
+    row.sLike[section] = mLastPattern;
   }
-  if (eDirective == DirectiveEnd) {
+  if (directive == DirectiveEnd) {
     // Stretches of rows run to the row of <#End>; one row behind it may be looked at.
     AddDirectiveRow();
-    ValidateTemplate(static_cast<std::int32_t>(moTemplate.moSet.templates.size()) - 1);
+    ValidateTemplate(static_cast<std::int32_t>(mEngine.mSet.templates.size()) - 1);
   }
 }
 
-void TemplateLoader::LoadScriptLine(TextView sLine, TextView sTrimmedLower) {
+void TemplateLoader::LoadScriptLine(TextView line, TextView trimmedLower) {
   if (!HasTemplate()) {
-    ReportError(mlLine, u"Script line found without preceding #Template directive");
+    ReportError(mLine, u"Script line found without preceding #Template directive");
     return;
   }
-  LineRow oLine;
-  oLine.bScript = true;
-  oLine.lFileLine = mlLine;
-  if (IsConditional(sTrimmedLower)) oLine.sIfCondition = TakeCondition(sLine);
-  oLine.sLine = Text(sLine);
-  Text sFolded;
-  MXString::FoldLine(sLine, sFolded);
-  oLine.sLike = LikePattern(PatternOf(sFolded));
+  LineRow scriptRow;
+  scriptRow.script = true;
+  scriptRow.fileLine = mLine;
+  if (IsConditional(trimmedLower)) scriptRow.sIfCondition = TakeCondition(line);
+  scriptRow.sLine = Text(line);
+  Text folded;
+  MXString::FoldLine(line, folded);
+  scriptRow.sLike = LikePattern(PatternOf(folded));
 
-  moTemplate.moSet.lines.push_back(oLine);
-  NoteRoles(sFolded, oLine);
-  if (!oLine.sLike.IsEmpty()) RememberPattern(oLine.sLike);
+  mEngine.mSet.lines.push_back(scriptRow);
+  NoteRoles(folded, scriptRow);
+  if (!scriptRow.sLike.IsEmpty()) RememberPattern(scriptRow.sLike);
 }
 
-void TemplateLoader::NoteRoles(const Text& sFolded, const LineRow& oLine) {
-  TemplateRow& oRow = LastTemplate();
-  const std::int32_t lRow = LastRow();
-  SetIfFirst(oRow.lBoundary, lRow, Holds(sFolded, u"<%boundary>"));
-  SetIfFirst(oRow.lSeverity, lRow, Holds(sFolded, u"<%severity>"));
-  SetIfFirst(oRow.lRetry, lRow, Holds(sFolded, u"<%retry>"));
-  SetIfFirst(oRow.lTrace, lRow, oLine.sIfCondition == u"trace");
+void TemplateLoader::NoteRoles(const Text& folded, const LineRow& scriptRow) {
+  TemplateRow& row = LastTemplate();
+  const std::int32_t number = LastRow();
+  SetIfFirst(row.lBoundary, number, Holds(folded, u"<%boundary>"));
+  SetIfFirst(row.lSeverity, number, Holds(folded, u"<%severity>"));
+  SetIfFirst(row.lRetry, number, Holds(folded, u"<%retry>"));
+  SetIfFirst(row.lTrace, number, scriptRow.sIfCondition == u"trace");
   // The text as it stands: a blank that ends the line counts here.
-  const Text sLower = LowerCase(oLine.sLine);
-  if (Holds(sLower, u".traceexit ") || Holds(sLower, u".traceexit(")) oRow.lTraceExit = lRow;
+  const Text lower = LowerCase(scriptRow.sLine);
+  if (Holds(lower, u".traceexit ") || Holds(lower, u".traceexit(")) row.lTraceExit = number;
 }
 
-void TemplateLoader::RememberPattern(const LikePattern& oPattern) {
-  moLastPattern = oPattern;
-  if (meLastDirective != DirectiveBodyEnd && meLastDirective != DirectiveFireEnd) return;
-  LikePattern& oPlace = LastTemplate().sLike[SectionOf(meLastDirective)];
-  if (oPlace.IsEmpty()) oPlace = oPattern;
+void TemplateLoader::RememberPattern(const LikePattern& pattern) {
+  mLastPattern = pattern;
+  if (mLastDirective != DirectiveBodyEnd && mLastDirective != DirectiveFireEnd) return;
+  LikePattern& place = LastTemplate().sLike[SectionOf(mLastDirective)];
+  if (place.IsEmpty()) place = pattern;
 }
 
-void TemplateLoader::ReportError(std::int32_t lLine, TextView sMessage) {
-  if (sMessage.empty()) return;
-  moTemplate.ReportError(u"    Line " + ToText(lLine) + u' ' + Text(sMessage));
+void TemplateLoader::ReportError(std::int32_t lineNumber, TextView message) {
+  if (message.empty()) return;
+  mEngine.ReportError(u"    Line " + ToText(lineNumber) + u' ' + Text(message));
   goError->CloseError(1);
-  ++moTemplate.mlLoadErrors;
+  ++mEngine.mLoadErrors;
 }
 
 void TemplateLoader::ReportResult() {
-  if (moTemplate.mlLoadErrors == 0) {
-    moTemplate.ReportError(u"No Errors - Template File Loaded\r\n");
+  if (mEngine.mLoadErrors == 0) {
+    mEngine.ReportError(u"No Errors - Template File Loaded\r\n");
     return;
   }
-  moTemplate.ReportError(ToText(moTemplate.mlLoadErrors) + u" Errors Found");
+  mEngine.ReportError(ToText(mEngine.mLoadErrors) + u" Errors Found");
   goError->CloseError(1);
 }

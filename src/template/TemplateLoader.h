@@ -13,6 +13,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "CTag.h"
@@ -21,15 +22,15 @@
 
 class TemplateLoader {
  public:
-  /// oTemplate must outlive the loader. Announces the file.
-  TemplateLoader(CTemplate& oTemplate, TextView sFile);
+  /// engine must outlive the loader. Announces the file.
+  TemplateLoader(CTemplate& engine, TextView file);
 
   /// In the place of a load, when the file couldn't be read and the user goes on without it.
   void ReportUnread();
   /// The contents of a file: UTF-8 if they can be nothing else, or else code page 1252.
-  void LoadBytes(std::string_view sBytes);
+  void LoadBytes(std::string_view bytes);
   /// Appends to the tables and ends with the result of the load as a message.
-  void LoadText(TextView sText);
+  void LoadText(TextView text);
 
  private:
   enum Directive : std::int32_t {
@@ -43,36 +44,35 @@ class TemplateLoader {
     DirectiveEnd
   };
 
-  void LoadLines(TextView sText);
-  void LoadLine(TextView sLine);
-  /// eDirective: NoDirective for one that is broken or unknown, which is reported here.
-  void IsDirective(TextView sTrimmedLower, Directive& eDirective, bool& bDirective);
-  void LoadDirective(Directive eDirective, TextView sLine);
+  void LoadLines(TextView text);
+  void LoadLine(TextView line);
+  /// Nothing for a line that is no directive; NoDirective for one that is broken or unknown, which
+  /// is reported here.
+  std::optional<Directive> DirectiveIn(TextView trimmedLower);
+  void LoadDirective(Directive directive, TextView line);
   void LoadTemplateDirective();
-  void LoadTemplateName(TemplateRow& oRow);
-  void LoadTemplateType(TemplateRow& oRow);
-  static Section SectionOf(Directive eDirective);
-  void LoadPlace(Directive eDirective);
-  void LoadScriptLine(TextView sLine, TextView sTrimmedLower);
-  void NoteRoles(const Text& sFolded, const LineRow& oLine);
-  void RememberPattern(const LikePattern& oPattern);
-  void ValidateTemplate(std::int32_t lTemplate);
-  void ReportError(std::int32_t lLine, TextView sMessage);
+  void LoadTemplateName(TemplateRow& row);
+  void LoadTemplateType(TemplateRow& row);
+  static Section SectionOf(Directive directive);
+  void LoadPlace(Directive directive);
+  void LoadScriptLine(TextView line, TextView trimmedLower);
+  void NoteRoles(const Text& folded, const LineRow& scriptRow);
+  void RememberPattern(const LikePattern& pattern);
+  void ValidateTemplate(std::int32_t number);
+  void ReportError(std::int32_t lineNumber, TextView message);
   void ReportResult();
 
-  bool HasTemplate() const { return moTemplate.moSet.templates.size() > 1; }
-  TemplateRow& LastTemplate() { return moTemplate.moSet.templates.back(); }
-  std::int32_t LastRow() const {
-    return static_cast<std::int32_t>(moTemplate.moSet.lines.size()) - 1;
-  }
+  bool HasTemplate() const { return mEngine.mSet.templates.size() > 1; }
+  TemplateRow& LastTemplate() { return mEngine.mSet.templates.back(); }
+  std::int32_t LastRow() const { return static_cast<std::int32_t>(mEngine.mSet.lines.size()) - 1; }
   void AddDirectiveRow();
 
-  CTemplate& moTemplate;
-  Text msFile;
-  CTag moTag;
-  std::int32_t mlLine = 0;
-  Directive meLastDirective = NoDirective;
+  CTemplate& mEngine;
+  Text mFile;
+  CTag mTag;
+  std::int32_t mLine = 0;
+  Directive mLastDirective = NoDirective;
   /// Of the last script line that isn't blank. Kept across templates: a place without lines of its
   /// own ahead of it still gets a pattern, and TemplateCheck tells that it won't be found.
-  LikePattern moLastPattern;
+  LikePattern mLastPattern;
 };

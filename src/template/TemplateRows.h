@@ -75,11 +75,11 @@ struct TemplateRow {
 
 /// One row of matLine: a directive or a script line.
 struct LineRow {
-  bool bScript = false;
+  bool script = false;
   Text sIfCondition;
   LikePattern sLike;
   Text sLine;
-  std::int32_t lFileLine = 0;  ///< line in the file, from 1, for reports
+  std::int32_t fileLine = 0;  ///< line in the file, from 1, for reports
 
   // Worked out behind the load by TemplateSet::Prepare, for a script row.
   std::vector<RowPiece> pieces;

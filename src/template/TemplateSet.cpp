@@ -67,7 +67,7 @@ RowCondition ConditionOf(TextView word) {
 }
 
 void PrepareRow(LineRow& row) {
-  if (!row.bScript) return;
+  if (!row.script) return;
   row.pieces = PiecesOf(row.sLine);
   MXString::FoldLine(row.sLine, row.folded);
   row.condition = ConditionOf(row.sIfCondition);

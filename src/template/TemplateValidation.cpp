@@ -12,18 +12,18 @@ enum class Fault {
 };
 
 struct Rule {
-  TemplateType eType;
-  Fault eFault;
-  Section eSection;
-  Section eOther;
-  TextView sMessage;
+  TemplateType type;
+  Fault fault;
+  Section section;
+  Section other;
+  TextView message;
 };
 
 constexpr TemplateType Any = TemplateType::Unknown;
 constexpr Section None = Section::Global;
 
 // In the order of the messages.
-constexpr Rule atRule[] = {
+constexpr Rule Rules[] = {
     {Any, Fault::Missing, Section::Start, None, u"#Start Directive not found in Template"},
     {Any, Fault::Missing, Section::End, None, u"#End Directive not found in Template"},
 
@@ -63,38 +63,38 @@ constexpr Rule atRule[] = {
      u"#FireExitEnd Directive found before #BodyEnd Directive"},
 };
 
-bool Found(const TemplateRow& oRow, Section eSection) {
-  return oRow.lStart[eSection] >= 1;
+bool Found(const TemplateRow& row, Section section) {
+  return row.lStart[section] >= 1;
 }
 
-bool Breaks(const TemplateRow& oRow, const Rule& oRule) {
-  const bool bFound = Found(oRow, oRule.eSection);
-  switch (oRule.eFault) {
+bool Breaks(const TemplateRow& row, const Rule& rule) {
+  const bool found = Found(row, rule.section);
+  switch (rule.fault) {
     case Fault::Missing:
-      return !bFound;
+      return !found;
     case Fault::Present:
-      return bFound;
+      return found;
     case Fault::Above:
       // A section that isn't there has a row below every other one.
-      return bFound && oRow.lStart[oRule.eSection] < oRow.lStart[oRule.eOther];
+      return found && row.lStart[rule.section] < row.lStart[rule.other];
     case Fault::WithoutPair:
-      return bFound && !Found(oRow, oRule.eOther);
+      return found && !Found(row, rule.other);
   }
   return false;
 }
 
 }  // namespace
 
-void TemplateLoader::ValidateTemplate(std::int32_t lTemplate) {
-  const auto lCount = static_cast<std::int32_t>(moTemplate.moSet.templates.size());
-  if (lTemplate < 1 || lTemplate >= lCount) return;
-  TemplateRow& oRow = moTemplate.moSet.templates[static_cast<std::size_t>(lTemplate)];
-  if (oRow.bValidated) return;
-  oRow.bValidated = true;
-  if (oRow.eType == TemplateType::Unknown) return;
-  if (oRow.eType == TemplateType::Procedure) oRow.bFire = Found(oRow, Section::FireStart);
-  for (const Rule& oRule : atRule) {
-    const bool bApplies = oRule.eType == Any || oRule.eType == oRow.eType;
-    if (bApplies && Breaks(oRow, oRule)) ReportError(oRow.lDirectiveLine, oRule.sMessage);
+void TemplateLoader::ValidateTemplate(std::int32_t number) {
+  const auto count = static_cast<std::int32_t>(mEngine.mSet.templates.size());
+  if (number < 1 || number >= count) return;
+  TemplateRow& row = mEngine.mSet.templates[static_cast<std::size_t>(number)];
+  if (row.bValidated) return;
+  row.bValidated = true;
+  if (row.eType == TemplateType::Unknown) return;
+  if (row.eType == TemplateType::Procedure) row.bFire = Found(row, Section::FireStart);
+  for (const Rule& rule : Rules) {
+    const bool applies = rule.type == Any || rule.type == row.eType;
+    if (applies && Breaks(row, rule)) ReportError(row.lDirectiveLine, rule.message);
   }
 }

@@ -14,7 +14,7 @@ TokenReader::TokenReader(TextView row) : mRow(row) {
 
 std::optional<Text> TokenReader::Value(TextView line, TextView token) const {
   if (mTokens == 0) return std::nullopt;
-  // A token that stands twice has no one value.
+  // Of a token that stands twice nobody could tell which of the two values is meant.
   Text mark = u"<";
   mark.append(token).append(u">");
   const std::size_t place = mRow.find(mark);

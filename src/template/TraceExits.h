@@ -11,15 +11,15 @@ namespace TraceExits {
 
 /// The statement for one procedure, trimmed and without a comment, which would make one of the Exit
 /// behind it; empty when the row holds no code.
-Text GetTraceExit(const LineRow& oRow, const SectionValues& oValues);
+Text GetTraceExit(const LineRow& row, const SectionValues& values);
 
-/// The line with sTraceExit in front of its first `Exit <sBaseType>` in code. sBaseType has its
-/// case; a mark in a literal or comment doesn't count. sTraceExit is trimmed and not empty.
-Text Insert(TextView sLine, TextView sBaseType, TextView sTraceExit);
+/// The line with traceExit in front of its first `Exit <baseType>` in code. baseType has its
+/// case; a mark in a literal or comment doesn't count. traceExit is trimmed and not empty.
+Text Insert(TextView line, TextView baseType, TextView traceExit);
 
 /// The line without its trace exits. First the exact statement of this procedure in front of its
 /// Exit (behind Then, Else or a line number as well), then every statement that fits the pattern:
 /// the procedure may have been renamed since. A line with none comes back as it was.
-Text Remove(TextView sLine, TextView sBaseType, TextView sTraceExit, const LikePattern& oPattern);
+Text Remove(TextView line, TextView baseType, TextView traceExit, const LikePattern& pattern);
 
 }  // namespace TraceExits

@@ -27,7 +27,7 @@ std::string Check(const Text& sText) {
   oTemplate.LoadTemplateText(u"t.dat", Expand(sText));
   std::string sFound;
   for (const TemplateFinding& oFinding : CheckTemplate(oTemplate)) {
-    sFound += std::to_string(oFinding.lLine) + ": " + ToUtf8(oFinding.sMessage) + "\n";
+    sFound += std::to_string(oFinding.line) + ": " + ToUtf8(oFinding.message) + "\n";
   }
   return sFound;
 }
@@ -174,7 +174,7 @@ TEST(TemplateCheck, FindsNothingInTheSample) {
   oTemplate.LoadTemplateFile(FromUtf8(QUILLON_SOURCE_DIR "/samples/Template.dat"));
   EXPECT_EQ(oTemplate.LoadErrors(), 0);
   for (const TemplateFinding& oFinding : CheckTemplate(oTemplate)) {
-    ADD_FAILURE() << oFinding.lLine << ": " << ToUtf8(oFinding.sMessage);
+    ADD_FAILURE() << oFinding.line << ": " << ToUtf8(oFinding.message);
   }
 }
 

@@ -39,7 +39,7 @@ struct Loaded {
     const TemplateRow& t = Template();
     std::string sText = "text=[" + ToUtf8(l.sLine) + "] if=[" + ToUtf8(l.sIfCondition) +
                         "] like=[" + ToUtf8(l.sLike.Pattern()) +
-                        "] line=" + std::to_string(l.lFileLine) + " rows=";
+                        "] line=" + std::to_string(l.fileLine) + " rows=";
     for (auto lRow : t.lStart.values) sText += std::to_string(lRow) + ",";
     sText += std::to_string(oTemplate.Lines().size()) + " roles=";
     for (auto lRow : {t.lBoundary, t.lSeverity, t.lRetry, t.lTrace, t.lTraceExit}) {
