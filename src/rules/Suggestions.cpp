@@ -2,128 +2,134 @@
 
 #include <algorithm>
 
-#include "MQuillon.h"
-
 namespace {
 
 using MQuillon::Boundary;
 using MRules::Values;
-using Suggestions::Facts;
-using Suggestions::Kind;
+using namespace Suggestions;
 
 // What the three kinds take from the rules, where they differ.
 struct Defaults {
-  const Text& sTemplate;
-  MQuillon::Severity eSeverity;
-  MQuillon::Retry eRetry;
+  TextView templateName;
+  MQuillon::Severity severity;
+  MQuillon::Retry retry;
 };
 
-Defaults DefaultsOf(Kind eKind, const Values& oRules) {
-  if (eKind == Kind::Declarations) {
-    return {oRules.sDefaultModTemplate, oRules.eModSeverityDefault, oRules.eModRetryDefault};
+Defaults DefaultsOf(Kind kind, const Values& rules) {
+  if (kind == Kind::Declarations) {
+    return {rules.sDefaultModTemplate, rules.eModSeverityDefault, rules.eModRetryDefault};
   }
-  return {oRules.sDefaultProcTemplate, oRules.eSeverityDefault, oRules.eRetryDefault};
+  return {rules.sDefaultProcTemplate, rules.eSeverityDefault, rules.eRetryDefault};
 }
 
 // A member that implements an interface carries the interface's name and an underscore in front.
-bool ImplementsForeign(const Facts& oFacts) {
-  const Text sName = oFacts.asForeignInterface.empty() ? Text() : LowerCase(oFacts.sName);
-  const auto bPrefix = [&](const Text& sInterface) {
-    return sName.size() > sInterface.size() && sName[sInterface.size()] == u'_' &&
-           sName.starts_with(sInterface);
-  };
-  return std::any_of(oFacts.asForeignInterface.begin(), oFacts.asForeignInterface.end(), bPrefix);
+bool ImplementsForeign(const Facts& facts) {
+  const Text name = facts.asForeignInterface.empty() ? Text() : LowerCase(facts.sName);
+  return std::ranges::any_of(facts.asForeignInterface, [&](const Text& foreign) {
+    return name.size() > foreign.size() && name[foreign.size()] == u'_' &&
+           name.starts_with(foreign);
+  });
 }
 
-// The run-time calls event handlers, so that no caller of the project could handle their errors
-// (VB). A component with event sources is never taken for a public class here, even when it is one.
-Boundary MethodCandidate(const Facts& oFacts) {
-  if (ImplementsForeign(oFacts)) return Boundary::ActiveX;
-  if (oFacts.sName == u"Class_Terminate") return Boundary::VB;
-  if (oFacts.bHasEventSource) {
-    return oFacts.bEventHandler ? Boundary::VB : Boundary::None;
+bool IsPublicMember(const Facts& facts) {
+  return facts.nScope == MQuillon::MemberScope::Public && facts.bPublicClass;
+}
+
+// The run-time calls event handlers, so that no caller of the project could handle their errors. A
+// component with event sources is never taken for a public class here, even when it is one.
+Fact MethodFact(const Facts& facts) {
+  if (ImplementsForeign(facts)) return Fact::ForeignInterface;
+  if (facts.sName == u"Class_Terminate") return Fact::ClassTerminate;
+  if (facts.bHasEventSource) {
+    return facts.bEventHandler ? Fact::EventHandler : Fact::NoEventHandler;
   }
-  const bool bExposed = oFacts.nScope == MQuillon::MemberScope::Public && oFacts.bPublicClass;
-  return bExposed ? Boundary::ActiveX : Boundary::None;
+  return IsPublicMember(facts) ? Fact::PublicClass : Fact::Inside;
 }
 
-Boundary PropertyCandidate(const Facts& oFacts) {
-  const bool bExposed = oFacts.nScope == MQuillon::MemberScope::Public && oFacts.bPublicClass;
-  return bExposed || ImplementsForeign(oFacts) ? Boundary::ActiveX : Boundary::None;
+Fact PropertyFact(const Facts& facts) {
+  if (ImplementsForeign(facts)) return Fact::ForeignInterface;
+  return IsPublicMember(facts) ? Fact::PublicClass : Fact::Inside;
 }
 
-Boundary DeclarationsCandidate(const Facts& oFacts) {
-  if (oFacts.bHasDesigner && oFacts.bHasEventSource) return Boundary::VB;
-  return oFacts.bPublicClass ? Boundary::ActiveX : Boundary::None;
+Fact DeclarationsFact(const Facts& facts) {
+  if (facts.bHasDesigner && facts.bHasEventSource) return Fact::Designer;
+  return facts.bPublicClass ? Fact::PublicClass : Fact::Inside;
 }
 
-void ClearFlags(CProcSettings& oSuggest) {
-  oSuggest.bTemplateLeave = oSuggest.bSeverityLeave = oSuggest.bRetryLeave = oSuggest.bTraceLeave =
-      oSuggest.bBoundaryExpert = oSuggest.bFirewallLeave = oSuggest.bBoundaryLeave = false;
+/// The value in the code where there is one and its rule leaves it, else the default.
+template <class Value>
+Suggested<Value> LeftOrDefault(Value current, bool replaces, Value defaultValue) {
+  if (current != Value() && !replaces) return {current, {Rule::Leave}};
+  return {defaultValue, {Rule::Default}};
 }
 
-void SuggestTemplate(const Defaults& oDefaults, const CProcSettings& oCurrent, bool bReplace,
-                     CProcSettings& oSuggest) {
-  const bool bDefault = oCurrent.sTemplate().empty() || bReplace;
-  oSuggest.SetsTemplate(bDefault ? TextView(oDefaults.sTemplate) : oCurrent.sTemplate());
-  oSuggest.bTemplateLeave = !bDefault;
-}
-
-// The value to suggest for Severity, Retry or Trace.
-template <class Choice>
-Choice Chosen(Choice eCurrent, bool bReplace, Choice eDefault, bool& bLeave) {
-  bLeave = eCurrent != Choice::Unset && !bReplace;
-  return bLeave ? eCurrent : eDefault;
-}
-
-void SuggestBoundary(const Facts& oFacts, Boundary eCurrent, const Values& oRules,
-                     CProcSettings& oSuggest) {
-  oSuggest.bBoundaryExpert = oRules.bExpertEnabled;
-  const bool bFirewall = eCurrent == Boundary::Firewall;
-  oSuggest.bFirewallLeave = bFirewall && !oRules.bFirewallReplace;
-  oSuggest.bBoundaryLeave = !bFirewall && eCurrent != Boundary::Unset && !oRules.bBoundaryReplace;
-  if (oSuggest.bFirewallLeave || oSuggest.bBoundaryLeave) {
-    oSuggest.SeteBoundary(eCurrent);
-  } else {
-    oSuggest.SeteBoundary(oRules.bExpertEnabled ? Suggestions::BoundaryCandidate(oFacts)
-                                                : oRules.eBoundaryDefault);
+Suggested<Boundary> SuggestedBoundary(const Facts& facts, Boundary current, const Values& rules) {
+  const Fact fact = rules.bExpertEnabled ? DecidingFact(facts) : Fact::None;
+  if (current == Boundary::Firewall) {
+    if (!rules.bFirewallReplace) return {current, {Rule::LeaveFirewall, fact}};
+  } else if (current != Boundary::Unset && !rules.bBoundaryReplace) {
+    return {current, {Rule::LeaveBoundary, fact}};
   }
+  if (rules.bExpertEnabled) return {BoundaryBy(fact), {Rule::Expert, fact}};
+  return {rules.eBoundaryDefault, {Rule::Default}};
 }
 
 }  // namespace
 
 namespace Suggestions {
 
-Boundary BoundaryCandidate(const Facts& oFacts) {
-  switch (oFacts.eKind) {
+Fact DecidingFact(const Facts& facts) {
+  switch (facts.eKind) {
     case Kind::Property:
-      return PropertyCandidate(oFacts);
+      return PropertyFact(facts);
     case Kind::Declarations:
-      return DeclarationsCandidate(oFacts);
-    default:
-      return MethodCandidate(oFacts);
+      return DeclarationsFact(facts);
+    case Kind::Method:
+      break;
   }
+  return MethodFact(facts);
 }
 
-void Suggest(const Facts& oFacts, const CProcSettings& oCurrent, const Values& oRules,
-             CProcSettings& oSuggest) {
-  const Defaults oDefaults = DefaultsOf(oFacts.eKind, oRules);
-  ClearFlags(oSuggest);
-  SuggestTemplate(oDefaults, oCurrent, oRules.bTemplateReplace, oSuggest);
-  if (oSuggest.sTemplate().empty()) {
-    oSuggest.SeteSeverity(MQuillon::Severity::Unset);
-    oSuggest.SeteRetry(MQuillon::Retry::Unset);
-    oSuggest.SeteTrace(MQuillon::TriState::Unset);
-    oSuggest.SeteBoundary(Boundary::Unset);
-    return;
+Boundary BoundaryBy(Fact fact) {
+  switch (fact) {
+    case Fact::EventHandler:
+    case Fact::ClassTerminate:
+    case Fact::Designer:
+      return Boundary::VB;
+    case Fact::PublicClass:
+    case Fact::ForeignInterface:
+      return Boundary::ActiveX;
+    case Fact::None:
+    case Fact::Inside:
+    case Fact::NoEventHandler:
+      break;
   }
-  oSuggest.SeteSeverity(Chosen(oCurrent.eSeverity(), oRules.bSeverityReplace, oDefaults.eSeverity,
-                               oSuggest.bSeverityLeave));
-  oSuggest.SeteRetry(
-      Chosen(oCurrent.eRetry(), oRules.bRetryReplace, oDefaults.eRetry, oSuggest.bRetryLeave));
-  oSuggest.SeteTrace(
-      Chosen(oCurrent.eTrace(), oRules.bTraceReplace, oRules.eTraceDefault, oSuggest.bTraceLeave));
-  SuggestBoundary(oFacts, oCurrent.eBoundary(), oRules, oSuggest);
+  return Boundary::None;
+}
+
+Suggestion SuggestionFor(const Facts& facts, const CProcSettings& current, const Values& rules,
+                         bool keepsForeign) {
+  const Defaults defaults = DefaultsOf(facts.eKind, rules);
+  Suggestion suggestion;
+  suggestion.templateName =
+      LeftOrDefault(current.sTemplate(), rules.bTemplateReplace, defaults.templateName);
+  if (suggestion.templateName.value.empty() && !keepsForeign) {
+    constexpr Reason None = {Rule::NoTemplate};
+    suggestion.boundary.reason = suggestion.severity.reason = suggestion.retry.reason =
+        suggestion.trace.reason = None;
+    return suggestion;
+  }
+  suggestion.severity =
+      LeftOrDefault(current.eSeverity(), rules.bSeverityReplace, defaults.severity);
+  suggestion.retry = LeftOrDefault(current.eRetry(), rules.bRetryReplace, defaults.retry);
+  suggestion.trace = LeftOrDefault(current.eTrace(), rules.bTraceReplace, rules.eTraceDefault);
+  suggestion.boundary = SuggestedBoundary(facts, current.eBoundary(), rules);
+  return suggestion;
+}
+
+void Suggest(const Facts& facts, const CProcSettings& current, const Values& rules,
+             CProcSettings& settings) {
+  Write(SuggestionFor(facts, current, rules, settings.bForeign()), settings);
 }
 
 }  // namespace Suggestions

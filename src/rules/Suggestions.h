@@ -1,16 +1,16 @@
 // The decisions of the Property Expert as pure functions: facts about a procedure, its Current
-// settings and the rules give its Suggested settings and the seven flags that say how.
+// settings and the rules give its Suggested settings, each value with its reason.
 //
 //   Suggestions::Suggest({.eKind = Suggestions::Kind::Method, .sName = u"Class_Terminate", ...},
 //                        oCurrent, MRules::oRules, oSuggest);
 #pragma once
 
-#include <cstdint>
 #include <span>
 
 #include "CProcSettings.h"
 #include "Choices.h"
 #include "MRules.h"
+#include "Reasons.h"
 #include "Text.h"
 
 namespace Suggestions {
@@ -29,12 +29,18 @@ struct Facts {
   std::span<const Text> asForeignInterface = {};
 };
 
-/// The Boundary that the analysis gives, whatever the rules say: None, VB or ActiveX.
-MQuillon::Boundary BoundaryCandidate(const Facts& oFacts);
+/// What decides about the boundary when the Property Expert is asked; never Fact::None.
+Fact DecidingFact(const Facts& facts);
+/// None, VB or ActiveX.
+MQuillon::Boundary BoundaryBy(Fact fact);
 
-/// Fills oSuggest. It is the same object at every pass: once it has taken over a foreign template
-/// it ignores every later write, as its setters say.
-void Suggest(const Facts& oFacts, const CProcSettings& oCurrent, const MRules::Values& oRules,
-             CProcSettings& oSuggest);
+/// Works out the suggestion. keepsForeign: it is for settings that have taken over a foreign
+/// template and so keep it, whatever the rules say.
+Suggestion SuggestionFor(const Facts& facts, const CProcSettings& current,
+                         const MRules::Values& rules, bool keepsForeign = false);
+
+/// Works out the suggestion and writes it into settings, the same object at every pass.
+void Suggest(const Facts& facts, const CProcSettings& current, const MRules::Values& rules,
+             CProcSettings& settings);
 
 }  // namespace Suggestions

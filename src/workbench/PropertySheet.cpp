@@ -1,5 +1,7 @@
 #include "PropertySheet.h"
 
+#include "Reasons.h"
+
 using namespace MQuillon;
 
 namespace PropertySheet {
@@ -95,27 +97,16 @@ void AddCurrent(const Subject& oSubject, std::vector<Row>& oRows) {
   if (HasTraceRow(oSubject)) oRows.push_back(Shown(o, TraceRow));
 }
 
-TextView BoundaryNote(const CProcSettings& o, bool bSeveral) {
-  // For several procedures a flag is set only if all of them have it. When several flags are set
-  // there is no single reason to show.
-  if (bSeveral && o.bFirewallLeave + o.bBoundaryLeave + o.bBoundaryExpert != 1) return {};
-  if (o.bFirewallLeave) return u"[Leave Firewall]";
-  if (o.bBoundaryLeave) return u"[Leave Boundary]";
-  return o.bBoundaryExpert ? TextView(u"[Property Expert]") : TextView();
-}
-
-TextView Leave(bool bLeave) {
-  return bLeave ? TextView(u"[Leave]") : TextView();
-}
-
 void AddSuggested(const Subject& oSubject, std::vector<Row>& oRows) {
+  using Suggestions::Note;
   const CProcSettings& o = oSubject.oSuggest;
+  const auto suggestion = Suggestions::SuggestionOf(o, oSubject.bSeveral);
   oRows.push_back(Heading(u"Suggested", 3));
-  oRows.push_back(ShownTemplate(o, Leave(o.bTemplateLeave)));
-  oRows.push_back(Shown(o, BoundaryRow, BoundaryNote(o, oSubject.bSeveral)));
-  oRows.push_back(Shown(o, SeverityRow, Leave(o.bSeverityLeave)));
-  oRows.push_back(Shown(o, RetryRow, Leave(o.bRetryLeave)));
-  if (HasTraceRow(oSubject)) oRows.push_back(Shown(o, TraceRow, Leave(o.bTraceLeave)));
+  oRows.push_back(ShownTemplate(o, Note(suggestion.templateName.reason)));
+  oRows.push_back(Shown(o, BoundaryRow, Note(suggestion.boundary.reason)));
+  oRows.push_back(Shown(o, SeverityRow, Note(suggestion.severity.reason)));
+  oRows.push_back(Shown(o, RetryRow, Note(suggestion.retry.reason)));
+  if (HasTraceRow(oSubject)) oRows.push_back(Shown(o, TraceRow, Note(suggestion.trace.reason)));
 }
 
 }  // namespace

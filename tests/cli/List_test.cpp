@@ -77,11 +77,12 @@ TEST(List, JsonTellsPlacesSuggestionsAndLoadFailures) {
   EXPECT_HOLDS(JsonText(oList["loadFailures"][0]["reason"]), std::string("gone.bas"));
   EXPECT_HOLDS(oResult.sErr, std::string("bare can't be read: its controls can't be listed"));
   EXPECT_HOLDS(oResult.sErr, std::string("CTorn can't be read: The header block"));
-  oPlace.Run("apply --set Template=Module --component clsStock Demo.vbg");
+  oPlace.Run("apply --set Template=Module --set Severity=Fatal --component clsStock Demo.vbg");
   oList = ParseJson(oPlace.Run("list --format json --component clsStock Demo.vbg").sOut);
   // Declarations have no trace to leave.
   ExpectFields(oList["procedures"][0],
-               R"({"notes": {"template":"[Leave]","boundary":"[Property Expert]"}})");
+               R"({"notes": {"template": "[Leave]", "boundary": "[Property Expert]",
+                             "severity": "[Leave]"}})");
 }
 
 TEST(List, APathOfAnyBytesHasOneFormThatIsReadBack) {

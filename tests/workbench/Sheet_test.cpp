@@ -83,19 +83,14 @@ TEST_F(SheetTest, RowsOfOneProcedureAndOfSeveral) {
 
 TEST_F(SheetTest, NotesTellWhyAValueStands) {
   using S = CProcSettings;
-  const auto Firewall = &S::bFirewallLeave, Boundary = &S::bBoundaryLeave,
-             Expert = &S::bBoundaryExpert;
   const struct {
     bool bSeveral;
     std::vector<bool S::*> oFlags;
     const char* sNotes;
   } aoRow[] = {
       {false, {}, ""},
-      {false, {Firewall, Boundary, Expert}, "Suggested Boundary[Leave Firewall]"},
-      {false, {Boundary, Expert}, "Suggested Boundary[Leave Boundary]"},
-      {false, {Expert}, "Suggested Boundary[Property Expert]"},
-      {true, {Boundary, Expert}, ""},
-      {true, {Boundary}, "Suggested Boundary[Leave Boundary]"},
+      {false, {&S::bBoundaryLeave, &S::bBoundaryExpert}, "Suggested Boundary[Leave Boundary]"},
+      {true, {&S::bBoundaryLeave, &S::bBoundaryExpert}, ""},
       {false, {&S::bTemplateLeave}, "Suggested Template[Leave]"},
       {false, {&S::bSeverityLeave}, "Suggested Severity[Leave]"},
       {false, {&S::bRetryLeave}, "Suggested Retry[Leave]"},

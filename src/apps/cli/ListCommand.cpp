@@ -6,6 +6,7 @@
 #include "Display.h"
 #include "JsonWriter.h"
 #include "MQuillon.h"
+#include "Reasons.h"
 #include "Table.h"
 
 namespace {
@@ -161,22 +162,21 @@ class Lister {
     oJson.Key("severityInherited").Bool(oSettings.SeverityInherited);
     oJson.Key("retryInherited").Bool(oSettings.RetryInherited);
     oJson.Key("notes").BeginObject();
-    const CProcSettings& oSuggest = oProcedure.oSuggest;
-    Note("template", oSuggest.bTemplateLeave, oJson);
-    if (oSuggest.bFirewallLeave)
-      oJson.Key("boundary").String("[Leave Firewall]");
-    else if (oSuggest.bBoundaryLeave)
-      oJson.Key("boundary").String("[Leave Boundary]");
-    else if (oSuggest.bBoundaryExpert)
-      oJson.Key("boundary").String("[Property Expert]");
-    Note("severity", oSuggest.bSeverityLeave, oJson);
-    Note("retry", oSuggest.bRetryLeave, oJson);
-    Note("trace", oSuggest.bTraceLeave && oProcedure.oMember, oJson);
+    NotesJson(oProcedure, oJson);
     oJson.EndObject();
   }
 
-  static void Note(const char* sProperty, bool bLeave, JsonWriter& oJson) {
-    if (bLeave) oJson.Key(sProperty).String("[Leave]");
+  static void NotesJson(const ProcedureRecord& oProcedure, JsonWriter& oJson) {
+    const auto note = [&](const char* property, const Suggestions::Reason& reason) {
+      const TextView words = Suggestions::Note(reason);
+      if (!words.empty()) oJson.Key(property).String(ToUtf8(words));
+    };
+    const auto suggestion = Suggestions::SuggestionOf(oProcedure.oSuggest);
+    note("template", suggestion.templateName.reason);
+    note("boundary", suggestion.boundary.reason);
+    note("severity", suggestion.severity.reason);
+    note("retry", suggestion.retry.reason);
+    if (oProcedure.oMember) note("trace", suggestion.trace.reason);
   }
 
   void LoadFailureJson(ComponentHandle hComponent, JsonWriter& oJson) {
