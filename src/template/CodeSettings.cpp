@@ -1,6 +1,7 @@
 #include "CodeSettings.h"
 
 #include "MQuillon.h"
+#include "MXString.h"
 #include "MXStringVB.h"
 
 using MQuillon::TriState;
@@ -72,10 +73,72 @@ Choice ReadChoice(const TokenReader& reader, TextView folded, TextView token,
   return value ? byName(Trim(*value)) : Choice::Unset;
 }
 
-/// Shared by both ways of reading: code gives the lines when they are needed.
-template <class Code>
+/// Takes the values out of the lines of one text.
+class ValueReader {
+ public:
+  ValueReader(const TemplateSet& templates, const TemplateRow& row, CProcSettings& settings)
+      : mRow(row),
+        mBoundary(templates.Row(row.lBoundary).sLike),
+        mSeverity(templates.Row(row.lSeverity).sLike),
+        mRetry(templates.Row(row.lRetry).sLike),
+        mTrace(templates.Row(row.lTrace).sLike),
+        mSettings(settings) {}
+
+  /// False for most lines that hold no value, by their first unit that isn't a blank.
+  bool MayBeginWith(char16_t first) const {
+    const char16_t lower = LowerCase(first);
+    return mBoundary.MayBeginWith(lower) || mSeverity.MayBeginWith(lower) ||
+           mRetry.MayBeginWith(lower) || mTrace.MayBeginWith(lower);
+  }
+
+  void Read(TextView folded) {
+    if (mSettings.eBoundary() == MQuillon::Boundary::Unset && mBoundary.Matches(folded)) {
+      mSettings.SeteBoundary(
+          ReadChoice(mRow.boundaryReader, folded, u"%boundary", MQuillon::BoundaryId));
+    }
+    if (mSettings.eSeverity() == MQuillon::Severity::Unset && mSeverity.Matches(folded)) {
+      mSettings.SeteSeverity(
+          ReadChoice(mRow.severityReader, folded, u"%severity", MQuillon::SeverityId));
+    }
+    if (mSettings.eRetry() == MQuillon::Retry::Unset && mRetry.Matches(folded)) {
+      mSettings.SeteRetry(ReadChoice(mRow.retryReader, folded, u"%retry", MQuillon::RetryId));
+    }
+    if (mSettings.eTrace() == TriState::Unset && mTrace.Matches(folded)) {
+      mSettings.SeteTrace(TriState::True);
+    }
+  }
+
+  void Finish() {
+    if (mSettings.eTrace() == TriState::Unset) mSettings.SeteTrace(TriState::False);
+  }
+
+ private:
+  const TemplateRow& mRow;
+  const LikePattern &mBoundary, &mSeverity, &mRetry, &mTrace;
+  CProcSettings& mSettings;
+};
+
+/// From a text that isn't taken apart: only lines that may hold a value are folded.
+void ReadValuesOf(TextView procCode, ValueReader reader) {
+  Text folded;
+  for (std::size_t start = 0; start < procCode.size();) {
+    const std::size_t end = FindLineEnd(procCode, start);
+    std::size_t first = start;
+    while (first < end && procCode[first] == u' ') ++first;
+    if (first < end && reader.MayBeginWith(procCode[first])) {
+      MXString::FoldLine(procCode.substr(first, end - first), folded);
+      reader.Read(folded);
+    }
+    start = end + CrLf.size();
+  }
+  reader.Finish();
+}
+
+/// Shared by both ways of reading. code gives the lines, readValues reads a template's values.
+template <class Code, class ReadValues>
 bool ReadSigned(const TemplateSet& templates, const std::optional<SignatureValue>& signature,
-                TextView procCode, const Code& code, CProcSettings& settings) {
+                TextView procCode, const Code& code, const ReadValues& readValues,
+                CProcSettings& settings) {
   settings.SeteLocked(signature && signature->locked ? TriState::True : TriState::False);
   if (!signature || signature->name.empty()) {
     const bool bespoke = HoldsError(procCode) && IsBespoke(code());
@@ -88,7 +151,7 @@ bool ReadSigned(const TemplateSet& templates, const std::optional<SignatureValue
     return true;
   }
   settings.SetsTemplate(row->sName);
-  CodeSettings::ReadValues(templates, *row, code(), settings);
+  readValues(*row);
   return true;
 }
 
@@ -97,39 +160,27 @@ bool ReadSigned(const TemplateSet& templates, const std::optional<SignatureValue
 bool CodeSettings::Read(const TemplateSet& templates, TextView procCode, CProcSettings& settings) {
   return ReadSigned(
       templates, templates.Signatures().Find(procCode), procCode,
-      [&] { return ProcText(procCode); }, settings);
+      [&] { return ProcText(procCode); },
+      [&](const TemplateRow& row) {
+        ReadValuesOf(procCode, ValueReader(templates, row, settings));
+      },
+      settings);
 }
 
 bool CodeSettings::Read(const TemplateSet& templates, TextView procCode, const ProcText& code,
                         CProcSettings& settings) {
   return ReadSigned(
       templates, templates.Signatures().Find(code), procCode,
-      [&]() -> const ProcText& { return code; }, settings);
+      [&]() -> const ProcText& { return code; },
+      [&](const TemplateRow& row) { ReadValues(templates, row, code, settings); }, settings);
 }
 
 void CodeSettings::ReadValues(const TemplateSet& templates, const TemplateRow& row,
                               const ProcText& code, CProcSettings& settings) {
-  const LikePattern &boundary = templates.Row(row.lBoundary).sLike,
-                    &severity = templates.Row(row.lSeverity).sLike,
-                    &retry = templates.Row(row.lRetry).sLike,
-                    &trace = templates.Row(row.lTrace).sLike;
+  ValueReader reader(templates, row, settings);
   for (std::size_t i = 0; i < code.Count(); ++i) {
     const TextView folded = code.Folded(i);
-    if (folded.empty()) continue;
-    if (settings.eBoundary() == MQuillon::Boundary::Unset && boundary.Matches(folded)) {
-      settings.SeteBoundary(
-          ReadChoice(row.boundaryReader, folded, u"%boundary", MQuillon::BoundaryId));
-    }
-    if (settings.eSeverity() == MQuillon::Severity::Unset && severity.Matches(folded)) {
-      settings.SeteSeverity(
-          ReadChoice(row.severityReader, folded, u"%severity", MQuillon::SeverityId));
-    }
-    if (settings.eRetry() == MQuillon::Retry::Unset && retry.Matches(folded)) {
-      settings.SeteRetry(ReadChoice(row.retryReader, folded, u"%retry", MQuillon::RetryId));
-    }
-    if (settings.eTrace() == TriState::Unset && trace.Matches(folded)) {
-      settings.SeteTrace(TriState::True);
-    }
+    if (!folded.empty() && reader.MayBeginWith(folded.front())) reader.Read(folded);
   }
-  if (settings.eTrace() == TriState::Unset) settings.SeteTrace(TriState::False);
+  reader.Finish();
 }

@@ -49,7 +49,7 @@ bool MayHoldEnd(TextView folded) {
 
 /// True when a folded line holds the end in a form that isn't a line of its own.
 bool HoldsEnd(TextView folded, TextView lowerType) {
-  if (!MayHoldEnd(folded)) return false;
+  if (!MayHoldEnd(folded) || FindText(folded, lowerType) == TextView::npos) return false;
   const Text masked = MXStringVB::MaskVBLiterals(folded.substr(0, CommentStart(folded)), u"x");
   TextView rest = WithoutNumber(masked);
   while (!rest.empty()) {

@@ -104,7 +104,7 @@ class Rewriting {
     mResult.refusals = std::move(insertion.refusals);
     if (mResult.Refused()) return false;
     mResult.text = std::move(insertion.text);
-    return !mOptions.prove || mResult.text == mProcedure.Source() || IsProved(insertion, *row);
+    return !mOptions.prove || Same(mResult.text, mProcedure.Source()) || IsProved(insertion, *row);
   }
 
   bool IsProved(const Insertion& insertion, const TemplateRow& row) {
@@ -121,7 +121,7 @@ class Rewriting {
       mResult.text.resize(mResult.text.size() - CrLf.size());
       ++mResult.blankLines;
     }
-    mResult.changed = mResult.blankLines != 0 || mResult.text != mProcedure.Source();
+    mResult.changed = mResult.blankLines != 0 || !Same(mResult.text, mProcedure.Source());
     if (mOptions.listChanges && mResult.changed) ListChanges();
   }
 

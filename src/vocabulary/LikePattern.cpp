@@ -121,7 +121,7 @@ void LikePattern::AddStar() {
 bool LikePattern::MatchesWhole(TextView sText) const noexcept {
   const std::size_t lCount = moElements.Count();
   if (!mbValid || sText.size() < lCount || (!mbStar && sText.size() > lCount)) return false;
-  if (!sText.starts_with(TextView(msUnits).substr(0, mlLiteral))) return false;
+  if (!Same(sText.substr(0, mlLiteral), TextView(msUnits).substr(0, mlLiteral))) return false;
   if (!FitsAt(mlLiteral, mlHead - mlLiteral, sText.data() + mlLiteral)) return false;
   const std::size_t lTail = lCount - mlBehindStar;
   if (!FitsAt(mlBehindStar, lTail, sText.data() + (sText.size() - lTail))) return false;
@@ -136,7 +136,10 @@ bool LikePattern::MatchesWhole(TextView sText) const noexcept {
 
 bool LikePattern::FitsAt(std::size_t lFirst, std::size_t lCount, const char16_t* pText) const {
   for (std::size_t i = 0; i < lCount; ++i) {
-    if (!moElements.Accepts(lFirst + i, pText[i])) return false;
+    const char16_t cLiteral = msUnits[lFirst + i];
+    if (cLiteral != u'\0' ? cLiteral != pText[i] : !moElements.Accepts(lFirst + i, pText[i])) {
+      return false;
+    }
   }
   return true;
 }

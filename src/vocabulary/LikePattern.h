@@ -31,6 +31,8 @@ class LikePattern {
     // Most patterns begin with a literal that most lines don't begin with: no call for those.
     return (mlLiteral == 0 || (!sText.empty() && sText[0] == mcFirst)) && MatchesWhole(sText);
   }
+  /// False when no text that begins with the unit can match; the empty pattern matches none.
+  bool MayBeginWith(char16_t cUnit) const { return mlLiteral == 0 ? !IsEmpty() : mcFirst == cUnit; }
   /// False for a pattern that the language rejects; Matches is then always false.
   bool IsValid() const { return mbValid; }
   bool IsEmpty() const { return msPattern.empty(); }
