@@ -11,6 +11,7 @@
 #include "CodePage.h"
 #include "LineNumbers.h"
 #include "MXFile.h"
+#include "Rewriter.h"
 #include "VBBody.h"
 
 namespace {
@@ -82,6 +83,25 @@ void RemoveTemplate(benchmark::State& oState) {
   oState.SetItemsProcessed(oState.iterations() * oEngine.lLines);
 }
 BENCHMARK(RemoveTemplate);
+
+/// A whole rewrite with its proof: the template's place is taken by the same one, as a refresh
+/// does. Counted besides: how many texts were taken apart and had their settings read for each.
+void RefreshProcedure(benchmark::State& state) {
+  Engine engine;
+  const Text text = engine.Inserted();
+  const WantedSettings wanted{.templateName = u"Standard"};
+  const std::size_t before = ParsedProcedure::Count();
+  for (auto _ : state) {
+    const ParsedProcedure procedure(engine.oTemplate.Set(), text, {u"MDepot", sName, u"Sub"}, 1);
+    const Rewrite rewrite = RewriteProcedure(
+        procedure, wanted, {.numbering = MQuillon::LineNumAction::Insert, .prove = true},
+        engine.oRules);
+    if (rewrite.Refused()) return state.SkipWithError("the rewrite was refused");
+  }
+  state.counters["texts parsed"] = benchmark::Counter(
+      static_cast<double>(ParsedProcedure::Count() - before), benchmark::Counter::kAvgIterations);
+}
+BENCHMARK(RefreshProcedure);
 
 void ExtractSettings(benchmark::State& oState) {
   Engine oEngine;
