@@ -52,6 +52,12 @@ bool GuardScope::RepeatsFailedStep() {
   return true;
 }
 
+void GuardScope::LeaveReported() {
+  Failure failure = FailureInFlight();
+  failure.SetReported();
+  throw failure;
+}
+
 void GuardScope::EndOfRoutine() {
   Failure oFailure = FailureInFlight();
   // Outside of a step nothing can be repeated or skipped, so the user must not be offered Retry or

@@ -52,12 +52,28 @@ class GuardScope {
     }
   }
 
+  /// Runs a call whose result the rest can't do without, and gives that result. An answer to go on
+  /// behind it leaves the routine as well, with the failure marked as reported.
+  template <class Call>
+  decltype(auto) Require(Call&& call) {
+    for (;;) {
+      try {
+        return call();
+      } catch (...) {
+        if (!RepeatsFailedStep()) LeaveReported();
+      }
+    }
+  }
+
   /// For Guard only. Takes the exception in flight of the whole work; rethrows with boundary None.
   void EndOfRoutine();
 
  private:
   /// Reports the exception in flight: true to repeat, false to go on, throws to leave.
   bool RepeatsFailedStep();
+
+  /// Throws the exception in flight again, as a failure that has been reported.
+  [[noreturn]] static void LeaveReported();
 
   const Routine& moRoutine;
   bool mbTraced;

@@ -7,6 +7,7 @@
 #include "MXFile.h"
 #include "PathText.h"
 #include "ReportSetup.h"
+#include "SteppedIDE.h"
 
 using namespace HandlerGuard;
 
@@ -50,15 +51,14 @@ class Summary {
       : moScope(oScope), moHandler(oHandler), moPrinter(oPrinter), moPrint(oPrinter) {}
 
   void Print(const Widths& alModWidth, ProjectHandle hProject) {
-    VBProject& oProject = *moHandler.Project(hProject).oProject;
-    const Text sName = Need(moScope, [&] { return oProject.Name(); });
+    const SteppedProject oProject(moScope, *moHandler.Project(hProject).oProject);
+    const Text sName = oProject.Name();
     SetUp(moPrint, moPrinter, u"Tarvane Quillon 3.1", SummaryName, sName);
     moPrint.SetColumns(Positions(alModWidth, ColumnCount));
     Heading({u"Project", u"Type", u"", u"ReadOnly", u"Modified", u"FileName"});
     moPrint.SetColumnIsPath(FileNameColumn, true);
-    const auto nType = Need(moScope, [&] { return oProject.Type(); });
-    Row({sName, MQuillon::VBProjectTypeName(nType), u""},
-        StateOf(Need(moScope, [&] { return oProject.FileName(); })));
+    const auto nType = oProject.Type();
+    Row({sName, MQuillon::VBProjectTypeName(nType), u""}, StateOf(oProject.FileName()));
     Heading({u"Module", u"Type", u"Instancing", u"ReadOnly", u"Modified", u"FileName"});
     EachComponent(moHandler, hProject, [&](ComponentHandle h) { Component(h); });
     moPrint.Finish();
@@ -79,17 +79,16 @@ class Summary {
 
   void Component(ComponentHandle hComponent) {
     const ComponentRecord& oRecord = moHandler.Component(hComponent);
-    const VBComponent& oComponent = *oRecord.oComponent;
-    const auto nType = Need(moScope, [&] { return oComponent.Type(); });
-    const auto nFiles = Need(moScope, [&] { return oComponent.FileCount(); });
+    const SteppedComponent oComponent(moScope, *oRecord.oComponent);
+    const auto nType = oComponent.Type();
+    const auto nFiles = oComponent.FileCount();
     const std::vector<Text> asName{oRecord.sName, MQuillon::VBComponentTypeName(nType),
                                    MQuillon::InstancingTypeName(oRecord.lInstancing)};
     moPrint.SpaceAfter = HalfLine;
     if (nFiles <= 0) return Row(asName, {});
     for (std::int32_t i = 1; i <= nFiles; ++i) {
       moPrint.SpaceAfter = i == nFiles ? HalfLine : 0;
-      Row(i == 1 ? asName : std::vector<Text>(asName.size()),
-          StateOf(Need(moScope, [&] { return oComponent.FileNames(i); })));
+      Row(i == 1 ? asName : std::vector<Text>(asName.size()), StateOf(oComponent.FileNames(i)));
     }
   }
 

@@ -4,6 +4,7 @@
 #include "MQuillon.h"
 #include "ReportSetup.h"
 #include "SortedList.h"
+#include "SteppedIDE.h"
 
 using namespace HandlerGuard;
 
@@ -28,9 +29,9 @@ class Settings {
       : moScope(oScope), moHandler(oHandler), moPrinter(oPrinter), moPrint(oPrinter) {}
 
   void Print(const Widths& alProcWidth, ProjectHandle hProject, ComponentHandle hComponent) {
-    const VBProject& oProject = *moHandler.Project(hProject).oProject;
-    const Text sName = Need(moScope, [&] { return oProject.Name(); });
-    const auto nType = Need(moScope, [&] { return oProject.Type(); });
+    const SteppedProject oProject(moScope, *moHandler.Project(hProject).oProject);
+    const Text sName = oProject.Name();
+    const auto nType = oProject.Type();
     SetUp(moPrint, moPrinter, u"Tarvane Quillon 3.0", SettingsName, sName);
     Title(sName + u" - " + MQuillon::VBProjectTypeName(nType));
     moPrint.SetColumns(Positions(alProcWidth, ColumnCount));
@@ -61,7 +62,7 @@ class Settings {
 
   void Component(ComponentHandle hComponent) {
     const ComponentRecord& oRecord = moHandler.Component(hComponent);
-    const auto nType = Need(moScope, [&] { return oRecord.oComponent->Type(); });
+    const auto nType = SteppedComponent(moScope, *oRecord.oComponent).Type();
     Title(oRecord.sName + u" - " + MQuillon::InstancingTypeName(oRecord.lInstancing) + u" " +
           MQuillon::VBComponentTypeName(nType));
     moPrint.PrintColumns({u"Procedure", u"Type", u"Scope", u"Template", u"Locked", u"Boundary",
@@ -83,7 +84,7 @@ class Settings {
     const CProcSettings& o = oRecord.oCurrent;
     Text sScope;
     if (oRecord.oMember) {
-      sScope = MQuillon::ScopeTypeName(Need(moScope, [&] { return oRecord.oMember->Scope(); }));
+      sScope = MQuillon::ScopeTypeName(SteppedMember(moScope, *oRecord.oMember).Scope());
     }
     moPrint.PrintColumns(
         {sName, Text(oRecord.sProcType), sScope, Text(o.sTemplate()),

@@ -5,6 +5,7 @@
 #include "CIDEHandler.h"
 #include "HandlerGuard.h"
 #include "MQuillon.h"
+#include "SteppedIDE.h"
 
 using namespace HandlerGuard;
 
@@ -44,15 +45,12 @@ CTemplate& CIDEHandler::Template() const {
 }
 
 CodeModule& CIDEHandler::ModuleOf(GuardScope& oScope, ComponentHandle hComponent) {
-  CodeModule* poModule =
-      Need(oScope, [&] { return ComponentAt(hComponent).oComponent->CodeModule(); });
-  if (!poModule) throw Failure(91);
-  return *poModule;
+  return SteppedComponent(oScope, *ComponentAt(hComponent).oComponent).CodeModule();
 }
 
 Text CIDEHandler::NameOf(GuardScope& oScope, const ProcedureRecord& oRecord) const {
   if (!oRecord.oMember) return Text(MQuillon::DeclarationsName);
-  return Need(oScope, [&] { return oRecord.oMember->Name(); });
+  return SteppedMember(oScope, *oRecord.oMember).Name();
 }
 
 bool CIDEHandler::IsDirty(const ProcedureRecord& oRecord) {
@@ -61,18 +59,18 @@ bool CIDEHandler::IsDirty(const ProcedureRecord& oRecord) {
 
 Text CIDEHandler::ReadProcCode(GuardScope& oScope, const ProcedureRecord& oRecord,
                                std::int32_t& lBodyStart) {
-  const CodeModule& oModule = ModuleOf(oScope, oRecord.hComponent);
+  const SteppedModule oModule(oScope, ModuleOf(oScope, oRecord.hComponent));
   lBodyStart = 1;
   if (oRecord.nKind == MQuillon::ProcKind::Declarations) {
-    const auto lCount = Need(oScope, [&] { return oModule.CountOfDeclarationLines(); });
-    return lCount > 0 ? Need(oScope, [&] { return oModule.Lines(1, lCount); }) : Text();
+    const auto lCount = oModule.CountOfDeclarationLines();
+    return lCount > 0 ? oModule.Lines(1, lCount) : Text();
   }
   const Text sName = NameOf(oScope, oRecord);
-  const auto lStart = Need(oScope, [&] { return oModule.ProcStartLine(sName, oRecord.nKind); });
-  const auto lBody = Need(oScope, [&] { return oModule.ProcBodyLine(sName, oRecord.nKind); });
-  const auto lCount = Need(oScope, [&] { return oModule.ProcCountLines(sName, oRecord.nKind); });
+  const auto lStart = oModule.ProcStartLine(sName, oRecord.nKind);
+  const auto lBody = oModule.ProcBodyLine(sName, oRecord.nKind);
+  const auto lCount = oModule.ProcCountLines(sName, oRecord.nKind);
   lBodyStart = lBody - lStart + 1;
-  return Need(oScope, [&] { return oModule.Lines(lStart, lCount); });
+  return oModule.Lines(lStart, lCount);
 }
 
 Text CIDEHandler::GetProcCode(ProcedureHandle hProcedure, std::int32_t& lBodyStart) {
@@ -86,7 +84,7 @@ void CIDEHandler::GetProcDetails(ProcedureHandle hProcedure, Text& sModuleName, 
   Guard(Named(u"GetProcDetails"), [&](GuardScope& oScope) {
     const ProcedureRecord& oRecord = ProcedureAt(hProcedure);
     if (!oRecord.oMember) throw Failure(91);
-    sModuleName = Need(oScope, [&] { return oRecord.oMember->Parent().Parent().Parent().Name(); });
+    sModuleName = SteppedMember(oScope, *oRecord.oMember).ComponentName();
     sProcName = NameOf(oScope, oRecord);
     sProcType = oRecord.sDeclType;
   });
@@ -195,20 +193,20 @@ bool CIDEHandler::GroupIsDirty() {
 
 Text CIDEHandler::ComponentType(ComponentHandle hComponent) {
   return Result(u"ComponentType", [&](GuardScope& oScope) {
-    return ToText(MQuillon::ToNumber(
-        Need(oScope, [&] { return ComponentAt(hComponent).oComponent->Type(); })));
+    const SteppedComponent oComponent(oScope, *ComponentAt(hComponent).oComponent);
+    return ToText(MQuillon::ToNumber(oComponent.Type()));
   });
 }
 
 Text CIDEHandler::ComponentFileName(ComponentHandle hComponent) {
   return Result(u"ComponentFileName", [&](GuardScope& oScope) {
-    return Need(oScope, [&] { return ComponentAt(hComponent).oComponent->FileNames(1); });
+    return SteppedComponent(oScope, *ComponentAt(hComponent).oComponent).FileNames(1);
   });
 }
 
 Text CIDEHandler::ComponentName(ComponentHandle hComponent) {
   return Result(u"ComponentName", [&](GuardScope& oScope) {
-    return Need(oScope, [&] { return ComponentAt(hComponent).oComponent->Name(); });
+    return SteppedComponent(oScope, *ComponentAt(hComponent).oComponent).Name();
   });
 }
 
@@ -227,19 +225,19 @@ bool CIDEHandler::ComponentReadOnly(ComponentHandle hComponent) {
 
 Text CIDEHandler::ProjectFileName(ProjectHandle hProject) {
   return Result(u"ProjectFileName", [&](GuardScope& oScope) {
-    return Need(oScope, [&] { return ProjectAt(hProject).oProject->FileName(); });
+    return SteppedProject(oScope, *ProjectAt(hProject).oProject).FileName();
   });
 }
 
 Text CIDEHandler::ProjectName(ProjectHandle hProject) {
   return Result(u"ProjectName", [&](GuardScope& oScope) {
-    return Need(oScope, [&] { return ProjectAt(hProject).oProject->Name(); });
+    return SteppedProject(oScope, *ProjectAt(hProject).oProject).Name();
   });
 }
 
 std::int32_t CIDEHandler::ProjectCount() {
   return Result(u"ProjectCount", [&](GuardScope& oScope) {
     if (!VBInst) throw Failure(91);
-    return Need(oScope, [&] { return VBInst->VBProjects().Count(); });
+    return SteppedProjects(oScope, *VBInst).Count();
   });
 }

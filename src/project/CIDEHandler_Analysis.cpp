@@ -8,6 +8,7 @@
 #include "LoadFailure.h"
 #include "MQuillon.h"
 #include "MXStringVB.h"
+#include "SteppedIDE.h"
 
 using namespace HandlerGuard;
 
@@ -59,14 +60,13 @@ bool AddHeadWords(TextView sLine, Text& sHead) {
 
 /// The kind of the procedure whose head begins in lLine; empty when there is none. Files hold heads
 /// that no editor has tidied: in other letter case, with tabs and many blanks, over several lines.
-Text HeadType(GuardScope& oScope, CodeModule& oModule, std::int32_t lLine) {
-  const auto Line = [&] { return Need(oScope, [&] { return oModule.Lines(lLine, 1); }); };
-  Text sLine = Line();
+Text HeadType(const SteppedModule& oModule, std::int32_t lLine) {
+  Text sLine = oModule.Lines(lLine, 1);
   const Text sType = MQuillon::ProcTypeName(sLine);
   if (!sType.empty()) return sType;
-  const auto lCount = Need(oScope, [&] { return oModule.CountOfLines(); });
+  const auto lCount = oModule.CountOfLines();
   Text sHead;
-  while (AddHeadWords(sLine, sHead) && ++lLine <= lCount) sLine = Line();
+  while (AddHeadWords(sLine, sHead) && ++lLine <= lCount) sLine = oModule.Lines(lLine, 1);
   return MQuillon::ProcTypeName(sHead);
 }
 
@@ -160,18 +160,17 @@ void CIDEHandler::AddControlSources(GuardScope& oScope, ComponentHandle hCompone
     LoadFailure::Mark(oRecord, u"VBControls Property of VBComponent Object");
     return;
   }
-  const auto lCount = Need(oScope, [&] { return poControls->Count(); });
+  const auto lCount = SteppedControls(oScope, *poControls).Count();
   for (std::int32_t i = 1; i <= lCount; ++i) {
     oScope.Step([&] { AddEventSource(hComponent, poControls->ItemName(i)); });
   }
 }
 
 void CIDEHandler::AddForeignInterfaces(Loading& oLoading) {
-  oLoading.lDeclarationLines =
-      Need(oLoading.oScope, [&] { return oLoading.oModule.CountOfDeclarationLines(); });
+  const SteppedModule oModule(oLoading.oScope, oLoading.oModule);
+  oLoading.lDeclarationLines = oModule.CountOfDeclarationLines();
   if (oLoading.lDeclarationLines < 1) return;
-  const Text sLines =
-      Need(oLoading.oScope, [&] { return oLoading.oModule.Lines(1, oLoading.lDeclarationLines); });
+  const Text sLines = oModule.Lines(1, oLoading.lDeclarationLines);
   ForEachLine(sLines, [&](TextView sLine) {
     Text sName = ImplementedInterface(sLine);
     if (sName.empty() || moComponentNames.contains(sName)) return;
@@ -183,11 +182,12 @@ void CIDEHandler::AddForeignInterfaces(Loading& oLoading) {
 }
 
 void CIDEHandler::AddVariableSources(Loading& oLoading) {
-  Members& oMembers = oLoading.oModule.Members();
-  const auto lCount = Need(oLoading.oScope, [&] { return oMembers.Count(); });
+  const SteppedMembers oMembers(oLoading.oScope, oLoading.oModule.Members());
+  const auto lCount = oMembers.Count();
   for (std::int32_t i = 1; i <= lCount; ++i) {
-    Member& oMember = *Need(oLoading.oScope, [&] { return &oMembers.Item(i); });
-    const auto nType = Need(oLoading.oScope, [&] { return oMember.Type(); });
+    Member& oMember = oMembers.Item(i);
+    const SteppedMember oStepped(oLoading.oScope, oMember);
+    const auto nType = oStepped.Type();
     if (nType < MemberType::Variable || nType > MemberType::Constant) continue;
     RaiseProgress(*oLoading.oRecord.oComponent, oMember);
     if (nType != MemberType::Variable) continue;
@@ -201,13 +201,14 @@ void CIDEHandler::AddVariableSources(Loading& oLoading) {
 }
 
 void CIDEHandler::LoadMembers(Loading& oLoading) {
-  Members& oMembers = oLoading.oModule.Members();
-  const auto lCount = Need(oLoading.oScope, [&] { return oMembers.Count(); });
+  const SteppedMembers oMembers(oLoading.oScope, oLoading.oModule.Members());
+  const auto lCount = oMembers.Count();
   for (std::int32_t i = 1; i <= lCount; ++i) {
-    Member& oMember = *Need(oLoading.oScope, [&] { return &oMembers.Item(i); });
-    const auto nType = Need(oLoading.oScope, [&] { return oMember.Type(); });
+    Member& oMember = oMembers.Item(i);
+    const SteppedMember oStepped(oLoading.oScope, oMember);
+    const auto nType = oStepped.Type();
     if (nType != MemberType::Method && nType != MemberType::Property) continue;
-    const auto lLocation = Need(oLoading.oScope, [&] { return oMember.CodeLocation(); });
+    const auto lLocation = oStepped.CodeLocation();
     if (oLoading.oLocations.contains(lLocation)) continue;
     RaiseProgress(*oLoading.oRecord.oComponent, oMember);
     if (nType == MemberType::Method) {
@@ -235,11 +236,11 @@ void CIDEHandler::LoadMethod(Loading& oLoading, Member& oMember, std::int32_t lL
   Guard(Named(u"LoadMethod"), [&](GuardScope& oScope) {
     ProcedureRecord oRecord{.hComponent = oLoading.hComponent, .oMember = &oMember};
     const Text sName = NameOf(oScope, oRecord);
-    const auto lBody =
-        Need(oScope, [&] { return oLoading.oModule.ProcBodyLine(sName, oRecord.nKind); });
+    const SteppedModule oModule(oScope, oLoading.oModule);
+    const auto lBody = oModule.ProcBodyLine(sName, oRecord.nKind);
     // An external function is a method too; its place is given as line 1, whatever stands there.
     if (lBody <= oLoading.lDeclarationLines || lBody < lLocation) return;
-    const Text sType = HeadType(oScope, oLoading.oModule, lBody);
+    const Text sType = HeadType(oModule, lBody);
     if (sType.empty()) return;
     ReadProcedure(oScope, oRecord, sType);
     if (oLoading.oRecord.lFirstEventSource != -1 && sType == u"Sub") {
@@ -255,7 +256,7 @@ void CIDEHandler::LoadMethod(Loading& oLoading, Member& oMember, std::int32_t lL
 void CIDEHandler::LoadProperty(Loading& oLoading, Member& oMember, ProcKind nKind) {
   Guard(Named(u"LoadProperty"), [&](GuardScope& oScope) {
     ProcedureRecord oRecord{.hComponent = oLoading.hComponent, .oMember = &oMember, .nKind = nKind};
-    if (!Need(oScope, [&] { return oMember.MayHave(nKind); })) return;
+    if (!SteppedMember(oScope, oMember).MayHave(nKind)) return;
     const Text sName = NameOf(oScope, oRecord);
     std::int32_t lBody = 0;
     try {
@@ -265,7 +266,7 @@ void CIDEHandler::LoadProperty(Loading& oLoading, Member& oMember, ProcKind nKin
       return;
     }
     if (lBody < 2) return;
-    const Text sType = HeadType(oScope, oLoading.oModule, lBody);
+    const Text sType = HeadType(SteppedModule(oScope, oLoading.oModule), lBody);
     if (sType.empty()) return;
     ReadProcedure(oScope, oRecord, sType);
     SuggestPropertySettings(oLoading.hComponent, oRecord);
@@ -294,8 +295,7 @@ void CIDEHandler::InheritFromModule(const ProcedureRecord& oRecord, CProcSetting
 
 void CIDEHandler::AddProcedure(Loading& oLoading, ProcedureRecord& oRecord) {
   if (oRecord.oMember) {
-    oLoading.oLocations.insert(
-        Need(oLoading.oScope, [&] { return oRecord.oMember->CodeLocation(); }));
+    oLoading.oLocations.insert(SteppedMember(oLoading.oScope, *oRecord.oMember).CodeLocation());
   }
   moProcedures.push_back(oRecord);
   ComponentRecord& oComponent = oLoading.oRecord;

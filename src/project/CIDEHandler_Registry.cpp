@@ -11,6 +11,7 @@
 #include "MXFile.h"
 #include "PathText.h"
 #include "ReadOnlyRule.h"
+#include "SteppedIDE.h"
 
 using namespace HandlerGuard;
 
@@ -33,9 +34,8 @@ Text DesignerName(TextView sDesignerID, ComponentType nType) {
   return {};
 }
 
-Text FirstFile(GuardScope& oScope, const VBComponent& oComponent) {
-  const auto nFiles = Need(oScope, [&] { return oComponent.FileCount(); });
-  return nFiles > 0 ? Need(oScope, [&] { return oComponent.FileNames(1); }) : Text();
+Text FirstFile(const SteppedComponent& oComponent) {
+  return oComponent.FileCount() > 0 ? oComponent.FileNames(1) : Text();
 }
 
 /// Date of a file, 0 without a name. A file that can't be asked is reported, but the walk that
@@ -75,21 +75,20 @@ CIDEHandler::~CIDEHandler() = default;
 void CIDEHandler::LoadProjects(VBE& oVBInst) {
   Guard(Named(u"LoadProjects"), [&](GuardScope& oScope) {
     VBInst = &oVBInst;
-    const auto lCount = Need(oScope, [&] { return oVBInst.VBProjects().Count(); });
-    for (std::int32_t i = 1; i <= lCount; ++i) {
-      ProjectAdd(*Need(oScope, [&] { return &oVBInst.VBProjects().Item(i); }));
-    }
+    const SteppedProjects oProjects(oScope, oVBInst);
+    const auto lCount = oProjects.Count();
+    for (std::int32_t i = 1; i <= lCount; ++i) ProjectAdd(oProjects.Item(i));
   });
 }
 
 void CIDEHandler::ProjectAdd(VBProject& oProject) {
   Guard(Named(u"ProjectAdd"), [&](GuardScope& oScope) {
     moProjects.push_back({.oProject = &oProject});
-    VBComponents& oComponents = *Need(oScope, [&] { return &oProject.VBComponents(); });
-    const auto lCount = Need(oScope, [&] { return oComponents.Count(); });
+    const SteppedComponents oComponents(oScope, SteppedProject(oScope, oProject).VBComponents());
+    const auto lCount = oComponents.Count();
     for (std::int32_t i = 1; i <= lCount; ++i) {
-      VBComponent& oComponent = *Need(oScope, [&] { return &oComponents.Item(i); });
-      const auto nType = Need(oScope, [&] { return oComponent.Type(); });
+      VBComponent& oComponent = oComponents.Item(i);
+      const auto nType = SteppedComponent(oScope, oComponent).Type();
       if (nType != ComponentType::RelatedDocument && nType != ComponentType::ResFile)
         ComponentAdd(oComponent);
     }
@@ -114,35 +113,35 @@ void CIDEHandler::ComponentAdd(VBComponent& oComponent) {
 }
 
 void CIDEHandler::FillComponent(GuardScope& oScope, ComponentRecord& oRecord) {
-  VBComponent& oComponent = *oRecord.oComponent;
-  const auto nType = Need(oScope, [&] { return oComponent.Type(); });
-  oRecord.sName = Need(oScope, [&] { return oComponent.Name(); });
+  const SteppedComponent oComponent(oScope, *oRecord.oComponent);
+  const auto nType = oComponent.Type();
+  oRecord.sName = oComponent.Name();
   moComponentNames.insert(LowerCase(oRecord.sName));
   oRecord.lFolderType = FolderOfType(nType);
-  if (!LoadFailure::FindModule(oComponent, oRecord.oError)) {
+  if (!LoadFailure::FindModule(*oRecord.oComponent, oRecord.oError)) {
     LoadFailure::Mark(oRecord, u"CodeModule Property of VBComponent Object");
   } else if (nType == ComponentType::Class &&
-             Need(oScope, [&] { return oComponent.Parent().Type(); }) != ProjectType::StandardExe) {
-    oRecord.lInstancing = Need(oScope, [&] { return oComponent.Property(u"Instancing"); });
+             oComponent.TypeOfProject() != ProjectType::StandardExe) {
+    oRecord.lInstancing = oComponent.Property(u"Instancing");
     oRecord.bPublicClass = oRecord.lInstancing >= 2;
   }
-  const Text sFile = FirstFile(oScope, oComponent);
+  const Text sFile = FirstFile(oComponent);
   oRecord.bReadOnly = !sFile.empty() && MXFile::FileReadOnly(sFile);
-  oRecord.sDesignerName =
-      DesignerName(Need(oScope, [&] { return oComponent.DesignerID(); }), nType);
+  oRecord.sDesignerName = DesignerName(oComponent.DesignerID(), nType);
 }
 
 void CIDEHandler::EnumProjects() {
   Guard(Named(u"EnumProjects"), [&](GuardScope& oScope) {
     for (const ProjectHandle hProject : Projects()) {
       const ProjectRecord oProject = ProjectAt(hProject);
-      const Text sTitle = Need(oScope, [&] { return oProject.oProject->Name(); });
-      EnumProjectsProc(hProject, sTitle, Need(oScope, [&] { return oProject.oProject->Type(); }));
+      const SteppedProject oStepped(oScope, *oProject.oProject);
+      const Text sTitle = oStepped.Name();
+      EnumProjectsProc(hProject, sTitle, oStepped.Type());
       for (const ComponentHandle h :
            HandleRange(oProject.lFirstComponent, oProject.lLastComponent)) {
         const ComponentRecord& oRecord = ComponentAt(h);
         EnumComponentsProc(hProject, h, oRecord.sName,
-                           Need(oScope, [&] { return oRecord.oComponent->Type(); }));
+                           SteppedComponent(oScope, *oRecord.oComponent).Type());
       }
       EnumComponentsEOF(hProject);
     }
@@ -162,9 +161,10 @@ void CIDEHandler::EnumComponentsEx(ProjectHandle hProject, std::int32_t lFolderT
 
 void CIDEHandler::RowOfComponent(GuardScope& oScope, ComponentHandle hComponent) {
   const ComponentRecord& oRecord = ComponentAt(hComponent);
-  const Text sFile = FirstFile(oScope, *oRecord.oComponent);
+  const SteppedComponent oComponent(oScope, *oRecord.oComponent);
+  const Text sFile = FirstFile(oComponent);
   EnumComponentsExProc({.hComponent = hComponent,
-                        .nComponentType = Need(oScope, [&] { return oRecord.oComponent->Type(); }),
+                        .nComponentType = oComponent.Type(),
                         .sName = oRecord.sName,
                         .lInstancing = oRecord.lInstancing,
                         .bReadOnly = oRecord.bReadOnly,
@@ -190,7 +190,7 @@ void CIDEHandler::EnumProcedures(ComponentHandle hComponent) {
 void CIDEHandler::RowOfProcedure(GuardScope& oScope, ProcedureHandle hProcedure) {
   const ProcedureRecord& oRecord = ProcedureAt(hProcedure);
   const auto nScope =
-      oRecord.oMember ? Need(oScope, [&] { return oRecord.oMember->Scope(); }) : MemberScope::Unset;
+      oRecord.oMember ? SteppedMember(oScope, *oRecord.oMember).Scope() : MemberScope::Unset;
   EnumProceduresProc({.hProcedure = hProcedure,
                       .bDirty = IsDirty(oRecord),
                       .sPROCEDURE = NameOf(oScope, oRecord),

@@ -8,6 +8,7 @@
 #include "ReadOnlyRule.h"
 #include "Rewriter.h"
 #include "Run.h"
+#include "SteppedIDE.h"
 
 using namespace HandlerGuard;
 
@@ -162,9 +163,8 @@ bool CIDEHandler::ReplaceProcedure(ProcedureHandle hProcedure, TextView sProcNam
                                                 oRewrite.blankLines);
       return;
     }
-    const auto lStart =
-        Need(oScope, [&] { return oModule.ProcStartLine(sProcName, oRecord.nKind); });
-    const ModuleEdit::Attributes oSaved = ModuleEdit::Save(*oRecord.oMember);
+    const auto lStart = SteppedModule(oScope, oModule).ProcStartLine(sProcName, oRecord.nKind);
+    const ModuleEdit::Attributes oSaved = ModuleEdit::Save(oScope, *oRecord.oMember);
     std::exception_ptr pFailure;
     try {
       ModuleEdit::ReplaceLines(oScope, oModule, lStart, oProcedure.Source(), oRewrite.text,

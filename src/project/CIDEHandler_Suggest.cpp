@@ -3,6 +3,7 @@
 #include "CIDEHandler.h"
 #include "HandlerGuard.h"
 #include "MQuillon.h"
+#include "SteppedIDE.h"
 #include "Suggestions.h"
 
 using namespace HandlerGuard;
@@ -28,7 +29,7 @@ Facts FactsOf(const ComponentRecord& oComponent, const std::vector<Text>& asFore
 void AddMemberFacts(GuardScope& oScope, const ProcedureRecord& oRecord, TextView sName,
                     Facts& oFacts) {
   oFacts.sName = sName;
-  oFacts.nScope = Need(oScope, [&] { return oRecord.oMember->Scope(); });
+  oFacts.nScope = SteppedMember(oScope, *oRecord.oMember).Scope();
   oFacts.bEventHandler = oRecord.bEventHandler;
 }
 

@@ -1,6 +1,7 @@
 #include "ModuleEdit.h"
 
 #include "HandlerGuard.h"
+#include "SteppedIDE.h"
 
 using namespace HandlerGuard;
 
@@ -39,17 +40,18 @@ std::int32_t CountLines(TextView sText) {
 void ReplaceLines(GuardScope& oScope, CodeModule& oModule, std::int32_t lStart, TextView sOld,
                   TextView sNew, std::int32_t lBlankLines) {
   const std::int32_t lOld = CountLines(sOld);
-  const std::int32_t lBare = Need(oScope, [&] { return oModule.CountOfLines(); }) - lOld;
+  const SteppedModule oStepped(oScope, oModule);
+  const std::int32_t lBare = oStepped.CountOfLines() - lOld;
   try {
-    if (lOld > 0) NeedDone(oScope, [&] { oModule.DeleteLines(lStart, lOld); });
-    if (!sNew.empty()) NeedDone(oScope, [&] { oModule.InsertLines(lStart, sNew); });
+    if (lOld > 0) oStepped.DeleteLines(lStart, lOld);
+    if (!sNew.empty()) oStepped.InsertLines(lStart, sNew);
     for (std::int32_t i = 0; i < lBlankLines; ++i) {
-      NeedDone(oScope, [&] { oModule.InsertLines(lStart + CountLines(sNew), u""); });
+      oStepped.InsertLines(lStart + CountLines(sNew), u"");
     }
   } catch (...) {
     const auto pFailure = std::current_exception();
     try {
-      NeedDone(oScope, [&] { GiveBack(oModule, lStart, sOld, lBare); });
+      oScope.Require([&] { GiveBack(oModule, lStart, sOld, lBare); });
     } catch (const Failure&) {
       throw LostLines(sOld);
     }
@@ -62,19 +64,19 @@ bool ReplaceDeclarations(GuardScope& oScope, CodeModule& oModule, TextView sOld,
   ReplaceLines(oScope, oModule, 1, sOld, sNew, lBlankLines);
   const std::int32_t lNew = CountLines(sNew);
   if (lNew <= CountLines(sOld)) return true;
-  if (Need(oScope, [&] { return oModule.CountOfDeclarationLines(); }) >= lNew) return true;
+  if (SteppedModule(oScope, oModule).CountOfDeclarationLines() >= lNew) return true;
   Text sWritten(sNew);
   for (std::int32_t i = 0; i < lBlankLines; ++i) sWritten.append(CrLf);
   ReplaceLines(oScope, oModule, 1, sWritten, sOld, 0);
   return false;
 }
 
-Attributes Save(const Member& oMember) {
+Attributes Save(GuardScope& scope, Member& member) {
   Attributes oSaved;
-  if (oMember.KeepsAttributes()) return oSaved;
+  if (SteppedMember(scope, member).KeepsAttributes()) return oSaved;
   for (std::size_t i = 0; i < oSaved.size(); ++i) {
     try {
-      oSaved[i] = oMember.Attribute(static_cast<MemberAttribute>(i));
+      oSaved[i] = member.Attribute(static_cast<MemberAttribute>(i));
     } catch (const Failure&) {
       // Not every host has every attribute: what can't be read isn't put back.
     }
@@ -92,7 +94,7 @@ Text Restore(Member& oMember, const Attributes& oSaved) {
     }
     try {
       Guard(Named(u"ReplaceProcedure"), [&](GuardScope& oScope) {
-        NeedDone(oScope, [&] { oMember.SetAttribute(eAttribute, *oSaved[i]); });
+        SteppedMember(oScope, oMember).SetAttribute(eAttribute, *oSaved[i]);
       });
     } catch (const Failure&) {
       sFailed.append(sFailed.empty() ? u"" : u", ").append(AttributeNames[i]);

@@ -26,7 +26,7 @@ void ReplaceLines(GuardScope& oScope, CodeModule& oModule, std::int32_t lStart, 
 
 /// The attributes of a member that can be read; none of a member that keeps them by itself.
 using Attributes = std::array<std::optional<AttributeValue>, MemberAttributeCount>;
-Attributes Save(const Member& oMember);
+Attributes Save(GuardScope& scope, Member& member);
 /// Sets what was saved. One that can't be set is reported and doesn't stop the others; result:
 /// the names of those, separated by commas.
 Text Restore(Member& oMember, const Attributes& oSaved);
