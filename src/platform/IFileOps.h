@@ -43,9 +43,20 @@ class IFileOps {
   /// does nothing.
   virtual int StartFlush(int) { return 0; }
   virtual int Flush(int hFile) = 0;
+  /// Waits until the disk took the bytes of an open file, so that an error of theirs shows here and
+  /// not at another file. They last only from a flush of the file or of its file system on.
+  virtual int FlushBytes(int hFile) = 0;
+  /// Which file system an open file is on. ENOTSUP where FlushFileSystem doesn't vouch for what it
+  /// flushes.
+  virtual int FileSystemOf(int hFile, std::uint64_t& lFileSystem) = 0;
+  /// Flushes all that is on the file system of an open file, renames too. Its error may be any
+  /// file's, of any program, since that file was opened.
+  virtual int FlushFileSystem(int hFile) = 0;
   virtual int Close(int hFile) = 0;
   virtual int Rename(const std::string& sFrom, const std::string& sTo) = 0;
   virtual int Remove(const std::string& sPath) = 0;
+  /// As Flush, for a file that was closed.
+  virtual int FlushClosed(const std::string& sPath) = 0;
   virtual int FlushFolder(const std::string& sPath) = 0;
 };
 

@@ -53,6 +53,8 @@ int StagedFile::Create(std::uint32_t mode) {
     error = mFiles.CreateNew(mPath, mode, mHandle);
   }
   mIsThere = error == 0;
+  std::uint64_t fileSystem = 0;
+  if (mIsThere && mFiles.FileSystemOf(mHandle, fileSystem) == 0) mFileSystem = fileSystem;
   return error;
 }
 
@@ -86,11 +88,24 @@ void StagedFile::StartFlush() {
   if (mHandle >= 0) mFiles.StartFlush(mHandle);
 }
 
-void StagedFile::Flush() {
+void StagedFile::FlushBytes() {
   if (mHandle < 0) return;
-  const int error = mFiles.Flush(mHandle);
-  const int closeError = Close();
-  if (error != 0 || closeError != 0) Fail(error != 0 ? error : closeError);
+  if (const int error = mFiles.FlushBytes(mHandle)) Fail(error);
+}
+
+int StagedFile::FlushFileSystem() {
+  return mHandle >= 0 ? mFiles.FlushFileSystem(mHandle) : EBADF;
+}
+
+void StagedFile::Flush() {
+  if (const int error = mHandle >= 0 ? mFiles.Flush(mHandle) : mFiles.FlushClosed(mPath)) {
+    Fail(error);
+  }
+  Close();
+}
+
+void StagedFile::Close() {
+  if (const int error = CloseHandle()) Fail(error);
 }
 
 void StagedFile::Commit() {
@@ -99,12 +114,12 @@ void StagedFile::Commit() {
 }
 
 void StagedFile::Discard() {
-  Close();
+  CloseHandle();
   if (mIsThere) mFiles.Remove(mPath);
   mIsThere = false;
 }
 
-int StagedFile::Close() {
+int StagedFile::CloseHandle() {
   const int error = mHandle >= 0 ? mFiles.Close(mHandle) : 0;
   mHandle = -1;
   return error;

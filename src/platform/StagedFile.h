@@ -12,6 +12,8 @@
 // (FileFailure.h), and leaves nothing of the new file behind.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -31,11 +33,20 @@ class StagedFile {
   /// The file that it becomes, links resolved.
   const std::string& Target() const { return mTarget; }
 
+  /// The one that the new file is on; nothing where it can't be flushed as a whole.
+  std::optional<std::uint64_t> FileSystem() const { return mFileSystem; }
+
   /// Begins to bring the bytes to the disk, without waiting for it.
   void StartFlush();
-  /// Waits until the bytes are on the disk, and closes.
+  /// Waits until the disk took the bytes: those of an open file. A flush is to follow.
+  void FlushBytes();
+  /// Flushes the whole file system by the handle of this file; the system's error number.
+  int FlushFileSystem();
+  /// Waits until the file is on the disk, and closes.
   void Flush();
-  /// To be called behind Flush.
+  /// Closes a file that is flushed in another way.
+  void Close();
+  /// To be called when the file is on the disk.
   void Commit();
   /// Removes the new file unless it was committed. Never fails.
   void Discard();
@@ -44,11 +55,12 @@ class StagedFile {
   int Create(std::uint32_t mode);
   int TakeOwnerAndMode(const IFileOps::Stat& old);
   int Write(std::string_view bytes, const IFileOps::Stat* old);
-  int Close();
+  int CloseHandle();
   [[noreturn]] void Fail(int error);
 
   IFileOps& mFiles;
   std::string mPath, mTarget;
   int mHandle = -1;
   bool mIsThere = false;
+  std::optional<std::uint64_t> mFileSystem;
 };

@@ -1,5 +1,5 @@
 // Replaces many files in few flushes: all new files are written first, then flushed, then renamed,
-// then their folders are flushed. At every moment each file is the old one or the new one, whole.
+// then the renames are flushed. At every moment each file is the old one or the new one, whole.
 //
 //   StagedFiles staged(files);
 //   for (...) staged.Stage(path, bytes);                            // throws for that file alone
@@ -8,17 +8,23 @@
 //   staged.FlushFolders();
 //   if (const Failure* failure = staged.FailureOf(i)) ...            // that file is as it was
 //
-// Each file is flushed by itself and through the handle that wrote it: only so does the system say
-// which one could not be written. The disk begins with all of a batch before the first is waited
-// for, so that most of the waits are short. (One flush of the whole file system would name no file,
-// and would wait for what other programs write.)
+// The disk begins with a file as soon as it is written. A few files are then flushed one by one,
+// because the flush of a whole file system waits for what other programs write as well. Many cost
+// less together: the bytes of each are waited for through the handle that wrote them, so that an
+// error names its file; then one flush of the file system brings the rest to the disk, which is
+// sizes, places and the disk's own cache. It goes through a file that was opened ahead of all these
+// writes and so hears of each error since. When it reports one, or can't be had or trusted
+// (IFileOps.h), every file is flushed by itself: none is renamed that isn't known to be on the
+// disk. The renames of many files are flushed in the same way, else those of each folder.
 //
 // Between Flush and the first Commit every new file is complete on the disk: a record of what
 // becomes what, from File(i).Path() and File(i).Target(), can be written there.
 #pragma once
 
 #include <deque>
+#include <map>
 #include <optional>
+#include <vector>
 
 #include "Failure.h"
 #include "StagedFile.h"
@@ -53,8 +59,12 @@ class StagedFiles {
   };
   template <class Step>
   static void Take(Entry& entry, Step&& step);
+  void Release(Entry& entry);
+  bool FlushTogether(const std::vector<Entry*>& entries);
 
   IFileOps& mFiles;
   std::deque<Entry> mEntries;
-  std::size_t mFlushed = 0;  // how many of the first are
+  std::size_t mReleased = 0;  // how many of the first needn't be open any more
+  /// By file system, and those without one not at all; the first one of each stays open.
+  std::map<std::uint64_t, std::vector<Entry*>> mWritten;
 };

@@ -1,6 +1,9 @@
 #include <dirent.h>
 #include <fcntl.h>
+#include <linux/magic.h>
 #include <sys/stat.h>
+#include <sys/utsname.h>
+#include <sys/vfs.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -52,6 +55,31 @@ int ReadToEnd(int hFile, std::string& sBytes) {
       return lError;
     }
     lHave += static_cast<std::size_t>(lRead);
+  }
+}
+
+/// Older systems flush a file system without reporting what went wrong: Linux tells of bytes since
+/// 5.8, of a file system's own tables since 5.17.
+bool ReportsErrorsOfFileSystems() {
+  utsname system = {};
+  int major = 0, minor = 0;
+  if (uname(&system) != 0 || std::sscanf(system.release, "%d.%d", &major, &minor) != 2) {
+    return false;
+  }
+  return major > 5 || (major == 5 && minor >= 17);
+}
+
+/// Only those of which it is known that a flush of the whole waits for the disk. Network and user
+/// file systems pass the flush of a file on to the other side, but not always that of the whole.
+bool FlushesAsOne(const struct statfs& state) {
+  switch (static_cast<unsigned long>(state.f_type)) {
+    case EXT4_SUPER_MAGIC:
+    case XFS_SUPER_MAGIC:
+    case BTRFS_SUPER_MAGIC:
+    case TMPFS_MAGIC:
+      return true;
+    default:
+      return false;
   }
 }
 
@@ -137,6 +165,28 @@ class SystemOps : public IFileOps {
   int Flush(int hFile) override {
     return ErrorOf(Repeated([&] { return fsync(hFile); }));
   }
+  int FlushBytes(int hFile) override {
+    return ErrorOf(Repeated([&] {
+      return sync_file_range(
+          hFile, 0, 0,
+          SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER);
+    }));
+  }
+  int FileSystemOf(int hFile, std::uint64_t& lFileSystem) override {
+    static const bool reports = ReportsErrorsOfFileSystems();
+    struct statfs system = {};
+    struct stat file = {};
+    if (!reports) return ENOTSUP;
+    if (fstatfs(hFile, &system) != 0 || fstat(hFile, &file) != 0) return errno;
+    lFileSystem = file.st_dev;
+    return FlushesAsOne(system) ? 0 : ENOTSUP;
+  }
+  int FlushFileSystem(int hFile) override {
+    if (const int error = ErrorOf(Repeated([&] { return syncfs(hFile); }))) return error;
+    // Without a journal, ext4 writes its tables behind the flush of the disk's own cache. That of a
+    // file flushes this cache once more.
+    return Flush(hFile);
+  }
   int Close(int hFile) override {
     // On this system the file is closed even after EINTR; a second call could close another file.
     const int lError = ErrorOf(close(hFile));
@@ -147,12 +197,16 @@ class SystemOps : public IFileOps {
   }
   int Remove(const std::string& sPath) override { return ErrorOf(unlink(sPath.c_str())); }
 
-  int FlushFolder(const std::string& sPath) override {
-    int hFolder = -1;
-    if (const int lError = OpenFile(sPath, O_RDONLY | O_DIRECTORY, 0, hFolder)) return lError;
-    const int lError = Flush(hFolder);
-    close(hFolder);
-    return lError;
+  int FlushClosed(const std::string& sPath) override { return FlushNamed(sPath, O_NOFOLLOW); }
+  int FlushFolder(const std::string& sPath) override { return FlushNamed(sPath, O_DIRECTORY); }
+
+ private:
+  int FlushNamed(const std::string& path, int flags) {
+    int handle = -1;
+    if (const int error = OpenFile(path, O_RDONLY | flags, 0, handle)) return error;
+    const int error = Flush(handle);
+    close(handle);
+    return error;
   }
 };
 

@@ -16,7 +16,7 @@
 namespace {
 
 namespace fs = std::filesystem;
-constexpr int FileCount = 3;
+constexpr int FileCount = 9;  // enough to be flushed together
 
 class SaveTest : public testing::Test {
  protected:
@@ -52,8 +52,8 @@ class SaveTest : public testing::Test {
     return DiskIDE::Open(moTree.Path("P.vbp"), oOptions);
   }
   /// Makes an old file new and a new one old.
-  static void Turn(DiskIDE& oIDE) {
-    for (int i = 1; i <= FileCount; ++i) {
+  static void Turn(DiskIDE& oIDE, int nFiles = FileCount) {
+    for (int i = 1; i <= nFiles; ++i) {
       CodeModule& oCode = *oIDE.Root().VBProjects().Item(1).VBComponents().Item(i).CodeModule();
       if (oCode.Lines(1, 1) == u"' new")
         oCode.DeleteLines(1, 1);
@@ -83,6 +83,22 @@ class SaveTest : public testing::Test {
     ExpectNamed(oResult);
     EXPECT_EQ(oIDE.Save().asSaved.size(), oResult.oFailed.size());
     for (int i = 0; i < FileCount; ++i) EXPECT_TRUE(IsNew(i));
+  }
+  /// The writes, flushes and renames: how often each in succession.
+  static std::string StepsOf(const FaultyFileOps& oFiles) {
+    std::string sSteps, sLast;
+    int nSame = 0;
+    const auto Next = [&](const std::string& sName) {
+      if (sName != sLast && nSame > 0) sSteps += std::to_string(nSame) + ' ' + sLast + ' ';
+      nSame = sName == sLast ? nSame + 1 : 1;
+      sLast = sName;
+    };
+    for (const std::string& sOperation : oFiles.Operations()) {
+      const std::string sName = sOperation.substr(0, sOperation.find(' '));
+      if (sName == "Write" || sName == "Rename" || sName.starts_with("Flush")) Next(sName);
+    }
+    Next({});
+    return sSteps;
   }
   static void ExpectNamed(const DiskIDE::SaveResult& oResult) {
     for (const auto& oNote : oResult.oFailed)
@@ -179,9 +195,10 @@ TEST_F(SaveTest, FilesThatAreNotTheOnesReadAreLeftAlone) {
       {"replaced by a folder", [](auto& sPath) { fs::remove(sPath), fs::create_directory(sPath); },
        1},
       {"read-only", [](auto& sPath) { fs::permissions(sPath, fs::perms::owner_read); }, 1, true},
-      {"folder gone", [&](auto&) { fs::rename(moTree.Path("src"), moTree.Path("gone")); }, 3},
+      {"folder gone", [&](auto&) { fs::rename(moTree.Path("src"), moTree.Path("gone")); },
+       FileCount},
       {"a file for the folder",
-       [&](auto&) { fs::remove_all(moTree.Path("src")), moTree.Write("src", "x"); }, 3},
+       [&](auto&) { fs::remove_all(moTree.Path("src")), moTree.Write("src", "x"); }, FileCount},
   };
   for (const Row& oRow : Rows) {
     for (const bool bLate : {false, true}) {
@@ -209,17 +226,40 @@ TEST_F(SaveTest, FilesThatAreNotTheOnesReadAreLeftAlone) {
 }
 
 TEST_F(SaveTest, AllNewFilesAreOnTheDiskBeforeTheFirstIsRenamed) {
-  FaultyFileOps oFiles;
-  auto pIDE = Open(&oFiles);
-  Turn(*pIDE);
-  oFiles.FailAt(0, 0);
-  EXPECT_EQ(pIDE->Save().asSaved.size(), FileCount + 0u);
-  std::string sSteps;
-  for (const std::string& sOperation : oFiles.Operations()) {
-    const std::string sName = sOperation.substr(0, sOperation.find(' '));
-    if (sName == "Write" || sName == "Rename" || sName.starts_with("Flush")) sSteps += sName + ' ';
+  struct Row {
+    const char* sName;
+    int nFiles;
+    const char* sFault;
+    std::size_t nAt, nTimes, nFailed;
+    const char* sSteps;
+  };
+  const Row Rows[] = {
+      {"many", 9, "", 0, 0, 0,
+       "9 Write 9 FlushBytes 1 FlushFileSystem 9 Rename 1 FlushFileSystem "},
+      {"few", 7, "", 0, 0, 0, "7 Write 7 Flush 7 Rename 1 FlushFolder "},
+      {"one of another file system", 9, "FileSystemOf", 1, 1, 0,
+       "9 Write 1 Flush 8 FlushBytes 1 FlushFileSystem 9 Rename 1 FlushFileSystem 1 FlushFolder "},
+      {"an error of another program's", 9, "Flush", 10, 1, 0,
+       "9 Write 9 FlushBytes 1 FlushFileSystem 1 Flush 8 FlushClosed 9 Rename 1 FlushFolder "},
+      {"an error of the first two", 9, "Flush", 10, 3, 2,
+       "9 Write 9 FlushBytes 1 FlushFileSystem 1 Flush 8 FlushClosed 7 Rename 1 FlushFolder "},
+      {"renames that aren't flushed together", 9, "Flush", 11, 1, 0,
+       "9 Write 9 FlushBytes 1 FlushFileSystem 9 Rename 1 FlushFileSystem 1 FlushFolder "},
+  };
+  for (const Row& oRow : Rows) {
+    SCOPED_TRACE(oRow.sName);
+    Restore();
+    FaultyFileOps oFiles;
+    auto pIDE = Open(&oFiles);
+    Turn(*pIDE, oRow.nFiles);
+    oFiles.FailAt(oRow.nAt, EIO, oRow.sFault, oRow.nTimes);
+    const auto oResult = pIDE->Save();
+    EXPECT_EQ(oResult.oFailed.size(), oRow.nFailed);
+    ExpectNamed(oResult);
+    EXPECT_EQ(StepsOf(oFiles), oRow.sSteps);
+    EXPECT_EQ(Leftovers(), 0);
+    ExpectOldOrNew();
   }
-  EXPECT_EQ(sSteps, "Write Write Write Flush Flush Flush Rename Rename Rename FlushFolder ");
 }
 
 TEST_F(SaveTest, ADiskWithRoomForOneNewFileAtATimeIsEnough) {

@@ -1,6 +1,7 @@
 #include "AtomicFile.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
@@ -11,6 +12,7 @@
 #include "MXFile.h"
 #include "PathText.h"
 #include "RegistryStore.h"
+#include "StagedFiles.h"
 #include "TempFolder.h"
 
 namespace {
@@ -51,7 +53,8 @@ TEST_F(AtomicFileTest, FailureAtEachOperationLeavesOldOrNewAndNoOtherFile) {
       const std::string sOperation = lAt <= asDone.size() ? asDone[lAt - 1] : "";
       SCOPED_TRACE(sOperation);
       const bool bHarmless = sOperation.empty() || sOperation.starts_with("SetOwner") ||
-                             sOperation.starts_with("StartFlush");
+                             sOperation.starts_with("StartFlush") ||
+                             sOperation.starts_with("FileSystemOf");
       EXPECT_EQ(lNumber, bHarmless ? 0 : 57);
       const bool bReplaced = bHarmless || sOperation.starts_with("FlushFolder");
       EXPECT_EQ(TempFolder::Read(sPath), bReplaced ? sNew : bThere ? sOld : "");
@@ -142,6 +145,36 @@ TEST_F(AtomicFileTest, NewFileLeftByAKilledProgramIsNoHindrance) {
   TempFolder::Write(oFolder / (".a.bas." + std::to_string(getpid()) + ".quillon-new"), "torn");
   EXPECT_EQ(Replace(), 0);
   EXPECT_EQ(oFolder.Entries(), 1u);
+}
+
+TEST_F(AtomicFileTest, ManyFilesNeedFewHandlesAndOnesThatFailLeaveTheOthers) {
+  constexpr std::size_t Count = 70;
+  const rlimit oFew{64, 64};
+  for (const char* pcFault : {"none", "FlushBytes", "FlushFileSystem", "Close"}) {
+    SCOPED_TRACE(pcFault);
+    const pid_t lChild = fork();
+    if (lChild == 0) {
+      setrlimit(RLIMIT_NOFILE, &oFew);
+      oFiles.FailAt(1, EIO, pcFault);
+      StagedFiles oStaged(oFiles);
+      for (std::size_t i = 0; i < Count; ++i) oStaged.Stage(oFolder / std::to_string(i), sNew);
+      oStaged.Flush();
+      int lFailed = 0;
+      for (std::size_t i = 0; i < Count; ++i) {
+        oStaged.Commit(i);
+        const bool bFailed = oStaged.FailureOf(i) != nullptr;
+        lFailed += bFailed == fs::exists(oFolder / std::to_string(i)) ? 100 : bFailed ? 1 : 0;
+      }
+      oStaged.FlushFolders();
+      _exit(lFailed);
+    }
+    int lStatus = 0;
+    waitpid(lChild, &lStatus, 0);
+    const bool bOfOneFile = std::string_view(pcFault) == "FlushBytes" || pcFault[0] == 'C';
+    EXPECT_EQ(WEXITSTATUS(lStatus), bOfOneFile ? 1 : 0);
+    for (std::size_t i = 0; i < Count; ++i) fs::remove(oFolder / std::to_string(i));
+    EXPECT_EQ(oFolder.Entries(), 0u);
+  }
 }
 
 TEST_F(AtomicFileTest, ReadGivesAllBytesOrNamesThePath) {

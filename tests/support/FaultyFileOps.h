@@ -13,11 +13,14 @@
 
 class FaultyFileOps : public IFileOps {
  public:
-  /// lOperation counts from 1 over all operations from now on whose record begins with sName.
-  void FailAt(std::size_t lOperation, int lError, const std::string& sName = {}) {
+  /// lOperation counts from 1 over all operations from now on whose record begins with sName; that
+  /// many of them fail from there on.
+  void FailAt(std::size_t lOperation, int lError, const std::string& sName = {},
+              std::size_t lTimes = 1) {
     masOperation.clear();
     msFaultName = sName;
     mlLeft = lOperation;
+    mlTimes = lTimes;
     mlError = lError;
   }
   /// The process ends with status 77.
@@ -58,6 +61,16 @@ class FaultyFileOps : public IFileOps {
     if (AtFlush) std::exchange(AtFlush, nullptr)();
     return Run("Flush", &IFileOps::Flush, hFile);
   }
+  int FlushBytes(int hFile) override {
+    if (AtFlush) std::exchange(AtFlush, nullptr)();
+    return Run("FlushBytes", &IFileOps::FlushBytes, hFile);
+  }
+  int FileSystemOf(int hFile, std::uint64_t& lFileSystem) override {
+    return Run("FileSystemOf", &IFileOps::FileSystemOf, hFile, lFileSystem);
+  }
+  int FlushFileSystem(int hFile) override {
+    return Run("FlushFileSystem", &IFileOps::FlushFileSystem, hFile);
+  }
   int Close(int hFile) override {
     // A close that fails has closed the file all the same.
     const int lError = moReal.Close(hFile);
@@ -69,6 +82,9 @@ class FaultyFileOps : public IFileOps {
   int Remove(const std::string& sPath) override {
     return Run("Remove " + sPath, &IFileOps::Remove, sPath);
   }
+  int FlushClosed(const std::string& sPath) override {
+    return Run("FlushClosed " + sPath, &IFileOps::FlushClosed, sPath);
+  }
   int FlushFolder(const std::string& sPath) override {
     return Run("FlushFolder " + sPath, &IFileOps::FlushFolder, sPath);
   }
@@ -76,7 +92,9 @@ class FaultyFileOps : public IFileOps {
  private:
   bool Faulty(const std::string& sOperation) {
     masOperation.push_back(sOperation);
-    return mlLeft > 0 && sOperation.starts_with(msFaultName) && --mlLeft == 0;
+    if (mlLeft == 0 || !sOperation.starts_with(msFaultName) || --mlLeft > 0) return false;
+    mlLeft = --mlTimes > 0 ? 1 : 0;
+    return true;
   }
   int Fault() const { return mlError < 0 ? _exit(77), 0 : mlError; }
 
@@ -88,6 +106,6 @@ class FaultyFileOps : public IFileOps {
   IFileOps& moReal = SystemFileOps();
   std::vector<std::string> masOperation;
   std::string msFaultName;
-  std::size_t mlLeft = 0;
+  std::size_t mlLeft = 0, mlTimes = 0;
   int mlError = 0;
 };
