@@ -24,47 +24,46 @@ constexpr TextView ModTemplateName = u"DefaultModTemplate";
 constexpr TextView ProcTemplateName = u"DefaultProcTemplate";
 constexpr std::int32_t Unlimited = std::numeric_limits<std::int32_t>::max();
 
-std::int32_t hRules = 0;
+std::int32_t rulesKey = 0;
 
-template <bool Values::*pMember>
-constexpr Rule Boolean(TextView sName) {
-  return {sName,
+template <bool Values::*member>
+constexpr Rule Boolean(TextView name) {
+  return {name,
           true,
           -1,
           0,
-          [](const Values& o) { return o.*pMember ? -1 : 0; },
-          [](Values& o, std::int32_t lValue) { o.*pMember = lValue != 0; }};
+          [](const Values& o) { return o.*member ? -1 : 0; },
+          [](Values& o, std::int32_t value) { o.*member = value != 0; }};
 }
 
-template <std::int32_t Values::*pMember>
-constexpr Rule Number(TextView sName, std::int32_t lLow, std::int32_t lHigh) {
-  return {sName,
+template <std::int32_t Values::*member>
+constexpr Rule Number(TextView name, std::int32_t low, std::int32_t high) {
+  return {name,
           false,
-          lLow,
-          lHigh,
-          [](const Values& o) { return o.*pMember; },
-          [](Values& o, std::int32_t lValue) { o.*pMember = lValue; }};
+          low,
+          high,
+          [](const Values& o) { return o.*member; },
+          [](Values& o, std::int32_t value) { o.*member = value; }};
 }
 
 /// A choice travels as its number.
-template <auto pMember>
-constexpr Rule Choice(TextView sName, std::int32_t lLow, std::int32_t lHigh) {
-  return {sName,
+template <auto member>
+constexpr Rule Choice(TextView name, std::int32_t low, std::int32_t high) {
+  return {name,
           false,
-          lLow,
-          lHigh,
-          [](const Values& o) { return MQuillon::ToNumber(o.*pMember); },
-          [](Values& o, std::int32_t lValue) {
-            using Type = std::remove_reference_t<decltype(o.*pMember)>;
-            o.*pMember = MQuillon::FromNumber<Type>(lValue);
+          low,
+          high,
+          [](const Values& o) { return MQuillon::ToNumber(o.*member); },
+          [](Values& o, std::int32_t value) {
+            using Type = std::remove_reference_t<decltype(o.*member)>;
+            o.*member = MQuillon::FromNumber<Type>(value);
           }};
 }
 
-void GetDefaultTemplate(TextView sParameter, const CXLookup* poLookup, Text& sTemplate) {
-  sTemplate = RecentFiles().Property(1, sParameter);
-  if (poLookup && poLookup->Count() > 1 && !poLookup->ItemExists(sTemplate)) {
-    sTemplate = poLookup->Item(2);
-  }
+Text DefaultTemplate(TextView parameter, const CXLookup* lookup) {
+  Text name = RecentFiles().Property(1, parameter);
+  const bool gone = lookup && lookup->Count() > 1 && !lookup->ItemExists(name);
+  return gone ? lookup->Item(2) : name;
 }
 
 }  // namespace
@@ -72,34 +71,33 @@ void GetDefaultTemplate(TextView sParameter, const CXLookup* poLookup, Text& sTe
 namespace MRules {
 
 void Initialize() {
-  hRules = MXRegistry::OpenRegKey(MXRegistry::HKEY_CURRENT_USER,
-                                  Text(MXRegistry::RootKey).append(u"Rules"),
-                                  MXRegistry::KEY_ALL_ACCESS);
+  rulesKey = MXRegistry::OpenRegKey(MXRegistry::HKEY_CURRENT_USER,
+                                    Text(MXRegistry::RootKey).append(u"Rules"),
+                                    MXRegistry::KEY_ALL_ACCESS);
   GetRules();
 }
 
 void GetRules() {
-  const Values oDefault;
-  for (const Rule& oRule : Table()) {
-    oRule.Set(oRules, MXRegistry::GetRegLong(hRules, oRule.sName, oRule.Get(oDefault)));
+  const Values defaults;
+  for (const Rule& rule : Table()) {
+    rule.Set(oRules, MXRegistry::GetRegLong(rulesKey, rule.sName, rule.Get(defaults)));
   }
 }
 
 void SetRules() {
   // All or none: a program that ends in between leaves no half-changed set of rules.
-  std::optional<RegistryStore::Batch> oBatch;
-  if (goRegistry) oBatch.emplace(*goRegistry);
+  std::optional<RegistryStore::Batch> batch;
+  if (goRegistry) batch.emplace(*goRegistry);
   SetDefaultTemplates();
-  for (const Rule& oRule : Table()) {
-    MXRegistry::SetRegLong(hRules, oRule.sName, oRule.Get(oRules));
+  for (const Rule& rule : Table()) {
+    MXRegistry::SetRegLong(rulesKey, rule.sName, rule.Get(oRules));
   }
 }
 
 void GetDefaultTemplates() {
-  GetDefaultTemplate(ModTemplateName, MQuillon::oLookupModTemplate.get(),
-                     oRules.sDefaultModTemplate);
-  GetDefaultTemplate(ProcTemplateName, MQuillon::oLookupProcTemplate.get(),
-                     oRules.sDefaultProcTemplate);
+  oRules.sDefaultModTemplate = DefaultTemplate(ModTemplateName, MQuillon::oLookupModTemplate.get());
+  oRules.sDefaultProcTemplate =
+      DefaultTemplate(ProcTemplateName, MQuillon::oLookupProcTemplate.get());
 }
 
 void SetDefaultTemplates() {
@@ -110,7 +108,7 @@ void SetDefaultTemplates() {
 }
 
 const std::vector<Rule>& Table() {
-  static const std::vector<Rule> oTable = {
+  static const std::vector<Rule> table = {
       Choice<&Values::eModSeverityDefault>(u"Module Severity Default", 1, 3),
       Choice<&Values::eModRetryDefault>(u"Module Retry Default", 1, 3),
       Choice<&Values::eSeverityDefault>(u"Severity Default", 1, 3),
@@ -133,7 +131,7 @@ const std::vector<Rule>& Table() {
       Number<&Values::lLineNumSkipShortSize>(u"Line Number Skip Short Size", 0, Unlimited),
       Boolean<&Values::bSkipReadOnly>(u"Skip ReadOnly"),
       Boolean<&Values::bProve>(u"Prove Rewrites")};
-  return oTable;
+  return table;
 }
 
 }  // namespace MRules

@@ -10,43 +10,43 @@
 namespace {
 
 struct Difference {
-  Property eProperty;
-  std::string sFrom, sTo;
+  Property property;
+  std::string from, to;
 };
 
 struct ProcedureFinding {
-  ProcedureHandle hProcedure;
-  std::int32_t lLine = 0;
+  ProcedureHandle procedure;
+  std::int32_t line = 0;
   // The settings ahead of the trial, which changes Current; words are made when they are printed.
-  CProcSettings oFrom, oTo;
-  bool bTraced = false;
-  std::vector<std::string> asRefusal{};
+  CProcSettings from, to;
+  bool isTraced = false;
+  std::vector<std::string> refusals{};
 };
 
-std::vector<Difference> Differences(const ProcedureFinding& oFinding) {
-  std::vector<Difference> oChanges;
-  for (Property eProperty : AllProperties) {
-    if (eProperty == Property::Trace && !oFinding.bTraced) continue;
-    std::string sFrom = Shown(oFinding.oFrom, eProperty), sTo = Shown(oFinding.oTo, eProperty);
-    if (sFrom != sTo) oChanges.push_back({eProperty, std::move(sFrom), std::move(sTo)});
+std::vector<Difference> Differences(const ProcedureFinding& finding) {
+  std::vector<Difference> changes;
+  for (Property property : AllProperties) {
+    if (property == Property::Trace && !finding.isTraced) continue;
+    std::string from = Shown(finding.from, property), to = Shown(finding.to, property);
+    if (from != to) changes.push_back({property, std::move(from), std::move(to)});
   }
-  return oChanges;
+  return changes;
 }
 
 /// The procedures that would change, with their lines in the files as these are now.
-std::vector<ProcedureFinding> Changes(Session& oSession) {
-  std::vector<ProcedureFinding> oFindings;
-  for (ProcedureHandle h : oSession.Procedures()) {
-    oSession.oHandler.ApplySuggestedSettings(h);
-    if (!oSession.oHandler.ProcedureIsDirty(h)) continue;
-    const ProcedureRecord& oProcedure = oSession.oHandler.Procedure(h);
+std::vector<ProcedureFinding> Changes(Session& session) {
+  std::vector<ProcedureFinding> findings;
+  for (ProcedureHandle h : session.Procedures()) {
+    session.oHandler.ApplySuggestedSettings(h);
+    if (!session.oHandler.ProcedureIsDirty(h)) continue;
+    const ProcedureRecord& record = session.oHandler.Procedure(h);
     // Foreign code is never rewritten, so that nothing would change.
-    if (oProcedure.oCurrent.bForeign()) continue;
+    if (record.oCurrent.bForeign()) continue;
     // A declarations section can't be traced.
-    oFindings.push_back({h, oSession.HeadLine(h), oProcedure.oCurrent, oProcedure.oPending,
-                         !oSession.IsDeclarations(h)});
+    findings.push_back(
+        {h, session.HeadLine(h), record.oCurrent, record.oPending, !session.IsDeclarations(h)});
   }
-  return oFindings;
+  return findings;
 }
 
 /// What keeps lines out of a module's declarations shows only when they are put there.
@@ -65,138 +65,137 @@ void TryChanges(Session& session, std::vector<ProcedureFinding>& findings) {
   std::erase_if(findings, [&](ProcedureFinding& finding) {
     session.oConsole.Progress(
         ++tried, findings.size(),
-        session.oHandler.Component(session.oHandler.Procedure(finding.hProcedure).hComponent)
-            .sName);
-    const Rewrite rewrite = session.oHandler.PendingRewrite(finding.hProcedure, false);
+        session.oHandler.Component(session.oHandler.Procedure(finding.procedure).hComponent).sName);
+    const Rewrite rewrite = session.oHandler.PendingRewrite(finding.procedure, false);
     std::vector<Refusal> refusals = rewrite.refusals;
-    if (rewrite.changed && session.IsDeclarations(finding.hProcedure)) {
-      refusals = TryInModule(session, finding.hProcedure);
+    if (rewrite.changed && session.IsDeclarations(finding.procedure)) {
+      refusals = TryInModule(session, finding.procedure);
     }
     for (const Refusal& refusal : refusals) {
-      finding.asRefusal.push_back(ToUtf8(Trim(MessageOf(refusal))));
+      finding.refusals.push_back(ToUtf8(Trim(MessageOf(refusal))));
     }
     return refusals.empty() && !rewrite.changed;
   });
   session.oConsole.ProgressEnd();
 }
 
-std::string ChangeText(const std::vector<Difference>& oChanges) {
-  std::string sText;
-  for (const Difference& oChange : oChanges) {
-    sText += (sText.empty() ? " " : ", ") + std::string(PropertyName(oChange.eProperty)) + ' ' +
-             (oChange.sFrom.empty() ? "unset" : oChange.sFrom) + " -> " +
-             (oChange.sTo.empty() ? "unset" : oChange.sTo);
+std::string ChangeText(const std::vector<Difference>& changes) {
+  std::string text;
+  for (const Difference& change : changes) {
+    text += (text.empty() ? " " : ", ") + std::string(PropertyName(change.property)) + ' ' +
+            (change.from.empty() ? "unset" : change.from) + " -> " +
+            (change.to.empty() ? "unset" : change.to);
   }
-  return sText;
+  return text;
 }
 
 class Reporter {
  public:
-  explicit Reporter(Session& oSession) : moSession(oSession), moJson(oSession.oOutput) {}
+  explicit Reporter(Session& session) : mSession(session), mJson(session.oOutput) {}
 
-  void Report(const std::vector<ProcedureFinding>& oFindings) {
-    if (mbJson) {
-      moJson.BeginObject();
-      moJson.Key("findings").BeginArray();
+  void Report(const std::vector<ProcedureFinding>& findings) {
+    if (mIsJson) {
+      mJson.BeginObject();
+      mJson.Key("findings").BeginArray();
     }
-    for (ComponentHandle h : moSession.Unreadable()) Unreadable(h);
-    for (const ProcedureFinding& oFinding : oFindings) Procedure(oFinding);
-    if (!mbJson) return;
-    moJson.Break();
-    moJson.EndArray();
-    moJson.EndObject();
-    moJson.Finish();
+    for (ComponentHandle h : mSession.Unreadable()) Unreadable(h);
+    for (const ProcedureFinding& finding : findings) Procedure(finding);
+    if (!mIsJson) return;
+    mJson.Break();
+    mJson.EndArray();
+    mJson.EndObject();
+    mJson.Finish();
   }
 
  private:
   /// Findings come component by component: the path is worked out once for each.
   void SetFile(ComponentHandle component) {
-    if (component != mComponent) msFile = moSession.FileOf(component);
+    if (component != mComponent) mFile = mSession.FileOf(component);
     mComponent = component;
   }
 
-  void Procedure(const ProcedureFinding& oFinding) {
-    SetFile(moSession.oHandler.Procedure(oFinding.hProcedure).hComponent);
-    std::string sName = moSession.NameOf(oFinding.hProcedure);
-    std::vector<Difference> oChanges = Differences(oFinding);
-    if (!mbJson) {
-      if (!oChanges.empty()) Line(oFinding.lLine, sName + ":" + ChangeText(oChanges));
-      for (const std::string& sReason : oFinding.asRefusal)
-        Line(oFinding.lLine, sName + ": refused: " + sReason);
+  void Procedure(const ProcedureFinding& finding) {
+    SetFile(mSession.oHandler.Procedure(finding.procedure).hComponent);
+    std::string name = mSession.NameOf(finding.procedure);
+    std::vector<Difference> changes = Differences(finding);
+    if (!mIsJson) {
+      if (!changes.empty()) Line(finding.line, name + ":" + ChangeText(changes));
+      for (const std::string& reason : finding.refusals)
+        Line(finding.line, name + ": refused: " + reason);
       return;
     }
-    if (!oChanges.empty()) {
-      BeginJson("change", oFinding.hProcedure, oFinding.lLine);
-      ChangesJson(oChanges);
-      EndJson(sName + ":" + ChangeText(oChanges));
+    if (!changes.empty()) {
+      BeginJson("change", finding.procedure, finding.line);
+      ChangesJson(changes);
+      EndJson(name + ":" + ChangeText(changes));
     }
-    for (const std::string& sReason : oFinding.asRefusal) {
-      BeginJson("refused", oFinding.hProcedure, oFinding.lLine);
-      EndJson(sReason);
+    for (const std::string& reason : finding.refusals) {
+      BeginJson("refused", finding.procedure, finding.line);
+      EndJson(reason);
     }
   }
 
-  void Unreadable(ComponentHandle hComponent) {
-    const ComponentRecord& oComponent = moSession.oHandler.Component(hComponent);
-    SetFile(hComponent);
-    std::string sReason = moSession.ReasonOf(hComponent);
-    if (!mbJson) return Line(0, ToUtf8(oComponent.sName) + ": can't be read: " + sReason);
-    BeginObject("unreadable", hComponent);
-    EndJson(sReason);
+  void Unreadable(ComponentHandle component) {
+    const ComponentRecord& record = mSession.oHandler.Component(component);
+    SetFile(component);
+    std::string reason = mSession.ReasonOf(component);
+    if (!mIsJson) return Line(0, ToUtf8(record.sName) + ": can't be read: " + reason);
+    BeginObject("unreadable", component);
+    EndJson(reason);
   }
 
-  void Line(std::int32_t lLine, const std::string& sMessage) {
-    moSession.oOutput.Put(
-        Printable(Finding(msFile.empty() ? "(no file)" : msFile, lLine, sMessage)) + '\n');
+  void Line(std::int32_t line, const std::string& message) {
+    mSession.oOutput.Put(Printable(Finding(mFile.empty() ? "(no file)" : mFile, line, message)) +
+                         '\n');
   }
 
-  void BeginObject(const char* sKind, ComponentHandle hComponent) {
-    const ComponentRecord& oComponent = moSession.oHandler.Component(hComponent);
-    moJson.Break();
-    moJson.BeginObject();
-    moJson.Key("kind").String(sKind);
-    moJson.Key("file").StringOrNull(msFile);
-    moJson.Key("project").String(ToUtf8(moSession.oHandler.ProjectName(oComponent.hProject)));
-    moJson.Key("component").String(ToUtf8(oComponent.sName));
+  void BeginObject(const char* kind, ComponentHandle component) {
+    const ComponentRecord& record = mSession.oHandler.Component(component);
+    mJson.Break();
+    mJson.BeginObject();
+    mJson.Key("kind").String(kind);
+    mJson.Key("file").StringOrNull(mFile);
+    mJson.Key("project").String(ToUtf8(mSession.oHandler.ProjectName(record.hProject)));
+    mJson.Key("component").String(ToUtf8(record.sName));
   }
 
-  void BeginJson(const char* sKind, ProcedureHandle hProcedure, std::int32_t lLine) {
-    BeginObject(sKind, moSession.oHandler.Procedure(hProcedure).hComponent);
-    moJson.Key("procedure").String(ToUtf8(moSession.oHandler.ProcName(hProcedure)));
-    moJson.Key("line").Number(lLine);
+  void BeginJson(const char* kind, ProcedureHandle procedure, std::int32_t line) {
+    BeginObject(kind, mSession.oHandler.Procedure(procedure).hComponent);
+    mJson.Key("procedure").String(ToUtf8(mSession.oHandler.ProcName(procedure)));
+    mJson.Key("line").Number(line);
   }
 
-  void ChangesJson(const std::vector<Difference>& oChanges) {
-    moJson.Key("changes").BeginArray();
-    for (const Difference& oChange : oChanges) {
-      moJson.BeginObject();
-      moJson.Key("property").String(PropertyName(oChange.eProperty));
-      moJson.Key("from").StringOrNull(oChange.sFrom);
-      moJson.Key("to").StringOrNull(oChange.sTo);
-      moJson.EndObject();
+  void ChangesJson(const std::vector<Difference>& changes) {
+    mJson.Key("changes").BeginArray();
+    for (const Difference& change : changes) {
+      mJson.BeginObject();
+      mJson.Key("property").String(PropertyName(change.property));
+      mJson.Key("from").StringOrNull(change.from);
+      mJson.Key("to").StringOrNull(change.to);
+      mJson.EndObject();
     }
-    moJson.EndArray();
+    mJson.EndArray();
   }
 
-  void EndJson(const std::string& sMessage) {
-    moJson.Key("message").String(sMessage);
-    moJson.EndObject();
+  void EndJson(const std::string& message) {
+    mJson.Key("message").String(message);
+    mJson.EndObject();
   }
 
-  Session& moSession;
-  JsonWriter moJson;
-  const bool mbJson = moSession.oArguments.sFormat == "json";
-  std::string msFile;
+  Session& mSession;
+  JsonWriter mJson;
+  const bool mIsJson = mSession.oArguments.sFormat == "json";
+  std::string mFile;
   ComponentHandle mComponent;
 };
 
 }  // namespace
 
-int CheckCommand(Session& oSession) {
-  oSession.OpenGroup();
-  oSession.LoadScope(false);
-  std::vector<ProcedureFinding> oFindings = Changes(oSession);
-  TryChanges(oSession, oFindings);
-  Reporter(oSession).Report(oFindings);
-  return oFindings.empty() && oSession.IsScopeRead() ? 0 : 1;
+int CheckCommand(Session& session) {
+  session.OpenGroup();
+  session.LoadScope(false);
+  std::vector<ProcedureFinding> findings = Changes(session);
+  TryChanges(session, findings);
+  Reporter(session).Report(findings);
+  return findings.empty() && session.IsScopeRead() ? 0 : 1;
 }

@@ -18,36 +18,36 @@ class Console {
  public:
   enum class Level { Quiet, Normal, Verbose };
 
-  explicit Console(Level eLevel);
+  explicit Console(Level level);
   ~Console();
   Console(const Console&) = delete;
   Console& operator=(const Console&) = delete;
 
   /// Something went wrong: always written.
-  void Error(std::string_view sMessage);
+  void Error(std::string_view message);
   /// The account of the work: not with -q.
-  void Say(std::string_view sMessage);
+  void Say(std::string_view message);
   /// With -v only.
-  void Detail(std::string_view sMessage);
-  bool IsVerbose() const { return meLevel == Level::Verbose; }
-  bool IsQuiet() const { return meLevel == Level::Quiet; }
+  void Detail(std::string_view message);
+  bool IsVerbose() const { return mLevel == Level::Verbose; }
+  bool IsQuiet() const { return mLevel == Level::Quiet; }
 
   /// Shows how far long work has come; nothing in the first moments and without a terminal.
-  void Progress(std::size_t lDone, std::size_t lTotal, TextView sCaption);
+  void Progress(std::size_t done, std::size_t total, TextView caption);
   void ProgressEnd();
   void Flush();
 
  private:
-  void Line(std::string_view sMessage);
+  void Line(std::string_view message);
   void EraseBar();
 
-  Level meLevel;
-  bool mbTerminal;
-  bool mbBar = false;
-  bool mbWorking = false;
-  std::chrono::steady_clock::time_point moNextBar;
-  std::string msPending;
+  Level mLevel;
+  bool mIsTerminal;
+  bool mHasBar = false;
+  bool mIsWorking = false;
+  std::chrono::steady_clock::time_point mNextBar;
+  std::string mPending;
 };
 
 /// Text that is safe on a terminal: control characters become "?".
-std::string Printable(std::string sText);
+std::string Printable(std::string text);

@@ -5,12 +5,12 @@
 namespace {
 
 /// Display names by id, from 1.
-std::span<const std::string_view> Values(Property eProperty) {
+std::span<const std::string_view> Values(Property property) {
   static constexpr std::array<std::string_view, 2> State = {"False", "True"};
   static constexpr std::array<std::string_view, 4> Boundary = {"None", "VB", "Firewall", "ActiveX"};
   static constexpr std::array<std::string_view, 3> Severity = {"Cosmetic", "Normal", "Fatal"};
   static constexpr std::array<std::string_view, 3> Retry = {"Line", "Procedure", "None"};
-  switch (eProperty) {
+  switch (property) {
     case Property::Boundary:
       return Boundary;
     case Property::Severity:
@@ -28,66 +28,66 @@ std::span<const std::string_view> Values(Property eProperty) {
 
 }  // namespace
 
-bool SameWord(std::string_view sLeft, std::string_view sRight) {
-  return EqualNoCase(FromUtf8(sLeft), FromUtf8(sRight));
+bool SameWord(std::string_view left, std::string_view right) {
+  return EqualNoCase(FromUtf8(left), FromUtf8(right));
 }
 
-std::string_view PropertyName(Property eProperty) {
+std::string_view PropertyName(Property property) {
   constexpr std::array<std::string_view, 6> Names = {"Template", "Locked", "Boundary",
                                                      "Severity", "Retry",  "Trace"};
-  return Names[static_cast<std::size_t>(eProperty)];
+  return Names[static_cast<std::size_t>(property)];
 }
 
-std::optional<Property> PropertyByName(std::string_view sName) {
-  for (Property eProperty : AllProperties)
-    if (SameWord(PropertyName(eProperty), sName)) return eProperty;
+std::optional<Property> PropertyByName(std::string_view name) {
+  for (Property property : AllProperties)
+    if (SameWord(PropertyName(property), name)) return property;
   return std::nullopt;
 }
 
-std::string_view ValueName(Property eProperty, std::int32_t lId) {
-  auto oValues = Values(eProperty);
-  if (lId < 1 || static_cast<std::size_t>(lId) > oValues.size()) return {};
-  return oValues[static_cast<std::size_t>(lId) - 1];
+std::string_view ValueName(Property property, std::int32_t id) {
+  auto values = Values(property);
+  if (id < 1 || static_cast<std::size_t>(id) > values.size()) return {};
+  return values[static_cast<std::size_t>(id) - 1];
 }
 
-std::int32_t ValueByName(Property eProperty, std::string_view sName) {
-  auto oValues = Values(eProperty);
-  for (std::size_t i = 0; i < oValues.size(); ++i)
-    if (SameWord(oValues[i], sName)) return static_cast<std::int32_t>(i) + 1;
+std::int32_t ValueByName(Property property, std::string_view name) {
+  auto values = Values(property);
+  for (std::size_t i = 0; i < values.size(); ++i)
+    if (SameWord(values[i], name)) return static_cast<std::int32_t>(i) + 1;
   return 0;
 }
 
-std::string Alternatives(const std::vector<std::string>& asText) {
-  std::string sResult;
-  for (std::size_t i = 0; i < asText.size(); ++i)
-    sResult += (i == 0 ? "" : i + 1 == asText.size() ? " or " : ", ") + asText[i];
-  return sResult;
+std::string Alternatives(const std::vector<std::string>& texts) {
+  std::string result;
+  for (std::size_t i = 0; i < texts.size(); ++i)
+    result += (i == 0 ? "" : i + 1 == texts.size() ? " or " : ", ") + texts[i];
+  return result;
 }
 
-std::string AllowedValues(Property eProperty) {
-  auto oValues = Values(eProperty);
-  return Alternatives({oValues.begin(), oValues.end()});
+std::string AllowedValues(Property property) {
+  auto values = Values(property);
+  return Alternatives({values.begin(), values.end()});
 }
 
-std::int32_t ValueOf(const CProcSettings& oSettings, Property eProperty) {
-  switch (eProperty) {
+std::int32_t ValueOf(const CProcSettings& settings, Property property) {
+  switch (property) {
     case Property::Locked:
-      return MQuillon::ToNumber(oSettings.eLocked());
+      return MQuillon::ToNumber(settings.eLocked());
     case Property::Boundary:
-      return MQuillon::ToNumber(oSettings.eBoundary());
+      return MQuillon::ToNumber(settings.eBoundary());
     case Property::Severity:
-      return MQuillon::ToNumber(oSettings.eSeverity());
+      return MQuillon::ToNumber(settings.eSeverity());
     case Property::Retry:
-      return MQuillon::ToNumber(oSettings.eRetry());
+      return MQuillon::ToNumber(settings.eRetry());
     case Property::Trace:
-      return MQuillon::ToNumber(oSettings.eTrace());
+      return MQuillon::ToNumber(settings.eTrace());
     case Property::Template:
       break;
   }
   return 0;
 }
 
-std::string Shown(const CProcSettings& oSettings, Property eProperty) {
-  if (eProperty == Property::Template) return ToUtf8(oSettings.sTemplateSelectionName());
-  return std::string(ValueName(eProperty, ValueOf(oSettings, eProperty)));
+std::string Shown(const CProcSettings& settings, Property property) {
+  if (property == Property::Template) return ToUtf8(settings.sTemplateSelectionName());
+  return std::string(ValueName(property, ValueOf(settings, property)));
 }

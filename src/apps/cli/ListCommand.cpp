@@ -16,204 +16,202 @@ constexpr std::size_t FirstProperty = 5;
 
 class Lister {
  public:
-  explicit Lister(Session& oSession)
-      : moSession(oSession), moHandler(oSession.oHandler), msOut(oSession.oOutput.Buffer()) {}
+  explicit Lister(Session& session)
+      : mSession(session), mHandler(session.oHandler), mOut(session.oOutput.Buffer()) {}
 
   void AsTable() {
-    TextTable oTable(Row().size());
+    TextTable table(Row().size());
     Heading(false);
-    oTable.Measure(moRow);
+    table.Measure(mRow);
     EachRow([&] {
-      for (std::string& sCell : moRow) sCell = Printable(std::move(sCell));
-      oTable.Measure(moRow);
+      for (std::string& cell : mRow) cell = Printable(std::move(cell));
+      table.Measure(mRow);
     });
     Heading(false);
-    oTable.Append(moRow, msOut);
+    table.Append(mRow, mOut);
     EachRow([&] {
-      for (std::string& sCell : moRow) sCell = Printable(std::move(sCell));
-      oTable.Append(moRow, msOut);
+      for (std::string& cell : mRow) cell = Printable(std::move(cell));
+      table.Append(mRow, mOut);
     });
   }
 
   void AsCsv() {
     Heading(true);
-    AppendCsv(moRow, msOut);
-    EachRow([&] { AppendCsv(moRow, msOut); });
+    AppendCsv(mRow, mOut);
+    EachRow([&] { AppendCsv(mRow, mOut); });
   }
 
   void AsJson() {
-    JsonWriter oJson(moSession.oOutput);
-    oJson.BeginObject();
-    oJson.Key("version").String(QUILLON_VERSION);
-    oJson.Key("template").String(moSession.TemplateFile());
-    oJson.Key("show").String(Version());
-    oJson.Key("projects").BeginArray();
-    for (ProjectHandle h : moHandler.Projects()) ProjectJson(h, oJson);
-    oJson.EndArray();
-    oJson.Key("procedures").BeginArray();
-    EachRow([&] { ProcedureJson(oJson); });
-    oJson.Break();
-    oJson.EndArray();
-    oJson.Key("loadFailures").BeginArray();
-    for (ComponentHandle h : moSession.Unreadable()) LoadFailureJson(h, oJson);
-    oJson.EndArray();
-    oJson.EndObject();
-    oJson.Finish();
+    JsonWriter json(mSession.oOutput);
+    json.BeginObject();
+    json.Key("version").String(QUILLON_VERSION);
+    json.Key("template").String(mSession.TemplateFile());
+    json.Key("show").String(Version());
+    json.Key("projects").BeginArray();
+    for (ProjectHandle h : mHandler.Projects()) ProjectJson(h, json);
+    json.EndArray();
+    json.Key("procedures").BeginArray();
+    EachRow([&] { ProcedureJson(json); });
+    json.Break();
+    json.EndArray();
+    json.Key("loadFailures").BeginArray();
+    for (ComponentHandle h : mSession.Unreadable()) LoadFailureJson(h, json);
+    json.EndArray();
+    json.EndObject();
+    json.Finish();
   }
 
  private:
   const char* Version() const {
-    if (moSession.oArguments.bSuggested) return "suggested";
-    return moSession.oArguments.bPending ? "pending" : "current";
+    if (mSession.oArguments.bSuggested) return "suggested";
+    return mSession.oArguments.bPending ? "pending" : "current";
   }
 
-  const CProcSettings& Settings(const ProcedureRecord& oProcedure) const {
-    if (moSession.oArguments.bSuggested) return oProcedure.oSuggest;
-    return moSession.oArguments.bPending ? oProcedure.oPending : oProcedure.oCurrent;
+  const CProcSettings& Settings(const ProcedureRecord& record) const {
+    if (mSession.oArguments.bSuggested) return record.oSuggest;
+    return mSession.oArguments.bPending ? record.oPending : record.oCurrent;
   }
 
-  void Heading(bool bLower) {
-    moRow = {"Project", "Component", "Procedure", "Type", "Scope"};
-    for (Property eProperty : AllProperties)
-      moRow[FirstProperty + static_cast<std::size_t>(eProperty)] = PropertyName(eProperty);
-    if (!bLower) return;
-    for (std::string& sCell : moRow) sCell = ToUtf8(LowerCase(FromUtf8(sCell)));
+  void Heading(bool lower) {
+    mRow = {"Project", "Component", "Procedure", "Type", "Scope"};
+    for (Property property : AllProperties)
+      mRow[FirstProperty + static_cast<std::size_t>(property)] = PropertyName(property);
+    if (!lower) return;
+    for (std::string& cell : mRow) cell = ToUtf8(LowerCase(FromUtf8(cell)));
   }
 
   template <class Write>
-  void EachRow(Write&& fnWrite) {
-    mhComponent = {};
-    for (ProcedureHandle h : moSession.Procedures()) {
+  void EachRow(Write&& write) {
+    mComponent = {};
+    for (ProcedureHandle h : mSession.Procedures()) {
       Fill(h);
-      fnWrite();
-      moSession.oOutput.FlushWhenLarge();
+      write();
+      mSession.oOutput.FlushWhenLarge();
     }
   }
 
-  void Fill(ProcedureHandle hProcedure) {
-    mhProcedure = hProcedure;
-    const ProcedureRecord& oProcedure = moHandler.Procedure(hProcedure);
-    if (oProcedure.hComponent != mhComponent) {
-      mhComponent = oProcedure.hComponent;
-      msProject = ToUtf8(moHandler.ProjectName(moHandler.Component(mhComponent).hProject));
-      msComponent = ToUtf8(moHandler.Component(mhComponent).sName);
-      msFile.clear();
+  void Fill(ProcedureHandle procedure) {
+    mProcedure = procedure;
+    const ProcedureRecord& record = mHandler.Procedure(procedure);
+    if (record.hComponent != mComponent) {
+      mComponent = record.hComponent;
+      mProjectName = ToUtf8(mHandler.ProjectName(mHandler.Component(mComponent).hProject));
+      mComponentName = ToUtf8(mHandler.Component(mComponent).sName);
+      mFile.clear();
     }
-    moRow[0] = msProject;
-    moRow[1] = msComponent;
-    moRow[2] = ToUtf8(moHandler.ProcName(hProcedure));
-    moRow[3] = ToUtf8(oProcedure.sProcType);
-    moRow[4] = oProcedure.oMember ? ToUtf8(MQuillon::ScopeTypeName(oProcedure.oMember->Scope()))
-                                  : std::string();
-    for (Property eProperty : AllProperties)
-      moRow[FirstProperty + static_cast<std::size_t>(eProperty)] =
-          Shown(Settings(oProcedure), eProperty);
+    mRow[0] = mProjectName;
+    mRow[1] = mComponentName;
+    mRow[2] = ToUtf8(mHandler.ProcName(procedure));
+    mRow[3] = ToUtf8(record.sProcType);
+    mRow[4] =
+        record.oMember ? ToUtf8(MQuillon::ScopeTypeName(record.oMember->Scope())) : std::string();
+    for (Property property : AllProperties)
+      mRow[FirstProperty + static_cast<std::size_t>(property)] = Shown(Settings(record), property);
     // A declarations section can't be traced.
-    if (!oProcedure.oMember) moRow.back().clear();
+    if (!record.oMember) mRow.back().clear();
   }
 
-  void ProjectJson(ProjectHandle hProject, JsonWriter& oJson) {
-    oJson.Break();
-    oJson.BeginObject();
-    oJson.Key("name").String(ToUtf8(moHandler.ProjectName(hProject)));
-    oJson.Key("type").String(
-        ToUtf8(MQuillon::VBProjectTypeName(moHandler.Project(hProject).oProject->Type())));
-    oJson.Key("file").String(ShownFile(PathOfText(moHandler.ProjectFileName(hProject))));
-    oJson.EndObject();
+  void ProjectJson(ProjectHandle project, JsonWriter& json) {
+    json.Break();
+    json.BeginObject();
+    json.Key("name").String(ToUtf8(mHandler.ProjectName(project)));
+    json.Key("type").String(
+        ToUtf8(MQuillon::VBProjectTypeName(mHandler.Project(project).oProject->Type())));
+    json.Key("file").String(ShownFile(PathOfText(mHandler.ProjectFileName(project))));
+    json.EndObject();
   }
 
-  void ProcedureJson(JsonWriter& oJson) {
+  void ProcedureJson(JsonWriter& json) {
     constexpr std::array Keys = {"project", "component", "procedure", "type", "scope"};
-    const ProcedureRecord& oProcedure = moHandler.Procedure(mhProcedure);
-    const CProcSettings& oSettings = Settings(oProcedure);
-    oJson.Break();
-    oJson.BeginObject();
-    for (std::size_t i = 0; i < Keys.size(); ++i) oJson.Key(Keys[i]).String(moRow[i]);
-    oJson.Key("template").StringOrNull(ToUtf8(oSettings.sTemplate()));
-    oJson.Key("locked").Bool(oSettings.eLocked() == MQuillon::TriState::True);
-    oJson.Key("boundary").StringOrNull(moRow[7]);
-    oJson.Key("severity").StringOrNull(moRow[8]);
-    oJson.Key("retry").StringOrNull(moRow[9]);
-    oJson.Key("trace");
-    if (moRow[10].empty())
-      oJson.Null();
+    const ProcedureRecord& record = mHandler.Procedure(mProcedure);
+    const CProcSettings& settings = Settings(record);
+    json.Break();
+    json.BeginObject();
+    for (std::size_t i = 0; i < Keys.size(); ++i) json.Key(Keys[i]).String(mRow[i]);
+    json.Key("template").StringOrNull(ToUtf8(settings.sTemplate()));
+    json.Key("locked").Bool(settings.eLocked() == MQuillon::TriState::True);
+    json.Key("boundary").StringOrNull(mRow[7]);
+    json.Key("severity").StringOrNull(mRow[8]);
+    json.Key("retry").StringOrNull(mRow[9]);
+    json.Key("trace");
+    if (mRow[10].empty())
+      json.Null();
     else
-      oJson.Bool(oSettings.eTrace() == MQuillon::TriState::True);
-    PlaceJson(oJson);
-    FlagsJson(oProcedure, oSettings, oJson);
-    oJson.EndObject();
+      json.Bool(settings.eTrace() == MQuillon::TriState::True);
+    PlaceJson(json);
+    FlagsJson(record, settings, json);
+    json.EndObject();
   }
 
-  void PlaceJson(JsonWriter& oJson) {
-    if (msFile.empty()) msFile = moSession.FileOf(mhComponent);
-    oJson.Key("file").StringOrNull(msFile);
+  void PlaceJson(JsonWriter& json) {
+    if (mFile.empty()) mFile = mSession.FileOf(mComponent);
+    json.Key("file").StringOrNull(mFile);
     // In the order of the file: a place behind the last one is found by going on from there.
-    const std::int32_t firstLine = moSession.FirstLine(mhProcedure);
-    oJson.Key("line").Number(moSession.HeadLine(mhProcedure));
-    oJson.Key("firstLine").Number(firstLine);
+    const std::int32_t firstLine = mSession.FirstLine(mProcedure);
+    json.Key("line").Number(mSession.HeadLine(mProcedure));
+    json.Key("firstLine").Number(firstLine);
   }
 
-  void FlagsJson(const ProcedureRecord& oProcedure, const CProcSettings& oSettings,
-                 JsonWriter& oJson) {
-    oJson.Key("eventHandler").Bool(oProcedure.bEventHandler);
-    oJson.Key("foreign").Bool(oSettings.bForeign());
-    oJson.Key("readOnly").Bool(moHandler.Component(mhComponent).bReadOnly);
-    oJson.Key("boundaryInherited").Bool(oSettings.BoundaryInherited);
-    oJson.Key("severityInherited").Bool(oSettings.SeverityInherited);
-    oJson.Key("retryInherited").Bool(oSettings.RetryInherited);
-    oJson.Key("notes").BeginObject();
-    NotesJson(oProcedure, oJson);
-    oJson.EndObject();
+  void FlagsJson(const ProcedureRecord& record, const CProcSettings& settings, JsonWriter& json) {
+    json.Key("eventHandler").Bool(record.bEventHandler);
+    json.Key("foreign").Bool(settings.bForeign());
+    json.Key("readOnly").Bool(mHandler.Component(mComponent).bReadOnly);
+    json.Key("boundaryInherited").Bool(settings.BoundaryInherited);
+    json.Key("severityInherited").Bool(settings.SeverityInherited);
+    json.Key("retryInherited").Bool(settings.RetryInherited);
+    json.Key("notes").BeginObject();
+    NotesJson(record, json);
+    json.EndObject();
   }
 
-  static void NotesJson(const ProcedureRecord& oProcedure, JsonWriter& oJson) {
+  static void NotesJson(const ProcedureRecord& record, JsonWriter& json) {
     const auto note = [&](const char* property, const Suggestions::Reason& reason) {
       const TextView words = Suggestions::Note(reason);
-      if (!words.empty()) oJson.Key(property).String(ToUtf8(words));
+      if (!words.empty()) json.Key(property).String(ToUtf8(words));
     };
-    const auto suggestion = Suggestions::SuggestionOf(oProcedure.oSuggest);
+    const auto suggestion = Suggestions::SuggestionOf(record.oSuggest);
     note("template", suggestion.templateName.reason);
     note("boundary", suggestion.boundary.reason);
     note("severity", suggestion.severity.reason);
     note("retry", suggestion.retry.reason);
-    if (oProcedure.oMember) note("trace", suggestion.trace.reason);
+    if (record.oMember) note("trace", suggestion.trace.reason);
   }
 
-  void LoadFailureJson(ComponentHandle hComponent, JsonWriter& oJson) {
-    const ComponentRecord& oComponent = moHandler.Component(hComponent);
-    oJson.Break();
-    oJson.BeginObject();
-    oJson.Key("project").String(ToUtf8(moHandler.ProjectName(oComponent.hProject)));
-    oJson.Key("component").String(ToUtf8(oComponent.sName));
-    oJson.Key("file").StringOrNull(moSession.FileOf(hComponent));
-    oJson.Key("context").String(ToUtf8(oComponent.oError.sErrorContext));
-    oJson.Key("number").Number(oComponent.oError.lError);
-    oJson.Key("reason").String(moSession.ReasonOf(hComponent));
-    oJson.Key("source").String(ToUtf8(oComponent.oError.sErrorSource));
-    oJson.EndObject();
+  void LoadFailureJson(ComponentHandle component, JsonWriter& json) {
+    const ComponentRecord& record = mHandler.Component(component);
+    json.Break();
+    json.BeginObject();
+    json.Key("project").String(ToUtf8(mHandler.ProjectName(record.hProject)));
+    json.Key("component").String(ToUtf8(record.sName));
+    json.Key("file").StringOrNull(mSession.FileOf(component));
+    json.Key("context").String(ToUtf8(record.oError.sErrorContext));
+    json.Key("number").Number(record.oError.lError);
+    json.Key("reason").String(mSession.ReasonOf(component));
+    json.Key("source").String(ToUtf8(record.oError.sErrorSource));
+    json.EndObject();
   }
 
-  Session& moSession;
-  CIDEHandler& moHandler;
-  std::string& msOut;
-  Row moRow;
-  ProcedureHandle mhProcedure;
-  ComponentHandle mhComponent;
-  std::string msProject, msComponent, msFile;
+  Session& mSession;
+  CIDEHandler& mHandler;
+  std::string& mOut;
+  Row mRow;
+  ProcedureHandle mProcedure;
+  ComponentHandle mComponent;
+  std::string mProjectName, mComponentName, mFile;
 };
 
 }  // namespace
 
-int ListCommand(Session& oSession) {
-  oSession.OpenGroup();
-  oSession.LoadScope(true);
-  Lister oLister(oSession);
-  const std::string& sFormat = oSession.oArguments.sFormat;
-  if (sFormat == "json")
-    oLister.AsJson();
-  else if (sFormat == "csv")
-    oLister.AsCsv();
+int ListCommand(Session& session) {
+  session.OpenGroup();
+  session.LoadScope(true);
+  Lister lister(session);
+  const std::string& format = session.oArguments.sFormat;
+  if (format == "json")
+    lister.AsJson();
+  else if (format == "csv")
+    lister.AsCsv();
   else
-    oLister.AsTable();
+    lister.AsTable();
   return 0;
 }

@@ -22,13 +22,13 @@
 namespace {
 
 constexpr std::array FatalSignals = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT};
-std::array<struct sigaction, FatalSignals.size()> aoOldActions;
+std::array<struct sigaction, FatalSignals.size()> oldActions;
 
 /// Hands the end of the program to the error log, then to whoever handled it before.
-extern "C" void OnFatalSignal(int nSignal) {
+extern "C" void OnFatalSignal(int signalNumber) {
   for (std::size_t i = 0; i < FatalSignals.size(); ++i)
-    if (FatalSignals[i] == nSignal) sigaction(nSignal, &aoOldActions[i], nullptr);
-  switch (nSignal) {
+    if (FatalSignals[i] == signalNumber) sigaction(signalNumber, &oldActions[i], nullptr);
+  switch (signalNumber) {
     case SIGSEGV:
       goError->HandleException(u"Signal SIGSEGV");
       break;
@@ -45,103 +45,101 @@ extern "C" void OnFatalSignal(int nSignal) {
       goError->HandleException(u"Signal SIGABRT");
       break;
   }
-  raise(nSignal);
+  raise(signalNumber);
 }
 
 void InstallExceptionFilter() {
-  struct sigaction oAction = {};
-  oAction.sa_handler = OnFatalSignal;
+  struct sigaction action = {};
+  action.sa_handler = OnFatalSignal;
   for (std::size_t i = 0; i < FatalSignals.size(); ++i)
-    sigaction(FatalSignals[i], &oAction, &aoOldActions[i]);
+    sigaction(FatalSignals[i], &action, &oldActions[i]);
 }
 
 /// A file that is opened while one of the three standard streams is closed would take its place,
 /// and messages would be written into it. Output to these stand-ins fails, as it has to.
 void KeepStandardStreams() {
-  for (int hStream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-    if (fcntl(hStream, F_GETFD) == -1 && errno == EBADF)
-      while (open("/dev/null", O_RDONLY) < hStream && fcntl(hStream, F_GETFD) == -1) {
+  for (int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+    if (fcntl(stream, F_GETFD) == -1 && errno == EBADF)
+      while (open("/dev/null", O_RDONLY) < stream && fcntl(stream, F_GETFD) == -1) {
       }
 }
 
 /// Messages of the error run-time, in their place among those of the command.
 class ConsoleDialog : public PrintedErrorDialog {
  public:
-  explicit ConsoleDialog(Console& oConsole) : PrintedErrorDialog(stderr), moConsole(oConsole) {}
-  void Tell(std::string_view sMessage) override {
-    moConsole.ProgressEnd();
-    moConsole.Flush();
-    PrintedErrorDialog::Tell(sMessage);
+  explicit ConsoleDialog(Console& console) : PrintedErrorDialog(stderr), mConsole(console) {}
+  void Tell(std::string_view message) override {
+    mConsole.ProgressEnd();
+    mConsole.Flush();
+    PrintedErrorDialog::Tell(message);
   }
 
  private:
-  Console& moConsole;
+  Console& mConsole;
 };
 
-void StartErrorRuntime(ErrorRuntime& oRuntime, const Arguments& oArguments, const char* sProgram) {
-  oRuntime.SetApplicationName(u"TarvaneQuillon");
-  oRuntime.SetApplicationPath(TextOfPath(sProgram));
-  oRuntime.SetDevelopmentMode(false);
-  oRuntime.SetTraceEnabled(oArguments.bTrace);
-  oRuntime.Start();
-  goError = &oRuntime;
+void StartErrorRuntime(ErrorRuntime& runtime, const Arguments& arguments, const char* program) {
+  runtime.SetApplicationName(u"TarvaneQuillon");
+  runtime.SetApplicationPath(TextOfPath(program));
+  runtime.SetDevelopmentMode(false);
+  runtime.SetTraceEnabled(arguments.bTrace);
+  runtime.Start();
+  goError = &runtime;
 }
 
-void StartUp(const Arguments& oArguments, const RegistryStore& oStore, Console& oConsole) {
-  for (const RegistryStore::Problem& oProblem : oStore.Problems())
-    oConsole.Error(Finding(ShownPath(oStore.Path()), static_cast<std::int64_t>(oProblem.lLine),
-                           ToUtf8(oProblem.sMessage)));
-  bool bNamed = oArguments.oSettingsFile && !oArguments.oSettingsFile->empty();
-  if (bNamed && !oArguments.command->makesSettings &&
-      !MXFile::FileExists(TextOfPath(oStore.Path())))
-    oConsole.Say(ShownPath(oStore.Path()) + ": there is no such settings file, the defaults apply");
+void StartUp(const Arguments& arguments, const RegistryStore& store, Console& console) {
+  for (const RegistryStore::Problem& problem : store.Problems())
+    console.Error(Finding(ShownPath(store.Path()), static_cast<std::int64_t>(problem.lLine),
+                          ToUtf8(problem.sMessage)));
+  bool isNamed = arguments.oSettingsFile && !arguments.oSettingsFile->empty();
+  if (isNamed && !arguments.command->makesSettings && !MXFile::FileExists(TextOfPath(store.Path())))
+    console.Say(ShownPath(store.Path()) + ": there is no such settings file, the defaults apply");
   MQuillon::Initialize();
   MRules::Initialize();
   MOptions::Initialize();
 }
 
-int Run(const Arguments& oArguments, Console& oConsole, Output& oOutput) {
+int Run(const Arguments& arguments, Console& console, Output& output) {
   try {
-    RegistryStore oStore(oArguments.oSettingsFile.value_or(DefaultSettingsPath()));
-    goRegistry = &oStore;
-    StartUp(oArguments, oStore, oConsole);
+    RegistryStore store(arguments.oSettingsFile.value_or(DefaultSettingsPath()));
+    goRegistry = &store;
+    StartUp(arguments, store, console);
     // Never freed: a hundred thousand records would be taken apart one by one just before the end.
-    static Session* const poSession =
-        std::make_unique<Session>(oArguments, oConsole, oOutput).release();
-    return oArguments.command->run(*poSession);
-  } catch (const Stop& oStop) {
-    oConsole.Error("quillon: " + oStop.sMessage);
-    return oStop.nExit;
-  } catch (const Failure& oFailure) {
-    oConsole.Error("quillon: " + ToUtf8(oFailure.Description()));
+    static Session* const session = std::make_unique<Session>(arguments, console, output).release();
+    return arguments.command->run(*session);
+  } catch (const Stop& stop) {
+    console.Error("quillon: " + stop.sMessage);
+    return stop.nExit;
+  } catch (const Failure& failure) {
+    console.Error("quillon: " + ToUtf8(failure.Description()));
   } catch (const std::bad_alloc&) {
-    oConsole.Error("quillon: Out of memory");
-  } catch (const std::exception& oError) {
-    oConsole.Error(std::string("quillon: ") + oError.what());
+    console.Error("quillon: Out of memory");
+  } catch (const std::exception& error) {
+    console.Error(std::string("quillon: ") + error.what());
   }
   return 2;
 }
 
-Console::Level LevelOf(const Arguments& oArguments) {
-  if (oArguments.bQuiet) return Console::Level::Quiet;
-  return oArguments.bVerbose ? Console::Level::Verbose : Console::Level::Normal;
+Console::Level LevelOf(const Arguments& arguments) {
+  if (arguments.bQuiet) return Console::Level::Quiet;
+  return arguments.bVerbose ? Console::Level::Verbose : Console::Level::Normal;
 }
 
 int Main(int argc, char** argv) {
-  Arguments oArguments;
-  if (std::optional<int> oExit = ReadArguments(argc, argv, oArguments)) return *oExit;
-  Console oConsole(LevelOf(oArguments));
-  ConsoleDialog oDialog(oConsole);
-  ErrorRuntime oRuntime(oDialog, oArguments.sLogFile);
-  StartErrorRuntime(oRuntime, oArguments, argv[0]);
-  Output oOutput;
-  int nExit = Run(oArguments, oConsole, oOutput);
-  oOutput.Flush();
-  if (int nError = oOutput.Error()) {
-    oConsole.Error(std::string("quillon: The result can't be written: ") + std::strerror(nError));
-    nExit = 2;
+  Arguments arguments;
+  if (std::optional<int> ended = ReadArguments(argc, argv, arguments)) return *ended;
+  Console console(LevelOf(arguments));
+  ConsoleDialog dialog(console);
+  ErrorRuntime runtime(dialog, arguments.sLogFile);
+  StartErrorRuntime(runtime, arguments, argv[0]);
+  Output output;
+  int exitStatus = Run(arguments, console, output);
+  output.Flush();
+  if (int error = output.Error()) {
+    console.Error(std::string("quillon: The result can't be written: ") + std::strerror(error));
+    exitStatus = 2;
   }
-  return nExit;
+  return exitStatus;
 }
 
 }  // namespace

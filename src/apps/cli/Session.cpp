@@ -20,34 +20,34 @@ namespace fs = std::filesystem;
 constexpr TextView DefaultTemplate = u"template.dat";
 
 /// The folder of the first path: where a template that belongs to the project stands.
-fs::path GroupFolder(const std::string& sPath) {
-  std::error_code oError;
-  fs::path oPath(sPath);
-  if (fs::is_directory(oPath, oError)) return oPath;
-  return oPath.has_parent_path() ? oPath.parent_path() : fs::path(".");
+fs::path GroupFolder(const std::string& path) {
+  std::error_code error;
+  const fs::path place(path);
+  if (fs::is_directory(place, error)) return place;
+  return place.has_parent_path() ? place.parent_path() : fs::path(".");
 }
 
 /// Template.dat of that folder in any letter case; the first by name when there are several.
-std::string TemplateBeside(const std::string& sPath) {
-  std::vector<std::string> asFound;
-  std::error_code oError;
-  for (fs::directory_iterator oEntry(GroupFolder(sPath), oError), oEnd; !oError && oEntry != oEnd;
-       oEntry.increment(oError)) {
-    std::string sName = oEntry->path().filename().string();
-    if (EqualNoCase(FromUtf8(sName), DefaultTemplate)) asFound.push_back(oEntry->path().string());
+std::string TemplateBeside(const std::string& path) {
+  std::vector<std::string> found;
+  std::error_code error;
+  for (fs::directory_iterator entry(GroupFolder(path), error), end; !error && entry != end;
+       entry.increment(error)) {
+    std::string name = entry->path().filename().string();
+    if (EqualNoCase(FromUtf8(name), DefaultTemplate)) found.push_back(entry->path().string());
   }
-  return asFound.empty() ? std::string() : *std::min_element(asFound.begin(), asFound.end());
+  return found.empty() ? std::string() : *std::min_element(found.begin(), found.end());
 }
 
-std::vector<Text> Names(const TextArray& asSparse) {
-  std::vector<Text> asName;
-  for (const Text& sName : asSparse)
-    if (!sName.empty()) asName.push_back(sName);
-  return asName;
+std::vector<Text> Names(const TextArray& sparse) {
+  std::vector<Text> names;
+  for (const Text& name : sparse)
+    if (!name.empty()) names.push_back(name);
+  return names;
 }
 
-Text FirstFile(const ComponentRecord& oComponent) {
-  const VBComponent& o = *oComponent.oComponent;
+Text FirstFile(const ComponentRecord& record) {
+  const VBComponent& o = *record.oComponent;
   return o.FileCount() > 0 ? o.FileNames(1) : Text();
 }
 
@@ -57,61 +57,60 @@ std::string ShownFile(const std::string& path) {
   return ShownPath(RelativePath(path));
 }
 
-std::string Finding(const std::string& sFile, std::int64_t lLine, const std::string& sMessage) {
-  return sFile + (lLine > 0 ? ':' + std::to_string(lLine) : "") + ": " + sMessage;
+std::string Finding(const std::string& file, std::int64_t line, const std::string& message) {
+  return file + (line > 0 ? ':' + std::to_string(line) : "") + ": " + message;
 }
 
-Session::Session(const Arguments& oArgs, Console& oMessages, Output& oResults)
-    : oArguments(oArgs),
-      oConsole(oMessages),
-      oOutput(oResults),
+Session::Session(const Arguments& arguments, Console& console, Output& output)
+    : oArguments(arguments),
+      oConsole(console),
+      oOutput(output),
       oTemplate(MRules::oRules),
-      moScope(oArgs) {}
+      mScope(arguments) {}
 
 bool Session::IsColored() const {
   if (oArguments.sColor != "auto") return oArguments.sColor == "always";
-  const char* sNoColor = std::getenv("NO_COLOR");
-  return Output::IsTerminal() && !(sNoColor && *sNoColor);
+  const char* noColor = std::getenv("NO_COLOR");
+  return Output::IsTerminal() && !(noColor && *noColor);
 }
 
 std::string Session::FindTemplate() const {
   if (!oArguments.sTemplateFile.empty()) return oArguments.sTemplateFile;
-  Text sRecent = RecentFiles().Item(1);
-  if (!sRecent.empty() && MXFile::FileExists(sRecent)) return PathOfText(sRecent);
-  std::string sBeside =
+  Text recent = RecentFiles().Item(1);
+  if (!recent.empty() && MXFile::FileExists(recent)) return PathOfText(recent);
+  std::string beside =
       oArguments.asPath.empty() ? std::string() : TemplateBeside(oArguments.asPath.front());
-  if (!sBeside.empty()) return sBeside;
+  if (!beside.empty()) return beside;
   throw Stop{
       "There is no template file: give one with --template FILE" +
       std::string(oArguments.asPath.empty() ? "" : ", or put Template.dat beside the group")};
 }
 
 void Session::OpenTemplate() {
-  msTemplateFile = FindTemplate();
-  std::vector<std::string> asReport;
+  mTemplateFile = FindTemplate();
+  std::vector<std::string> report;
   {
-    auto oLink = oTemplate.ReportError.Connect(
-        [&](TextView sMessage) { asReport.push_back(ToUtf8(sMessage)); });
-    oTemplate.LoadTemplateFile(TextOfPath(msTemplateFile));
+    auto link =
+        oTemplate.ReportError.Connect([&](TextView message) { report.push_back(ToUtf8(message)); });
+    oTemplate.LoadTemplateFile(TextOfPath(mTemplateFile));
   }
-  bool bErrors = oTemplate.LoadErrors() != 0;
-  for (const std::string& sLine : asReport)
-    bErrors ? oConsole.Error(sLine) : oConsole.Detail(sLine);
-  if (bErrors) throw Stop{"The template file has errors, nothing was changed: " + TemplateFile()};
-  TextArray asModule, asProcedure;
-  oTemplate.GetModuleTemplates(asModule);
-  oTemplate.GetProcTemplates(asProcedure);
-  moModuleTemplates = Names(asModule);
-  moProcedureTemplates = Names(asProcedure);
-  MQuillon::LoadLookups(asModule, asProcedure);
+  bool hasErrors = oTemplate.LoadErrors() != 0;
+  for (const std::string& line : report) hasErrors ? oConsole.Error(line) : oConsole.Detail(line);
+  if (hasErrors) throw Stop{"The template file has errors, nothing was changed: " + TemplateFile()};
+  TextArray moduleTemplates, procedureTemplates;
+  oTemplate.GetModuleTemplates(moduleTemplates);
+  oTemplate.GetProcTemplates(procedureTemplates);
+  mModuleTemplates = Names(moduleTemplates);
+  mProcedureTemplates = Names(procedureTemplates);
+  MQuillon::LoadLookups(moduleTemplates, procedureTemplates);
   MRules::GetDefaultTemplates();
 }
 
 void Session::OpenGroup() {
-  if (msTemplateFile.empty()) OpenTemplate();
-  DiskIDE::Options oOptions;
-  oOptions.sCodePage = oArguments.sCodePage;
-  pIDE = DiskIDE::Open(oArguments.asPath, oOptions);
+  if (mTemplateFile.empty()) OpenTemplate();
+  DiskIDE::Options options;
+  options.sCodePage = oArguments.sCodePage;
+  pIDE = DiskIDE::Open(oArguments.asPath, options);
   TellNotes();
   if (pIDE->Root().VBProjects().Count() == 0)
     throw Stop{"There is no project to read in " + ShownPath(oArguments.asPath.front()) +
@@ -124,101 +123,100 @@ void Session::OpenGroup() {
 void Session::TellNotes() {
   // The name of a project that can't be read isn't known. It counts as missing only if the scope
   // takes projects of any name; otherwise it may be one that the scope leaves out.
-  const bool bAnyProject = moScope.TakesProject(u"");
-  for (const DiskIDE::Note& oNote : pIDE->Notes()) {
-    oConsole.Error(Finding(ShownFile(PathOfText(oNote.sFile)),
-                           static_cast<std::int64_t>(oNote.lLine), ToUtf8(oNote.sMessage)));
-    mbProjectMissing |= oNote.bUnreadable && bAnyProject;
+  const bool anyProject = mScope.TakesProject(u"");
+  for (const DiskIDE::Note& note : pIDE->Notes()) {
+    oConsole.Error(Finding(ShownFile(PathOfText(note.sFile)), static_cast<std::int64_t>(note.lLine),
+                           ToUtf8(note.sMessage)));
+    mIsProjectMissing |= note.bUnreadable && anyProject;
   }
 }
 
-void Session::LoadScope(bool bToShow) {
-  const ComponentHandle hLast = oHandler.LastComponent();
-  ProjectHandle hProject;
-  Text sProject;
-  std::unordered_set<Text> oTaken;
+void Session::LoadScope(bool toShow) {
+  const ComponentHandle last = oHandler.LastComponent();
+  ProjectHandle project;
+  Text projectName;
+  std::unordered_set<Text> taken;
   for (const ComponentHandle h : oHandler.Components()) {
-    const ComponentRecord& oComponent = oHandler.Component(h);
-    if (oComponent.hProject != hProject) {
-      hProject = oComponent.hProject;
-      sProject = oHandler.ProjectName(hProject);
+    const ComponentRecord& record = oHandler.Component(h);
+    if (record.hProject != project) {
+      project = record.hProject;
+      projectName = oHandler.ProjectName(project);
     }
-    if (!moScope.TakesComponent(sProject, oComponent.sName)) continue;
-    oConsole.Progress(static_cast<std::size_t>(h.Number()),
-                      static_cast<std::size_t>(hLast.Number()), oComponent.sName);
-    if (oComponent.bReadOnly && MRules::oRules.bSkipReadOnly && !bToShow) {
-      oConsole.Detail("Passed over, its file is read-only: " + ToUtf8(oComponent.sName));
+    if (!mScope.TakesComponent(projectName, record.sName)) continue;
+    oConsole.Progress(static_cast<std::size_t>(h.Number()), static_cast<std::size_t>(last.Number()),
+                      record.sName);
+    if (record.bReadOnly && MRules::oRules.bSkipReadOnly && !toShow) {
+      oConsole.Detail("Passed over, its file is read-only: " + ToUtf8(record.sName));
       continue;
     }
     // Projects of different types may suggest different values for one file: the first one decides,
     // or each run would change it back and forth.
-    const Text sFile = FirstFile(oComponent);
-    if (!bToShow && oTaken.contains(sFile)) {
-      oConsole.Detail("Passed over, an earlier project has its file: " + ToUtf8(sProject) + '.' +
-                      ToUtf8(oComponent.sName));
+    const Text file = FirstFile(record);
+    if (!toShow && taken.contains(file)) {
+      oConsole.Detail("Passed over, an earlier project has its file: " + ToUtf8(projectName) + '.' +
+                      ToUtf8(record.sName));
       continue;
     }
-    if (!oComponent.bLoadError) oHandler.LoadComponent(h);
+    if (!record.bLoadError) oHandler.LoadComponent(h);
     if (oHandler.Component(h).bLoadError) {
       TellUnreadable(h);
     } else {
       TakeProcedures(h);
-      if (!sFile.empty()) oTaken.insert(sFile);
+      if (!file.empty()) taken.insert(file);
     }
   }
   oConsole.ProgressEnd();
-  if (moProcedures.empty() && moUnreadable.empty())
+  if (mProcedures.empty() && mUnreadable.empty())
     oConsole.Say("No procedure is in the scope that was given.");
 }
 
-void Session::TellUnreadable(ComponentHandle hComponent) {
-  moUnreadable.push_back(hComponent);
-  const ComponentRecord& oComponent = oHandler.Component(hComponent);
-  std::string sFile = FileOf(hComponent);
-  oConsole.Error((sFile.empty() ? std::string() : sFile + ": ") + ToUtf8(oComponent.sName) +
-                 " can't be read: " + ReasonOf(hComponent));
+void Session::TellUnreadable(ComponentHandle component) {
+  mUnreadable.push_back(component);
+  const ComponentRecord& record = oHandler.Component(component);
+  std::string file = FileOf(component);
+  oConsole.Error((file.empty() ? std::string() : file + ": ") + ToUtf8(record.sName) +
+                 " can't be read: " + ReasonOf(component));
 }
 
 // The code of a form can be had while its controls can't, and then nothing describes the failure.
-std::string Session::ReasonOf(ComponentHandle hComponent) const {
-  const LoadError& oError = oHandler.Component(hComponent).oError;
-  if (!oError.sErrorDesc.empty()) return ToUtf8(oError.sErrorDesc);
+std::string Session::ReasonOf(ComponentHandle component) const {
+  const LoadError& error = oHandler.Component(component).oError;
+  if (!error.sErrorDesc.empty()) return ToUtf8(error.sErrorDesc);
   return "its controls can't be listed, so the file may lack its designer header (" +
-         ToUtf8(oError.sErrorContext) + ")";
+         ToUtf8(error.sErrorContext) + ")";
 }
 
-void Session::TakeProcedures(ComponentHandle hComponent) {
-  const ComponentRecord& oComponent = oHandler.Component(hComponent);
-  for (const auto h : HandleRange(oComponent.lFirstProcedure, oComponent.lLastProcedure))
-    if (moScope.IsWholeGroup() ||
-        moScope.TakesProcedure(oHandler.ProcName(h), IsDeclarations(h)
-                                                         ? TextView(u"declarations")
-                                                         : oHandler.Procedure(h).sProcType))
-      moProcedures.push_back(h);
+void Session::TakeProcedures(ComponentHandle component) {
+  const ComponentRecord& record = oHandler.Component(component);
+  for (const auto h : HandleRange(record.lFirstProcedure, record.lLastProcedure))
+    if (mScope.IsWholeGroup() ||
+        mScope.TakesProcedure(oHandler.ProcName(h), IsDeclarations(h)
+                                                        ? TextView(u"declarations")
+                                                        : oHandler.Procedure(h).sProcType))
+      mProcedures.push_back(h);
 }
 
-bool Session::IsDeclarations(ProcedureHandle hProcedure) const {
-  return oHandler.Procedure(hProcedure).nKind == MQuillon::ProcKind::Declarations;
+bool Session::IsDeclarations(ProcedureHandle procedure) const {
+  return oHandler.Procedure(procedure).nKind == MQuillon::ProcKind::Declarations;
 }
 
-std::string Session::FileOf(ComponentHandle hComponent) {
-  const Text sFile = FirstFile(oHandler.Component(hComponent));
-  return sFile.empty() ? std::string() : ShownFile(PathOfText(sFile));
+std::string Session::FileOf(ComponentHandle component) {
+  const Text file = FirstFile(oHandler.Component(component));
+  return file.empty() ? std::string() : ShownFile(PathOfText(file));
 }
 
-std::string Session::NameOf(ProcedureHandle hProcedure) {
-  ComponentHandle hComponent = oHandler.Procedure(hProcedure).hComponent;
-  return ToUtf8(oHandler.Component(hComponent).sName) + '.' + ToUtf8(oHandler.ProcName(hProcedure));
+std::string Session::NameOf(ProcedureHandle procedure) {
+  ComponentHandle component = oHandler.Procedure(procedure).hComponent;
+  return ToUtf8(oHandler.Component(component).sName) + '.' + ToUtf8(oHandler.ProcName(procedure));
 }
 
-std::int32_t Session::FileLine(ProcedureHandle hProcedure, bool bHead) {
-  const ProcedureRecord& oProcedure = oHandler.Procedure(hProcedure);
-  CodeModule& oModule = *oHandler.Component(oProcedure.hComponent).oComponent->CodeModule();
-  std::int32_t lLine = 1;
-  if (!IsDeclarations(hProcedure)) {
-    Text sName = oProcedure.oMember->Name();
-    lLine = bHead ? oModule.ProcBodyLine(sName, oProcedure.nKind)
-                  : oModule.ProcStartLine(sName, oProcedure.nKind);
+std::int32_t Session::FileLine(ProcedureHandle procedure, bool isHead) {
+  const ProcedureRecord& record = oHandler.Procedure(procedure);
+  CodeModule& code = *oHandler.Component(record.hComponent).oComponent->CodeModule();
+  std::int32_t line = 1;
+  if (!IsDeclarations(procedure)) {
+    Text name = record.oMember->Name();
+    line = isHead ? code.ProcBodyLine(name, record.nKind) : code.ProcStartLine(name, record.nKind);
   }
-  return pIDE->FileLine(oModule, lLine);
+  return pIDE->FileLine(code, line);
 }

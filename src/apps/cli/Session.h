@@ -18,7 +18,7 @@
 
 class Session {
  public:
-  Session(const Arguments& oArguments, Console& oConsole, Output& oOutput);
+  Session(const Arguments& arguments, Console& console, Output& output);
 
   /// Loads the template and fills the lookups. Stop when there is none or it has errors.
   void OpenTemplate();
@@ -26,33 +26,33 @@ class Session {
   /// project.
   void OpenGroup();
   /// Loads the components of the scope and tells of those that can't be read; then
-  /// Procedures() holds the procedures of the scope. bToShow: also those that aren't to be
+  /// Procedures() holds the procedures of the scope. toShow: also those that aren't to be
   /// rewritten: in files that are read-only, and in files that an earlier component has.
-  void LoadScope(bool bToShow);
+  void LoadScope(bool toShow);
 
   /// Ascending.
-  const std::vector<ProcedureHandle>& Procedures() const { return moProcedures; }
-  bool IsWholeGroup() const { return moScope.IsWholeGroup(); }
+  const std::vector<ProcedureHandle>& Procedures() const { return mProcedures; }
+  bool IsWholeGroup() const { return mScope.IsWholeGroup(); }
   /// Components of the scope whose code can't be read.
-  const std::vector<ComponentHandle>& Unreadable() const { return moUnreadable; }
+  const std::vector<ComponentHandle>& Unreadable() const { return mUnreadable; }
   /// False when a component of the scope can't be read, or a project that may belong to it.
-  bool IsScopeRead() const { return moUnreadable.empty() && !mbProjectMissing; }
-  const std::vector<Text>& ModuleTemplates() const { return moModuleTemplates; }
-  const std::vector<Text>& ProcedureTemplates() const { return moProcedureTemplates; }
+  bool IsScopeRead() const { return mUnreadable.empty() && !mIsProjectMissing; }
+  const std::vector<Text>& ModuleTemplates() const { return mModuleTemplates; }
+  const std::vector<Text>& ProcedureTemplates() const { return mProcedureTemplates; }
   /// Path of the template file as it is shown.
-  std::string TemplateFile() const { return ShownPath(msTemplateFile); }
+  std::string TemplateFile() const { return ShownPath(mTemplateFile); }
 
   /// Path of a component's first file as it is shown; empty when it has none.
-  std::string FileOf(ComponentHandle hComponent);
+  std::string FileOf(ComponentHandle component);
   /// Why a component can't be read; never empty.
-  std::string ReasonOf(ComponentHandle hComponent) const;
+  std::string ReasonOf(ComponentHandle component) const;
   /// Line in its file, from 1: of the head, or of the first of its text with the comments above.
-  std::int32_t HeadLine(ProcedureHandle hProcedure) { return FileLine(hProcedure, true); }
-  std::int32_t FirstLine(ProcedureHandle hProcedure) { return FileLine(hProcedure, false); }
+  std::int32_t HeadLine(ProcedureHandle procedure) { return FileLine(procedure, true); }
+  std::int32_t FirstLine(ProcedureHandle procedure) { return FileLine(procedure, false); }
 
   /// "Component.Procedure", as the batch account names it.
-  std::string NameOf(ProcedureHandle hProcedure);
-  bool IsDeclarations(ProcedureHandle hProcedure) const;
+  std::string NameOf(ProcedureHandle procedure);
+  bool IsDeclarations(ProcedureHandle procedure) const;
   /// True when colours are wanted on standard output.
   bool IsColored() const;
 
@@ -66,20 +66,20 @@ class Session {
  private:
   std::string FindTemplate() const;
   void TellNotes();
-  void TakeProcedures(ComponentHandle hComponent);
-  void TellUnreadable(ComponentHandle hComponent);
-  std::int32_t FileLine(ProcedureHandle hProcedure, bool bHead);
+  void TakeProcedures(ComponentHandle component);
+  void TellUnreadable(ComponentHandle component);
+  std::int32_t FileLine(ProcedureHandle procedure, bool isHead);
 
-  Scope moScope;
-  std::string msTemplateFile;
-  std::vector<Text> moModuleTemplates, moProcedureTemplates;
-  std::vector<ProcedureHandle> moProcedures;
-  std::vector<ComponentHandle> moUnreadable;
-  bool mbProjectMissing = false;
+  Scope mScope;
+  std::string mTemplateFile;
+  std::vector<Text> mModuleTemplates, mProcedureTemplates;
+  std::vector<ProcedureHandle> mProcedures;
+  std::vector<ComponentHandle> mUnreadable;
+  bool mIsProjectMissing = false;
 };
 
 /// A file of the group as it is shown: relative to the current folder.
 std::string ShownFile(const std::string& path);
 
 /// "file: message" or "file:line: message", as editors and build servers read it.
-std::string Finding(const std::string& sFile, std::int64_t lLine, const std::string& sMessage);
+std::string Finding(const std::string& file, std::int64_t line, const std::string& message);
