@@ -25,7 +25,7 @@ TextView WithoutEmptyTail(TextView text) {
 /// The names of the values that a procedure states in its code. Under an inheriting template these
 /// are only those that differ from its module's.
 struct StatedValues {
-  Text boundary, severity, retry;
+  TextView boundary, severity, retry;
 
   StatedValues(const CProcSettings& own, const CProcSettings* inherited) {
     if (!inherited || own.eBoundary() != inherited->eBoundary()) {

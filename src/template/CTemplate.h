@@ -35,7 +35,7 @@ enum class BatchLine { Item, Problem, Total };
 
 class CTemplate {
  public:
-  /// rules must outlive this object; numbering and removal read it at each call.
+  /// The rules must outlive this object; numbering and removal read it at each call.
   explicit CTemplate(const MRules::Values& rules);
 
   Signal<TextView> ReportError;

@@ -18,7 +18,6 @@ constexpr std::size_t None = static_cast<std::size_t>(-1);
 /// The values as the code has them, and their names: an unset value has none, which says that lines
 /// with that condition weren't written.
 struct ValuesInCode {
-  Text boundary, severity, retry;
   SectionValues values;
 
   ValuesInCode(const ParsedProcedure& procedure, const TemplateRow& row) {
@@ -28,16 +27,13 @@ struct ValuesInCode {
       CodeSettings::ReadValues(procedure.Templates(), row, procedure.Code(), read);
       settings = &read;
     }
-    boundary = MQuillon::BoundaryName(settings->eBoundary());
-    severity = MQuillon::SeverityName(settings->eSeverity());
-    retry = MQuillon::RetryName(settings->eRetry());
     values = {row.sName,
               procedure.Name().module,
               procedure.ShownName(),
               procedure.BaseTypeName(),
-              boundary,
-              severity,
-              retry,
+              MQuillon::BoundaryName(settings->eBoundary()),
+              MQuillon::SeverityName(settings->eSeverity()),
+              MQuillon::RetryName(settings->eRetry()),
               settings->eTrace() == MQuillon::TriState::True};
   }
 };

@@ -163,7 +163,8 @@ ProcText Signature::WithoutLocks(const ProcText& code, std::int32_t& headLine) c
     const TextView folded = code.Folded(i);
     if (folded.empty() || !MayBegin(folded)) continue;
     const auto value = Read(folded);
-    // The rest of a comment that goes on is no signature: the line behind would take its place.
+    // A line that continues a comment is part of it, even if it reads like a signature: without
+    // it the comment would take in the line behind.
     if (!value || !value->name.empty() || code.IsContinued(i)) continue;
     kept.Keep(code, first, i);
     first = i + 1;

@@ -71,18 +71,15 @@ std::vector<Stretch> WrittenStretches(const TemplateRow& templateRow) {
 }
 
 SectionValues SampleValues(const TemplateRow& templateRow, std::uint32_t without) {
-  static const Text boundary = MQuillon::BoundaryName(MQuillon::Boundary::Firewall);
-  static const Text severity = MQuillon::SeverityName(MQuillon::Severity::Normal);
-  static const Text retry = MQuillon::RetryName(MQuillon::Retry::Line);
   const bool isModule = templateRow.eType == TemplateType::Module;
   SectionValues values;
   values.signature = templateRow.sName;
   values.moduleName = u"Module1";
   values.shownName = isModule ? MQuillon::DeclarationsName : TextView(u"Total");
   values.baseType = isModule ? u"" : u"Sub";
-  if ((without & 1) == 0) values.boundary = boundary;
-  if ((without & 2) == 0) values.severity = severity;
-  if ((without & 4) == 0) values.retry = retry;
+  if ((without & 1) == 0) values.boundary = MQuillon::BoundaryName(MQuillon::Boundary::Firewall);
+  if ((without & 2) == 0) values.severity = MQuillon::SeverityName(MQuillon::Severity::Normal);
+  if ((without & 4) == 0) values.retry = MQuillon::RetryName(MQuillon::Retry::Line);
   values.trace = true;
   return values;
 }

@@ -152,7 +152,7 @@ void CheckOneLine(Findings& findings, const TemplateRow& templateRow,
                           u"lines without a condition between them"});
 }
 
-// Load faults leave places out or in another order; they are told by the load.
+// Load faults leave places out or in another order; the load reports them.
 bool HasItsPlaces(const TemplateRow& row) {
   if (row.eType != TemplateType::Procedure || row.lStart[Section::BodyStart] < 1) return false;
   if (row.lStart[Section::BodyEnd] < row.lStart[Section::BodyStart]) return false;

@@ -10,7 +10,7 @@ namespace {
 constexpr TextView SignatureToken = u"<%Signature>";
 
 void CheckName(Findings& findings, const TemplateRow& row, std::size_t index) {
-  if (row.sName.empty()) return;  // the load has told
+  if (row.sName.empty()) return;  // reported by the load
   if (EqualNoCase(row.sName, u"locked")) {
     findings.Add(row.lDirectiveLine, {u"A template can't be named ", row.sName,
                                       u", since a signature of that text means a lock"});
@@ -49,7 +49,7 @@ void CheckOrder(Findings& findings, const TemplateRow& row) {
 }
 
 void CheckReadsBack(Findings& findings, const LineRow& row, TextView name, bool locked) {
-  if (findings.HasLine(row.fileLine)) return;  // the cause is told, or once is enough
+  if (findings.HasLine(row.fileLine)) return;  // reported already: the cause, or another name
   const Signature& signature = findings.Template().Set().Signatures();
   if (signature.IsReadable(name, locked)) return;
   findings.Add(row.fileLine, {u"The signature [", Trim(signature.Line(name, locked)),
@@ -108,7 +108,7 @@ void CheckSignature(Findings& findings) {
     return;
   }
   const Stretch rows = Between(firstTemplate, Section::Start, Section::End);
-  if (rows.first == 0) return;  // the load has told
+  if (rows.first == 0) return;  // reported by the load
   const LineRow& line = findings.Line(rows.first);
   if (!line.script || line.sLine.find(SignatureToken) == Text::npos) {
     findings.Add(line.fileLine,

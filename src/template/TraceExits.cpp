@@ -16,7 +16,7 @@ bool IsNameUnit(char16_t unit) {
          (unit >= u'A' && unit <= u'Z') || (unit >= u'a' && unit <= u'z');
 }
 
-/// Position from 0 in sLine of the first `Exit <type>` in code; npos when there is none.
+/// Position from 0 of the first `Exit <type>` in code; npos when there is none.
 std::size_t FindExit(TextView line, TextView baseType) {
   constexpr TextView exitWord = u"Exit ";
   if (FindText(line, exitWord) == TextView::npos) return TextView::npos;

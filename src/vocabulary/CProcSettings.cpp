@@ -18,33 +18,32 @@ constexpr bool CProcSettings::*Flags[] = {
     &CProcSettings::bFirewallLeave,    &CProcSettings::bBoundaryLeave};
 
 // One copy of each name for the life of the process; names are never taken out.
-const Text* KeptName(TextView sName) {
-  static std::set<Text, std::less<>> oNames;
-  if (sName.empty()) return nullptr;
-  const auto oKept = oNames.find(sName);
-  return oKept != oNames.end() ? &*oKept : &*oNames.emplace(sName).first;
+const Text* KeptName(TextView name) {
+  static std::set<Text, std::less<>> names;
+  if (name.empty()) return nullptr;
+  const auto kept = names.find(name);
+  return kept != names.end() ? &*kept : &*names.emplace(name).first;
 }
 
-TextView NameOf(const Text* pName) {
-  return pName ? TextView(*pName) : TextView();
+TextView NameOf(const Text* name) {
+  return name ? TextView(*name) : TextView();
 }
 
-std::int32_t HandleOf(TextView sName) {
-  for (const auto* const poLookup :
-       {&MQuillon::oLookupModTemplate, &MQuillon::oLookupProcTemplate}) {
-    const std::int32_t hTemplate = *poLookup ? (*poLookup)->LookupItemData(sName) : 0;
-    if (hTemplate != 0) return hTemplate;
+std::int32_t HandleOf(TextView name) {
+  for (const auto* const lookup : {&MQuillon::oLookupModTemplate, &MQuillon::oLookupProcTemplate}) {
+    const std::int32_t handle = *lookup ? (*lookup)->LookupItemData(name) : 0;
+    if (handle != 0) return handle;
   }
   return 0;
 }
 
-TextView WithoutNone(TextView sName) {
-  return EqualNoCase(sName, MQuillon::NoneName) ? TextView() : sName;
+TextView WithoutNone(TextView name) {
+  return EqualNoCase(name, MQuillon::NoneName) ? TextView() : name;
 }
 
 template <class Choice>
-void KeepCommon(Choice& eValue, Choice eOther) {
-  if (eValue != eOther) eValue = Choice::Unset;
+void KeepCommon(Choice& value, Choice other) {
+  if (value != other) value = Choice::Unset;
 }
 
 }  // namespace
@@ -56,7 +55,7 @@ void CProcSettings::CopyFrom(const CProcSettings& oProcSettings) {
   SeteSeverity(oProcSettings.eSeverity());
   SeteRetry(oProcSettings.eRetry());
   SeteTrace(oProcSettings.eTrace());
-  for (const auto bFlag : Flags) this->*bFlag = oProcSettings.*bFlag;
+  for (const auto flag : Flags) this->*flag = oProcSettings.*flag;
 }
 
 bool CProcSettings::Equals(const CProcSettings& oProcSettings) const {
@@ -67,23 +66,24 @@ bool CProcSettings::Equals(const CProcSettings& oProcSettings) const {
 }
 
 void CProcSettings::Aggregate(const CProcSettings& oProcSettings) {
-  const bool bFirst = !mbAggregate;
-  const Text* const pName = KeptName(oProcSettings.sTemplate());
-  if (bFirst) {
+  const bool first = !mbAggregate;
+  const Text* const name = KeptName(oProcSettings.sTemplate());
+  if (first) {
     mbAggregate = true;
     mbAggregateForeign = oProcSettings.bForeign();
-    if (mbAggregateForeign) mpForeignTemplate = pName;
+    if (mbAggregateForeign) mForeignTemplate = name;
   }
   if (oProcSettings.bForeign()) {
-    // A foreign procedure among ordinary ones has no say; among its like it can part the names.
-    if (mpForeignTemplate != pName) mpForeignTemplate = nullptr;
-  } else if (bFirst || mbAggregateForeign) {
+    // A foreign procedure changes nothing for ordinary ones. When all are foreign, they have a name
+    // in common only while every one of them has it.
+    if (mForeignTemplate != name) mForeignTemplate = nullptr;
+  } else if (first || mbAggregateForeign) {
     mbAggregateForeign = false;
     TakeValues(oProcSettings);
-    if (bFirst) {
-      for (const auto bFlag : Flags) this->*bFlag = oProcSettings.*bFlag;
+    if (first) {
+      for (const auto flag : Flags) this->*flag = oProcSettings.*flag;
     } else {
-      for (const auto bFlag : Inherited) this->*bFlag = oProcSettings.*bFlag;
+      for (const auto flag : Inherited) this->*flag = oProcSettings.*flag;
     }
   } else {
     KeepCommonValues(oProcSettings);
@@ -91,7 +91,7 @@ void CProcSettings::Aggregate(const CProcSettings& oProcSettings) {
 }
 
 void CProcSettings::TakeValues(const CProcSettings& oProcSettings) {
-  mpTemplate = KeptName(oProcSettings.sTemplate());
+  mTemplate = KeptName(oProcSettings.sTemplate());
   meLocked = oProcSettings.eLocked();
   meBoundary = oProcSettings.eBoundary();
   meSeverity = oProcSettings.eSeverity();
@@ -100,28 +100,28 @@ void CProcSettings::TakeValues(const CProcSettings& oProcSettings) {
 }
 
 void CProcSettings::KeepCommonValues(const CProcSettings& oProcSettings) {
-  if (sTemplate() != oProcSettings.sTemplate()) mpTemplate = nullptr;
+  if (sTemplate() != oProcSettings.sTemplate()) mTemplate = nullptr;
   KeepCommon(meLocked, oProcSettings.eLocked());
   KeepCommon(meBoundary, oProcSettings.eBoundary());
   KeepCommon(meSeverity, oProcSettings.eSeverity());
   KeepCommon(meRetry, oProcSettings.eRetry());
   KeepCommon(meTrace, oProcSettings.eTrace());
-  for (const auto bFlag : Flags) this->*bFlag = this->*bFlag && oProcSettings.*bFlag;
+  for (const auto flag : Flags) this->*flag = this->*flag && oProcSettings.*flag;
 }
 
 TextView CProcSettings::sTemplate() const {
-  return NameOf(mbAggregate && mbAggregateForeign ? mpForeignTemplate : mpTemplate);
+  return NameOf(mbAggregate && mbAggregateForeign ? mForeignTemplate : mTemplate);
 }
 
 Text CProcSettings::sTemplateSelectionName() const {
-  const TextView sName = sTemplate();
-  return Text(sName.empty() && !mbAggregate ? MQuillon::NoneName : sName);
+  const TextView name = sTemplate();
+  return Text(name.empty() && !mbAggregate ? MQuillon::NoneName : name);
 }
 
-void CProcSettings::SetsTemplate(TextView sName) {
+void CProcSettings::SetsTemplate(TextView name) {
   if (!mbForeign) {
-    mpTemplate = KeptName(sName);
-    mbForeign = sName.starts_with(u'(') || sName.starts_with(u'[');
+    mTemplate = KeptName(name);
+    mbForeign = name.starts_with(u'(') || name.starts_with(u'[');
   }
-  mhTemplate = HandleOf(NameOf(mpTemplate));
+  mhTemplate = HandleOf(NameOf(mTemplate));
 }

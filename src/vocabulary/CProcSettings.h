@@ -29,40 +29,40 @@ class CProcSettings {
   /// The name of the template; the view lives as long as the process (names are kept once).
   TextView sTemplate() const;
   Text sTemplateSelectionName() const;
-  void SetsTemplate(TextView sName);
+  void SetsTemplate(TextView name);
   MQuillon::Boundary eBoundary() const { return Shown(meBoundary); }
-  void SeteBoundary(MQuillon::Boundary eValue) {
-    if (!mbForeign) meBoundary = eValue;
+  void SeteBoundary(MQuillon::Boundary value) {
+    if (!mbForeign) meBoundary = value;
   }
   MQuillon::Severity eSeverity() const { return Shown(meSeverity); }
-  void SeteSeverity(MQuillon::Severity eValue) {
-    if (!mbForeign) meSeverity = eValue;
+  void SeteSeverity(MQuillon::Severity value) {
+    if (!mbForeign) meSeverity = value;
   }
   MQuillon::Retry eRetry() const { return Shown(meRetry); }
-  void SeteRetry(MQuillon::Retry eValue) {
-    if (!mbForeign) meRetry = eValue;
+  void SeteRetry(MQuillon::Retry value) {
+    if (!mbForeign) meRetry = value;
   }
   MQuillon::TriState eTrace() const { return Shown(meTrace); }
-  void SeteTrace(MQuillon::TriState eValue) {
-    if (!mbForeign) meTrace = eValue;
+  void SeteTrace(MQuillon::TriState value) {
+    if (!mbForeign) meTrace = value;
   }
   bool bForeign() const { return mbAggregate ? mbAggregateForeign : mbForeign; }
   MQuillon::TriState eLocked() const { return meLocked; }
-  void SeteLocked(MQuillon::TriState eValue) { meLocked = eValue; }
+  void SeteLocked(MQuillon::TriState value) { meLocked = value; }
   std::int32_t hTemplate() const { return mhTemplate; }
 
  private:
   template <class Choice>
-  Choice Shown(Choice eValue) const {
-    return mbAggregateForeign ? Choice::Unset : eValue;
+  Choice Shown(Choice value) const {
+    return mbAggregateForeign ? Choice::Unset : value;
   }
   void TakeValues(const CProcSettings& oProcSettings);
   void KeepCommonValues(const CProcSettings& oProcSettings);
 
   // Names come from one template file and repeat per procedure three times: each text is kept
   // once for the process, so a record of a large group stays small. Null is the empty name.
-  const Text* mpTemplate = nullptr;
-  const Text* mpForeignTemplate = nullptr;
+  const Text* mTemplate = nullptr;
+  const Text* mForeignTemplate = nullptr;
   std::int32_t mhTemplate = 0;
   MQuillon::Boundary meBoundary = MQuillon::Boundary::Unset;
   MQuillon::Severity meSeverity = MQuillon::Severity::Unset;

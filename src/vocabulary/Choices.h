@@ -6,7 +6,7 @@
 // in a signature, in JSON, and at the IDE. There ToNumber and FromNumber lead out and in:
 //
 //   MQuillon::ToNumber(MQuillon::Boundary::Firewall)      // 3
-//   MQuillon::FromNumber<MQuillon::Severity>(lStored)
+//   MQuillon::FromNumber<MQuillon::Severity>(stored)
 #pragma once
 
 #include <array>

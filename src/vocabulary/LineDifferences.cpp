@@ -67,7 +67,7 @@ bool OnlyGrewOrShrank(Lines<Line> oldLines, Lines<Line> newLines, ChangeList& ch
   return found;
 }
 
-/// Eight bytes at a time, in a fifth of the instructions that the library's hash takes; all of the
+/// Eight bytes at a time, in far fewer instructions than the library's hash takes; all of the
 /// line, since lines of source often agree at both ends.
 std::size_t HashOf(const char* bytes, std::size_t count) {
   std::uint64_t hash = count;

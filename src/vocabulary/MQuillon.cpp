@@ -16,8 +16,8 @@ std::unique_ptr<CXLookup> oLookupBoundary, oLookupSeverity, oLookupRetry, oLooku
 namespace {
 
 struct Word {
-  std::int32_t lId;
-  TextView sText;
+  std::int32_t id;
+  TextView text;
 };
 
 constexpr Word ComponentTypes[] = {
@@ -72,25 +72,25 @@ constexpr std::int16_t FolderOfType[] = {2, 3, 1, 8, 1, 1, 5, 4, 6, 8, 7, 0, 0, 
 constexpr std::int32_t FirstFolderString = 100;
 
 template <std::size_t n>
-Text TextOf(const Word (&aoWord)[n], std::int32_t lId) {
-  for (const Word& oWord : aoWord) {
-    if (oWord.lId == lId) return Text(oWord.sText);
+Text TextOf(const Word (&words)[n], std::int32_t id) {
+  for (const Word& word : words) {
+    if (word.id == id) return Text(word.text);
   }
   return {};
 }
 
 template <std::size_t n, class Choice>
-Text NameOf(const TextView (&asName)[n], Choice eValue) {
-  const std::int32_t lId = MQuillon::ToNumber(eValue);
-  if (lId < 1 || lId > static_cast<std::int32_t>(n)) return {};
-  return Text(asName[static_cast<std::size_t>(lId) - 1]);
+TextView NameOf(const TextView (&names)[n], Choice value) {
+  const std::int32_t id = MQuillon::ToNumber(value);
+  if (id < 1 || id > static_cast<std::int32_t>(n)) return {};
+  return names[static_cast<std::size_t>(id) - 1];
 }
 
 // The caller has folded the text already: a name that isn't in lower case is no name.
 template <class Choice, std::size_t n>
-Choice ValueOf(const TextView (&asName)[n], TextView sLower) {
+Choice ValueOf(const TextView (&names)[n], TextView lower) {
   for (std::size_t i = 0; i < n; ++i) {
-    if (LowerCase(asName[i]) == sLower) {
+    if (LowerCase(names[i]) == lower) {
       return MQuillon::FromNumber<Choice>(static_cast<std::int32_t>(i) + 1);
     }
   }
@@ -99,25 +99,27 @@ Choice ValueOf(const TextView (&asName)[n], TextView sLower) {
 
 struct Entry {
   template <class Choice>
-  Entry(TextView sName, Choice eValue, TextView sShown = {})
-      : sItem(sName), lItemData(MQuillon::ToNumber(eValue)), sDisplayName(sShown) {}
-  TextView sItem;
-  std::int32_t lItemData;
-  TextView sDisplayName;
+  Entry(TextView name, Choice value, TextView shown = {})
+      : item(name), itemData(MQuillon::ToNumber(value)), displayName(shown) {}
+  TextView item;
+  std::int32_t itemData;
+  TextView displayName;
 };
 
-std::unique_ptr<CXLookup> MakeLookup(std::initializer_list<Entry> oEntries) {
-  auto oLookup = std::make_unique<CXLookup>();
-  for (const Entry& o : oEntries) oLookup->Add(o.sItem, o.lItemData, o.sDisplayName);
-  return oLookup;
+std::unique_ptr<CXLookup> MakeLookup(std::initializer_list<Entry> entries) {
+  auto lookup = std::make_unique<CXLookup>();
+  for (const Entry& entry : entries) {
+    lookup->Add(entry.item, entry.itemData, entry.displayName);
+  }
+  return lookup;
 }
 
-std::unique_ptr<CXLookup> MakeTemplateLookup(const TextArray& asTemplate) {
-  auto oLookup = MakeLookup({{MQuillon::NoneName, 0}});
-  for (std::size_t i = 1; i < asTemplate.size(); ++i) {
-    if (!asTemplate[i].empty()) oLookup->Add(asTemplate[i], oLookup->Count(), asTemplate[i]);
+std::unique_ptr<CXLookup> MakeTemplateLookup(const TextArray& names) {
+  auto lookup = MakeLookup({{MQuillon::NoneName, 0}});
+  for (std::size_t i = 1; i < names.size(); ++i) {
+    if (!names[i].empty()) lookup->Add(names[i], lookup->Count(), names[i]);
   }
-  return oLookup;
+  return lookup;
 }
 
 }  // namespace
@@ -137,13 +139,13 @@ Text ScopeTypeName(MemberScope nScope) {
   return TextOf(Scopes, ToNumber(nScope));
 }
 
-Text BoundaryName(Boundary eBoundary) {
+TextView BoundaryName(Boundary eBoundary) {
   return NameOf(Boundaries, eBoundary);
 }
-Text SeverityName(Severity eSeverity) {
+TextView SeverityName(Severity eSeverity) {
   return NameOf(Severities, eSeverity);
 }
-Text RetryName(Retry eRetry) {
+TextView RetryName(Retry eRetry) {
   return NameOf(Retries, eRetry);
 }
 Boundary BoundaryId(TextView sName) {
@@ -157,17 +159,17 @@ Retry RetryId(TextView sName) {
 }
 
 Text ProcTypeName(Text& sLine) {
-  static constexpr TextView asKind[] = {u" Function ", u" Sub ", u" Property Get ",
-                                        u" Property Set ", u" Property Let "};
+  static constexpr TextView Kinds[] = {u" Function ", u" Sub ", u" Property Get ",
+                                       u" Property Set ", u" Property Let "};
   sLine.insert(sLine.begin(), u' ');
-  for (const TextView sKind : asKind) {
-    if (sLine.find(sKind) != Text::npos) return Text(Trim(sKind));
+  for (const TextView kind : Kinds) {
+    if (sLine.find(kind) != Text::npos) return Text(Trim(kind));
   }
   return {};
 }
 
-Text StringResource(std::int32_t lId) {
-  return TextOf(Strings, lId);
+Text StringResource(std::int32_t id) {
+  return TextOf(Strings, id);
 }
 
 void Initialize() {
@@ -181,9 +183,9 @@ void Initialize() {
   aiFolderOfType.insert(aiFolderOfType.end(), std::begin(FolderOfType), std::end(FolderOfType));
 }
 
-void LoadLookups(const TextArray& asModTemplate, const TextArray& asProcTemplate) {
-  oLookupModTemplate = MakeTemplateLookup(asModTemplate);
-  oLookupProcTemplate = MakeTemplateLookup(asProcTemplate);
+void LoadLookups(const TextArray& modTemplates, const TextArray& procTemplates) {
+  oLookupModTemplate = MakeTemplateLookup(modTemplates);
+  oLookupProcTemplate = MakeTemplateLookup(procTemplates);
   oLookupBoundary = MakeLookup({{u"None", Boundary::None},
                                 {u"VB", Boundary::VB},
                                 {u"Firewall", Boundary::Firewall},
@@ -198,9 +200,9 @@ void LoadLookups(const TextArray& asModTemplate, const TextArray& asProcTemplate
 }
 
 void ReleaseLookups() {
-  for (auto* const poLookup : {&oLookupModTemplate, &oLookupProcTemplate, &oLookupBoundary,
-                               &oLookupSeverity, &oLookupRetry, &oLookupTrace, &oLookupLocked}) {
-    poLookup->reset();
+  for (auto* const lookup : {&oLookupModTemplate, &oLookupProcTemplate, &oLookupBoundary,
+                             &oLookupSeverity, &oLookupRetry, &oLookupTrace, &oLookupLocked}) {
+    lookup->reset();
   }
 }
 

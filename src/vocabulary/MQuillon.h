@@ -25,10 +25,11 @@ Text VBProjectTypeName(ProjectType nType);
 Text InstancingTypeName(std::int32_t lInstancing);
 Text ScopeTypeName(MemberScope nScope);
 
-/// Value to constant name, such as tvnBoundaryVB; empty for Unset and outside the set.
-Text BoundaryName(Boundary eBoundary);
-Text SeverityName(Severity eSeverity);
-Text RetryName(Retry eRetry);
+/// Value to constant name, such as tvnBoundaryVB; empty for Unset and outside the set. The view is
+/// good for the life of the process.
+TextView BoundaryName(Boundary eBoundary);
+TextView SeverityName(Severity eSeverity);
+TextView RetryName(Retry eRetry);
 /// Constant name in lower case to value; Unset for any other text.
 Boundary BoundaryId(TextView sName);
 Severity SeverityId(TextView sName);
@@ -39,7 +40,7 @@ Retry RetryId(TextView sName);
 Text ProcTypeName(Text& sLine);
 
 /// Text of a string resource; empty for an unknown id.
-Text StringResource(std::int32_t lId);
+Text StringResource(std::int32_t id);
 
 /// Filled by Initialize. asFolderName and asFolderItemName run from 1 to 8, aiFolderOfType from
 /// 1 to 15 with 0 for a type without a folder; element 0 of each is unused.
@@ -53,7 +54,7 @@ extern std::unique_ptr<CXLookup> oLookupBoundary, oLookupSeverity, oLookupRetry,
     oLookupLocked, oLookupModTemplate, oLookupProcTemplate;
 /// Makes all seven. The arrays are those of GetModuleTemplates and GetProcTemplates: sparse,
 /// from element 1; ItemData of a template is its running number from 1 among the used elements.
-void LoadLookups(const TextArray& asModTemplate, const TextArray& asProcTemplate);
+void LoadLookups(const TextArray& modTemplates, const TextArray& procTemplates);
 void ReleaseLookups();
 
 }  // namespace MQuillon

@@ -9,22 +9,22 @@ constexpr std::size_t npos = TextView::npos;
 constexpr std::size_t MaxTokens = 32767;
 
 // The language's own search: nothing is found behind the end of a text, not even the empty part.
-std::size_t FindFrom(TextView sText, TextView sPart, std::size_t lStart) {
-  return lStart >= sText.size() ? npos : sText.find(sPart, lStart);
+std::size_t FindFrom(TextView text, TextView part, std::size_t start) {
+  return start >= text.size() ? npos : text.find(part, start);
 }
 
-std::int32_t Position(std::size_t lIndex) {
-  return lIndex == npos ? 0 : static_cast<std::int32_t>(lIndex) + 1;
+std::int32_t Position(std::size_t index) {
+  return index == npos ? 0 : static_cast<std::int32_t>(index) + 1;
 }
 
-Text After(TextView sText, TextView sMark, std::int32_t lPosition) {
-  if (lPosition == 0) return {};
-  return Text(sText.substr(static_cast<std::size_t>(lPosition) - 1 + sMark.size()));
+Text After(TextView text, TextView mark, std::int32_t position) {
+  if (position == 0) return {};
+  return Text(text.substr(static_cast<std::size_t>(position) - 1 + mark.size()));
 }
 
-void AddToken(TextArray& asToken, TextView sToken) {
-  if (asToken.size() > MaxTokens) throw Failure(6);
-  asToken.emplace_back(sToken);
+void AddToken(TextArray& tokens, TextView token) {
+  if (tokens.size() > MaxTokens) throw Failure(6);
+  tokens.emplace_back(token);
 }
 
 // Four units in one word, the first one lowest; all arithmetic below stays within its 16 bits
@@ -36,213 +36,212 @@ std::uint64_t Load4(const char16_t* p) {
   return p[0] | std::uint64_t{p[1]} << 16 | std::uint64_t{p[2]} << 32 | std::uint64_t{p[3]} << 48;
 }
 
-void Store4(std::uint64_t lUnits, char16_t* p) {
-  for (int i = 0; i < 4; ++i) p[i] = static_cast<char16_t>(lUnits >> (16 * i));
+void Store4(std::uint64_t units, char16_t* p) {
+  for (int i = 0; i < 4; ++i) p[i] = static_cast<char16_t>(units >> (16 * i));
 }
 
-std::uint64_t LowerCase4(std::uint64_t lUnits) {
-  const std::uint64_t lFromA = lUnits + (0x80 - u'A') * Each,
-                      lBehindZ = lUnits + (0x7F - u'Z') * Each;
-  return lUnits | ((lFromA & ~lBehindZ & TopBits) >> 2);
+std::uint64_t LowerCase4(std::uint64_t units) {
+  const std::uint64_t fromA = units + (0x80 - u'A') * Each, behindZ = units + (0x7F - u'Z') * Each;
+  return units | ((fromA & ~behindZ & TopBits) >> 2);
 }
 
 // The top bit of each unit that is a blank.
-std::uint64_t Blanks4(std::uint64_t lUnits) {
-  return (((lUnits ^ (u' ' * Each)) + 0x7F * Each) & TopBits) ^ TopBits;
+std::uint64_t Blanks4(std::uint64_t units) {
+  return (((units ^ (u' ' * Each)) + 0x7F * Each) & TopBits) ^ TopBits;
 }
 
 // Copies with each run of blanks made one. Nearly all source is ASCII without doubled blanks
 // behind its indentation, so four such units at once are the common case. The buffer is only ever
 // grown: folding a file line by line allocates for its longest line alone.
-template <bool bLower>
-void Collapse(TextView sText, Text& sResult) {
-  sText = Trim(sText);
-  sResult.assign(sText);
-  const char16_t* pFrom = sText.data();
-  const char16_t* const pFromEnd = pFrom + sText.size();
-  char16_t* pTo = sResult.data();
-  std::uint64_t lAfterBlank = 0;
-  while (pFrom != pFromEnd) {
-    if (pFromEnd - pFrom >= 4) {
-      const std::uint64_t lUnits = Load4(pFrom), lBlanks = Blanks4(lUnits);
-      if (!(lUnits & ~(0x7F * Each)) && !(lBlanks & (lBlanks << 16 | lAfterBlank))) {
-        Store4(bLower ? LowerCase4(lUnits) : lUnits, pTo);
-        lAfterBlank = lBlanks >> 48;
-        pFrom += 4;
-        pTo += 4;
+template <bool ToLower>
+void Collapse(TextView text, Text& result) {
+  text = Trim(text);
+  result.assign(text);
+  const char16_t* from = text.data();
+  const char16_t* const fromEnd = from + text.size();
+  char16_t* to = result.data();
+  std::uint64_t afterBlank = 0;
+  while (from != fromEnd) {
+    if (fromEnd - from >= 4) {
+      const std::uint64_t units = Load4(from), blanks = Blanks4(units);
+      if (!(units & ~(0x7F * Each)) && !(blanks & (blanks << 16 | afterBlank))) {
+        Store4(ToLower ? LowerCase4(units) : units, to);
+        afterBlank = blanks >> 48;
+        from += 4;
+        to += 4;
         continue;
       }
     }
-    const bool bBlank = *pFrom == u' ';
-    *pTo = bLower ? LowerCase(*pFrom) : *pFrom;
-    pTo += !(bBlank && lAfterBlank);
-    lAfterBlank = bBlank ? 0x80 : 0;
-    ++pFrom;
+    const bool blank = *from == u' ';
+    *to = ToLower ? LowerCase(*from) : *from;
+    to += !(blank && afterBlank);
+    afterBlank = blank ? 0x80 : 0;
+    ++from;
   }
-  sResult.resize(static_cast<std::size_t>(pTo - sResult.data()));
+  result.resize(static_cast<std::size_t>(to - result.data()));
 }
 
-// sSet is the inside of a character list.
-bool AllIn(TextView sText, TextView sSet, TextView sExtra) {
-  const LikePattern oOther(Text(u"*[!").append(sSet).append(sExtra).append(u"]*"));
-  return oOther.IsValid() && !oOther.Matches(sText);
+// `set` is the inside of a character list.
+bool AllIn(TextView text, TextView set, TextView extra) {
+  const LikePattern other(Text(u"*[!").append(set).append(extra).append(u"]*"));
+  return other.IsValid() && !other.Matches(text);
 }
 
 // Paths of this system and of the one whose projects they name: where a backslash stands, a slash
 // is a character of a name.
-TextView SeparatorOf(TextView sPath) {
-  return sPath.find(u'\\') != npos ? u"\\" : u"/";
+TextView SeparatorOf(TextView path) {
+  return path.find(u'\\') != npos ? u"\\" : u"/";
 }
 
-Text CutMiddle(TextView sPath, const MXString::TextWidth& oOutput, double dWidth) {
-  const TextView sSeparator = SeparatorOf(sPath);
-  const Text sRoot = MXString::StringBefore(sPath, sSeparator);
-  const Text sFile = MXString::StringAfterLast(sPath, sSeparator);
-  const Text sStart = Text(sRoot).append(sSeparator).append(u"...");
-  Text sResult(sPath);
-  for (std::size_t lSlash = sRoot.size(); oOutput(sResult) > dWidth;) {
-    lSlash = sPath.find(sSeparator, lSlash + 1);
-    if (lSlash == npos) {
-      sResult = Text(sStart).append(sSeparator).append(sFile);
+Text CutMiddle(TextView path, const MXString::TextWidth& widthOf, double width) {
+  const TextView separator = SeparatorOf(path);
+  const Text root = MXString::StringBefore(path, separator);
+  const Text file = MXString::StringAfterLast(path, separator);
+  const Text start = Text(root).append(separator).append(u"...");
+  Text result(path);
+  for (std::size_t slash = root.size(); widthOf(result) > width;) {
+    slash = path.find(separator, slash + 1);
+    if (slash == npos) {
+      result = Text(start).append(separator).append(file);
       break;
     }
-    sResult = Text(sStart).append(sPath.substr(lSlash));
+    result = Text(start).append(path.substr(slash));
   }
-  return oOutput(sResult) > dWidth ? sFile : sResult;
+  return widthOf(result) > width ? file : result;
 }
 
-Text CutRoot(TextView sPath, const MXString::TextWidth& oOutput) {
-  const TextView sSeparator = SeparatorOf(sPath);
-  const Text sFile = MXString::StringAfterLast(sPath, sSeparator);
-  const Text sResult = Text(u"...").append(sSeparator).append(sFile);
-  return oOutput(sResult) > oOutput(sPath) ? sFile : sResult;
+Text CutRoot(TextView path, const MXString::TextWidth& widthOf) {
+  const TextView separator = SeparatorOf(path);
+  const Text file = MXString::StringAfterLast(path, separator);
+  const Text result = Text(u"...").append(separator).append(file);
+  return widthOf(result) > widthOf(path) ? file : result;
 }
 
 }  // namespace
 
 namespace MXString {
 
-Text StringAfter(TextView sText, TextView sMark) {
-  return After(sText, sMark, StringFind(sText, sMark, 1));
+Text StringAfter(TextView text, TextView mark) {
+  return After(text, mark, StringFind(text, mark, 1));
 }
 
-Text StringAfterLast(TextView sText, TextView sMark) {
-  return After(sText, sMark, StringFindLast(sText, sMark));
+Text StringAfterLast(TextView text, TextView mark) {
+  return After(text, mark, StringFindLast(text, mark));
 }
 
-Text StringBefore(TextView sText, TextView sMark) {
-  const std::size_t lIndex = FindFrom(sText, sMark, 0);
-  return lIndex == npos ? Text() : Text(sText.substr(0, lIndex));
+Text StringBefore(TextView text, TextView mark) {
+  const std::size_t index = FindFrom(text, mark, 0);
+  return index == npos ? Text() : Text(text.substr(0, index));
 }
 
-bool StringStarts(TextView sText, TextView sPrefix) {
-  return sText.starts_with(sPrefix);
+bool StringStarts(TextView text, TextView prefix) {
+  return text.starts_with(prefix);
 }
 
-bool StringEnds(TextView sText, TextView sSuffix) {
-  return sText.ends_with(sSuffix);
+bool StringEnds(TextView text, TextView suffix) {
+  return text.ends_with(suffix);
 }
 
-bool StringContains(TextView sText, TextView sPart) {
-  return FindFrom(sText, sPart, 0) != npos;
+bool StringContains(TextView text, TextView part) {
+  return FindFrom(text, part, 0) != npos;
 }
 
-std::int32_t StringFind(TextView sText, TextView sPart, std::int16_t nOccurrence) {
-  std::size_t lIndex = FindFrom(sText, sPart, 0);
-  for (; lIndex != npos && nOccurrence > 1; --nOccurrence) {
-    lIndex = FindFrom(sText, sPart, lIndex + 1);
+std::int32_t StringFind(TextView text, TextView part, std::int16_t occurrence) {
+  std::size_t index = FindFrom(text, part, 0);
+  for (; index != npos && occurrence > 1; --occurrence) {
+    index = FindFrom(text, part, index + 1);
   }
-  return Position(lIndex);
+  return Position(index);
 }
 
-std::int32_t StringFindLast(TextView sText, TextView sPart) {
-  if (sPart.empty()) return static_cast<std::int32_t>(sText.size());
-  return Position(sText.rfind(sPart));
+std::int32_t StringFindLast(TextView text, TextView part) {
+  if (part.empty()) return static_cast<std::int32_t>(text.size());
+  return Position(text.rfind(part));
 }
 
-std::int32_t StringCount(TextView sText, TextView sPart) {
-  std::int32_t lCount = 0;
-  for (std::size_t i = FindFrom(sText, sPart, 0); i != npos; i = FindFrom(sText, sPart, i + 1)) {
-    ++lCount;
+std::int32_t StringCount(TextView text, TextView part) {
+  std::int32_t count = 0;
+  for (std::size_t i = FindFrom(text, part, 0); i != npos; i = FindFrom(text, part, i + 1)) {
+    ++count;
   }
-  return lCount;
+  return count;
 }
 
-Text StringReplace(TextView sText, TextView sPart, TextView sReplacement) {
-  if (sPart.empty()) return Text(sText);
-  Text sResult;
-  std::size_t lStart = 0;
-  for (std::size_t i; (i = FindText(sText, sPart, lStart)) != npos; lStart = i + sPart.size()) {
-    sResult.append(sText.substr(lStart, i - lStart)).append(sReplacement);
+Text StringReplace(TextView text, TextView part, TextView replacement) {
+  if (part.empty()) return Text(text);
+  Text result;
+  std::size_t start = 0;
+  for (std::size_t i; (i = FindText(text, part, start)) != npos; start = i + part.size()) {
+    result.append(text.substr(start, i - start)).append(replacement);
   }
-  return sResult.append(sText.substr(lStart));
+  return result.append(text.substr(start));
 }
 
-void StringTokenize(TextView sText, TextArray& asToken, TextView sSeparator, bool bTrim) {
-  TextArray asResult(1);
-  while (!sText.empty()) {
-    const std::size_t lEnd = sSeparator.empty() ? npos : sText.find(sSeparator);
-    const TextView sToken = sText.substr(0, lEnd);
-    AddToken(asResult, bTrim ? Trim(sToken) : sToken);
-    sText.remove_prefix(lEnd == npos ? sText.size() : lEnd + sSeparator.size());
+void StringTokenize(TextView text, TextArray& tokens, TextView separator, bool trim) {
+  TextArray result(1);
+  while (!text.empty()) {
+    const std::size_t end = separator.empty() ? npos : text.find(separator);
+    const TextView token = text.substr(0, end);
+    AddToken(result, trim ? Trim(token) : token);
+    text.remove_prefix(end == npos ? text.size() : end + separator.size());
   }
-  asToken = std::move(asResult);
+  tokens = std::move(result);
 }
 
-void StringTokenize2(TextView sText, TextArray& asToken, TextView sSeparators) {
-  TextArray asResult(1);
-  for (bool bMore = !sText.empty(); bMore;) {
-    const std::size_t lEnd = sText.find_first_of(sSeparators);
-    AddToken(asResult, sText.substr(0, lEnd));
-    bMore = lEnd != npos;
-    sText.remove_prefix(bMore ? lEnd + 1 : 0);
+void StringTokenize2(TextView text, TextArray& tokens, TextView separators) {
+  TextArray result(1);
+  for (bool more = !text.empty(); more;) {
+    const std::size_t end = text.find_first_of(separators);
+    AddToken(result, text.substr(0, end));
+    more = end != npos;
+    text.remove_prefix(more ? end + 1 : 0);
   }
-  asToken = std::move(asResult);
+  tokens = std::move(result);
 }
 
-Text FullTrim(TextView sText) {
-  Text sResult;
-  Collapse<false>(sText, sResult);
-  return sResult;
+Text FullTrim(TextView text) {
+  Text result;
+  Collapse<false>(text, result);
+  return result;
 }
 
-void FoldLine(TextView sText, Text& sFolded) {
-  Collapse<true>(sText, sFolded);
+void FoldLine(TextView text, Text& folded) {
+  Collapse<true>(text, folded);
 }
 
-bool IsAlphaNumeric(TextView sText, TextView sExtra) {
-  return AllIn(sText, u"0-9a-zA-Z", sExtra);
+bool IsAlphaNumeric(TextView text, TextView extra) {
+  return AllIn(text, u"0-9a-zA-Z", extra);
 }
 
-bool IsDigits(TextView sText, TextView sExtra) {
+bool IsDigits(TextView text, TextView extra) {
   // Asked for the first word of nearly every line of source, without extra characters.
-  if (sExtra.empty()) return sText.find_first_not_of(u"0123456789") == npos;
-  return AllIn(sText, u"0-9", sExtra);
+  if (extra.empty()) return text.find_first_not_of(u"0123456789") == npos;
+  return AllIn(text, u"0-9", extra);
 }
 
-std::int32_t LeadingSpaceCount(TextView sText) {
-  return static_cast<std::int32_t>(sText.size() - LeftTrim(sText).size());
+std::int32_t LeadingSpaceCount(TextView text) {
+  return static_cast<std::int32_t>(text.size() - LeftTrim(text).size());
 }
 
-Text TrimToFit(TextView sText, const TextWidth& oOutput, double dWidth) {
-  static constexpr TextView sMark = u"...";
-  if (oOutput(sText) <= dWidth) return Text(sText);
-  if (oOutput(sMark) > dWidth) return {};
-  Text sResult;
+Text TrimToFit(TextView text, const TextWidth& widthOf, double width) {
+  static constexpr TextView mark = u"...";
+  if (widthOf(text) <= width) return Text(text);
+  if (widthOf(mark) > width) return {};
+  Text result;
   do {
-    if (sText.empty()) return Text(sMark);
-    sText.remove_suffix(1);
-    sResult.assign(sText).append(sMark);
-  } while (oOutput(sResult) > dWidth);
-  return sResult;
+    if (text.empty()) return Text(mark);
+    text.remove_suffix(1);
+    result.assign(text).append(mark);
+  } while (widthOf(result) > width);
+  return result;
 }
 
-Text TrimPathToFit(TextView sPath, const TextWidth& oOutput, double dWidth, bool bAllowCut) {
-  if (oOutput(sPath) <= dWidth) return Text(sPath);
-  const std::int32_t lFolders = StringCount(sPath, SeparatorOf(sPath));
-  if (lFolders == 0) return {};
-  const Text sResult = lFolders == 1 ? CutRoot(sPath, oOutput) : CutMiddle(sPath, oOutput, dWidth);
-  return bAllowCut ? TrimToFit(sResult, oOutput, dWidth) : sResult;
+Text TrimPathToFit(TextView path, const TextWidth& widthOf, double width, bool allowCut) {
+  if (widthOf(path) <= width) return Text(path);
+  const std::int32_t folders = StringCount(path, SeparatorOf(path));
+  if (folders == 0) return {};
+  const Text result = folders == 1 ? CutRoot(path, widthOf) : CutMiddle(path, widthOf, width);
+  return allowCut ? TrimToFit(result, widthOf, width) : result;
 }
 
 }  // namespace MXString

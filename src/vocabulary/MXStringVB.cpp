@@ -14,175 +14,175 @@ constexpr std::size_t npos = TextView::npos;
 class LiteralFlag {
  public:
   /// True for a unit that is part of a literal and no quote.
-  bool Inside(char16_t cUnit) {
-    if (cUnit == u'"') mbInside = !mbInside;
-    return mbInside && cUnit != u'"';
+  bool Inside(char16_t unit) {
+    if (unit == u'"') mInside = !mInside;
+    return mInside && unit != u'"';
   }
 
  private:
-  bool mbInside = false;
+  bool mInside = false;
 };
 
 template <std::size_t n>
-bool IsOneOf(TextView sText, const TextView (&asText)[n]) {
-  return std::any_of(std::begin(asText), std::end(asText), [=](TextView sOne) {
+bool IsOneOf(TextView text, const TextView (&texts)[n]) {
+  return std::any_of(std::begin(texts), std::end(texts), [=](TextView one) {
     // Length and first unit refuse nearly all without a call.
-    return sOne.size() == sText.size() && sOne[0] == sText[0] && sOne == sText;
+    return one.size() == text.size() && one[0] == text[0] && one == text;
   });
 }
 
 template <std::size_t n>
-bool StartsWithOneOf(TextView sText, const TextView (&asText)[n]) {
-  return std::any_of(std::begin(asText), std::end(asText),
-                     [=](TextView sPrefix) { return sText.starts_with(sPrefix); });
+bool StartsWithOneOf(TextView text, const TextView (&texts)[n]) {
+  return std::any_of(std::begin(texts), std::end(texts),
+                     [=](TextView prefix) { return text.starts_with(prefix); });
 }
 
 // Takes the first word, up to a blank, off the text. Two blanks in a row have an empty word
 // between them, so that "end  if" isn't taken for "end if".
-TextView TakeWord(TextView& sText, bool& bMore) {
-  const std::size_t lEnd = sText.find(u' ');
-  const TextView sWord = sText.substr(0, lEnd);
-  bMore = lEnd != npos;
-  sText.remove_prefix(bMore ? lEnd + 1 : sText.size());
-  return sWord;
+TextView TakeWord(TextView& text, bool& more) {
+  const std::size_t end = text.find(u' ');
+  const TextView word = text.substr(0, end);
+  more = end != npos;
+  text.remove_prefix(more ? end + 1 : text.size());
+  return word;
 }
 
 // True when the words stand in the text with a blank or an end of the text on either side.
-// lEnd: where they end.
-bool FindWords(TextView sText, TextView sWords, std::size_t lStart, std::size_t& lEnd) {
-  for (std::size_t i = sText.find(sWords, lStart); i != npos; i = sText.find(sWords, i + 1)) {
-    lEnd = i + sWords.size();
-    const bool bFree = i == 0 || (i > lStart && sText[i - 1] == u' ');
-    if (bFree && (lEnd == sText.size() || sText[lEnd] == u' ')) return true;
+// end: where they end.
+bool FindWords(TextView text, TextView words, std::size_t start, std::size_t& end) {
+  for (std::size_t i = text.find(words, start); i != npos; i = text.find(words, i + 1)) {
+    end = i + words.size();
+    const bool isFree = i == 0 || (i > start && text[i - 1] == u' ');
+    if (isFree && (end == text.size() || text[end] == u' ')) return true;
   }
   return false;
 }
 
-bool IsLogicWord(TextView sWord, TextView sBefore) {
-  static constexpr TextView asAlone[] = {
-      u"case",  u"do",   u"do:",   u"else",   u"else:",   u"for",  u"gosub", u"loop",
-      u"loop:", u"next", u"next:", u"return", u"return:", u"wend", u"wend:", u"while"};
-  static constexpr TextView asBehindEnd[] = {u"if", u"if:", u"select", u"select:"};
-  return IsOneOf(sWord, asAlone) || (sBefore == u"end" && IsOneOf(sWord, asBehindEnd));
+bool IsLogicWord(TextView word, TextView before) {
+  static constexpr TextView Alone[] = {u"case",    u"do",   u"do:",   u"else", u"else:", u"for",
+                                       u"gosub",   u"loop", u"loop:", u"next", u"next:", u"return",
+                                       u"return:", u"wend", u"wend:", u"while"};
+  static constexpr TextView BehindEnd[] = {u"if", u"if:", u"select", u"select:"};
+  return IsOneOf(word, Alone) || (before == u"end" && IsOneOf(word, BehindEnd));
 }
 
 }  // namespace
 
 namespace MXStringVB {
 
-TextArray SplitStatements(TextView sLine) {
-  const TextView sCode = TrimVBComments(sLine);
-  TextArray asStatement;
-  asStatement.reserve(3);  // a statement and a comment: what a line holds as a rule
-  asStatement.emplace_back();
-  LiteralFlag oLiteral;
-  std::size_t lStart = 0;
-  for (std::size_t i = 0; i + 1 < sCode.size(); ++i) {
-    if (oLiteral.Inside(sCode[i]) || sCode[i] != u':' || sCode[i + 1] != u' ') continue;
-    asStatement.emplace_back(sCode.substr(lStart, i - lStart));
-    lStart = i + 2;
+TextArray SplitStatements(TextView line) {
+  const TextView code = TrimVBComments(line);
+  TextArray statements;
+  statements.reserve(3);  // a statement and a comment: what a line holds as a rule
+  statements.emplace_back();
+  LiteralFlag literal;
+  std::size_t start = 0;
+  for (std::size_t i = 0; i + 1 < code.size(); ++i) {
+    if (literal.Inside(code[i]) || code[i] != u':' || code[i + 1] != u' ') continue;
+    statements.emplace_back(code.substr(start, i - start));
+    start = i + 2;
   }
-  asStatement.emplace_back(sCode.substr(lStart));
-  if (sCode.size() < sLine.size()) asStatement.emplace_back(sLine.substr(sCode.size()));
-  return asStatement;
+  statements.emplace_back(code.substr(start));
+  if (code.size() < line.size()) statements.emplace_back(line.substr(code.size()));
+  return statements;
 }
 
-TextView TrimVBComments(TextView sLine) {
-  if (sLine.find(u'\'') == npos) return sLine;
-  LiteralFlag oLiteral;
-  for (std::size_t i = 0; i < sLine.size(); ++i) {
-    if (!oLiteral.Inside(sLine[i]) && sLine[i] == u'\'') return sLine.substr(0, i);
+TextView TrimVBComments(TextView line) {
+  if (line.find(u'\'') == npos) return line;
+  LiteralFlag literal;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    if (!literal.Inside(line[i]) && line[i] == u'\'') return line.substr(0, i);
   }
-  return sLine;
+  return line;
 }
 
-Text TrimVBLiterals(TextView sLine) {
-  Text sResult;
-  LiteralFlag oLiteral;
-  for (const char16_t cUnit : sLine) {
-    if (!oLiteral.Inside(cUnit) && cUnit != u'"') sResult += cUnit;
+Text TrimVBLiterals(TextView line) {
+  Text result;
+  LiteralFlag literal;
+  for (const char16_t unit : line) {
+    if (!literal.Inside(unit) && unit != u'"') result += unit;
   }
-  return sResult;
+  return result;
 }
 
-Text MaskVBLiterals(TextView sLine, TextView sMask) {
-  Text sResult;
-  sResult.reserve(sLine.size());
-  LiteralFlag oLiteral;
-  for (const char16_t cUnit : sLine) {
-    sResult.append(oLiteral.Inside(cUnit) ? sMask : TextView(&cUnit, 1));
+Text MaskVBLiterals(TextView line, TextView mask) {
+  Text result;
+  result.reserve(line.size());
+  LiteralFlag literal;
+  for (const char16_t unit : line) {
+    result.append(literal.Inside(unit) ? mask : TextView(&unit, 1));
   }
-  return sResult;
+  return result;
 }
 
-bool HasVBContinuation(TextView sLine) {
-  return sLine.ends_with(u" _");
+bool HasVBContinuation(TextView line) {
+  return line.ends_with(u" _");
 }
 
-bool IsVBProcDataDeclaration(TextView sStatement) {
-  static constexpr TextView asStart[] = {u"dim ", u"const ", u"static "};
-  return StartsWithOneOf(sStatement, asStart);
+bool IsVBProcDataDeclaration(TextView statement) {
+  static constexpr TextView Starts[] = {u"dim ", u"const ", u"static "};
+  return StartsWithOneOf(statement, Starts);
 }
 
-bool IsVBLineLabel(TextView sStatement, bool& bAlone) {
-  const std::size_t lColon = sStatement.find(u':');
-  if (lColon == npos || !IsGoodVBLabel(sStatement.substr(0, lColon))) return false;
-  bAlone = Trim(sStatement.substr(lColon + 1)).empty();
+bool IsVBLineLabel(TextView statement, bool& alone) {
+  const std::size_t colon = statement.find(u':');
+  if (colon == npos || !IsGoodVBLabel(statement.substr(0, colon))) return false;
+  alone = Trim(statement.substr(colon + 1)).empty();
   return true;
 }
 
 // Meant so, odd as it looks: the slash passes, the underscore doesn't, and neither does a blank,
 // so that indented text is no label.
-bool IsGoodVBLabel(TextView sLabel) {
-  return std::all_of(sLabel.begin(), sLabel.end(), [](char16_t c) {
+bool IsGoodVBLabel(TextView label) {
+  return std::all_of(label.begin(), label.end(), [](char16_t c) {
     return (c >= u'/' && c <= u'9') || (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') ||
            c >= 0x80;
   });
 }
 
-void RemoveVBLineNumber(Text& sLine) {
-  const std::size_t lEnd = std::min(sLine.find(u' '), sLine.size());
-  if (MXString::IsDigits(TextView(sLine).substr(0, lEnd), {})) sLine.replace(0, lEnd, lEnd, u' ');
+void RemoveVBLineNumber(Text& line) {
+  const std::size_t end = std::min(line.find(u' '), line.size());
+  if (MXString::IsDigits(TextView(line).substr(0, end), {})) line.replace(0, end, end, u' ');
 }
 
-bool StartsVBSelectContext(TextView sStatement) {
-  std::size_t lEnd = 0, lCaseEnd = 0;
-  if (!FindWords(sStatement, u"select case", 0, lEnd)) return false;
-  return !FindWords(sStatement, u"case", std::min(lEnd + 1, sStatement.size()), lCaseEnd);
+bool StartsVBSelectContext(TextView statement) {
+  std::size_t end = 0, caseEnd = 0;
+  if (!FindWords(statement, u"select case", 0, end)) return false;
+  return !FindWords(statement, u"case", std::min(end + 1, statement.size()), caseEnd);
 }
 
-bool ClearsVBSelectContext(TextView sStatement) {
-  return sStatement == u"case" || sStatement.starts_with(u"case ");
+bool ClearsVBSelectContext(TextView statement) {
+  return statement == u"case" || statement.starts_with(u"case ");
 }
 
-bool IsVBEndStatement(TextView sStatement) {
-  static constexpr TextView asEnd[] = {u"else",      u"end if",     u"end with", u"next",
-                                       u"exit for",  u"loop",       u"exit do",  u"wend",
-                                       u"case else", u"end select", u"return"};
-  return IsOneOf(sStatement, asEnd);
+bool IsVBEndStatement(TextView statement) {
+  static constexpr TextView Ends[] = {u"else",      u"end if",     u"end with", u"next",
+                                      u"exit for",  u"loop",       u"exit do",  u"wend",
+                                      u"case else", u"end select", u"return"};
+  return IsOneOf(statement, Ends);
 }
 
-bool IsVBSimpleEnd(TextView sStatement) {
-  return sStatement == u"end with" || sStatement == u"return";
+bool IsVBSimpleEnd(TextView statement) {
+  return statement == u"end with" || statement == u"return";
 }
 
 // The keywords count anywhere in the statement, not only where the grammar would have them.
-bool IsVBLogicStatement(TextView sStatement) {
-  bool bIf = false, bThen = false;
-  TextView sBefore;
-  for (bool bMore = true; bMore;) {
-    const TextView sWord = TakeWord(sStatement, bMore);
-    bIf |= sWord == u"if" || sWord == u"elseif";
-    bThen |= sWord == u"then";
-    if ((bIf && bThen) || IsLogicWord(sWord, sBefore)) return true;
-    sBefore = sWord;
+bool IsVBLogicStatement(TextView statement) {
+  bool hasIf = false, hasThen = false;
+  TextView before;
+  for (bool more = true; more;) {
+    const TextView word = TakeWord(statement, more);
+    hasIf |= word == u"if" || word == u"elseif";
+    hasThen |= word == u"then";
+    if ((hasIf && hasThen) || IsLogicWord(word, before)) return true;
+    before = word;
   }
   return false;
 }
 
-bool IsVBCompilerDirective(TextView sStatement) {
-  static constexpr TextView asStart[] = {u"#const", u"#if", u"#elseif", u"#else", u"#end if"};
-  return StartsWithOneOf(sStatement, asStart);
+bool IsVBCompilerDirective(TextView statement) {
+  static constexpr TextView Starts[] = {u"#const", u"#if", u"#elseif", u"#else", u"#end if"};
+  return StartsWithOneOf(statement, Starts);
 }
 
 }  // namespace MXStringVB

@@ -1,7 +1,7 @@
 // Synchronous event: handlers run in the order of their connection, on the caller's thread.
 //
 //   Signal<TextView> ReportError;
-//   auto oLink = ReportError.Connect([&](TextView s) { ... });   // ends with oLink
+//   auto link = ReportError.Connect([&](TextView s) { ... });   // ends with link
 //   ReportError(u"Processing ...");
 #pragma once
 
@@ -16,11 +16,11 @@ class [[nodiscard]] Connection {
   Connection() = default;
   /// For Signal only: the token whose life is the connection's.
   // Shared because the signal may end before its connections do, and the other way round.
-  explicit Connection(std::shared_ptr<void> pToken) : mpToken(std::move(pToken)) {}
-  void Disconnect() { mpToken.reset(); }
+  explicit Connection(std::shared_ptr<void> token) : mToken(std::move(token)) {}
+  void Disconnect() { mToken.reset(); }
 
  private:
-  std::shared_ptr<void> mpToken;
+  std::shared_ptr<void> mToken;
 };
 
 template <class... Args>
@@ -28,20 +28,20 @@ class Signal {
  public:
   using Handler = std::function<void(Args...)>;
 
-  Connection Connect(Handler oHandler) {
-    auto pHandler = std::make_shared<Handler>(std::move(oHandler));
-    moHandlers.push_back(pHandler);
-    return Connection(pHandler);
+  Connection Connect(Handler handler) {
+    auto shared = std::make_shared<Handler>(std::move(handler));
+    mHandlers.push_back(shared);
+    return Connection(shared);
   }
 
   /// Raises the event. A handler may connect or disconnect others meanwhile.
   void operator()(Args... args) {
-    for (std::size_t i = 0; i < moHandlers.size(); ++i) {
-      if (auto pHandler = moHandlers[i].lock()) (*pHandler)(args...);
+    for (std::size_t i = 0; i < mHandlers.size(); ++i) {
+      if (auto shared = mHandlers[i].lock()) (*shared)(args...);
     }
-    std::erase_if(moHandlers, [](const auto& pWeak) { return pWeak.expired(); });
+    std::erase_if(mHandlers, [](const auto& weak) { return weak.expired(); });
   }
 
  private:
-  std::vector<std::weak_ptr<Handler>> moHandlers;
+  std::vector<std::weak_ptr<Handler>> mHandlers;
 };

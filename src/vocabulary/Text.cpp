@@ -12,101 +12,101 @@ namespace {
 
 constexpr std::size_t MaxTokens = 32767;
 
-bool IsSurrogate(char32_t cCode) {
-  return cCode >= 0xD800 && cCode <= 0xDFFF;
+bool IsSurrogate(char32_t code) {
+  return code >= 0xD800 && code <= 0xDFFF;
 }
 
 // The C library knows the simple mappings of Unicode; asking it for every unit would cost a call
 // into the locale each, so all answers are taken once. Without the locale (a bare system) only
 // ASCII is folded, which is what Visual Basic itself treats alike on every system.
 Text LowerCaseTable() {
-  Text sTable(0x10000, u'\0');
-  const locale_t hLocale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-  for (std::uint32_t cUnit = 0; cUnit < 0x10000; ++cUnit) {
-    const wint_t cLower = hLocale && !IsSurrogate(cUnit) ? towlower_l(cUnit, hLocale) : cUnit;
-    sTable[cUnit] = static_cast<char16_t>(cLower < 0x10000 ? cLower : cUnit);
+  Text table(0x10000, u'\0');
+  const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+  for (std::uint32_t unit = 0; unit < 0x10000; ++unit) {
+    const wint_t lower = locale && !IsSurrogate(unit) ? towlower_l(unit, locale) : unit;
+    table[unit] = static_cast<char16_t>(lower < 0x10000 ? lower : unit);
   }
-  if (hLocale) freelocale(hLocale);
-  return sTable;
+  if (locale) freelocale(locale);
+  return table;
 }
 
 }  // namespace
 
-Text ToText(long long lNumber) {
-  const std::string sDigits = std::to_string(lNumber);
-  return Text(sDigits.begin(), sDigits.end());
+Text ToText(long long number) {
+  const std::string digits = std::to_string(number);
+  return Text(digits.begin(), digits.end());
 }
 
-char16_t LowerCaseBeyondAscii(char16_t cUnit) {
-  static const Text sTable = LowerCaseTable();
-  return sTable[cUnit];
+char16_t LowerCaseBeyondAscii(char16_t unit) {
+  static const Text table = LowerCaseTable();
+  return table[unit];
 }
 
-Text LowerCase(TextView sText) {
-  Text sLower(sText);
-  for (char16_t& cUnit : sLower) cUnit = LowerCase(cUnit);
-  return sLower;
+Text LowerCase(TextView text) {
+  Text lower(text);
+  for (char16_t& unit : lower) unit = LowerCase(unit);
+  return lower;
 }
 
-bool EqualNoCase(TextView sLeft, TextView sRight) {
-  if (sLeft.size() != sRight.size()) return false;
-  for (std::size_t i = 0; i < sLeft.size(); ++i) {
-    if (sLeft[i] != sRight[i] && LowerCase(sLeft[i]) != LowerCase(sRight[i])) return false;
+bool EqualNoCase(TextView left, TextView right) {
+  if (left.size() != right.size()) return false;
+  for (std::size_t i = 0; i < left.size(); ++i) {
+    if (left[i] != right[i] && LowerCase(left[i]) != LowerCase(right[i])) return false;
   }
   return true;
 }
 
-TextView Trim(TextView sText) {
-  return LeftTrim(RightTrim(sText));
+TextView Trim(TextView text) {
+  return LeftTrim(RightTrim(text));
 }
 
-TextView LeftTrim(TextView sText) {
-  while (!sText.empty() && sText.front() == u' ') sText.remove_prefix(1);
-  return sText;
+TextView LeftTrim(TextView text) {
+  while (!text.empty() && text.front() == u' ') text.remove_prefix(1);
+  return text;
 }
 
-TextView RightTrim(TextView sText) {
-  while (!sText.empty() && sText.back() == u' ') sText.remove_suffix(1);
-  return sText;
+TextView RightTrim(TextView text) {
+  while (!text.empty() && text.back() == u' ') text.remove_suffix(1);
+  return text;
 }
 
 // The C library's byte search looks at a vector at a time; a hit in the wrong half of a unit or in
 // another unit with that byte is passed over.
-std::size_t FindUnit(TextView sText, char16_t cUnit, std::size_t lFrom) {
-  const char* const pBase = reinterpret_cast<const char*>(sText.data());
-  const std::size_t lBytes = sText.size() * sizeof(char16_t);
-  for (std::size_t lByte = lFrom * sizeof(char16_t); lByte < lBytes; ++lByte) {
-    const void* pHit = std::memchr(pBase + lByte, static_cast<int>(cUnit & 0xFFU), lBytes - lByte);
-    if (!pHit) break;
-    lByte = static_cast<std::size_t>(static_cast<const char*>(pHit) - pBase);
-    if (sText[lByte / sizeof(char16_t)] == cUnit) return lByte / sizeof(char16_t);
+std::size_t FindUnit(TextView text, char16_t unit, std::size_t from) {
+  const char* const base = reinterpret_cast<const char*>(text.data());
+  const std::size_t bytes = text.size() * sizeof(char16_t);
+  for (std::size_t byte = from * sizeof(char16_t); byte < bytes; ++byte) {
+    const void* hit = std::memchr(base + byte, static_cast<int>(unit & 0xFFU), bytes - byte);
+    if (!hit) break;
+    byte = static_cast<std::size_t>(static_cast<const char*>(hit) - base);
+    if (text[byte / sizeof(char16_t)] == unit) return byte / sizeof(char16_t);
   }
   return TextView::npos;
 }
 
-std::size_t FindText(TextView sText, TextView sPart, std::size_t lFrom) {
-  if (sPart.empty()) return lFrom <= sText.size() ? lFrom : TextView::npos;
-  std::size_t l = FindUnit(sText, sPart.front(), lFrom);
-  while (l != TextView::npos && !Same(sText.substr(l, sPart.size()), sPart)) {
-    l = FindUnit(sText, sPart.front(), l + 1);
+std::size_t FindText(TextView text, TextView part, std::size_t from) {
+  if (part.empty()) return from <= text.size() ? from : TextView::npos;
+  std::size_t l = FindUnit(text, part.front(), from);
+  while (l != TextView::npos && !Same(text.substr(l, part.size()), part)) {
+    l = FindUnit(text, part.front(), l + 1);
   }
   return l;
 }
 
-std::size_t FindLineEnd(TextView sText, std::size_t lFrom) {
-  for (std::size_t l = lFrom; (l = FindUnit(sText, u'\n', l)) != TextView::npos; ++l) {
-    if (l > lFrom && sText[l - 1] == u'\r') return l - 1;
+std::size_t FindLineEnd(TextView text, std::size_t from) {
+  for (std::size_t l = from; (l = FindUnit(text, u'\n', l)) != TextView::npos; ++l) {
+    if (l > from && text[l - 1] == u'\r') return l - 1;
   }
-  return sText.size();
+  return text.size();
 }
 
-std::vector<TextView> SplitLines(TextView sText) {
-  std::vector<TextView> asLine;
-  while (!sText.empty()) {
-    if (asLine.size() == MaxTokens) throw Failure(6);
-    const std::size_t lEnd = FindLineEnd(sText);
-    asLine.push_back(sText.substr(0, lEnd));
-    sText.remove_prefix(std::min(sText.size(), lEnd + CrLf.size()));
+std::vector<TextView> SplitLines(TextView text) {
+  std::vector<TextView> lines;
+  while (!text.empty()) {
+    if (lines.size() == MaxTokens) throw Failure(6);
+    const std::size_t end = FindLineEnd(text);
+    lines.push_back(text.substr(0, end));
+    text.remove_prefix(std::min(text.size(), end + CrLf.size()));
   }
-  return asLine;
+  return lines;
 }

@@ -103,11 +103,11 @@ bool StateField(const Document& object, const char* name) {
   throw Stop{std::string(name) + " has to be true or false"};
 }
 
-using NameOfId = Text (*)(std::int32_t);
+using NameOfId = TextView (*)(std::int32_t);
 
-template <class Choice, Text (*nameOf)(Choice)>
-Text NameOf(std::int32_t lId) {
-  return nameOf(MQuillon::FromNumber<Choice>(lId));
+template <class Choice, TextView (*nameOf)(Choice)>
+TextView NameOf(std::int32_t id) {
+  return nameOf(MQuillon::FromNumber<Choice>(id));
 }
 
 /// A constant name, a display name or an id of the property.
@@ -115,14 +115,14 @@ Text IdField(const Document& object, const char* name, Property property, NameOf
   const Value* field = Field(object, name);
   if (!field) return {};
   if (IsNumber(*field, 0, 4) && (field->GetInt() == 0 || !nameOf(field->GetInt()).empty()))
-    return nameOf(field->GetInt());
+    return Text(nameOf(field->GetInt()));
   if (field->IsString()) {
     Text text = FromUtf8(View(*field));
     for (std::int32_t id = 1; !nameOf(id).empty(); ++id)
-      if (EqualNoCase(text, nameOf(id))) return nameOf(id);
+      if (EqualNoCase(text, nameOf(id))) return Text(nameOf(id));
     if (text.empty()) return {};
     std::int32_t id = ValueByName(property, View(*field));
-    if (id != 0) return nameOf(id);
+    if (id != 0) return Text(nameOf(id));
   }
   std::vector<std::string> allowed;
   for (std::int32_t id = 1; !nameOf(id).empty(); ++id) allowed.push_back(ToUtf8(nameOf(id)));
