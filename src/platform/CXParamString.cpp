@@ -3,14 +3,14 @@
 namespace {
 
 /// Finds a pair in a string of ended pairs: where its name begins and where its value does.
-bool FindPair(TextView sParams, TextView sName, std::size_t& lPair, std::size_t& lValue) {
-  const Text sWanted = Text(sName) + u'=';
-  lPair = 0;
-  while (lPair < sParams.size()) {
-    lValue = lPair + sWanted.size();
-    if (sParams.substr(lPair, sWanted.size()) == sWanted) return true;
-    lPair = sParams.find(u'&', lPair);
-    if (lPair != TextView::npos) ++lPair;
+bool FindPair(TextView params, TextView name, std::size_t& pair, std::size_t& value) {
+  const Text wanted = Text(name) + u'=';
+  pair = 0;
+  while (pair < params.size()) {
+    value = pair + wanted.size();
+    if (params.substr(pair, wanted.size()) == wanted) return true;
+    pair = params.find(u'&', pair);
+    if (pair != TextView::npos) ++pair;
   }
   return false;
 }
@@ -18,24 +18,24 @@ bool FindPair(TextView sParams, TextView sName, std::size_t& lPair, std::size_t&
 }  // namespace
 
 Text CXParamString::Property(TextView sName) const {
-  std::size_t lPair = 0, lValue = 0;
-  if (!FindPair(msParams, sName, lPair, lValue)) return {};
-  return msParams.substr(lValue, msParams.find(u'&', lValue) - lValue);
+  std::size_t pair = 0, value = 0;
+  if (!FindPair(mParams, sName, pair, value)) return {};
+  return mParams.substr(value, mParams.find(u'&', value) - value);
 }
 
 void CXParamString::SetProperty(TextView sName, TextView sValue) {
-  std::size_t lPair = 0, lValue = 0;
-  if (FindPair(msParams, sName, lPair, lValue)) {
-    msParams.erase(lPair, msParams.find(u'&', lValue) + 1 - lPair);
+  std::size_t pair = 0, value = 0;
+  if (FindPair(mParams, sName, pair, value)) {
+    mParams.erase(pair, mParams.find(u'&', value) + 1 - pair);
   }
-  msParams.append(sName).append(u"=").append(sValue).append(u"&");
+  mParams.append(sName).append(u"=").append(sValue).append(u"&");
 }
 
 Text CXParamString::ParamString() const {
-  return msParams.empty() ? Text() : msParams.substr(0, msParams.size() - 1);
+  return mParams.empty() ? Text() : mParams.substr(0, mParams.size() - 1);
 }
 
-void CXParamString::SetParamString(TextView sParams) {
-  msParams = sParams;
-  if (!msParams.empty() && !msParams.ends_with(u'&')) msParams += u'&';
+void CXParamString::SetParamString(TextView params) {
+  mParams = params;
+  if (!mParams.empty() && !mParams.ends_with(u'&')) mParams += u'&';
 }

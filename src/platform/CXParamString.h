@@ -11,8 +11,8 @@ class CXParamString {
   void SetProperty(TextView sName, TextView sValue);
   /// Without the last "&".
   Text ParamString() const;
-  void SetParamString(TextView sParams);
+  void SetParamString(TextView params);
 
  private:
-  Text msParams;
+  Text mParams;
 };

@@ -11,131 +11,130 @@ namespace {
 
 using namespace MXRegistry;
 
-constexpr TextView sMaxCount = u"MaxCount";
+constexpr TextView MaxCountName = u"MaxCount";
 
-Text NumberName(std::size_t lIndex) {
-  return ToText(static_cast<long long>(lIndex));
+Text NumberName(std::size_t index) {
+  return ToText(static_cast<long long>(index));
 }
-Text ParamsName(std::size_t lIndex) {
-  return NumberName(lIndex) + u"_PropString";
+Text ParamsName(std::size_t index) {
+  return NumberName(index) + u"_PropString";
 }
 
 /// The number of an entry's value name, 1 to 2^31-1 without leading zeros; else 0.
-std::size_t NumberOf(TextView sName) {
-  if (sName.empty() || sName.size() > 10 || sName[0] == u'0') return 0;
-  std::size_t lNumber = 0;
-  for (const char16_t cUnit : sName) {
-    if (cUnit < u'0' || cUnit > u'9') return 0;
-    lNumber = lNumber * 10 + (cUnit - u'0');
+std::size_t NumberOf(TextView name) {
+  if (name.empty() || name.size() > 10 || name[0] == u'0') return 0;
+  std::size_t number = 0;
+  for (const char16_t unit : name) {
+    if (unit < u'0' || unit > u'9') return 0;
+    number = number * 10 + (unit - u'0');
   }
-  return lNumber <= 0x7FFFFFFF ? lNumber : 0;
+  return number <= 0x7FFFFFFF ? number : 0;
 }
 
 /// The numbers in use, ascending. Taken from the value names, since a damaged MaxCount may be two
 /// thousand million, too many to try one by one.
-std::set<std::size_t> EntryNumbers(std::int32_t hReg) {
-  std::set<std::size_t> oNumbers;
-  for (const Text& sName : RegValueNames(hReg)) {
-    if (const std::size_t lNumber = NumberOf(sName)) oNumbers.insert(lNumber);
+std::set<std::size_t> EntryNumbers(std::int32_t key) {
+  std::set<std::size_t> numbers;
+  for (const Text& name : RegValueNames(key)) {
+    if (const std::size_t number = NumberOf(name)) numbers.insert(number);
   }
-  return oNumbers;
+  return numbers;
 }
 
 std::unique_ptr<CXRecent>& RecentFilesHolder() {
-  static std::unique_ptr<CXRecent> poRecent;
-  return poRecent;
+  static std::unique_ptr<CXRecent> recent;
+  return recent;
 }
 
 }  // namespace
 
 void CXRecent::Initialize(std::int32_t hReg) {
   mhReg = hReg;
-  moEntries.clear();
-  mlMaxCount = std::max(0, GetRegLong(hReg, sMaxCount, mlMaxCount));
-  for (const std::size_t lNumber : EntryNumbers(hReg)) {
-    if (lNumber > static_cast<std::size_t>(mlMaxCount)) break;
-    moEntries.push_back(
-        {GetRegString(hReg, NumberName(lNumber), {}), GetRegString(hReg, ParamsName(lNumber), {})});
+  mEntries.clear();
+  mMaxCount = std::max(0, GetRegLong(hReg, MaxCountName, mMaxCount));
+  for (const std::size_t number : EntryNumbers(hReg)) {
+    if (number > static_cast<std::size_t>(mMaxCount)) break;
+    mEntries.push_back(
+        {GetRegString(hReg, NumberName(number), {}), GetRegString(hReg, ParamsName(number), {})});
   }
 }
 
-std::int32_t CXRecent::Add(TextView sItem) {
-  Entry oNew{Text(sItem), {}};
-  const auto oOld = std::find_if(moEntries.begin(), moEntries.end(), [&](const Entry& oEntry) {
-    return EqualNoCase(oEntry.sItem, sItem);
-  });
-  if (oOld != moEntries.end()) {
-    oNew.sParams = std::move(oOld->sParams);
-    moEntries.erase(oOld);
+std::int32_t CXRecent::Add(TextView item) {
+  Entry added{Text(item), {}};
+  const auto old = std::find_if(mEntries.begin(), mEntries.end(),
+                                [&](const Entry& entry) { return EqualNoCase(entry.item, item); });
+  if (old != mEntries.end()) {
+    added.params = std::move(old->params);
+    mEntries.erase(old);
   }
-  moEntries.insert(moEntries.begin(), std::move(oNew));
-  SetMaxCount(mlMaxCount);
+  mEntries.insert(mEntries.begin(), std::move(added));
+  SetMaxCount(mMaxCount);
   return 1;
 }
 
-Text CXRecent::Property(std::int32_t lIndex, TextView sName) const {
-  if (lIndex < 1 || lIndex > Count()) return {};
-  CXParamString oParams;
-  oParams.SetParamString(moEntries[static_cast<std::size_t>(lIndex) - 1].sParams);
-  return oParams.Property(sName);
+Text CXRecent::Property(std::int32_t index, TextView sName) const {
+  if (index < 1 || index > Count()) return {};
+  CXParamString pairs;
+  pairs.SetParamString(mEntries[static_cast<std::size_t>(index) - 1].params);
+  return pairs.Property(sName);
 }
 
-void CXRecent::SetProperty(std::int32_t lIndex, TextView sName, TextView sValue) {
-  if (lIndex < 1 || lIndex > Count()) throw Failure(9);
-  Text& sParams = moEntries[static_cast<std::size_t>(lIndex) - 1].sParams;
-  CXParamString oParams;
-  oParams.SetParamString(sParams);
-  oParams.SetProperty(sName, sValue);
-  sParams = oParams.ParamString();
+void CXRecent::SetProperty(std::int32_t index, TextView sName, TextView sValue) {
+  if (index < 1 || index > Count()) throw Failure(9);
+  Text& params = mEntries[static_cast<std::size_t>(index) - 1].params;
+  CXParamString pairs;
+  pairs.SetParamString(params);
+  pairs.SetProperty(sName, sValue);
+  params = pairs.ParamString();
   SaveToRegistry();
 }
 
-Text CXRecent::Item(std::int32_t lIndex) const {
-  if (lIndex < 1 || lIndex > Count()) return {};
-  return moEntries[static_cast<std::size_t>(lIndex) - 1].sItem;
+Text CXRecent::Item(std::int32_t index) const {
+  if (index < 1 || index > Count()) return {};
+  return mEntries[static_cast<std::size_t>(index) - 1].item;
 }
 
-void CXRecent::Remove(std::int32_t lIndex) {
-  if (lIndex < 1 || lIndex > Count()) throw Failure(9);
-  moEntries.erase(moEntries.begin() + (lIndex - 1));
+void CXRecent::Remove(std::int32_t index) {
+  if (index < 1 || index > Count()) throw Failure(9);
+  mEntries.erase(mEntries.begin() + (index - 1));
   SaveToRegistry();
 }
 
-void CXRecent::SetMaxCount(std::int32_t lMaxCount) {
-  mlMaxCount = std::max(0, lMaxCount);
-  if (Count() > mlMaxCount) moEntries.resize(static_cast<std::size_t>(mlMaxCount));
+void CXRecent::SetMaxCount(std::int32_t maxCount) {
+  mMaxCount = std::max(0, maxCount);
+  if (Count() > mMaxCount) mEntries.resize(static_cast<std::size_t>(mMaxCount));
   SaveToRegistry();
 }
 
 void CXRecent::SaveToRegistry() {
-  const RegistryStore::Batch oOneSave(CurrentRegistry());
-  SetRegLong(mhReg, sMaxCount, mlMaxCount);
-  for (std::size_t i = 1; i <= moEntries.size(); ++i) {
-    const Entry& oEntry = moEntries[i - 1];
-    SetRegString(mhReg, NumberName(i), oEntry.sItem);
-    if (oEntry.sParams.empty()) {
+  const RegistryStore::Batch oneSave(CurrentRegistry());
+  SetRegLong(mhReg, MaxCountName, mMaxCount);
+  for (std::size_t i = 1; i <= mEntries.size(); ++i) {
+    const Entry& entry = mEntries[i - 1];
+    SetRegString(mhReg, NumberName(i), entry.item);
+    if (entry.params.empty()) {
       DeleteRegValue(mhReg, ParamsName(i));
     } else {
-      SetRegString(mhReg, ParamsName(i), oEntry.sParams);
+      SetRegString(mhReg, ParamsName(i), entry.params);
     }
   }
   // Deletes all entries above the count. Stopping at the first gap would leave entries behind it,
   // which the next start would read again.
-  for (const std::size_t lNumber : EntryNumbers(mhReg)) {
-    if (lNumber <= moEntries.size()) continue;
-    DeleteRegValue(mhReg, NumberName(lNumber));
-    DeleteRegValue(mhReg, ParamsName(lNumber));
+  for (const std::size_t number : EntryNumbers(mhReg)) {
+    if (number <= mEntries.size()) continue;
+    DeleteRegValue(mhReg, NumberName(number));
+    DeleteRegValue(mhReg, ParamsName(number));
   }
 }
 
 CXRecent& RecentFiles() {
-  std::unique_ptr<CXRecent>& poRecent = RecentFilesHolder();
-  if (poRecent == nullptr) {
-    poRecent = std::make_unique<CXRecent>();
-    poRecent->Initialize(
+  std::unique_ptr<CXRecent>& recent = RecentFilesHolder();
+  if (recent == nullptr) {
+    recent = std::make_unique<CXRecent>();
+    recent->Initialize(
         OpenRegKey(HKEY_CURRENT_USER, Text(RootKey) + u"FMain\\Recent Files", KEY_ALL_ACCESS));
   }
-  return *poRecent;
+  return *recent;
 }
 
 void ResetRecentFiles() {

@@ -15,27 +15,27 @@ class CXRecent {
   /// each with its "<i>_PropString".
   void Initialize(std::int32_t hReg);
   /// Moves or puts the item to the top, with its parameters, without regard to case. Gives 1.
-  std::int32_t Add(TextView sItem);
-  /// Empty when lIndex is above the count.
-  Text Property(std::int32_t lIndex, TextView sName) const;
-  /// lIndex must exist, else Failure 9.
-  void SetProperty(std::int32_t lIndex, TextView sName, TextView sValue);
-  Text Item(std::int32_t lIndex) const;
-  void Remove(std::int32_t lIndex);
-  std::int32_t MaxCount() const { return mlMaxCount; }
-  void SetMaxCount(std::int32_t lMaxCount);
-  std::int32_t Count() const { return static_cast<std::int32_t>(moEntries.size()); }
+  std::int32_t Add(TextView item);
+  /// Empty when index is above the count.
+  Text Property(std::int32_t index, TextView sName) const;
+  /// index must exist, else Failure 9.
+  void SetProperty(std::int32_t index, TextView sName, TextView sValue);
+  Text Item(std::int32_t index) const;
+  void Remove(std::int32_t index);
+  std::int32_t MaxCount() const { return mMaxCount; }
+  void SetMaxCount(std::int32_t maxCount);
+  std::int32_t Count() const { return static_cast<std::int32_t>(mEntries.size()); }
 
  private:
   struct Entry {
-    Text sItem;
-    Text sParams;
+    Text item;
+    Text params;
   };
   void SaveToRegistry();
 
   std::int32_t mhReg = 0;
-  std::int32_t mlMaxCount = 9;
-  std::vector<Entry> moEntries;
+  std::int32_t mMaxCount = 9;
+  std::vector<Entry> mEntries;
 };
 
 /// The recent template files, key "FMain\Recent Files". Made at first use.

@@ -13,27 +13,27 @@
 namespace {
 
 /// "windows-1252" and "cp1252" give "1252"; the names of UTF-8 give "utf-8".
-std::string PlainName(std::string_view sName) {
-  std::string sPlain(sName);
-  std::transform(sPlain.begin(), sPlain.end(), sPlain.begin(),
-                 [](unsigned char cByte) { return static_cast<char>(std::tolower(cByte)); });
-  for (const std::string_view sPrefix : {"windows-", "cp"}) {
-    if (sPlain.rfind(sPrefix, 0) == 0) sPlain.erase(0, sPrefix.size());
+std::string PlainName(std::string_view name) {
+  std::string plain(name);
+  std::transform(plain.begin(), plain.end(), plain.begin(),
+                 [](unsigned char byte) { return static_cast<char>(std::tolower(byte)); });
+  for (const std::string_view prefix : {"windows-", "cp"}) {
+    if (plain.rfind(prefix, 0) == 0) plain.erase(0, prefix.size());
   }
-  return sPlain == "utf8" || sPlain == "65001" ? "utf-8" : sPlain;
+  return plain == "utf8" || plain == "65001" ? "utf-8" : plain;
 }
 
-std::unique_ptr<CodePage> MakePage(const std::string& sPlain) {
-  if (sPlain == "1252") return MakeCodePage1252();
-  if (sPlain == "utf-8") return MakeCodePageUtf8();
-  const bool bNumber = !sPlain.empty() && sPlain.size() <= 5 &&
-                       std::all_of(sPlain.begin(), sPlain.end(),
-                                   [](char cByte) { return cByte >= '0' && cByte <= '9'; });
-  return bNumber ? MakeCodePageTable(std::stoi(sPlain)) : nullptr;
+std::unique_ptr<CodePage> MakePage(const std::string& plain) {
+  if (plain == "1252") return MakeCodePage1252();
+  if (plain == "utf-8") return MakeCodePageUtf8();
+  const bool isNumber =
+      !plain.empty() && plain.size() <= 5 &&
+      std::all_of(plain.begin(), plain.end(), [](char byte) { return byte >= '0' && byte <= '9'; });
+  return isNumber ? MakeCodePageTable(std::stoi(plain)) : nullptr;
 }
 
-bool HasUtf8Mark(std::string_view sBytes) {
-  return sBytes.substr(0, 3) == "\xEF\xBB\xBF";
+bool HasUtf8Mark(std::string_view bytes) {
+  return bytes.substr(0, 3) == "\xEF\xBB\xBF";
 }
 
 bool IsUtf8BeyondAscii(std::string_view bytes) {
@@ -43,30 +43,30 @@ bool IsUtf8BeyondAscii(std::string_view bytes) {
 
 }  // namespace
 
-const CodePage& CodePage::Get(std::string_view sName) {
-  static std::mutex oMutex;
-  static std::map<std::string, std::unique_ptr<CodePage>> oPages;
-  const std::string sPlain = PlainName(sName);
-  const std::lock_guard oLock(oMutex);
-  const auto oFound = oPages.find(sPlain);
-  if (oFound != oPages.end()) return *oFound->second;
-  std::unique_ptr<CodePage> poPage = MakePage(sPlain);
-  if (poPage == nullptr) {
+const CodePage& CodePage::Get(std::string_view name) {
+  static std::mutex mutex;
+  static std::map<std::string, std::unique_ptr<CodePage>> pages;
+  const std::string plain = PlainName(name);
+  const std::lock_guard lock(mutex);
+  const auto found = pages.find(plain);
+  if (found != pages.end()) return *found->second;
+  std::unique_ptr<CodePage> page = MakePage(plain);
+  if (page == nullptr) {
     throw Failure(5,
-                  u"The code page \"" + FromUtf8(sName) +
+                  u"The code page \"" + FromUtf8(name) +
                       u"\" isn't known; use utf-8 or one of 874, 932, 936, 949, 950, 1250 to "
                       u"1258",
                   u"CodePage");
   }
-  return *oPages.emplace(sPlain, std::move(poPage)).first->second;
+  return *pages.emplace(plain, std::move(page)).first->second;
 }
 
-const CodePage& CodePage::Detect(std::string_view sBytes, const CodePage& oAnsi) {
-  return HasUtf8Mark(sBytes) || IsUtf8BeyondAscii(sBytes) ? Get("utf-8") : oAnsi;
+const CodePage& CodePage::Detect(std::string_view bytes, const CodePage& ansi) {
+  return HasUtf8Mark(bytes) || IsUtf8BeyondAscii(bytes) ? Get("utf-8") : ansi;
 }
 
-Text CodePage::Decode(std::string_view sBytes) const {
-  Text sText;
-  Decode(sBytes, sText);
-  return sText;
+Text CodePage::Decode(std::string_view bytes) const {
+  Text text;
+  Decode(bytes, text);
+  return text;
 }

@@ -5,8 +5,8 @@
 // contain. A double-byte character whose text doesn't map back to the same bytes is carried that
 // way, too.
 //
-//   const CodePage& oPage = CodePage::Get("932");
-//   Text sText = oPage.Decode(sBytes);
+//   const CodePage& page = CodePage::Get("932");
+//   Text text = page.Decode(bytes);
 //
 // Names: "1252", "cp1252", "windows-1252", other numbers of ANSI pages (874, 932, 936, 949, 950,
 // 1250 to 1258), "utf-8". The C library's iconv gives the tables of all but 1252 and UTF-8.
@@ -22,21 +22,21 @@ class CodePage {
  public:
   /// The page of that name, made once and kept for the process. Failure 5 with the name in its
   /// text for a name that isn't known.
-  static const CodePage& Get(std::string_view sName);
+  static const CodePage& Get(std::string_view name);
   /// The page a file is in: UTF-8 for a UTF-8 byte-order mark, or for valid UTF-8 with at least
-  /// one multi-byte sequence; else oAnsi. (The mark itself isn't part of the decoded text.)
-  static const CodePage& Detect(std::string_view sBytes, const CodePage& oAnsi);
+  /// one multi-byte sequence; else `ansi`. (The mark itself isn't part of the decoded text.)
+  static const CodePage& Detect(std::string_view bytes, const CodePage& ansi);
 
   virtual ~CodePage() = default;
   virtual std::string_view Name() const = 0;
-  Text Decode(std::string_view sBytes) const;
-  /// Appends the text of sBytes. sBytes must begin and end at character borders.
-  virtual void Decode(std::string_view sBytes, Text& sText) const = 0;
-  /// Appends the bytes of sText. False when a unit isn't in the page: lBadUnit is its index from
-  /// 0 in sText, and sBytes is as before.
-  [[nodiscard]] virtual bool Encode(TextView sText, std::string& sBytes,
-                                    std::size_t& lBadUnit) const = 0;
+  Text Decode(std::string_view bytes) const;
+  /// Appends the text of the bytes, which must begin and end at character borders.
+  virtual void Decode(std::string_view bytes, Text& text) const = 0;
+  /// Appends the bytes of the text. False when a unit isn't in the page: badUnit is its index from
+  /// 0 in the text, and `bytes` is as before.
+  [[nodiscard]] virtual bool Encode(TextView text, std::string& bytes,
+                                    std::size_t& badUnit) const = 0;
   /// True when a byte of 80h or more begins a character of two bytes: the byte behind it may be
   /// an ASCII letter, "_", "\" or "|" (never a quote, an apostrophe, a colon, "#" or a line end).
-  virtual bool IsLeadByte(unsigned char cByte) const = 0;
+  virtual bool IsLeadByte(unsigned char byte) const = 0;
 };

@@ -7,5 +7,5 @@
 
 std::unique_ptr<CodePage> MakeCodePage1252();
 std::unique_ptr<CodePage> MakeCodePageUtf8();
-/// Null when lNumber is no page that is known; Failure 5 when the C library lacks its table.
-std::unique_ptr<CodePage> MakeCodePageTable(int lNumber);
+/// Null when number is no page that is known; Failure 5 when the C library lacks its table.
+std::unique_ptr<CodePage> MakeCodePageTable(int number);

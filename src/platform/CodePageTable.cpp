@@ -15,197 +15,196 @@
 namespace {
 
 struct Range {
-  unsigned char cFirst, cLast;
-  bool Holds(unsigned char cByte) const { return cByte >= cFirst && cByte <= cLast; }
+  unsigned char first, last;
+  bool Holds(unsigned char byte) const { return byte >= first && byte <= last; }
 };
 
 /// Lead and trail bytes as Windows splits characters, with the ranges for user-defined characters.
 /// An empty range has its first above its last.
 struct PageRow {
-  const char* pcTable;
-  int lNumber;
-  Range aoLead[2];
-  Range aoTrail[3];
+  const char* table;
+  int number;
+  Range lead[2];
+  Range trail[3];
 };
 
-constexpr Range oNone = {1, 0};
-constexpr PageRow aoPage[] = {
-    {"WINDOWS-874", 874, {oNone, oNone}, {oNone, oNone, oNone}},
-    {"CP932", 932, {{0x81, 0x9F}, {0xE0, 0xFC}}, {{0x40, 0x7E}, {0x80, 0xFC}, oNone}},
-    {"CP936", 936, {{0x81, 0xFE}, oNone}, {{0x40, 0x7E}, {0x80, 0xFE}, oNone}},
-    {"CP949", 949, {{0x81, 0xFE}, oNone}, {{0x41, 0x5A}, {0x61, 0x7A}, {0x81, 0xFE}}},
-    {"CP950", 950, {{0x81, 0xFE}, oNone}, {{0x40, 0x7E}, {0x80, 0xFE}, oNone}},
-    {"CP1250", 1250, {oNone, oNone}, {oNone, oNone, oNone}},
-    {"CP1251", 1251, {oNone, oNone}, {oNone, oNone, oNone}},
-    {"CP1253", 1253, {oNone, oNone}, {oNone, oNone, oNone}},
-    {"CP1254", 1254, {oNone, oNone}, {oNone, oNone, oNone}},
-    {"CP1255", 1255, {oNone, oNone}, {oNone, oNone, oNone}},
-    {"CP1256", 1256, {oNone, oNone}, {oNone, oNone, oNone}},
-    {"CP1257", 1257, {oNone, oNone}, {oNone, oNone, oNone}},
-    {"CP1258", 1258, {oNone, oNone}, {oNone, oNone, oNone}},
+constexpr Range None = {1, 0};
+constexpr PageRow Pages[] = {
+    {"WINDOWS-874", 874, {None, None}, {None, None, None}},
+    {"CP932", 932, {{0x81, 0x9F}, {0xE0, 0xFC}}, {{0x40, 0x7E}, {0x80, 0xFC}, None}},
+    {"CP936", 936, {{0x81, 0xFE}, None}, {{0x40, 0x7E}, {0x80, 0xFE}, None}},
+    {"CP949", 949, {{0x81, 0xFE}, None}, {{0x41, 0x5A}, {0x61, 0x7A}, {0x81, 0xFE}}},
+    {"CP950", 950, {{0x81, 0xFE}, None}, {{0x40, 0x7E}, {0x80, 0xFE}, None}},
+    {"CP1250", 1250, {None, None}, {None, None, None}},
+    {"CP1251", 1251, {None, None}, {None, None, None}},
+    {"CP1253", 1253, {None, None}, {None, None, None}},
+    {"CP1254", 1254, {None, None}, {None, None, None}},
+    {"CP1255", 1255, {None, None}, {None, None, None}},
+    {"CP1256", 1256, {None, None}, {None, None, None}},
+    {"CP1257", 1257, {None, None}, {None, None, None}},
+    {"CP1258", 1258, {None, None}, {None, None, None}},
 };
 
 template <class Ranges>
-bool AnyHolds(const Ranges& aoRange, unsigned char cByte) {
-  return std::any_of(std::begin(aoRange), std::end(aoRange),
-                     [&](const Range& oRange) { return oRange.Holds(cByte); });
+bool AnyHolds(const Ranges& ranges, unsigned char byte) {
+  return std::any_of(std::begin(ranges), std::end(ranges),
+                     [&](const Range& range) { return range.Holds(byte); });
 }
 
 class Converter {
  public:
-  Converter(const char* pcTo, const char* pcFrom) : mhConverter(iconv_open(pcTo, pcFrom)) {
+  Converter(const char* to, const char* from) : mConverter(iconv_open(to, from)) {
     if (!IsOpen()) {
       throw Failure(5, u"The C library of this machine has no table for the code page " +
-                           FromUtf8(pcFrom) + u"; install its converters or name another page");
+                           FromUtf8(from) + u"; install its converters or name another page");
     }
   }
-  ~Converter() { iconv_close(mhConverter); }
+  ~Converter() { iconv_close(mConverter); }
   Converter(const Converter&) = delete;
   Converter& operator=(const Converter&) = delete;
 
-  /// Converts the lCount bytes alone; false unless they give exactly the lWanted bytes of pTo.
-  bool Convert(const void* pFrom, std::size_t lCount, void* pTo, std::size_t lWanted) {
+  /// Converts the count bytes alone; false unless they give exactly the wanted bytes of output.
+  bool Convert(const void* input, std::size_t count, void* output, std::size_t wanted) {
     // The converter holds back a character that may combine with the next one; this call flushes
     // it.
-    iconv(mhConverter, nullptr, nullptr, nullptr, nullptr);
-    char* pcFrom = const_cast<char*>(static_cast<const char*>(pFrom));
-    char* pcTo = static_cast<char*>(pTo);
-    std::size_t lRoom = lWanted;
-    if (iconv(mhConverter, &pcFrom, &lCount, &pcTo, &lRoom) != 0) return false;
-    if (iconv(mhConverter, nullptr, nullptr, &pcTo, &lRoom) != 0) return false;
-    return lRoom == 0;
+    iconv(mConverter, nullptr, nullptr, nullptr, nullptr);
+    char* from = const_cast<char*>(static_cast<const char*>(input));
+    char* to = static_cast<char*>(output);
+    std::size_t room = wanted;
+    if (iconv(mConverter, &from, &count, &to, &room) != 0) return false;
+    if (iconv(mConverter, nullptr, nullptr, &to, &room) != 0) return false;
+    return room == 0;
   }
 
  private:
-  bool IsOpen() const { return reinterpret_cast<std::intptr_t>(mhConverter) != -1; }
-  iconv_t mhConverter;
+  bool IsOpen() const { return reinterpret_cast<std::intptr_t>(mConverter) != -1; }
+  iconv_t mConverter;
 };
 
-bool IsSurrogate(char16_t cUnit) {
-  return (cUnit & 0xF800) == 0xD800;
+bool IsSurrogate(char16_t unit) {
+  return (unit & 0xF800) == 0xD800;
 }
-char16_t Carried(unsigned char cByte) {
-  return static_cast<char16_t>(0xDC00 + cByte);
+char16_t Carried(unsigned char byte) {
+  return static_cast<char16_t>(0xDC00 + byte);
 }
 
 class CodePageTable final : public CodePage {
  public:
-  explicit CodePageTable(const PageRow& oPage)
-      : moPage(oPage), msName(std::to_string(oPage.lNumber)), malBytes(0x10000) {
-    Converter oToText("UTF-16LE", oPage.pcTable), oToBytes(oPage.pcTable, "UTF-16LE");
-    for (unsigned lByte = 0x80; lByte < 0x100; ++lByte) AddByte(lByte, oToText, oToBytes);
+  explicit CodePageTable(const PageRow& page)
+      : mPage(page), mName(std::to_string(page.number)), mBytes(0x10000) {
+    Converter toText("UTF-16LE", page.table), toBytes(page.table, "UTF-16LE");
+    for (unsigned code = 0x80; code < 0x100; ++code) AddByte(code, toText, toBytes);
   }
 
   using CodePage::Decode;
-  std::string_view Name() const override { return msName; }
-  bool IsLeadByte(unsigned char cByte) const override { return AnyHolds(moPage.aoLead, cByte); }
+  std::string_view Name() const override { return mName; }
+  bool IsLeadByte(unsigned char byte) const override { return AnyHolds(mPage.lead, byte); }
 
-  void Decode(std::string_view sBytes, Text& sText) const override {
-    const std::size_t lOld = sText.size(), lCount = sBytes.size();
-    sText.resize(lOld + lCount);
-    char16_t* pcTo = sText.data() + lOld;
-    for (std::size_t i = 0; i < lCount;) {
-      const std::size_t lAscii = AsciiBlocks::Widen(sBytes.substr(i), pcTo);
-      i += lAscii;
-      pcTo += lAscii;
-      for (const std::size_t lEnd = std::min(lCount, i + 32); i < lEnd;) {
-        i += DecodeOne(sBytes.substr(i, 2), pcTo);
+  void Decode(std::string_view bytes, Text& text) const override {
+    const std::size_t old = text.size(), count = bytes.size();
+    text.resize(old + count);
+    char16_t* to = text.data() + old;
+    for (std::size_t i = 0; i < count;) {
+      const std::size_t ascii = AsciiBlocks::Widen(bytes.substr(i), to);
+      i += ascii;
+      to += ascii;
+      for (const std::size_t end = std::min(count, i + 32); i < end;) {
+        i += DecodeOne(bytes.substr(i, 2), to);
       }
     }
-    sText.resize(static_cast<std::size_t>(pcTo - sText.data()));
+    text.resize(static_cast<std::size_t>(to - text.data()));
   }
 
-  bool Encode(TextView sText, std::string& sBytes, std::size_t& lBadUnit) const override {
-    const std::size_t lOld = sBytes.size();
-    sBytes.reserve(lOld + sText.size());
-    for (std::size_t i = 0; i < sText.size(); ++i) {
-      if (EncodeOne(sText[i], sBytes)) continue;
-      sBytes.resize(lOld);
-      lBadUnit = i;
+  bool Encode(TextView text, std::string& bytes, std::size_t& badUnit) const override {
+    const std::size_t old = bytes.size();
+    bytes.reserve(old + text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+      if (EncodeOne(text[i], bytes)) continue;
+      bytes.resize(old);
+      badUnit = i;
       return false;
     }
     return true;
   }
 
  private:
-  void AddByte(unsigned lByte, Converter& oToText, Converter& oToBytes) {
-    const auto cByte = static_cast<unsigned char>(lByte);
-    if (!IsLeadByte(cByte)) {
-      macSingle[lByte - 0x80] = UnitOf({static_cast<char>(cByte)}, oToText, oToBytes);
+  void AddByte(unsigned code, Converter& toText, Converter& toBytes) {
+    const auto byte = static_cast<unsigned char>(code);
+    if (!IsLeadByte(byte)) {
+      mSingle[code - 0x80] = UnitOf({static_cast<char>(byte)}, toText, toBytes);
       return;
     }
-    malRow[lByte - 0x80] = macDouble.size();
-    macDouble.resize(macDouble.size() + 0x100);
-    char16_t* pcRow = &macDouble[malRow[lByte - 0x80]];
-    for (unsigned lTrail = 0; lTrail < 0x100; ++lTrail) {
-      if (!AnyHolds(moPage.aoTrail, static_cast<unsigned char>(lTrail))) continue;
-      pcRow[lTrail] =
-          UnitOf({static_cast<char>(cByte), static_cast<char>(lTrail)}, oToText, oToBytes);
+    mRows[code - 0x80] = mDouble.size();
+    mDouble.resize(mDouble.size() + 0x100);
+    char16_t* row = &mDouble[mRows[code - 0x80]];
+    for (unsigned trail = 0; trail < 0x100; ++trail) {
+      if (!AnyHolds(mPage.trail, static_cast<unsigned char>(trail))) continue;
+      row[trail] = UnitOf({static_cast<char>(byte), static_cast<char>(trail)}, toText, toBytes);
     }
   }
 
   /// The unit of one character that maps back to the same bytes, else 0.
-  char16_t UnitOf(std::string sChar, Converter& oToText, Converter& oToBytes) {
-    char16_t cUnit = 0;
-    std::string sBack(sChar.size(), '\0');
-    if (!oToText.Convert(sChar.data(), sChar.size(), &cUnit, 2)) return 0;
-    if (cUnit < 0x80 || IsSurrogate(cUnit)) return 0;
-    if (!oToBytes.Convert(&cUnit, 2, sBack.data(), sBack.size()) || sBack != sChar) return 0;
-    std::uint16_t lBytes = 0;
-    for (const char cByte : sChar) {
-      lBytes = static_cast<std::uint16_t>(lBytes << 8 | static_cast<unsigned char>(cByte));
+  char16_t UnitOf(std::string character, Converter& toText, Converter& toBytes) {
+    char16_t unit = 0;
+    std::string back(character.size(), '\0');
+    if (!toText.Convert(character.data(), character.size(), &unit, 2)) return 0;
+    if (unit < 0x80 || IsSurrogate(unit)) return 0;
+    if (!toBytes.Convert(&unit, 2, back.data(), back.size()) || back != character) return 0;
+    std::uint16_t packed = 0;
+    for (const char byte : character) {
+      packed = static_cast<std::uint16_t>(packed << 8 | static_cast<unsigned char>(byte));
     }
-    malBytes[cUnit] = lBytes;
-    return cUnit;
+    mBytes[unit] = packed;
+    return unit;
   }
 
-  std::size_t DecodeOne(std::string_view sPair, char16_t*& pcTo) const {
-    const auto cByte = static_cast<unsigned char>(sPair[0]);
-    if (cByte < 0x80) return *pcTo++ = cByte, 1;
-    if (IsLeadByte(cByte) && sPair.size() > 1) {
-      const auto cTrail = static_cast<unsigned char>(sPair[1]);
-      if (AnyHolds(moPage.aoTrail, cTrail)) return DecodePair(cByte, cTrail, pcTo);
+  std::size_t DecodeOne(std::string_view pair, char16_t*& to) const {
+    const auto byte = static_cast<unsigned char>(pair[0]);
+    if (byte < 0x80) return *to++ = byte, 1;
+    if (IsLeadByte(byte) && pair.size() > 1) {
+      const auto trail = static_cast<unsigned char>(pair[1]);
+      if (AnyHolds(mPage.trail, trail)) return DecodePair(byte, trail, to);
     }
-    const char16_t cUnit = macSingle[cByte - 0x80];
-    *pcTo++ = cUnit != 0 ? cUnit : Carried(cByte);
+    const char16_t unit = mSingle[byte - 0x80];
+    *to++ = unit != 0 ? unit : Carried(byte);
     return 1;
   }
 
-  std::size_t DecodePair(unsigned char cLead, unsigned char cTrail, char16_t*& pcTo) const {
-    const char16_t cUnit = macDouble[malRow[cLead - 0x80] + cTrail];
-    if (cUnit != 0) {
-      *pcTo++ = cUnit;
+  std::size_t DecodePair(unsigned char lead, unsigned char trail, char16_t*& to) const {
+    const char16_t unit = mDouble[mRows[lead - 0x80] + trail];
+    if (unit != 0) {
+      *to++ = unit;
     } else {
-      *pcTo++ = Carried(cLead);
-      *pcTo++ = Carried(cTrail);
+      *to++ = Carried(lead);
+      *to++ = Carried(trail);
     }
     return 2;
   }
 
-  bool EncodeOne(char16_t cUnit, std::string& sBytes) const {
-    if (cUnit < 0x80 || (cUnit >= 0xDC00 && cUnit <= 0xDCFF)) {
-      sBytes += static_cast<char>(cUnit & 0xFF);
+  bool EncodeOne(char16_t unit, std::string& bytes) const {
+    if (unit < 0x80 || (unit >= 0xDC00 && unit <= 0xDCFF)) {
+      bytes += static_cast<char>(unit & 0xFF);
       return true;
     }
-    const std::uint16_t lBytes = malBytes[cUnit];
-    if (lBytes > 0xFF) sBytes += static_cast<char>(lBytes >> 8);
-    if (lBytes != 0) sBytes += static_cast<char>(lBytes & 0xFF);
-    return lBytes != 0;
+    const std::uint16_t packed = mBytes[unit];
+    if (packed > 0xFF) bytes += static_cast<char>(packed >> 8);
+    if (packed != 0) bytes += static_cast<char>(packed & 0xFF);
+    return packed != 0;
   }
 
-  const PageRow& moPage;
-  std::string msName;
-  char16_t macSingle[0x80] = {};
-  std::size_t malRow[0x80] = {};
-  std::vector<char16_t> macDouble;      ///< 256 units per lead byte; 0: no such character
-  std::vector<std::uint16_t> malBytes;  ///< bytes of each unit; 0: not in the page
+  const PageRow& mPage;
+  std::string mName;
+  char16_t mSingle[0x80] = {};
+  std::size_t mRows[0x80] = {};
+  std::vector<char16_t> mDouble;      ///< 256 units per lead byte; 0: no such character
+  std::vector<std::uint16_t> mBytes;  ///< bytes of each unit; 0: not in the page
 };
 
 }  // namespace
 
-std::unique_ptr<CodePage> MakeCodePageTable(int lNumber) {
-  for (const PageRow& oPage : aoPage) {
-    if (oPage.lNumber == lNumber) return std::make_unique<CodePageTable>(oPage);
+std::unique_ptr<CodePage> MakeCodePageTable(int number) {
+  for (const PageRow& page : Pages) {
+    if (page.number == number) return std::make_unique<CodePageTable>(page);
   }
   return nullptr;
 }

@@ -14,30 +14,30 @@
 
 namespace {
 
-int NumberOf(int lError) {
-  if (lError == ENOSPC || lError == EDQUOT) return 61;
-  if (lError == ENOENT || lError == ENOTDIR) return 76;
-  return lError == EROFS || lError == EISDIR ? 75 : 70;
+int NumberOf(int error) {
+  if (error == ENOSPC || error == EDQUOT) return 61;
+  if (error == ENOENT || error == ENOTDIR) return 76;
+  return error == EROFS || error == EISDIR ? 75 : 70;
 }
 
 }  // namespace
 
-FileLock::FileLock(const std::string& sPath, int lMilliseconds)
-    : mhFile(open(sPath.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666)) {
-  if (mhFile < 0) {
-    const int lError = errno;
-    const std::int32_t lNumber = NumberOf(lError);
-    throw Failure(lNumber,
-                  FailureText(lNumber) + u": " + TextOfPath(sPath) + u" can't be opened (" +
-                      FromUtf8(std::strerror(lError)) + u"); make its folder writable",
+FileLock::FileLock(const std::string& path, int milliseconds)
+    : mFile(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666)) {
+  if (mFile < 0) {
+    const int error = errno;
+    const std::int32_t number = NumberOf(error);
+    throw Failure(number,
+                  FailureText(number) + u": " + TextOfPath(path) + u" can't be opened (" +
+                      FromUtf8(std::strerror(error)) + u"); make its folder writable",
                   u"FileLock");
   }
-  const auto oEnd = std::chrono::steady_clock::now() + std::chrono::milliseconds(lMilliseconds);
-  while (flock(mhFile, LOCK_EX | LOCK_NB) != 0) {
-    if (std::chrono::steady_clock::now() > oEnd) {
-      close(mhFile);
+  const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+  while (flock(mFile, LOCK_EX | LOCK_NB) != 0) {
+    if (std::chrono::steady_clock::now() > end) {
+      close(mFile);
       throw Failure(70,
-                    FailureText(70) + u": " + TextOfPath(sPath) +
+                    FailureText(70) + u": " + TextOfPath(path) +
                         u" is held by another program; wait for it or end it",
                     u"FileLock");
     }
@@ -46,5 +46,5 @@ FileLock::FileLock(const std::string& sPath, int lMilliseconds)
 }
 
 FileLock::~FileLock() {
-  close(mhFile);
+  close(mFile);
 }

@@ -6,13 +6,13 @@
 
 class FileLock {
  public:
-  /// Waits lMilliseconds at most (the default is a choice, far longer than a save takes); then, or
-  /// when the file can't be made, a Failure with the path.
-  explicit FileLock(const std::string& sPath, int lMilliseconds = 10000);
+  /// Waits so many milliseconds at most (the default is a choice, far longer than a save takes);
+  /// then, or when the file can't be made, a Failure with the path.
+  explicit FileLock(const std::string& path, int milliseconds = 10000);
   ~FileLock();
   FileLock(const FileLock&) = delete;
   FileLock& operator=(const FileLock&) = delete;
 
  private:
-  int mhFile;
+  int mFile;
 };

@@ -7,26 +7,26 @@ namespace {
 
 using namespace MXRegistry;
 
-constexpr std::int32_t lUsualMargin = 500;
-std::int32_t mhOptions = 0, mhPage = 0;
+constexpr std::int32_t UsualMargin = 500;
+std::int32_t optionsKey = 0, pageKey = 0;
 
-void GetFont(const Text& sPrefix, MOptions::Font& oFont) {
-  const MOptions::Font oUsual;
-  oFont.sFace = GetRegString(mhOptions, sPrefix + u" Font Face", oUsual.sFace);
-  oFont.lSize = GetRegLong(mhOptions, sPrefix + u" Font Size", oUsual.lSize);
-  oFont.bBold = GetRegBool(mhOptions, sPrefix + u" Font Bold", oUsual.bBold);
-  oFont.bItalic = GetRegBool(mhOptions, sPrefix + u" Font Italic", oUsual.bItalic);
+void GetFont(const Text& prefix, MOptions::Font& font) {
+  const MOptions::Font usual;
+  font.sFace = GetRegString(optionsKey, prefix + u" Font Face", usual.sFace);
+  font.lSize = GetRegLong(optionsKey, prefix + u" Font Size", usual.lSize);
+  font.bBold = GetRegBool(optionsKey, prefix + u" Font Bold", usual.bBold);
+  font.bItalic = GetRegBool(optionsKey, prefix + u" Font Italic", usual.bItalic);
 }
 
-void SetFont(const Text& sPrefix, const MOptions::Font& oFont) {
-  SetRegString(mhOptions, sPrefix + u" Font Face", oFont.sFace);
-  SetRegLong(mhOptions, sPrefix + u" Font Size", oFont.lSize);
-  SetRegBool(mhOptions, sPrefix + u" Font Bold", oFont.bBold);
-  SetRegBool(mhOptions, sPrefix + u" Font Italic", oFont.bItalic);
+void SetFont(const Text& prefix, const MOptions::Font& font) {
+  SetRegString(optionsKey, prefix + u" Font Face", font.sFace);
+  SetRegLong(optionsKey, prefix + u" Font Size", font.lSize);
+  SetRegBool(optionsKey, prefix + u" Font Bold", font.bBold);
+  SetRegBool(optionsKey, prefix + u" Font Italic", font.bItalic);
 }
 
-std::int32_t OpenBelowRoot(TextView sKey) {
-  return OpenRegKey(HKEY_CURRENT_USER, Text(RootKey) + Text(sKey), KEY_ALL_ACCESS);
+std::int32_t OpenBelowRoot(TextView key) {
+  return OpenRegKey(HKEY_CURRENT_USER, Text(RootKey) + Text(key), KEY_ALL_ACCESS);
 }
 
 }  // namespace
@@ -34,12 +34,12 @@ std::int32_t OpenBelowRoot(TextView sKey) {
 namespace MOptions {
 
 Font oCodeFont, oResultsFont, oErrorFont;
-std::int32_t lLeftMargin = lUsualMargin, lTopMargin = lUsualMargin, lRightMargin = lUsualMargin,
-             lBottomMargin = lUsualMargin;
+std::int32_t lLeftMargin = UsualMargin, lTopMargin = UsualMargin, lRightMargin = UsualMargin,
+             lBottomMargin = UsualMargin;
 
 void Initialize() {
-  mhOptions = OpenBelowRoot(u"Options");
-  mhPage = OpenBelowRoot(u"Page Setup");
+  optionsKey = OpenBelowRoot(u"Options");
+  pageKey = OpenBelowRoot(u"Page Setup");
   GetOptions();
   GetPage();
 }
@@ -51,25 +51,25 @@ void GetOptions() {
 }
 
 void SetOptions() {
-  const RegistryStore::Batch oOneSave(CurrentRegistry());
+  const RegistryStore::Batch oneSave(CurrentRegistry());
   SetFont(u"Code", oCodeFont);
   SetFont(u"Results", oResultsFont);
   SetFont(u"Error", oErrorFont);
 }
 
 void GetPage() {
-  lLeftMargin = GetRegLong(mhPage, u"Left Margin", lUsualMargin);
-  lTopMargin = GetRegLong(mhPage, u"Top Margin", lUsualMargin);
-  lRightMargin = GetRegLong(mhPage, u"Right Margin", lUsualMargin);
-  lBottomMargin = GetRegLong(mhPage, u"Bottom Margin", lUsualMargin);
+  lLeftMargin = GetRegLong(pageKey, u"Left Margin", UsualMargin);
+  lTopMargin = GetRegLong(pageKey, u"Top Margin", UsualMargin);
+  lRightMargin = GetRegLong(pageKey, u"Right Margin", UsualMargin);
+  lBottomMargin = GetRegLong(pageKey, u"Bottom Margin", UsualMargin);
 }
 
 void SetPage() {
-  const RegistryStore::Batch oOneSave(CurrentRegistry());
-  SetRegLong(mhPage, u"Left Margin", lLeftMargin);
-  SetRegLong(mhPage, u"Top Margin", lTopMargin);
-  SetRegLong(mhPage, u"Right Margin", lRightMargin);
-  SetRegLong(mhPage, u"Bottom Margin", lBottomMargin);
+  const RegistryStore::Batch oneSave(CurrentRegistry());
+  SetRegLong(pageKey, u"Left Margin", lLeftMargin);
+  SetRegLong(pageKey, u"Top Margin", lTopMargin);
+  SetRegLong(pageKey, u"Right Margin", lRightMargin);
+  SetRegLong(pageKey, u"Bottom Margin", lBottomMargin);
 }
 
 }  // namespace MOptions

@@ -6,8 +6,8 @@
 
 namespace {
 
-bool GetState(TextView sFile, IFileOps::Stat& oStat) {
-  return SystemFileOps().GetStat(PathOfText(sFile), oStat) == 0;
+bool GetState(TextView file, IFileOps::Stat& state) {
+  return SystemFileOps().GetStat(PathOfText(file), state) == 0;
 }
 
 }  // namespace
@@ -15,18 +15,18 @@ bool GetState(TextView sFile, IFileOps::Stat& oStat) {
 namespace MXFile {
 
 bool FileExists(TextView sFile) {
-  IFileOps::Stat oStat;
-  return GetState(sFile, oStat) && !oStat.bDirectory;
+  IFileOps::Stat state;
+  return GetState(sFile, state) && !state.bDirectory;
 }
 
 bool PathExists(TextView sPath) {
-  IFileOps::Stat oStat;
-  return GetState(sPath, oStat) && oStat.bDirectory;
+  IFileOps::Stat state;
+  return GetState(sPath, state) && state.bDirectory;
 }
 
 bool FileReadOnly(TextView sFile) {
-  IFileOps::Stat oStat;
-  return GetState(sFile, oStat) && !oStat.bDirectory && oStat.bReadOnly;
+  IFileOps::Stat state;
+  return GetState(sFile, state) && !state.bDirectory && state.bReadOnly;
 }
 
 void FileBinaryRead(TextView sFile, std::string& sContents) {

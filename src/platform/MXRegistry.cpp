@@ -8,23 +8,23 @@
 
 namespace {
 
-constexpr std::int32_t lNotFound = 2, lMoreData = 234, lInvalidHandle = 6;
+constexpr std::int32_t NotFound = 2, MoreData = 234, InvalidHandle = 6;
 
 /// Open keys by handle: the full path without the backslash at its end.
 std::map<std::int32_t, Text>& OpenKeys() {
-  static std::map<std::int32_t, Text> oKeys = {
+  static std::map<std::int32_t, Text> keys = {
       {MXRegistry::HKEY_CURRENT_USER, u"HKEY_CURRENT_USER"}};
-  return oKeys;
+  return keys;
 }
 
-const Text* PathOf(std::int32_t hKey) {
-  const auto oFound = OpenKeys().find(hKey);
-  return oFound == OpenKeys().end() ? nullptr : &oFound->second;
+const Text* PathOf(std::int32_t key) {
+  const auto found = OpenKeys().find(key);
+  return found == OpenKeys().end() ? nullptr : &found->second;
 }
 
 /// The system's result code for a failure of the store.
-std::int32_t ResultOf(const Failure& oFailure) {
-  switch (oFailure.Number()) {
+std::int32_t ResultOf(const Failure& failure) {
+  switch (failure.Number()) {
     case 5:
       return 87;
     case 61:
@@ -39,36 +39,36 @@ std::int32_t ResultOf(const Failure& oFailure) {
   }
 }
 
-Text CallName(TextView sCall, const Text* psKey, TextView sName) {
-  Text sWhole(sCall);
-  if (psKey != nullptr) sWhole += u" " + *psKey;
-  if (!sName.empty()) sWhole += u"\\" + Text(sName);
-  return sWhole;
+Text CallName(TextView callName, const Text* path, TextView name) {
+  Text whole(callName);
+  if (path != nullptr) whole += u" " + *path;
+  if (!name.empty()) whole += u"\\" + Text(name);
+  return whole;
 }
 
-/// Runs oCall with the key's path; its result code, or that of its failure, goes to the error
+/// Runs call with the key's path; its result code, or that of its failure, goes to the error
 /// run-time, and the caller goes on.
 template <class Call>
-std::int32_t Checked(TextView sCall, std::int32_t hKey, TextView sName,
-                     std::initializer_list<std::int32_t> alExpected, Call&& oCall) {
-  const Text* psKey = PathOf(hKey);
-  Text sReason;
-  std::int32_t lResult = lInvalidHandle;
+std::int32_t Checked(TextView callName, std::int32_t key, TextView name,
+                     std::initializer_list<std::int32_t> expected, Call&& call) {
+  const Text* path = PathOf(key);
+  Text reason;
+  std::int32_t result = InvalidHandle;
   try {
-    if (psKey != nullptr) lResult = oCall(*psKey);
-  } catch (const Failure& oFailure) {
-    lResult = ResultOf(oFailure);
-    sReason = u": " + oFailure.Description();
+    if (path != nullptr) result = call(*path);
+  } catch (const Failure& failure) {
+    result = ResultOf(failure);
+    reason = u": " + failure.Description();
   }
-  if (lResult != 0) {
-    goError->CheckResultEx(CallName(sCall, psKey, sName) + sReason, lResult, alExpected);
+  if (result != 0) {
+    goError->CheckResultEx(CallName(callName, path, name) + reason, result, expected);
   }
-  return lResult;
+  return result;
 }
 
-std::int32_t Query(std::int32_t hKey, TextView sName) {
-  return Checked(u"RegQueryValueEx", hKey, sName, {lNotFound, lMoreData}, [&](const Text& sKey) {
-    return CurrentRegistry().ValueType(sKey, sName) ? 0 : lNotFound;
+std::int32_t Query(std::int32_t key, TextView name) {
+  return Checked(u"RegQueryValueEx", key, name, {NotFound, MoreData}, [&](const Text& path) {
+    return CurrentRegistry().ValueType(path, name) ? 0 : NotFound;
   });
 }
 
@@ -77,14 +77,14 @@ std::int32_t Query(std::int32_t hKey, TextView sName) {
 namespace MXRegistry {
 
 std::int32_t OpenRegKey(std::int32_t hRoot, TextView sKey, std::int32_t) {
-  static std::int32_t hLast = 0;
+  static std::int32_t lastKey = 0;
   while (sKey.ends_with(u'\\')) sKey.remove_suffix(1);
   std::int32_t hKey = 0;
-  Checked(u"RegCreateKeyEx", hRoot, sKey, {}, [&](const Text& sRoot) {
-    const Text sPath = sKey.empty() ? sRoot : sRoot + u'\\' + Text(sKey);
-    CurrentRegistry().CreateKey(sPath);
-    hKey = ++hLast;
-    OpenKeys()[hKey] = sPath;
+  Checked(u"RegCreateKeyEx", hRoot, sKey, {}, [&](const Text& root) {
+    const Text path = sKey.empty() ? root : root + u'\\' + Text(sKey);
+    CurrentRegistry().CreateKey(path);
+    hKey = ++lastKey;
+    OpenKeys()[hKey] = path;
     return 0;
   });
   return hKey;
@@ -98,12 +98,12 @@ void CloseRegKey(std::int32_t hKey) {
 }
 
 bool RegValueExists(std::int32_t hKey, TextView sName) {
-  return Query(hKey, sName) != lNotFound;
+  return Query(hKey, sName) != NotFound;
 }
 
 void SetRegLong(std::int32_t hKey, TextView sName, std::int32_t lValue) {
-  Checked(u"RegSetValueEx", hKey, sName, {}, [&](const Text& sKey) {
-    CurrentRegistry().SetLong(sKey, sName, lValue);
+  Checked(u"RegSetValueEx", hKey, sName, {}, [&](const Text& path) {
+    CurrentRegistry().SetLong(path, sName, lValue);
     return 0;
   });
 }
@@ -114,8 +114,8 @@ std::int32_t GetRegLong(std::int32_t hKey, TextView sName, std::int32_t lDefault
 }
 
 void SetRegString(std::int32_t hKey, TextView sName, TextView sValue) {
-  Checked(u"RegSetValueEx", hKey, sName, {}, [&](const Text& sKey) {
-    CurrentRegistry().SetString(sKey, sName, sValue);
+  Checked(u"RegSetValueEx", hKey, sName, {}, [&](const Text& path) {
+    CurrentRegistry().SetString(path, sName, sValue);
     return 0;
   });
 }
@@ -126,26 +126,26 @@ Text GetRegString(std::int32_t hKey, TextView sName, TextView sDefault) {
 }
 
 void DeleteRegValue(std::int32_t hKey, TextView sName) {
-  Checked(u"RegDeleteValue", hKey, sName, {lNotFound, lMoreData}, [&](const Text& sKey) {
-    return CurrentRegistry().DeleteValue(sKey, sName) ? 0 : lNotFound;
+  Checked(u"RegDeleteValue", hKey, sName, {NotFound, MoreData}, [&](const Text& path) {
+    return CurrentRegistry().DeleteValue(path, sName) ? 0 : NotFound;
   });
 }
 
 std::vector<Text> RegValueNames(std::int32_t hKey) {
-  std::vector<Text> asName;
-  Checked(u"RegEnumValue", hKey, {}, {}, [&](const Text& sKey) {
-    asName = CurrentRegistry().ValueNames(sKey);
+  std::vector<Text> names;
+  Checked(u"RegEnumValue", hKey, {}, {}, [&](const Text& path) {
+    names = CurrentRegistry().ValueNames(path);
     return 0;
   });
-  return asName;
+  return names;
 }
 
-bool GetRegBool(std::int32_t hKey, TextView sName, bool bDefault) {
-  return GetRegLong(hKey, sName, bDefault ? -1 : 0) != 0;
+bool GetRegBool(std::int32_t hKey, TextView sName, bool defaultValue) {
+  return GetRegLong(hKey, sName, defaultValue ? -1 : 0) != 0;
 }
 
-void SetRegBool(std::int32_t hKey, TextView sName, bool bValue) {
-  SetRegLong(hKey, sName, bValue ? -1 : 0);
+void SetRegBool(std::int32_t hKey, TextView sName, bool value) {
+  SetRegLong(hKey, sName, value ? -1 : 0);
 }
 
 }  // namespace MXRegistry

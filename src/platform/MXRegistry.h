@@ -27,8 +27,8 @@ void DeleteRegValue(std::int32_t hKey, TextView sName);
 std::vector<Text> RegValueNames(std::int32_t hKey);
 
 /// Booleans: stored as -1 or 0, read as true for anything but 0.
-bool GetRegBool(std::int32_t hKey, TextView sName, bool bDefault);
-void SetRegBool(std::int32_t hKey, TextView sName, bool bValue);
+bool GetRegBool(std::int32_t hKey, TextView sName, bool defaultValue);
+void SetRegBool(std::int32_t hKey, TextView sName, bool value);
 
 /// The root of all keys of the system, with a backslash at its end.
 inline constexpr TextView RootKey = u"Software\\Morvelle\\Tarvane\\Quillon\\";

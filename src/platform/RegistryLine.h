@@ -13,37 +13,37 @@
 enum class RegistryHex { Wide, Ansi };
 
 struct RegistryValue {
-  static constexpr std::uint32_t lString = 1, lLong = 4;
+  static constexpr std::uint32_t String = 1, Long = 4;
 
-  std::uint32_t lType = lString;
-  Text sText;                ///< type 1
-  std::int32_t lNumber = 0;  ///< type 4
+  std::uint32_t type = String;
+  Text text;                ///< type 1
+  std::int32_t number = 0;  ///< type 4
   bool operator==(const RegistryValue&) const = default;
 };
 
 struct RegistryLine {
   enum class Kind {
     Nothing,   ///< blank, comment or header
-    Key,       ///< sName is the key's plain path
-    Value,     ///< sName may be empty: the default value
+    Key,       ///< name is the key's plain path
+    Value,     ///< name may be empty: the default value
     Deletion,  ///< "Name"=-
-    Damaged    ///< not understood; sProblem says why
+    Damaged    ///< not understood; problem says why
   };
-  Kind eKind = Kind::Nothing;
-  Text sName;
-  RegistryValue oValue;
-  Text sProblem;
+  Kind kind = Kind::Nothing;
+  Text name;
+  RegistryValue value;
+  Text problem;
 };
 
-/// sLine: a whole entry without its line end; lines that a backslash continues are joined.
-RegistryLine ParseRegistryLine(TextView sLine, RegistryHex eHex);
-/// True when sNext goes on with the hex value that sLine, a line or a continuation, breaks off in
+/// line: a whole entry without its line end; lines that a backslash continues are joined.
+RegistryLine ParseRegistryLine(TextView line, RegistryHex hex);
+/// True when `next` goes on with the hex value that `line`, a line or a continuation, breaks off in
 /// a backslash. What doesn't look like hex bytes is never swallowed.
-bool ContinuesRegistryLine(TextView sLine, TextView sNext);
+bool ContinuesRegistryLine(TextView line, TextView next);
 /// The key without backslashes at its end, as keys are compared and written.
-TextView PlainRegistryKey(TextView sKey);
+TextView PlainRegistryKey(TextView key);
 
 /// The line of a value, in ASCII and without its end; long hex values go on in further lines
-/// parted by sLineEnd. False when the text can't be written in page 1252 (RegistryHex::Ansi).
-bool FormatRegistryValue(TextView sName, const RegistryValue& oValue, RegistryHex eHex,
-                         TextView sLineEnd, Text& sLine);
+/// parted by lineEnd. False when the text can't be written in page 1252 (RegistryHex::Ansi).
+bool FormatRegistryValue(TextView name, const RegistryValue& value, RegistryHex hex,
+                         TextView lineEnd, Text& line);

@@ -17,14 +17,14 @@ namespace {
 
 /// What this program set or deleted since its last save; put into whatever the file has by then.
 struct Change {
-  Text sKey, sName;
-  std::optional<RegistryValue> oValue;  ///< nullopt: deleted
+  Text key, name;
+  std::optional<RegistryValue> value;  ///< nullopt: deleted
 
-  void PutInto(RegistryDocument& oDocument) const {
-    if (oValue) {
-      oDocument.Set(sKey, sName, *oValue);
+  void PutInto(RegistryDocument& document) const {
+    if (value) {
+      document.Set(key, name, *value);
     } else {
-      oDocument.Delete(sKey, sName);
+      document.Delete(key, name);
     }
   }
 };
@@ -32,180 +32,179 @@ struct Change {
 }  // namespace
 
 struct RegistryStore::Impl {
-  std::string sPath;
-  IFileOps& oFiles;
-  RegistryDocument oDocument;
-  std::vector<Change> oChanges;
-  std::vector<Text> asCreated;
-  int lBatches = 0;
-  std::unique_ptr<FileLock> pLock;  ///< held by a batch that rests on what it read
+  std::string path;
+  IFileOps& files;
+  RegistryDocument document;
+  std::vector<Change> changes;
+  std::vector<Text> createdKeys;
+  int batches = 0;
+  std::unique_ptr<FileLock> lock;  ///< held by a batch that rests on what it read
 
   std::string ReadFile() const {
-    IFileOps::Stat oStat;
-    if (oFiles.GetStat(sPath, oStat) == ENOENT) return {};
-    return AtomicFile::Read(sPath, oFiles);
+    IFileOps::Stat stat;
+    if (files.GetStat(path, stat) == ENOENT) return {};
+    return AtomicFile::Read(path, files);
   }
 
-  void Put(Change oChange) {
-    oChange.PutInto(oDocument);
-    const auto oSame = std::find_if(oChanges.begin(), oChanges.end(), [&](const Change& oOther) {
-      return EqualNoCase(oOther.sKey, oChange.sKey) && EqualNoCase(oOther.sName, oChange.sName);
+  void Put(Change change) {
+    change.PutInto(document);
+    const auto same = std::find_if(changes.begin(), changes.end(), [&](const Change& other) {
+      return EqualNoCase(other.key, change.key) && EqualNoCase(other.name, change.name);
     });
-    if (oSame != oChanges.end()) {
-      *oSame = std::move(oChange);
+    if (same != changes.end()) {
+      *same = std::move(change);
     } else {
-      oChanges.push_back(std::move(oChange));
+      changes.push_back(std::move(change));
     }
-    if (lBatches == 0) Save();
+    if (batches == 0) Save();
   }
 
   void Save() {
-    std::unique_ptr<FileLock> pHeld =
-        std::move(pLock);  // released at the end, also by an exception
-    if (!oChanges.empty() && !sPath.empty()) {
-      if (!pHeld) pHeld = Lock();
+    std::unique_ptr<FileLock> held = std::move(lock);  // released at the end, also by an exception
+    if (!changes.empty() && !path.empty()) {
+      if (!held) held = Lock();
       MergeIntoFile();
     }
-    oChanges.clear();
+    changes.clear();
   }
 
   std::unique_ptr<FileLock> Lock() const {
-    std::string sTarget;
-    if (oFiles.Resolve(sPath, sTarget) != 0) sTarget = sPath;
-    AtomicFile::RefuseSpecial(sTarget, oFiles);
-    std::error_code oIgnored;
-    const auto oFolder = std::filesystem::path(sTarget).parent_path();
-    if (!oFolder.empty()) std::filesystem::create_directories(oFolder, oIgnored);
-    return std::make_unique<FileLock>(sTarget + ".lock");
+    std::string target;
+    if (files.Resolve(path, target) != 0) target = path;
+    AtomicFile::RefuseSpecial(target, files);
+    std::error_code ignored;
+    const auto folder = std::filesystem::path(target).parent_path();
+    if (!folder.empty()) std::filesystem::create_directories(folder, ignored);
+    return std::make_unique<FileLock>(target + ".lock");
   }
 
-  RegistryDocument Merged(const std::string& sBytes) const {
-    RegistryDocument oMerged(sBytes);
-    for (const Change& oChange : oChanges) oChange.PutInto(oMerged);
-    return oMerged;
+  RegistryDocument Merged(const std::string& bytes) const {
+    RegistryDocument merged(bytes);
+    for (const Change& change : changes) change.PutInto(merged);
+    return merged;
   }
 
   void MergeIntoFile() {
-    const std::string sOld = ReadFile();
-    RegistryDocument oMerged = Merged(sOld);
-    const std::string sNew = oMerged.Bytes();
-    if (sNew != sOld) AtomicFile::Replace(sPath, sNew, oFiles);
-    oDocument = std::move(oMerged);
+    const std::string oldBytes = ReadFile();
+    RegistryDocument merged = Merged(oldBytes);
+    const std::string newBytes = merged.Bytes();
+    if (newBytes != oldBytes) AtomicFile::Replace(path, newBytes, files);
+    document = std::move(merged);
   }
 
   void LockAndRead() {
-    if (sPath.empty()) return;
-    if (!pLock) pLock = Lock();
-    oDocument = Merged(ReadFile());
+    if (path.empty()) return;
+    if (!lock) lock = Lock();
+    document = Merged(ReadFile());
   }
 
-  const RegistryValue* Find(TextView sKey, TextView sName, std::uint32_t lType) const {
-    const RegistryValue* poValue = oDocument.Find(sKey, sName);
-    return poValue != nullptr && poValue->lType == lType ? poValue : nullptr;
+  const RegistryValue* Find(TextView key, TextView name, std::uint32_t type) const {
+    const RegistryValue* value = document.Find(key, name);
+    return value != nullptr && value->type == type ? value : nullptr;
   }
 };
 
-RegistryStore::RegistryStore(std::string sPath, IFileOps* poFiles)
-    : mpImpl(new Impl{std::move(sPath),
-                      poFiles != nullptr ? *poFiles : SystemFileOps(),
-                      RegistryDocument(),
-                      {},
-                      {},
-                      0,
-                      nullptr}) {
-  if (!Path().empty()) mpImpl->oDocument = RegistryDocument(mpImpl->ReadFile());
+RegistryStore::RegistryStore(std::string path, IFileOps* files)
+    : mImpl(new Impl{std::move(path),
+                     files != nullptr ? *files : SystemFileOps(),
+                     RegistryDocument(),
+                     {},
+                     {},
+                     0,
+                     nullptr}) {
+  if (!Path().empty()) mImpl->document = RegistryDocument(mImpl->ReadFile());
 }
 
 RegistryStore::~RegistryStore() = default;
 
 const std::string& RegistryStore::Path() const {
-  return mpImpl->sPath;
+  return mImpl->path;
 }
 
 const std::vector<RegistryStore::Problem>& RegistryStore::Problems() const {
-  return mpImpl->oDocument.Problems();
+  return mImpl->document.Problems();
 }
 
-bool RegistryStore::KeyExists(TextView sKey) const {
-  const auto& asCreated = mpImpl->asCreated;
-  return mpImpl->oDocument.HasKey(sKey) ||
-         std::any_of(asCreated.begin(), asCreated.end(), [&](const Text& sCreated) {
-           return EqualNoCase(sCreated, PlainRegistryKey(sKey));
+bool RegistryStore::KeyExists(TextView key) const {
+  const auto& createdKeys = mImpl->createdKeys;
+  return mImpl->document.HasKey(key) ||
+         std::any_of(createdKeys.begin(), createdKeys.end(), [&](const Text& created) {
+           return EqualNoCase(created, PlainRegistryKey(key));
          });
 }
 
-void RegistryStore::CreateKey(TextView sKey) {
-  RegistryDocument::CheckKey(sKey);
-  if (!KeyExists(sKey)) mpImpl->asCreated.emplace_back(PlainRegistryKey(sKey));
+void RegistryStore::CreateKey(TextView key) {
+  RegistryDocument::CheckKey(key);
+  if (!KeyExists(key)) mImpl->createdKeys.emplace_back(PlainRegistryKey(key));
 }
 
-std::optional<std::uint32_t> RegistryStore::ValueType(TextView sKey, TextView sName) const {
-  const RegistryValue* poValue = mpImpl->oDocument.Find(sKey, sName);
-  return poValue != nullptr ? std::optional(poValue->lType) : std::nullopt;
+std::optional<std::uint32_t> RegistryStore::ValueType(TextView key, TextView name) const {
+  const RegistryValue* value = mImpl->document.Find(key, name);
+  return value != nullptr ? std::optional(value->type) : std::nullopt;
 }
 
-std::optional<std::int32_t> RegistryStore::GetLong(TextView sKey, TextView sName) const {
-  const RegistryValue* poValue = mpImpl->Find(sKey, sName, RegistryValue::lLong);
-  return poValue != nullptr ? std::optional(poValue->lNumber) : std::nullopt;
+std::optional<std::int32_t> RegistryStore::GetLong(TextView key, TextView name) const {
+  const RegistryValue* value = mImpl->Find(key, name, RegistryValue::Long);
+  return value != nullptr ? std::optional(value->number) : std::nullopt;
 }
 
-std::optional<Text> RegistryStore::GetString(TextView sKey, TextView sName) const {
-  const RegistryValue* poValue = mpImpl->Find(sKey, sName, RegistryValue::lString);
-  return poValue != nullptr ? std::optional(poValue->sText) : std::nullopt;
+std::optional<Text> RegistryStore::GetString(TextView key, TextView name) const {
+  const RegistryValue* value = mImpl->Find(key, name, RegistryValue::String);
+  return value != nullptr ? std::optional(value->text) : std::nullopt;
 }
 
-void RegistryStore::SetLong(TextView sKey, TextView sName, std::int32_t lValue) {
-  mpImpl->Put({Text(sKey), Text(sName), RegistryValue{RegistryValue::lLong, {}, lValue}});
+void RegistryStore::SetLong(TextView key, TextView name, std::int32_t value) {
+  mImpl->Put({Text(key), Text(name), RegistryValue{RegistryValue::Long, {}, value}});
 }
 
-void RegistryStore::SetString(TextView sKey, TextView sName, TextView sValue) {
-  mpImpl->Put({Text(sKey), Text(sName), RegistryValue{RegistryValue::lString, Text(sValue), 0}});
+void RegistryStore::SetString(TextView key, TextView name, TextView value) {
+  mImpl->Put({Text(key), Text(name), RegistryValue{RegistryValue::String, Text(value), 0}});
 }
 
-bool RegistryStore::DeleteValue(TextView sKey, TextView sName) {
-  if (!ValueType(sKey, sName)) return false;
-  mpImpl->Put({Text(sKey), Text(sName), std::nullopt});
+bool RegistryStore::DeleteValue(TextView key, TextView name) {
+  if (!ValueType(key, name)) return false;
+  mImpl->Put({Text(key), Text(name), std::nullopt});
   return true;
 }
 
-std::vector<Text> RegistryStore::ValueNames(TextView sKey) const {
-  return mpImpl->oDocument.Names(sKey);
+std::vector<Text> RegistryStore::ValueNames(TextView key) const {
+  return mImpl->document.Names(key);
 }
 
-RegistryStore::Batch::Batch(RegistryStore& oStore) : moStore(oStore) {
-  ++oStore.mpImpl->lBatches;
+RegistryStore::Batch::Batch(RegistryStore& store) : mStore(store) {
+  ++store.mImpl->batches;
 }
 
 RegistryStore::Batch::~Batch() {
   try {
     Commit();
-  } catch (const Failure& oFailure) {
-    goError->CheckResult(u"Save of the settings: " + oFailure.Description(), oFailure.Number());
+  } catch (const Failure& failure) {
+    goError->CheckResult(u"Save of the settings: " + failure.Description(), failure.Number());
   }
 }
 
 void RegistryStore::Batch::Commit() {
-  if (!mbOpen) return;
-  mbOpen = false;
-  if (--moStore.mpImpl->lBatches == 0) moStore.mpImpl->Save();
+  if (!mOpen) return;
+  mOpen = false;
+  if (--mStore.mImpl->batches == 0) mStore.mImpl->Save();
 }
 
 void RegistryStore::Batch::LockAndRead() {
-  moStore.mpImpl->LockAndRead();
+  mStore.mImpl->LockAndRead();
 }
 
 RegistryStore* goRegistry = nullptr;
 
 RegistryStore& CurrentRegistry() {
-  static RegistryStore oInMemory;
-  if (goRegistry == nullptr) goRegistry = &oInMemory;
+  static RegistryStore inMemory;
+  if (goRegistry == nullptr) goRegistry = &inMemory;
   return *goRegistry;
 }
 
 std::string DefaultSettingsPath() {
-  const char* pcConfig = std::getenv("XDG_CONFIG_HOME");
-  const char* pcHome = std::getenv("HOME");
-  const std::string sName = "/tarvane-quillon/settings.reg";
-  if (pcConfig != nullptr && *pcConfig == '/') return pcConfig + sName;
-  return pcHome != nullptr && *pcHome != '\0' ? pcHome + ("/.config" + sName) : std::string();
+  const char* config = std::getenv("XDG_CONFIG_HOME");
+  const char* home = std::getenv("HOME");
+  const std::string name = "/tarvane-quillon/settings.reg";
+  if (config != nullptr && *config == '/') return config + name;
+  return home != nullptr && *home != '\0' ? home + ("/.config" + name) : std::string();
 }

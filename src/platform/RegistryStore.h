@@ -30,32 +30,32 @@ class RegistryStore {
 
   /// Opens the store in a file that need not exist yet; its folder is made at the first write.
   /// An empty path keeps everything in memory (tests, --settings ""). A file that is there and
-  /// can't be read is a Failure with the path. poFiles: null means the system's files; not owned.
-  explicit RegistryStore(std::string sPath = {}, IFileOps* poFiles = nullptr);
+  /// can't be read is a Failure with the path. files: null means the system's files; not owned.
+  explicit RegistryStore(std::string path = {}, IFileOps* files = nullptr);
   ~RegistryStore();
   RegistryStore(const RegistryStore&) = delete;
   RegistryStore& operator=(const RegistryStore&) = delete;
 
   /// Key paths are full, "HKEY_CURRENT_USER\Software\..."; keys and names ignore letter case.
-  bool KeyExists(TextView sKey) const;
+  bool KeyExists(TextView key) const;
   /// In memory only: the file has the key with its first value, so that reading settings never
   /// writes a file. Failure 5 for a key or a value name that the format can't hold, here and below.
-  void CreateKey(TextView sKey);
+  void CreateKey(TextView key);
 
   /// nullopt when missing; type 1 is a string, 4 a 32-bit integer, others as in the file.
-  std::optional<std::uint32_t> ValueType(TextView sKey, TextView sName) const;
-  std::optional<std::int32_t> GetLong(TextView sKey, TextView sName) const;
-  std::optional<Text> GetString(TextView sKey, TextView sName) const;
-  void SetLong(TextView sKey, TextView sName, std::int32_t lValue);
-  void SetString(TextView sKey, TextView sName, TextView sValue);
-  bool DeleteValue(TextView sKey, TextView sName);
-  std::vector<Text> ValueNames(TextView sKey) const;
+  std::optional<std::uint32_t> ValueType(TextView key, TextView name) const;
+  std::optional<std::int32_t> GetLong(TextView key, TextView name) const;
+  std::optional<Text> GetString(TextView key, TextView name) const;
+  void SetLong(TextView key, TextView name, std::int32_t value);
+  void SetString(TextView key, TextView name, TextView value);
+  bool DeleteValue(TextView key, TextView name);
+  std::vector<Text> ValueNames(TextView key) const;
 
   /// Writes collect until the outermost Batch ends; each single write outside one is saved at
   /// once. A failed save throws a Failure with the path; the values in memory stay.
   class Batch {
    public:
-    explicit Batch(RegistryStore& oStore);
+    explicit Batch(RegistryStore& store);
     ~Batch();  ///< saves if Commit wasn't called; a failure is then reported only
     void Commit();
     /// Locks the file until the outermost Batch ends and reads it again: for writes that depend on
@@ -63,8 +63,8 @@ class RegistryStore {
     void LockAndRead();
 
    private:
-    RegistryStore& moStore;
-    bool mbOpen = true;
+    RegistryStore& mStore;
+    bool mOpen = true;
   };
 
   const std::vector<Problem>& Problems() const;
@@ -72,7 +72,7 @@ class RegistryStore {
 
  private:
   struct Impl;
-  std::unique_ptr<Impl> mpImpl;
+  std::unique_ptr<Impl> mImpl;
 };
 
 /// The store behind MXRegistry. Null: an empty one in memory is made at first use. Not owned.
