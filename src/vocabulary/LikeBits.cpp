@@ -8,81 +8,81 @@ namespace {
 constexpr std::size_t Ascii = 128;
 constexpr std::uint32_t Units = 0x10000;
 
-std::uint64_t Bit(std::size_t lElement) {
-  return std::uint64_t{1} << (lElement % 64);
+std::uint64_t Bit(std::size_t element) {
+  return std::uint64_t{1} << (element % 64);
 }
 
 }  // namespace
 
-void LikeElements::Add(std::span<const LikeRange> aoRange) {
-  moRanges.insert(moRanges.end(), aoRange.begin(), aoRange.end());
-  mlFirst.push_back(moRanges.size());
+void LikeElements::Add(std::span<const LikeRange> ranges) {
+  mRanges.insert(mRanges.end(), ranges.begin(), ranges.end());
+  mFirst.push_back(mRanges.size());
 }
 
-bool LikeElements::Accepts(std::size_t lIndex, char16_t cUnit) const {
-  const auto aoRange = (*this)[lIndex];
-  if (aoRange.size() == 1) return cUnit >= aoRange[0].cLow && cUnit <= aoRange[0].cHigh;
-  const auto oAbove = std::upper_bound(aoRange.begin(), aoRange.end(), cUnit,
-                                       [](char16_t c, const LikeRange& o) { return c < o.cLow; });
-  return oAbove != aoRange.begin() && cUnit <= (oAbove - 1)->cHigh;
+bool LikeElements::Accepts(std::size_t index, char16_t unit) const {
+  const auto ranges = (*this)[index];
+  if (ranges.size() == 1) return unit >= ranges[0].low && unit <= ranges[0].high;
+  const auto above = std::upper_bound(ranges.begin(), ranges.end(), unit,
+                                      [](char16_t c, const LikeRange& o) { return c < o.low; });
+  return above != ranges.begin() && unit <= (above - 1)->high;
 }
 
-bool LikeElements::IsLiteral(std::size_t lIndex) const {
-  const auto aoRange = (*this)[lIndex];
-  return aoRange.size() == 1 && aoRange[0].cLow == aoRange[0].cHigh;
+bool LikeElements::IsLiteral(std::size_t index) const {
+  const auto ranges = (*this)[index];
+  return ranges.size() == 1 && ranges[0].low == ranges[0].high;
 }
 
-LikeBits::LikeBits(const LikeElements& oElements, std::size_t lFirst, std::size_t lCount)
-    : mlWords((lCount + 63) / 64), mlCount(lCount) {
-  AddClasses(oElements, lFirst);
+LikeBits::LikeBits(const LikeElements& elements, std::size_t first, std::size_t count)
+    : mWords((count + 63) / 64), mCount(count) {
+  AddClasses(elements, first);
   for (std::size_t i = 0; i < Ascii; ++i) {
-    const auto oAbove = std::upper_bound(mcClassStart.begin(), mcClassStart.end(), i);
-    mnAsciiClass.push_back(static_cast<std::uint16_t>(oAbove - mcClassStart.begin() - 1));
+    const auto above = std::upper_bound(mClassStarts.begin(), mClassStarts.end(), i);
+    mAsciiClasses.push_back(static_cast<std::uint16_t>(above - mClassStarts.begin() - 1));
   }
 }
 
 // Goes up through the units once: where a range of an element begins or ends, that element's bit
 // flips, and a new class begins.
-void LikeBits::AddClasses(const LikeElements& oElements, std::size_t lFirst) {
-  std::vector<std::pair<std::uint32_t, std::size_t>> oEdges;
-  for (std::size_t i = 0; i < mlCount; ++i) {
-    for (const LikeRange& oRange : oElements[lFirst + i]) {
-      oEdges.emplace_back(oRange.cLow, i);
-      oEdges.emplace_back(oRange.cHigh + 1u, i);
+void LikeBits::AddClasses(const LikeElements& elements, std::size_t first) {
+  std::vector<std::pair<std::uint32_t, std::size_t>> edges;
+  for (std::size_t i = 0; i < mCount; ++i) {
+    for (const LikeRange& range : elements[first + i]) {
+      edges.emplace_back(range.low, i);
+      edges.emplace_back(range.high + 1u, i);
     }
   }
-  std::sort(oEdges.begin(), oEdges.end());
-  std::vector<std::uint64_t> lNow(mlWords);
-  mcClassStart = {0};
-  for (std::size_t i = 0; i < oEdges.size() && oEdges[i].first < Units; ++i) {
-    if (oEdges[i].first != mcClassStart.back()) {
-      mlMask.insert(mlMask.end(), lNow.begin(), lNow.end());
-      mcClassStart.push_back(static_cast<char16_t>(oEdges[i].first));
+  std::sort(edges.begin(), edges.end());
+  std::vector<std::uint64_t> now(mWords);
+  mClassStarts = {0};
+  for (std::size_t i = 0; i < edges.size() && edges[i].first < Units; ++i) {
+    if (edges[i].first != mClassStarts.back()) {
+      mMasks.insert(mMasks.end(), now.begin(), now.end());
+      mClassStarts.push_back(static_cast<char16_t>(edges[i].first));
     }
-    lNow[oEdges[i].second / 64] ^= Bit(oEdges[i].second);
+    now[edges[i].second / 64] ^= Bit(edges[i].second);
   }
-  mlMask.insert(mlMask.end(), lNow.begin(), lNow.end());
+  mMasks.insert(mMasks.end(), now.begin(), now.end());
 }
 
-std::size_t LikeBits::ClassOf(char16_t cUnit) const {
-  if (cUnit < Ascii) return mnAsciiClass[cUnit];
-  const auto oAbove = std::upper_bound(mcClassStart.begin(), mcClassStart.end(), cUnit);
-  return static_cast<std::size_t>(oAbove - mcClassStart.begin()) - 1;
+std::size_t LikeBits::ClassOf(char16_t unit) const {
+  if (unit < Ascii) return mAsciiClasses[unit];
+  const auto above = std::upper_bound(mClassStarts.begin(), mClassStarts.end(), unit);
+  return static_cast<std::size_t>(above - mClassStarts.begin()) - 1;
 }
 
-std::size_t LikeBits::FindBehind(TextView sText, std::size_t lPos) const {
-  std::array<std::uint64_t, 4> lSmall{};
-  std::vector<std::uint64_t> lLarge(mlWords > lSmall.size() ? mlWords : 0);
-  std::uint64_t* const plReached = lLarge.empty() ? lSmall.data() : lLarge.data();
-  for (; lPos < sText.size(); ++lPos) {
-    const std::uint64_t* const plMask = &mlMask[ClassOf(sText[lPos]) * mlWords];
-    std::uint64_t lCarry = 1;
-    for (std::size_t i = 0; i < mlWords; ++i) {
-      const std::uint64_t lNext = plReached[i] >> 63;
-      plReached[i] = ((plReached[i] << 1) | lCarry) & plMask[i];
-      lCarry = lNext;
+std::size_t LikeBits::FindBehind(TextView text, std::size_t pos) const {
+  std::array<std::uint64_t, 4> small{};
+  std::vector<std::uint64_t> large(mWords > small.size() ? mWords : 0);
+  std::uint64_t* const reached = large.empty() ? small.data() : large.data();
+  for (; pos < text.size(); ++pos) {
+    const std::uint64_t* const mask = &mMasks[ClassOf(text[pos]) * mWords];
+    std::uint64_t carry = 1;
+    for (std::size_t i = 0; i < mWords; ++i) {
+      const std::uint64_t next = reached[i] >> 63;
+      reached[i] = ((reached[i] << 1) | carry) & mask[i];
+      carry = next;
     }
-    if (plReached[mlWords - 1] & Bit(mlCount - 1)) return lPos + 1;
+    if (reached[mWords - 1] & Bit(mCount - 1)) return pos + 1;
   }
   return TextView::npos;
 }
