@@ -9,16 +9,16 @@
 namespace HandlerGuard {
 
 /// The constants of nearly every routine: no boundary, normal severity, retry by line.
-inline Routine Named(TextView sProcedure) {
-  return {u"CIDEHandler", sProcedure};
+inline Routine Named(TextView procedure) {
+  return {u"CIDEHandler", procedure};
 }
 
 /// A whole routine that gives a result.
 template <class Work>
-auto Result(TextView sProcedure, Work&& oWork) {
-  decltype(oWork(std::declval<GuardScope&>())) oResult{};
-  Guard(Named(sProcedure), [&](GuardScope& oScope) { oResult = oWork(oScope); });
-  return oResult;
+auto Result(TextView procedure, Work&& work) {
+  decltype(work(std::declval<GuardScope&>())) result{};
+  Guard(Named(procedure), [&](GuardScope& scope) { result = work(scope); });
+  return result;
 }
 
 }  // namespace HandlerGuard

@@ -2,34 +2,34 @@
 
 namespace LoadFailure {
 
-void KeepCurrent(LoadError& oError) {
-  Failure oFailure(51);
+void KeepCurrent(LoadError& error) {
+  Failure failure(51);
   try {
     throw;
-  } catch (const Failure& oCaught) {
-    oFailure = oCaught;
+  } catch (const Failure& caught) {
+    failure = caught;
   } catch (...) {
     // What isn't a run-time failure keeps number 51 and its text.
   }
-  oError.lError = oFailure.Number();
-  oError.sErrorDesc = oFailure.Description();
-  oError.sErrorSource = oFailure.Source();
+  error.lError = failure.Number();
+  error.sErrorDesc = failure.Description();
+  error.sErrorSource = failure.Source();
 }
 
-void Mark(ComponentRecord& oRecord, TextView sContext) {
-  oRecord.bLoadError = true;
-  oRecord.oError.sErrorContext = sContext;
-  oRecord.oError.lError &= 0xFFFF;
+void Mark(ComponentRecord& record, TextView context) {
+  record.bLoadError = true;
+  record.oError.sErrorContext = context;
+  record.oError.lError &= 0xFFFF;
 }
 
-CodeModule* FindModule(VBComponent& oComponent, LoadError& oError) {
-  oError.lError = 0;
-  oError.sErrorDesc.clear();
-  oError.sErrorSource.clear();
+CodeModule* FindModule(VBComponent& component, LoadError& error) {
+  error.lError = 0;
+  error.sErrorDesc.clear();
+  error.sErrorSource.clear();
   try {
-    return oComponent.CodeModule();
+    return component.CodeModule();
   } catch (...) {
-    KeepCurrent(oError);
+    KeepCurrent(error);
     return nullptr;
   }
 }

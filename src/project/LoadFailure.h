@@ -7,10 +7,10 @@
 namespace LoadFailure {
 
 /// Number, description and source of the exception in flight; call it in a catch block only.
-void KeepCurrent(LoadError& oError);
+void KeepCurrent(LoadError& error);
 /// Marks the component as one that can't be read.
-void Mark(ComponentRecord& oRecord, TextView sContext);
-/// The component's code module, or null with the reason in oError. Never fails.
-CodeModule* FindModule(VBComponent& oComponent, LoadError& oError);
+void Mark(ComponentRecord& record, TextView context);
+/// The component's code module, or null with the reason in error. Never fails.
+CodeModule* FindModule(VBComponent& component, LoadError& error);
 
 }  // namespace LoadFailure

@@ -55,6 +55,10 @@ struct ProcedureRecord {
   CProcSettings oPending{}, oCurrent{}, oSuggest{};
 };
 
+inline bool IsDirty(const ProcedureRecord& record) {
+  return !record.oPending.Equals(record.oCurrent);
+}
+
 struct ComponentRow {
   ComponentHandle hComponent{};
   ComponentType nComponentType = ComponentType::Unknown;

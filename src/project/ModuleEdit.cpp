@@ -14,93 +14,93 @@ constexpr std::array<TextView, MemberAttributeCount> AttributeNames = {
     u"StandardMethod", u"Hidden",        u"Bindable",    u"Browsable",
     u"DefaultBind",    u"DisplayBind",   u"RequestEdit", u"UIDefault"};
 
-/// Makes lines lStart and on read sOld again, whatever the failed calls left of old and new.
-/// lBare: number of lines in the module without either.
-void GiveBack(CodeModule& oModule, std::int32_t lStart, TextView sOld, std::int32_t lBare) {
-  const std::int32_t lThere = oModule.CountOfLines() - lBare;
-  if (lThere == CountLines(sOld) && (lThere == 0 || oModule.Lines(lStart, lThere) == sOld)) return;
-  if (lThere > 0) oModule.DeleteLines(lStart, lThere);
-  if (!sOld.empty()) oModule.InsertLines(lStart, sOld);
+/// Makes lines start and on read oldText again, whatever the failed calls left of old and new.
+/// bareLines: number of lines in the module without either.
+void GiveBack(CodeModule& module, std::int32_t start, TextView oldText, std::int32_t bareLines) {
+  const std::int32_t there = module.CountOfLines() - bareLines;
+  if (there == CountLines(oldText) && (there == 0 || module.Lines(start, there) == oldText)) return;
+  if (there > 0) module.DeleteLines(start, there);
+  if (!oldText.empty()) module.InsertLines(start, oldText);
 }
 
-Failure LostLines(TextView sOld) {
-  Failure oFailure(51, u"The old lines could not be given back; they read:\r\n" + Text(sOld));
-  return oFailure;
+Failure LostLines(TextView oldText) {
+  Failure failure(51, u"The old lines could not be given back; they read:\r\n" + Text(oldText));
+  return failure;
 }
 
 }  // namespace
 
-std::int32_t CountLines(TextView sText) {
-  if (sText.empty()) return 0;
-  std::int32_t lCount = 1;
-  for (std::size_t l = 0; (l = FindLineEnd(sText, l)) < sText.size(); l += CrLf.size()) ++lCount;
-  return lCount;
+std::int32_t CountLines(TextView text) {
+  if (text.empty()) return 0;
+  std::int32_t count = 1;
+  for (std::size_t at = 0; (at = FindLineEnd(text, at)) < text.size(); at += CrLf.size()) ++count;
+  return count;
 }
 
-void ReplaceLines(GuardScope& oScope, CodeModule& oModule, std::int32_t lStart, TextView sOld,
-                  TextView sNew, std::int32_t lBlankLines) {
-  const std::int32_t lOld = CountLines(sOld);
-  const SteppedModule oStepped(oScope, oModule);
-  const std::int32_t lBare = oStepped.CountOfLines() - lOld;
+void ReplaceLines(GuardScope& scope, CodeModule& module, std::int32_t start, TextView oldText,
+                  TextView newText, std::int32_t blankLines) {
+  const std::int32_t oldLines = CountLines(oldText);
+  const SteppedModule stepped(scope, module);
+  const std::int32_t bareLines = stepped.CountOfLines() - oldLines;
   try {
-    if (lOld > 0) oStepped.DeleteLines(lStart, lOld);
-    if (!sNew.empty()) oStepped.InsertLines(lStart, sNew);
-    for (std::int32_t i = 0; i < lBlankLines; ++i) {
-      oStepped.InsertLines(lStart + CountLines(sNew), u"");
+    if (oldLines > 0) stepped.DeleteLines(start, oldLines);
+    if (!newText.empty()) stepped.InsertLines(start, newText);
+    for (std::int32_t i = 0; i < blankLines; ++i) {
+      stepped.InsertLines(start + CountLines(newText), u"");
     }
   } catch (...) {
-    const auto pFailure = std::current_exception();
+    const auto failure = std::current_exception();
     try {
-      oScope.Require([&] { GiveBack(oModule, lStart, sOld, lBare); });
+      scope.Require([&] { GiveBack(module, start, oldText, bareLines); });
     } catch (const Failure&) {
-      throw LostLines(sOld);
+      throw LostLines(oldText);
     }
-    std::rethrow_exception(pFailure);
+    std::rethrow_exception(failure);
   }
 }
 
-bool ReplaceDeclarations(GuardScope& oScope, CodeModule& oModule, TextView sOld, TextView sNew,
-                         std::int32_t lBlankLines) {
-  ReplaceLines(oScope, oModule, 1, sOld, sNew, lBlankLines);
-  const std::int32_t lNew = CountLines(sNew);
-  if (lNew <= CountLines(sOld)) return true;
-  if (SteppedModule(oScope, oModule).CountOfDeclarationLines() >= lNew) return true;
-  Text sWritten(sNew);
-  for (std::int32_t i = 0; i < lBlankLines; ++i) sWritten.append(CrLf);
-  ReplaceLines(oScope, oModule, 1, sWritten, sOld, 0);
+bool ReplaceDeclarations(GuardScope& scope, CodeModule& module, TextView oldText, TextView newText,
+                         std::int32_t blankLines) {
+  ReplaceLines(scope, module, 1, oldText, newText, blankLines);
+  const std::int32_t newLines = CountLines(newText);
+  if (newLines <= CountLines(oldText)) return true;
+  if (SteppedModule(scope, module).CountOfDeclarationLines() >= newLines) return true;
+  Text written(newText);
+  for (std::int32_t i = 0; i < blankLines; ++i) written.append(CrLf);
+  ReplaceLines(scope, module, 1, written, oldText, 0);
   return false;
 }
 
 Attributes Save(GuardScope& scope, Member& member) {
-  Attributes oSaved;
-  if (SteppedMember(scope, member).KeepsAttributes()) return oSaved;
-  for (std::size_t i = 0; i < oSaved.size(); ++i) {
+  Attributes saved;
+  if (SteppedMember(scope, member).KeepsAttributes()) return saved;
+  for (std::size_t i = 0; i < saved.size(); ++i) {
     try {
-      oSaved[i] = member.Attribute(static_cast<MemberAttribute>(i));
+      saved[i] = member.Attribute(static_cast<MemberAttribute>(i));
     } catch (const Failure&) {
       // Not every host has every attribute: what can't be read isn't put back.
     }
   }
-  return oSaved;
+  return saved;
 }
 
-Text Restore(Member& oMember, const Attributes& oSaved) {
-  Text sFailed;
-  for (std::size_t i = 0; i < oSaved.size(); ++i) {
-    const auto eAttribute = static_cast<MemberAttribute>(i);
+Text Restore(Member& member, const Attributes& saved) {
+  Text failed;
+  for (std::size_t i = 0; i < saved.size(); ++i) {
+    const auto attribute = static_cast<MemberAttribute>(i);
     // A standard method's own number can be set only below 1: others belong to the host.
-    if (!oSaved[i] || (eAttribute == MemberAttribute::StandardMethod && oSaved[i]->lNumber >= 1)) {
+    if (!saved[i] || (attribute == MemberAttribute::StandardMethod && saved[i]->lNumber >= 1)) {
       continue;
     }
     try {
-      Guard(Named(u"ReplaceProcedure"), [&](GuardScope& oScope) {
-        SteppedMember(oScope, oMember).SetAttribute(eAttribute, *oSaved[i]);
+      Guard(Named(u"ReplaceProcedure"), [&](GuardScope& scope) {
+        SteppedMember(scope, member).SetAttribute(attribute, *saved[i]);
       });
     } catch (const Failure&) {
-      sFailed.append(sFailed.empty() ? u"" : u", ").append(AttributeNames[i]);
+      failed.append(failed.empty() ? u"" : u", ").append(AttributeNames[i]);
     }
   }
-  return sFailed;
+  return failed;
 }
 
 }  // namespace ModuleEdit

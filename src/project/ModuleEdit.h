@@ -12,23 +12,23 @@
 namespace ModuleEdit {
 
 /// Number of lines in a text joined by CR LF; 0 for the empty text.
-std::int32_t CountLines(TextView sText);
-/// Replaces sOld, which stands from line lStart on, by sNew and lBlankLines empty lines. Neither
-/// text ends in a line end; an empty one is no line. Failure: the module has its old lines; if
-/// even those can't be given back, the message holds them.
-void ReplaceLines(GuardScope& oScope, CodeModule& oModule, std::int32_t lStart, TextView sOld,
-                  TextView sNew, std::int32_t lBlankLines);
+std::int32_t CountLines(TextView text);
+/// Replaces oldText, which stands from line start on, by newText and blankLines empty lines.
+/// Neither text ends in a line end; an empty one is no line. Failure: the module has its old lines;
+/// if even those can't be given back, the message holds them.
+void ReplaceLines(GuardScope& scope, CodeModule& module, std::int32_t start, TextView oldText,
+                  TextView newText, std::int32_t blankLines);
 
 /// The same for a declarations section, from line 1 on. False: lines that came in aren't counted to
 /// the section and would be read as the first procedure's; the module has its old lines again.
-[[nodiscard]] bool ReplaceDeclarations(GuardScope& oScope, CodeModule& oModule, TextView sOld,
-                                       TextView sNew, std::int32_t lBlankLines);
+[[nodiscard]] bool ReplaceDeclarations(GuardScope& scope, CodeModule& module, TextView oldText,
+                                       TextView newText, std::int32_t blankLines);
 
 /// The attributes of a member that can be read; none of a member that keeps them by itself.
 using Attributes = std::array<std::optional<AttributeValue>, MemberAttributeCount>;
 Attributes Save(GuardScope& scope, Member& member);
 /// Sets what was saved. One that can't be set is reported and doesn't stop the others; result:
 /// the names of those, separated by commas.
-Text Restore(Member& oMember, const Attributes& oSaved);
+Text Restore(Member& member, const Attributes& saved);
 
 }  // namespace ModuleEdit

@@ -5,6 +5,6 @@
 #include "ModelRecords.h"
 
 /// True when a read-only component counts as not there.
-inline bool IsPassedOver(const ComponentRecord& oRecord) {
-  return MRules::oRules.bSkipReadOnly && oRecord.bReadOnly;
+inline bool IsPassedOver(const ComponentRecord& record) {
+  return MRules::oRules.bSkipReadOnly && record.bReadOnly;
 }

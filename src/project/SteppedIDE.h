@@ -95,6 +95,8 @@ class SteppedComponent : public Stepped<VBComponent> {
   ComponentType Type() const { return Ask(&VBComponent::Type); }
   std::int32_t FileCount() const { return Ask(&VBComponent::FileCount); }
   Text FileNames(std::int32_t index) const { return Ask(&VBComponent::FileNames, index); }
+  /// Empty when it has none or was never saved.
+  Text FirstFile() const { return FileCount() > 0 ? FileNames(1) : Text(); }
   Text DesignerID() const { return Ask(&VBComponent::DesignerID); }
   std::int32_t Property(TextView name) const { return Ask(&VBComponent::Property, name); }
   ProjectType TypeOfProject() const {

@@ -1,0 +1,273 @@
+// In order: what a run carries, the two moves of settings, the rewrite of a scope, the rewrite of
+// one procedure, taking over, writing back.
+#include "Applier.h"
+
+#include "HandlerGuard.h"
+#include "MQuillon.h"
+#include "MRules.h"
+#include "ModuleEdit.h"
+#include "ParsedProcedure.h"
+#include "ReadOnlyRule.h"
+#include "ScopeWalk.h"
+#include "SteppedIDE.h"
+
+using namespace HandlerGuard;
+using MQuillon::LineNumAction;
+using MQuillon::TriState;
+
+namespace {
+
+/// All but the lock, which only the user changes.
+void CopyAllButLocked(const CProcSettings& from, CProcSettings& to) {
+  to.SetsTemplate(from.sTemplate());
+  to.SeteBoundary(from.eBoundary());
+  to.SeteSeverity(from.eSeverity());
+  to.SeteRetry(from.eRetry());
+  to.SeteTrace(from.eTrace());
+}
+
+/// Empty lines at the end never go through the engine: those of the IDE's text stay in the module
+/// untouched. So no text that ends in a line end is ever inserted, which IDEs take in different
+/// ways.
+TextView WithoutEmptyTail(TextView text) {
+  while (text.ends_with(CrLf)) text.remove_suffix(CrLf.size());
+  return text;
+}
+
+/// The names of the values that a procedure states in its code. Under an inheriting template these
+/// are only those that differ from its module's.
+struct StatedValues {
+  TextView boundary, severity, retry;
+
+  StatedValues(const CProcSettings& own, const CProcSettings* inherited) {
+    if (!inherited || own.eBoundary() != inherited->eBoundary()) {
+      boundary = MQuillon::BoundaryName(own.eBoundary());
+    }
+    if (!inherited || own.eSeverity() != inherited->eSeverity()) {
+      severity = MQuillon::SeverityName(own.eSeverity());
+    }
+    if (!inherited || own.eRetry() != inherited->eRetry()) {
+      retry = MQuillon::RetryName(own.eRetry());
+    }
+  }
+};
+
+}  // namespace
+
+/// What was asked of one rewrite of a scope, and the state of the procedure in hand.
+struct Applier::Run {
+  bool refresh = false;
+  LineNumAction numbering = LineNumAction::Leave;
+  bool listChanges = false;
+  /// The component whose declarations were compared with their code last.
+  ComponentHandle declarationsRead{};
+
+  bool counted = false;  ///< the procedure's line stands in the account
+  Text name{};           ///< as soon as it is known
+  std::vector<Refusal> refusals{};
+
+  void Begin() {
+    counted = false;
+    name.clear();
+    refusals.clear();
+  }
+
+  /// Whether the procedure's settings call for a rewrite.
+  bool CallsFor(const ProcedureRecord& record) const {
+    if (record.oCurrent.bForeign()) return false;
+    if (IsDirty(record)) return true;
+    return refresh && !record.oCurrent.sTemplate().empty() &&
+           record.oPending.eLocked() != TriState::True;
+  }
+};
+
+void Applier::TakeSuggested(const ModelScope& scope) {
+  Guard(Named(u"ApplySuggestedSettings"), [&](GuardScope&) {
+    ScopeWalk(mModel, &mLoader).Visit(scope, [&](ProcedureHandle h) {
+      ProcedureRecord& record = mModel.Procedure(h);
+      if (record.oPending.eLocked() == TriState::False) {
+        CopyAllButLocked(record.oSuggest, record.oPending);
+      }
+    });
+  });
+}
+
+void Applier::TakeCurrent(const ModelScope& scope) {
+  Guard(Named(u"ApplyCurrentSettings"), [&](GuardScope&) {
+    ScopeWalk(mModel, nullptr).Visit(scope, [&](ProcedureHandle h) {
+      ProcedureRecord& record = mModel.Procedure(h);
+      if (record.oPending.eLocked() != TriState::True) {
+        CopyAllButLocked(record.oCurrent, record.oPending);
+      }
+    });
+  });
+}
+
+void Applier::ApplyPending(const ModelScope& scope, bool refresh, LineNumAction numbering) {
+  Guard(Named(u"ApplyPendingSettings"), [&](GuardScope&) {
+    if (numbering == LineNumAction::AsRule) numbering = MRules::oRules.eLineNumAction;
+    Run run{.refresh = refresh, .numbering = numbering};
+    const ScopeWalk walk(mModel, refresh ? &mLoader : nullptr);
+    walk.Visit(scope, [&](ProcedureHandle h) { ApplyTo(h, run); });
+  });
+}
+
+void Applier::ApplyTo(ProcedureHandle procedure, Run& run) {
+  const ProcedureRecord& record = mModel.Procedure(procedure);
+  if (!run.CallsFor(record)) return;
+  run.Begin();
+  CTemplate& account = mOptions.Template();
+  try {
+    Guard(Named(u"ApplyPendingTo"), [&](GuardScope& scope) { RewriteOne(scope, procedure, run); });
+  } catch (const Failure& failure) {
+    // The walk ends its failures itself: one procedure must not keep the others from their turn.
+    if (!run.counted) account.BatchItem(mModel.Component(record.hComponent).sName, run.name);
+    run.refusals = {{RefusalKind::HostFailure, 0, Text(failure.Description())}};
+  }
+  if (run.refusals.empty()) return;
+  account.BatchRefused(run.refusals);
+  mRefused(procedure, run.refusals);
+}
+
+void Applier::RewriteOne(GuardScope& scope, ProcedureHandle handle, Run& run) {
+  ProcedureRecord& record = mModel.Procedure(handle);
+  CTemplate& engine = mOptions.Template();
+  const Text& module = mModel.Component(record.hComponent).sName;
+  run.name = mModel.NameOf(scope, record);
+  const ProcedureCode code = mModel.CodeOf(scope, record);
+  CompareDeclarations(scope, record, run);
+  const ParsedProcedure procedure(engine.Set(), WithoutEmptyTail(code.text),
+                                  {module, run.name, record.sDeclType}, code.headLine);
+  TakeInCode(record, procedure.Settings());
+  if (!run.CallsFor(record)) return;
+  engine.BatchItem(module, run.name);
+  run.counted = true;
+  Rewrite rewrite = RewriteAsPending(record, procedure, run);
+  run.refusals = std::move(rewrite.refusals);
+  if (!run.refusals.empty()) return;
+  if (rewrite.changed && !WriteBack(record, run.name, procedure, rewrite)) {
+    run.refusals.push_back({RefusalKind::LinesFallToProcedure});
+    return;
+  }
+  TakeOver(record, run);
+}
+
+Rewrite Applier::RewriteAsPending(const ProcedureRecord& record, const ParsedProcedure& procedure,
+                                  const Run& run) const {
+  const CProcSettings& wanted = run.refresh ? record.oCurrent : record.oPending;
+  const ProcedureHandle module = mModel.Component(record.hComponent).lFirstProcedure;
+  const StatedValues stated(
+      wanted, InheritsModule(record, wanted) ? &mModel.Procedure(module).oPending : nullptr);
+  return RewriteProcedure(
+      procedure,
+      {.templateName = wanted.sTemplate(),
+       .hasTemplate = run.refresh || !wanted.sTemplate().empty(),
+       .locked = wanted.eLocked() == TriState::True,
+       .boundary = stated.boundary,
+       .severity = stated.severity,
+       .retry = stated.retry,
+       .trace = wanted.eTrace() == TriState::True},
+      {.numbering = run.numbering, .prove = mOptions.bProve, .listChanges = run.listChanges},
+      MRules::oRules);
+}
+
+Rewrite Applier::PendingRewrite(ProcedureHandle handle, bool listChanges) {
+  return Result(u"PendingRewrite", [&](GuardScope& scope) {
+    // A copy: what changed behind the model is taken in by the rewrite itself, not by a look.
+    ProcedureRecord record = mModel.Procedure(handle);
+    const ComponentRecord& component = mModel.Component(record.hComponent);
+    const Run run{.numbering = MRules::oRules.eLineNumAction, .listChanges = listChanges};
+    const Text name = mModel.NameOf(scope, record);
+    const ProcedureCode code = mModel.CodeOf(scope, record);
+    const TextView source = WithoutEmptyTail(code.text);
+    const ParsedProcedure procedure(mOptions.Template().Set(), source,
+                                    {component.sName, name, record.sDeclType}, code.headLine);
+    TakeInCode(record, procedure.Settings());
+    Rewrite rewrite;
+    rewrite.text = source;
+    if (!IsPassedOver(component) && run.CallsFor(record)) {
+      rewrite = RewriteAsPending(record, procedure, run);
+    }
+    for (; rewrite.blankLines > 0; --rewrite.blankLines) rewrite.text.append(CrLf);
+    rewrite.text.append(code.text, source.size());
+    return rewrite;
+  });
+}
+
+void Applier::TakeInCode(ProcedureRecord& record, const CProcSettings& read) const {
+  CProcSettings fresh = read;
+  mModel.InheritFromModule(record, fresh);
+  if (fresh.Equals(record.oCurrent)) return;
+  // Changed behind the model: by hand, or through another component over the same file.
+  const bool wasClean = !IsDirty(record);
+  record.oCurrent = fresh;
+  if (wasClean) record.oPending = fresh;
+}
+
+void Applier::CompareDeclarations(GuardScope& scope, const ProcedureRecord& record, Run& run) {
+  if (run.declarationsRead == record.hComponent) return;
+  run.declarationsRead = record.hComponent;
+  if (record.nKind == ProcKind::Declarations) return;
+  ProcedureRecord& declarations =
+      mModel.Procedure(mModel.Component(record.hComponent).hDeclarations);
+  CProcSettings read;
+  mOptions.Template().ExtractProcSettings(mModel.CodeOf(scope, declarations).text, read);
+  TakeInCode(declarations, read);
+}
+
+bool Applier::InheritsModule(const ProcedureRecord& record, const CProcSettings& settings) const {
+  return record.nKind != ProcKind::Declarations &&
+         mOptions.Template().Inherit(settings.sTemplate());
+}
+
+void Applier::TakeOver(ProcedureRecord& record, const Run& run) {
+  CProcSettings& written = run.refresh ? record.oCurrent : record.oPending;
+  CProcSettings& current = record.oCurrent;
+  if (written.sTemplate().empty()) {
+    written.SeteBoundary(MQuillon::Boundary::Unset);
+    written.SeteSeverity(MQuillon::Severity::Unset);
+    written.SeteRetry(MQuillon::Retry::Unset);
+    written.SeteTrace(TriState::Unset);
+  }
+  if (&written != &current) current.CopyFrom(written);
+  if (!InheritsModule(record, current)) return;
+  const CProcSettings& module =
+      mModel.Procedure(mModel.Component(record.hComponent).hDeclarations).oCurrent;
+  current.BoundaryInherited = current.eBoundary() == module.eBoundary();
+  current.SeverityInherited = current.eSeverity() == module.eSeverity();
+  current.RetryInherited = current.eRetry() == module.eRetry();
+}
+
+bool Applier::WriteBack(const ProcedureRecord& record, TextView name,
+                        const ParsedProcedure& procedure, const Rewrite& rewrite) {
+  bool stands = true;
+  Guard(Named(u"ReplaceProcedure"), [&](GuardScope& scope) {
+    if (record.oMember) {
+      ReplaceMember(scope, record, name, procedure, rewrite);
+    } else {
+      stands =
+          ModuleEdit::ReplaceDeclarations(scope, mModel.ModuleOf(scope, record.hComponent),
+                                          procedure.Source(), rewrite.text, rewrite.blankLines);
+    }
+  });
+  return stands;
+}
+
+void Applier::ReplaceMember(GuardScope& scope, const ProcedureRecord& record, TextView name,
+                            const ParsedProcedure& procedure, const Rewrite& rewrite) {
+  CodeModule& module = mModel.ModuleOf(scope, record.hComponent);
+  const auto start = SteppedModule(scope, module).ProcStartLine(name, record.nKind);
+  const ModuleEdit::Attributes saved = ModuleEdit::Save(scope, *record.oMember);
+  std::exception_ptr failure;
+  try {
+    ModuleEdit::ReplaceLines(scope, module, start, procedure.Source(), rewrite.text,
+                             rewrite.blankLines);
+  } catch (...) {
+    failure = std::current_exception();
+  }
+  const Text notSet = ModuleEdit::Restore(*record.oMember, saved);
+  if (!notSet.empty()) {
+    mOptions.Template().BatchNote(u"Attributes could not be set again: " + notSet);
+  }
+  if (failure) std::rethrow_exception(failure);
+}

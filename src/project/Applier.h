@@ -1,0 +1,62 @@
+// Moves settings between the three sets of a procedure and makes the code agree with Pending: takes
+// a procedure's code, has the new text made, writes it back and takes the settings over.
+//
+//   applier.TakeSuggested(ModelScope::Group());
+//   applier.ApplyPending(ModelScope::Group(), false, MQuillon::LineNumAction::AsRule);
+//
+// A procedure that can't be rewritten is told to the template's batch account and to the signal;
+// its code and settings stay, and the walk goes on.
+#pragma once
+
+#include <vector>
+
+#include "GroupLoader.h"
+#include "GroupModel.h"
+#include "ModelOptions.h"
+#include "ModelScope.h"
+#include "Rewriter.h"
+#include "Signal.h"
+
+class Applier {
+ public:
+  using Refused = Signal<ProcedureHandle, const std::vector<Refusal>&>;
+
+  /// All outlive this object.
+  Applier(const ModelOptions& options, GroupModel& model, GroupLoader& loader, Refused& refused)
+      : mOptions(options), mModel(model), mLoader(loader), mRefused(refused) {}
+
+  /// Suggested becomes Pending, but for the lock, where the procedure isn't locked; loads the
+  /// scope.
+  void TakeSuggested(const ModelScope& scope);
+  /// Current becomes Pending again, but for the lock, where Pending isn't locked.
+  void TakeCurrent(const ModelScope& scope);
+  /// refresh: loads the scope and rewrites clean procedures too, from Current.
+  void ApplyPending(const ModelScope& scope, bool refresh, MQuillon::LineNumAction numbering);
+  /// What ApplyPending would make of the procedure, line numbers as the rule says; writes nothing
+  /// back and tells nobody. The text is the present one when nothing would be rewritten.
+  Rewrite PendingRewrite(ProcedureHandle procedure, bool listChanges);
+
+ private:
+  struct Run;
+
+  void ApplyTo(ProcedureHandle procedure, Run& run);
+  void RewriteOne(GuardScope& scope, ProcedureHandle procedure, Run& run);
+  Rewrite RewriteAsPending(const ProcedureRecord& record, const ParsedProcedure& procedure,
+                           const Run& run) const;
+  /// Settings that were read from the code take the place of Current when they differ.
+  void TakeInCode(ProcedureRecord& record, const CProcSettings& read) const;
+  void CompareDeclarations(GuardScope& scope, const ProcedureRecord& record, Run& run);
+  bool InheritsModule(const ProcedureRecord& record, const CProcSettings& settings) const;
+  /// Current takes what was written.
+  void TakeOver(ProcedureRecord& record, const Run& run);
+  /// False: the lines don't stay in the declarations; the module has its old ones.
+  bool WriteBack(const ProcedureRecord& record, TextView name, const ParsedProcedure& procedure,
+                 const Rewrite& rewrite);
+  void ReplaceMember(GuardScope& scope, const ProcedureRecord& record, TextView name,
+                     const ParsedProcedure& procedure, const Rewrite& rewrite);
+
+  const ModelOptions& mOptions;
+  GroupModel& mModel;
+  GroupLoader& mLoader;
+  Refused& mRefused;
+};

@@ -1,0 +1,47 @@
+// Loading, suggesting and applying: handed on to those who do it.
+#include "CIDEHandler.h"
+
+#include "ExpertFacts.h"
+#include "HandlerGuard.h"
+
+using namespace HandlerGuard;
+
+void CIDEHandler::LoadProjects(VBE& oVBInst) {
+  VBInst = &oVBInst;
+  mLoader.LoadProjects(oVBInst);
+}
+
+void CIDEHandler::LoadComponent(ComponentHandle hComponent) {
+  mLoader.LoadComponent(hComponent);
+}
+
+void CIDEHandler::ForceLoadProjectComponents(ProjectHandle hProject) {
+  mLoader.LoadComponentsOf(hProject);
+}
+
+void CIDEHandler::ForceLoadGroupComponents() {
+  mLoader.LoadAllComponents();
+}
+
+void CIDEHandler::ApplySuggestedSettings(const ModelScope& Scope) {
+  mApplier.TakeSuggested(Scope);
+}
+
+void CIDEHandler::ApplyCurrentSettings(const ModelScope& Scope) {
+  mApplier.TakeCurrent(Scope);
+}
+
+void CIDEHandler::ApplyPendingSettings(const ModelScope& Scope, bool Refresh,
+                                       MQuillon::LineNumAction LineNumAction) {
+  mApplier.ApplyPending(Scope, Refresh, LineNumAction);
+}
+
+Rewrite CIDEHandler::PendingRewrite(ProcedureHandle hProcedure, bool listChanges) {
+  return mApplier.PendingRewrite(hProcedure, listChanges);
+}
+
+void CIDEHandler::RefreshSuggestions() {
+  Guard(Named(u"RefreshSuggestions"), [&](GuardScope&) {
+    for (const ProcedureHandle h : Procedures()) ExpertFacts::Suggest(mModel, mModel.Procedure(h));
+  });
+}

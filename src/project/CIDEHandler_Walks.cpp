@@ -1,0 +1,98 @@
+// The walks over projects, components and procedures, which answer by events.
+#include "CIDEHandler.h"
+#include "HandlerGuard.h"
+#include "IFileOps.h"
+#include "PathText.h"
+#include "SteppedIDE.h"
+
+using namespace HandlerGuard;
+
+namespace {
+
+constexpr std::int64_t NanosecondsPerSecond = 1'000'000'000;
+
+/// Date of a file, 0 without a name. A file that can't be asked is reported, but the walk that
+/// lists it goes on: one vanished file must not empty the list.
+std::int64_t FileModified(TextView file) {
+  if (file.empty()) return 0;
+  try {
+    return Result(u"FileModified", [&](GuardScope&) {
+      IFileOps::Stat stat;
+      if (SystemFileOps().GetStat(PathOfText(file), stat) != 0) {
+        throw Failure(53, u"File not found: " + Text(file));
+      }
+      return stat.lModified / NanosecondsPerSecond;
+    });
+  } catch (const Failure&) {
+    return 0;
+  }
+}
+
+}  // namespace
+
+void CIDEHandler::EnumProjects() {
+  Guard(Named(u"EnumProjects"), [&](GuardScope& scope) {
+    for (const ProjectHandle hProject : Projects()) {
+      const SteppedProject project(scope, *mModel.Project(hProject).oProject);
+      const Text title = project.Name();
+      EnumProjectsProc(hProject, title, project.Type());
+      for (const ComponentHandle h : mModel.ComponentsOf(hProject)) {
+        const ComponentRecord& record = mModel.Component(h);
+        EnumComponentsProc(hProject, h, record.sName,
+                           SteppedComponent(scope, *record.oComponent).Type());
+      }
+      EnumComponentsEOF(hProject);
+    }
+  });
+}
+
+void CIDEHandler::EnumComponentsEx(ProjectHandle hProject, std::int32_t lFolderType) {
+  Guard(Named(u"EnumComponentsEx"), [&](GuardScope& scope) {
+    const auto components = mModel.ComponentsOf(hProject);
+    EnumComponentsExBOF();
+    for (const ComponentHandle h : components) {
+      if (lFolderType == 0 || mModel.Component(h).lFolderType == lFolderType) {
+        RowOfComponent(scope, h);
+      }
+    }
+    EnumComponentsExEOF();
+  });
+}
+
+void CIDEHandler::RowOfComponent(GuardScope& scope, ComponentHandle handle) {
+  const ComponentRecord& record = mModel.Component(handle);
+  const SteppedComponent component(scope, *record.oComponent);
+  const Text file = component.FirstFile();
+  EnumComponentsExProc({.hComponent = handle,
+                        .nComponentType = component.Type(),
+                        .sName = record.sName,
+                        .lInstancing = record.lInstancing,
+                        .bReadOnly = record.bReadOnly,
+                        .dModified = FileModified(file),
+                        .sFileName = file});
+}
+
+void CIDEHandler::EnumProcedures(ComponentHandle hComponent) {
+  Guard(Named(u"EnumProcedures"), [&](GuardScope& scope) {
+    const ComponentRecord& record = mModel.Component(hComponent);
+    EnumProceduresBOF();
+    if (record.bLoadError) {
+      EnumProceduresError(hComponent, record.oError);
+      return;
+    }
+    for (const ProcedureHandle h : mModel.ProceduresOf(hComponent)) RowOfProcedure(scope, h);
+    EnumProceduresEOF();
+  });
+}
+
+void CIDEHandler::RowOfProcedure(GuardScope& scope, ProcedureHandle handle) {
+  const ProcedureRecord& record = mModel.Procedure(handle);
+  const auto visibility =
+      record.oMember ? SteppedMember(scope, *record.oMember).Scope() : MemberScope::Unset;
+  EnumProceduresProc({.hProcedure = handle,
+                      .bDirty = IsDirty(record),
+                      .sPROCEDURE = mModel.NameOf(scope, record),
+                      .sProcType = record.sProcType,
+                      .nScope = visibility,
+                      .oProcSettings = &record.oPending});
+}
