@@ -1,4 +1,4 @@
-// Source documents from short texts: "|" stands for a line end.
+// Source documents from short texts: "|" stands for a line end, "\n" and the like for single bytes.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,11 +8,12 @@
 
 #include "Failure.h"
 #include "SourceDocument.h"
+#include "TableRows.h"
 
 inline std::string Joined(std::string_view sRow, std::string_view sEnd = "\r\n") {
   std::string sBytes;
   for (const char c : sRow) c == '|' ? sBytes.append(sEnd) : sBytes.append(1, c);
-  return sBytes;
+  return Unescaped(sBytes);
 }
 
 inline std::unique_ptr<SourceDocument> Opened(std::string_view sRow, const char* szPage = "1252",
