@@ -1,9 +1,15 @@
 #include "DiskIDE.h"
 
+#include <array>
+#include <map>
+
 #include "PathText.h"
 #include "ProjectTree.h"
+#include "TableRows.h"
 
 namespace {
+
+using namespace std::string_literals;
 
 constexpr const char* Code = "Attribute VB_Name = \"Helpers\"\r\nSub A()\r\nEnd Sub\r\n";
 
@@ -31,12 +37,8 @@ TEST(DiskIDE, ShowsComponentsOfEveryKind) {
   const std::string sMenus = " Begin VB.Menu m \n  Begin VB.Menu n \n  End\n End\n";
   const std::string sChild = "  MDIChild = -1  'True\n", sNoChild = "  MDIChild = 0   'False\n";
   const std::string sMaker = "-5775-11D0-B388-00A0C9055D8E} D";
-  struct Row {
-    const char *sEntry, *sFile;
-    std::string sBytes;
-    const char* sExpected;
-  };
-  const Row Rows[] = {
+  const std::array<std::string, 4> aasRow[] = {
+      // entry, file, its bytes, what is shown
       // The file's name wins over the entry's.
       {"Module=Old; m.bas", "m.bas", Code, "1 Helpers [] m.bas"},
       {"Module=Old; m.bas", "m.bas", "Sub A()\r\nEnd Sub", "1 Old [] m.bas"},
@@ -64,41 +66,35 @@ TEST(DiskIDE, ShowsComponentsOfEveryKind) {
       {"RelatedDoc=Read.Me.txt", "x", "", "10 Read.Me.txt [] Read.Me.txt no code"},
       {"ResFile32=\"r.res\"", "x", "", "4 r.res [] r.res no code"},
   };
-  for (const Row& oRow : Rows) {
-    SCOPED_TRACE(oRow.sExpected);
+  for (const auto& [sEntry, sFile, sBytes, sExpected] : aasRow) {
+    SCOPED_TRACE(sExpected);
     ProjectTree oTree;
     oTree.Write("Bin/MAIN.FRX", "");
-    oTree.Write(oRow.sFile, oRow.sBytes);
-    auto pIDE = DiskIDE::Open(oTree.Write("P.vbp", std::string("Type=Exe\n") + oRow.sEntry), {});
-    EXPECT_EQ(Shown(pIDE->Root().VBProjects().Item(1).VBComponents().Item(1)), oRow.sExpected);
+    oTree.Write(sFile, sBytes);
+    auto pIDE = DiskIDE::Open(oTree.Write("P.vbp", "Type=Exe\n" + sEntry), {});
+    EXPECT_EQ(Shown(pIDE->Root().VBProjects().Item(1).VBComponents().Item(1)), sExpected);
   }
 }
 
 TEST(DiskIDE, InstancingComesFromTheClassAttributes) {
-  struct Row {
-    const char *sType, *sExposed, *sCreatable, *sGlobal, *sMultiUse;
-    std::int32_t lExpected;
-  };
-  const Row Rows[] = {
-      {"OleDll", "False", "True", "True", "-1  'True", 1},
-      {"OleDll", "True", "False", "False", "-1", 2},
-      {"OleExe", "True", "True", "False", "0  'False", 3},
-      {"OleExe", "True", "True", "True", "0", 4},
-      {"OleDll", "True", "True", "False", "-1  'True", 5},
-      {"Control", "True", "True", "True", "-1", 6},
-      {"Exe", "True", "True", "False", "-1  'True", 1},
-  };
-  for (const Row& oRow : Rows) {
-    SCOPED_TRACE(oRow.lExpected);
+  // The project's type; Exposed, Creatable, GlobalNameSpace, MultiUse; what they come to.
+  for (const auto& as : Rows(R"(
+           OleDll  | False | True  | True  | -1  'True | 1
+           OleDll  | True  | False | False | -1        | 2
+           OleExe  | True  | True  | False | 0  'False | 3
+           OleExe  | True  | True  | True  | 0         | 4
+           OleDll  | True  | True  | False | -1  'True | 5
+           Control | True  | True  | True  | -1        | 6
+           Exe     | True  | True  | False | -1  'True | 1)")) {
+    SCOPED_TRACE(as[0] + as[5]);
     ProjectTree oTree;
-    std::string sFile = std::string("VERSION 1.0 CLASS\nBEGIN\n  MultiUse = ") + oRow.sMultiUse;
-    sFile += std::string("\nEND\nAttribute VB_GlobalNameSpace = ") + oRow.sGlobal;
-    sFile += std::string("\nAttribute VB_Creatable = ") + oRow.sCreatable;
-    oTree.Write("c.cls", sFile + "\nAttribute VB_Exposed = " + oRow.sExposed + "\n");
-    std::string sProject = std::string("Type=") + oRow.sType + "\nClass=C; c.cls\n";
-    auto pIDE = DiskIDE::Open(oTree.Write("P.vbp", sProject), {});
+    oTree.Write("c.cls", "VERSION 1.0 CLASS\nBEGIN\n  MultiUse = " + as[4] +
+                             "\nEND\nAttribute VB_GlobalNameSpace = " + as[3] +
+                             "\nAttribute VB_Creatable = " + as[2] +
+                             "\nAttribute VB_Exposed = " + as[1] + "\n");
+    auto pIDE = DiskIDE::Open(oTree.Write("P.vbp", "Type=" + as[0] + "\nClass=C; c.cls\n"), {});
     VBComponent& oClass = pIDE->Root().VBProjects().Item(1).VBComponents().Item(1);
-    EXPECT_EQ(oClass.Property(u"Instancing"), oRow.lExpected);
+    EXPECT_EQ(oClass.Property(u"Instancing"), std::stoi(as[5]));
     EXPECT_EQ(FailureNumber([&] { oClass.Property(u"Caption"); }), 380);
   }
 }
@@ -139,39 +135,29 @@ class OpenTest : public testing::Test {
 };
 
 TEST_F(OpenTest, TakesGroupsProjectsAndFolders) {
-  struct Row {
+  for (const auto& as : Rows(R"(
+      B:0 A:3 a.vbp!6                      | G/g.vbg
+      A:3 a.vbp!6                          | A/a.vbp
+      B:0 B2:0                             | B
+      B:0 B2:0                             | B/
+      B:0 B2:0 A:3 g.vbg!2 a.vbp!6         | B | G/g.vbg | Link/a.vbp | A
+      A:3 odd.vbg!7 odd.vbg!1 odd.vbg!2 odd.vbg!3 odd.vbg!5 odd.vbg!6 a.vbp!6           | G/odd.vbg
+      B:0 A:3 odd.vbg!7 odd.vbg!1 odd.vbg!2 odd.vbg!3 odd.vbg!4 odd.vbg!5 odd.vbg!6 a.vbp!6 | G)")) {
+    SCOPED_TRACE(as[0]);
     std::vector<std::string> asPath;
-    const char* sExpected;
-  };
-  const Row Rows[] = {
-      {{"G/g.vbg"}, "B:0 A:3 a.vbp!6 "},
-      {{"A/a.vbp"}, "A:3 a.vbp!6 "},
-      {{"B"}, "B:0 B2:0 "},
-      {{"B/"}, "B:0 B2:0 "},
-      {{"B", "G/g.vbg", "Link/a.vbp", "A"}, "B:0 B2:0 A:3 g.vbg!2 a.vbp!6 "},
-      {{"G/odd.vbg"}, "A:3 odd.vbg!7 odd.vbg!1 odd.vbg!2 odd.vbg!3 odd.vbg!5 odd.vbg!6 a.vbp!6 "},
-      {{"G"},
-       "B:0 A:3 odd.vbg!7 odd.vbg!1 odd.vbg!2 odd.vbg!3 odd.vbg!4 odd.vbg!5 odd.vbg!6 a.vbp!6 "},
-  };
-  for (const Row& oRow : Rows) {
-    SCOPED_TRACE(oRow.sExpected);
-    std::vector<std::string> asPath;
-    for (const auto& sPath : oRow.asPath) asPath.push_back(moTree.Path(sPath));
+    for (std::size_t i = 1; i < as.size(); ++i) asPath.push_back(moTree.Path(as[i]));
     auto pIDE = DiskIDE::Open(asPath, {});
-    EXPECT_EQ(Group(*pIDE, pIDE->Root()), oRow.sExpected);
+    EXPECT_EQ(Group(*pIDE, pIDE->Root()), as[0] + ' ');
   }
 }
 
 TEST_F(OpenTest, RefusesWhatHoldsNoProject) {
-  struct Row {
-    const char* sPath;
-    std::int32_t lNumber;
-  };
-  const Row Rows[] = {{"G/gone.vbp", 53},  {"Gone/g.vbg", 76}, {"G/x.txt", 321},   {"E", 321},
-                      {"G/junk.vbp", 321}, {"E/gone", 53},     {"S/self.vbg", 321}};
-  for (const Row& oRow : Rows) {
-    auto Open = [&] { DiskIDE::Open(moTree.Path(oRow.sPath), {}); };
-    EXPECT_EQ(FailureNumber(Open, oRow.sPath), oRow.lNumber) << oRow.sPath;
+  const std::map<const char*, std::int32_t> oNumbers = {
+      {"G/gone.vbp", 53},  {"Gone/g.vbg", 76}, {"G/x.txt", 321},   {"E", 321},
+      {"G/junk.vbp", 321}, {"E/gone", 53},     {"S/self.vbg", 321}};
+  for (const auto& [sPath, lNumber] : oNumbers) {
+    auto Open = [&, sFile = moTree.Path(sPath)] { DiskIDE::Open(sFile, {}); };
+    EXPECT_EQ(FailureNumber(Open, sPath), lNumber) << sPath;
   }
 }
 
@@ -206,23 +192,18 @@ TEST(DiskIDE, OneFileInTwoProjectsIsOneDocument) {
 }
 
 TEST(DiskIDE, ReadsAgainWhatAnotherProgramChanged) {
-  struct Row {
-    const char *sName, *sOnDisk;  ///< null: the file is removed
-    bool bEdit;
-    const char *sRefreshed, *sShown;
-  };
-  const std::string sEdited = std::string(Code) + "' mine\r\n";
-  const Row Rows[] = {
-      {"nothing happened", Code, false, "", "Sub A()"},
-      {"changed on disk", "Sub B()\r\nEnd Sub\r\n", false, "read", "Sub B()"},
-      {"changed in memory", Code, true, "", "Sub A()"},
-      {"changed in both", "Sub B()\r\nEnd Sub\r\n", true, "conflict", "Sub A()"},
-      {"the same change in both", sEdited.c_str(), true, "read", "Sub A()"},
-      {"removed", nullptr, false, "", "Sub A()"},
-      {"removed under a change", nullptr, true, "conflict", "Sub A()"},
-  };
-  for (const Row& oRow : Rows) {
-    SCOPED_TRACE(oRow.sName);
+  std::map<std::string, std::string> oOnDisk = {
+      {"as it was", Code}, {"B", "Sub B()\r\nEnd Sub\r\n"}, {"edited", Code + "' mine\r\n"s}};
+  // What is on the disk then, and whether the code is edited; what is read again, what is shown.
+  for (const auto& as : Rows(R"vb(
+           nothing happened        | as it was |        |          | Sub A()
+           changed on disk         | B         |        | read     | Sub B()
+           changed in memory       | as it was | edited |          | Sub A()
+           changed in both         | B         | edited | conflict | Sub A()
+           the same change in both | edited    | edited | read     | Sub A()
+           removed                 | gone      |        |          | Sub A()
+           removed under a change  | gone      | edited | conflict | Sub A())vb")) {
+    SCOPED_TRACE(as[0]);
     ProjectTree oTree;
     const std::string sPath = oTree.Write("h.bas", Code);
     oTree.Write("p.vbp", "Type=Exe\nModule=H; h.bas\nModule=L; late.bas\n");
@@ -231,16 +212,16 @@ TEST(DiskIDE, ReadsAgainWhatAnotherProgramChanged) {
     EXPECT_EQ(FailureNumber([&] { oComponents.Item(2).CodeModule(); }), 53);
     pIDE->ShowCode(&oComponents.Item(1));
     CodeModule& oModule = *oComponents.Item(1).CodeModule();
-    if (oRow.bEdit) oModule.InsertLines(oModule.CountOfLines() + 1, u"' mine");
+    if (as[2] == "edited") oModule.InsertLines(oModule.CountOfLines() + 1, u"' mine");
     std::filesystem::remove(sPath);
-    if (oRow.sOnDisk) oTree.Write("h.bas", oRow.sOnDisk);
+    if (as[1] != "gone") oTree.Write("h.bas", oOnDisk[as[1]]);
     oTree.Write("late.bas", Code);
     const DiskIDE::Refreshed oRefreshed = pIDE->Refresh();
     std::string sRefreshed;
     for (const auto& s : oRefreshed.asReread) sRefreshed += s == sPath ? "read" : "";
     for (const auto& s : oRefreshed.asConflict) sRefreshed += s == sPath ? "conflict" : "";
-    EXPECT_EQ(sRefreshed, oRow.sRefreshed);
-    EXPECT_EQ(ToUtf8(pIDE->Root().ActiveCodePane()->CodeModule().Lines(1, 1)), oRow.sShown);
+    EXPECT_EQ(sRefreshed, as[3]);
+    EXPECT_EQ(ToUtf8(pIDE->Root().ActiveCodePane()->CodeModule().Lines(1, 1)), as[4]);
     EXPECT_EQ(ToUtf8(oComponents.Item(2).CodeModule()->Lines(1, 1)), "Sub A()");
     EXPECT_EQ(pIDE->Refresh().asReread.size(), 0u);
     EXPECT_EQ(pIDE->Save().oFailed.size(), oRefreshed.asConflict.size());
