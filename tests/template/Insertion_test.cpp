@@ -60,6 +60,12 @@ const Row Rows[] = {
      {},
      "Sub Run()|'Sig: Fire|    On Error GoTo Catch|    x|y|Leave:|    'clean|    a.Close|b|"
      "    'cleaned|    Exit Sub|Catch:|    Resume Leave|End Sub"},
+    {"what continues a comment is no exit",
+     u"Sub Run()|    x ' note _|    Exit Sub|End Sub",
+     u"Plain",
+     {.bTrace = true},
+     "Sub Run()|'Sig: Plain|    T.Enter \"Run\"|    On Error GoTo Catch|    x ' note _|"
+     "    Exit Sub|Leave:|    T.TraceExit \"Run\"|    Exit Sub|Catch:|    Resume Leave|End Sub"},
     {"clean-up comments stay where no place is for them",
      u"Sub Run()|'FireExit: a|End Sub|'FireExit: b",
      u"Plain",

@@ -56,6 +56,8 @@ TEST(Rewriter, RefusesWhatAModuleWouldReadAsSomethingElse) {
       {"end of another type", u"End Function", "A line of the template would end the procedure"},
       {"end behind a label", u"Over: End Sub", "A line of the template would end the procedure"},
       {"end over two lines", u"End _|    Sub", "A line of the template would end the procedure"},
+      {"end behind a continued statement", u"    x = 1 _|    : End Sub",
+       "A line of the template would end the procedure"},
       {"call of something named so", u"    Subtotal x: Properties y", "accepted"},
       {"a head in a literal", u"    Log \"x: Sub y()\"", "accepted"},
       {"a head in a comment", u"    ' Sub y()", "accepted"},
@@ -162,14 +164,25 @@ TEST(Rewriter, ListsTheLinesThatChanged) {
 
 TEST(Rewriter, KeepsBlankLinesAtTheEndApart) {
   EngineFixture engine(Templates);
-  const Text code = Code(u"'Sig: Mod||Private Const M = \"Mod\"||Dim a||'Sig: Locked|| ");
-  const TextView withoutTail = TextView(code).substr(0, code.size() - 5);
-  const ParsedProcedure procedure(engine.oEngine.Set(), withoutTail,
-                                  {u"Mod", MQuillon::DeclarationsName, u""}, 1);
-  const Rewrite rewrite =
-      RewriteProcedure(procedure, {.hasTemplate = false}, {.prove = true}, engine.oRules);
-  EXPECT_EQ(Piped(rewrite.text), "Dim a");
-  EXPECT_EQ(rewrite.blankLines, 1);
+  const struct {
+    const char* name;
+    TextView code;
+    const char* text;
+    std::int32_t blankLines;
+  } rows[] = {
+      {"ahead of a template", u"Dim a|||'Sig: Mod||Private Const M = \"Mod\"", "Dim a", 2},
+      {"ahead of a lock", u"'Sig: Mod||Private Const M = \"Mod\"||Dim a||'Sig: Locked", "Dim a", 1},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const Text code = Code(row.code);
+    const ParsedProcedure procedure(engine.oEngine.Set(), code,
+                                    {u"Mod", MQuillon::DeclarationsName, u""}, 1);
+    const Rewrite rewrite =
+        RewriteProcedure(procedure, {.hasTemplate = false}, {.prove = true}, engine.oRules);
+    EXPECT_EQ(Piped(rewrite.text), row.text);
+    EXPECT_EQ(rewrite.blankLines, row.blankLines);
+  }
 }
 
 }  // namespace
