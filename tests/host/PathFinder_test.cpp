@@ -1,7 +1,9 @@
 #include "PathFinder.h"
 
+#include "MXString.h"
 #include "PathText.h"
 #include "ProjectTree.h"
+#include "TableRows.h"
 
 namespace {
 
@@ -21,39 +23,33 @@ class PathFinderTest : public testing::Test {
 };
 
 TEST_F(PathFinderTest, FindsWhatWindowsWouldFind) {
-  struct Row {
-    const char* sName;
-    Text sEntry;
-    const char* sFound;  // below the root of the tree; with "?" behind it: it isn't there
-  };
-  Text sRoot = TextOfPath(moTree.Root());
-  const Row Rows[] = {
-      {"same folder", u"Main.vbp", "Orders/Main.vbp"},
-      {"exact case first", u"A.bas", "Orders/A.bas"},
-      {"the other exact case", u"a.bas", "Orders/a.bas"},
-      {"case of every part", u"SUB FOLDER\\module.bas", "Orders/Sub Folder/Module.BAS"},
-      {"slashes of both kinds, repeated", u".\\Sub Folder//Module.bas",
-       "Orders/Sub Folder/Module.BAS"},
-      {"parent", u"..\\common\\HELPERS.BAS", "Common/helpers.bas"},
-      {"parent of a part that isn't there", u"Gone\\..\\a.bas", "Orders/a.bas"},
-      {"letters beyond ASCII", u"CAF\u00C9.CLS", "Orders/Caf\xC3\xA9.cls"},
-      {"missing file", u"sub folder\\Gone.bas", "Orders/Sub Folder/Gone.bas?"},
-      {"missing folder", u"..\\Gone\\x.bas", "Gone/x.bas?"},
-      {"a file where a folder should be", u"a.bas\\b.bas", "Orders/a.bas/b.bas?"},
-      {"short name", u"..\\Common\\EXTRAO~1.FRM", "Common/Extraordinary.frm"},
-      {"short name that fits two", u"..\\Common\\LONGN~1.BAS", "Common/LONGN~1.BAS?"},
-      {"root of this machine", sRoot + u"/Orders/a.bas", "Orders/a.bas"},
-      {"drive at the root", u"C:" + sRoot + u"\\Orders\\main.vbp", "Orders/Main.vbp"},
-      {"drive of another machine", u"d:\\Work\\ORDERS\\Sub Folder\\Module.bas",
-       "Orders/Sub Folder/Module.BAS"},
-      {"network path", u"\\\\server\\d$\\orders\\Main.vbp", "Orders/Main.vbp"},
-  };
-  for (const Row& oRow : Rows) {
-    SCOPED_TRACE(oRow.sName);
-    std::string sExpected = moTree.Path(oRow.sFound);
+  const Text sRoot = TextOfPath(moTree.Root());
+  // What is found stands below the root of the tree, which entries call ROOT; with "?" behind it:
+  // it isn't there.
+  for (const auto& as : Rows(R"(
+           same folder                       | Main.vbp                             | Orders/Main.vbp
+           exact case first                  | A.bas                                | Orders/A.bas
+           the other exact case              | a.bas                                | Orders/a.bas
+           case of every part                | SUB FOLDER\module.bas                | Orders/Sub Folder/Module.BAS
+           slashes of both kinds, repeated   | .\Sub Folder//Module.bas             | Orders/Sub Folder/Module.BAS
+           parent                            | ..\common\HELPERS.BAS                | Common/helpers.bas
+           parent of a part that isn't there | Gone\..\a.bas                        | Orders/a.bas
+           letters beyond ASCII              | CAFÉ.CLS                             | Orders/Café.cls
+           missing file                      | sub folder\Gone.bas                  | Orders/Sub Folder/Gone.bas?
+           missing folder                    | ..\Gone\x.bas                        | Gone/x.bas?
+           a file where a folder should be   | a.bas\b.bas                          | Orders/a.bas/b.bas?
+           short name                        | ..\Common\EXTRAO~1.FRM               | Common/Extraordinary.frm
+           short name that fits two          | ..\Common\LONGN~1.BAS                | Common/LONGN~1.BAS?
+           root of this machine              | ROOT/Orders/a.bas                    | Orders/a.bas
+           drive at the root                 | C:ROOT\Orders\main.vbp               | Orders/Main.vbp
+           drive of another machine          | d:\Work\ORDERS\Sub Folder\Module.bas | Orders/Sub Folder/Module.BAS
+           network path                      | \\server\d$\orders\Main.vbp          | Orders/Main.vbp)")) {
+    SCOPED_TRACE(as[0]);
+    const Text sEntry = MXString::StringReplace(FromUtf8(as[1]), u"ROOT", sRoot);
+    std::string sExpected = moTree.Path(as[2]);
     bool bMissing = sExpected.ends_with('?');
     if (bMissing) sExpected.pop_back();
-    PathFinder::Found oFound = moFinder.Find(moTree.Path("Orders"), oRow.sEntry);
+    PathFinder::Found oFound = moFinder.Find(moTree.Path("Orders"), sEntry);
     EXPECT_EQ(oFound.sPath, sExpected);
     EXPECT_EQ(oFound.bExists, !bMissing);
   }

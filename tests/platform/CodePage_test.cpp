@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <tuple>
 
 #include "Failure.h"
 
@@ -52,11 +53,7 @@ TEST(CodePage, RandomByteStringsComeBackWhateverTheirLength) {
 }
 
 TEST(CodePage, DecodesAsTheMachineOfThatPageWould) {
-  struct Row {
-    const char* pcPage;
-    std::string sBytes;
-    Text sText;
-  } const aoRow[] = {
+  const std::tuple<const char*, std::string, Text> aoRow[] = {
       {"windows-1252", "\x80 caf\xE9 \x81\x9F", u"\u20AC caf\u00E9 \u0081\u0178"},
       {"UTF8", "\xC3\xA9\xF0\x9F\x98\x80", u"\u00E9\U0001F600"},
       {"utf-8", "\xC3(\xED\xA0\x80\xC0\x80", u"\xDCC3(\xDCED\xDCA0\xDC80\xDCC0\xDC80"},
@@ -72,18 +69,12 @@ TEST(CodePage, DecodesAsTheMachineOfThatPageWould) {
       // An unassigned character is carried whole: its trail byte is no letter of the source.
       {"950", "\xFE\x41!", u"\xDCFE\xDC41!"},
   };
-  for (const Row& oRow : aoRow) {
-    SCOPED_TRACE(std::string(oRow.pcPage) + ' ' + oRow.sBytes);
-    EXPECT_EQ(CodePage::Get(oRow.pcPage).Decode(oRow.sBytes), oRow.sText);
-  }
+  for (const auto& [pcPage, sBytes, sText] : aoRow)
+    EXPECT_EQ(CodePage::Get(pcPage).Decode(sBytes), sText) << pcPage << ' ' << sBytes;
 }
 
 TEST(CodePage, TextThatAPageLacksIsRefusedAtItsUnitAndLeavesNothing) {
-  struct Row {
-    const char* pcPage;
-    Text sText;
-    std::size_t lBadUnit;
-  } const aoRow[] = {
+  const std::tuple<std::string, Text, std::size_t> aoRow[] = {
       {"1252", Text(40, u'a') + u"\u0416b", 40},
       {"1252", u"\x80", 0},
       {"1252", u"\xDC41", 0},
@@ -95,12 +86,12 @@ TEST(CodePage, TextThatAPageLacksIsRefusedAtItsUnitAndLeavesNothing) {
       {"utf-8", u"ab\xDC41", 2},
       {"utf-8", u"ab\xDFFF", 2},
   };
-  for (const Row& oRow : aoRow) {
-    SCOPED_TRACE(oRow.pcPage + std::string(" ") + ToUtf8(oRow.sText));
+  for (const auto& [sPage, sText, lWanted] : aoRow) {
+    SCOPED_TRACE(sPage + ' ' + ToUtf8(sText));
     std::string sBytes = "before";
     std::size_t lBadUnit = 99;
-    EXPECT_FALSE(CodePage::Get(oRow.pcPage).Encode(oRow.sText, sBytes, lBadUnit));
-    EXPECT_EQ(lBadUnit, oRow.lBadUnit);
+    EXPECT_FALSE(CodePage::Get(sPage).Encode(sText, sBytes, lBadUnit));
+    EXPECT_EQ(lBadUnit, lWanted);
     EXPECT_EQ(sBytes, "before");
   }
 }

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "CXRecent.h"
 #include "ErrorRuntime.h"
 #include "Failure.h"
@@ -89,10 +91,7 @@ TEST_F(MXRegistryTest, OptionsComeBackAndMistypedOnesAreTheUsual) {
 }
 
 TEST(CXParamString, PairsAreFoundExactlyAndMoveWhenChanged) {
-  struct Row {
-    const char* sName;
-    TextView sParams, sProperty, sValue, sBefore, sAfter;
-  } const aoRow[] = {
+  const std::tuple<const char*, Text, Text, Text, Text, Text> aoRow[] = {
       {"first", u"", u"a", u"1", u"", u"a=1"},
       {"changed", u"a=1&", u"a", u"2", u"1", u"a=2"},
       {"moved to the end", u"a=1&b=2", u"a", u"3", u"1", u"b=2&a=3"},
@@ -101,13 +100,13 @@ TEST(CXParamString, PairsAreFoundExactlyAndMoveWhenChanged) {
       {"name in a value", u"x=b=1", u"b", u"2", u"", u"x=b=1&b=2"},
       {"empty value", u"a=&b=2&", u"a", u"", u"", u"b=2&a="},
   };
-  for (const Row& oRow : aoRow) {
-    SCOPED_TRACE(oRow.sName);
+  for (const auto& [pcName, sParams, sProperty, sValue, sBefore, sAfter] : aoRow) {
+    SCOPED_TRACE(pcName);
     CXParamString oParams;
-    oParams.SetParamString(oRow.sParams);
-    EXPECT_EQ(oParams.Property(oRow.sProperty), oRow.sBefore);
-    oParams.SetProperty(oRow.sProperty, oRow.sValue);
-    EXPECT_EQ(oParams.ParamString(), oRow.sAfter);
+    oParams.SetParamString(sParams);
+    EXPECT_EQ(oParams.Property(sProperty), sBefore);
+    oParams.SetProperty(sProperty, sValue);
+    EXPECT_EQ(oParams.ParamString(), sAfter);
   }
 }
 

@@ -3,17 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "TempFolder.h"
 #include "Utf8.h"
 
 namespace {
 
-struct Row {
-  const char* name;
-  std::string path, shown;
-};
-
-const Row Rows[] = {
+const std::array<std::string, 3> Rows[] = {
     {"UTF-8", "/caf\xC3\xA9/\xF0\x9F\x98\x80.bas", "/caf\xC3\xA9/\xF0\x9F\x98\x80.bas"},
     {"other bytes", "/caf\xC3\xA9\xE9/\xFF.bas", "/caf\xC3\xA9\\xE9/\\xFF.bas"},
     {"a sequence that ends early", "\xE2\x82", "\\xE2\\x82"},
@@ -24,12 +21,12 @@ const Row Rows[] = {
 };
 
 TEST(PathText, HasOneFormThatLeadsBackToTheBytes) {
-  for (const Row& row : Rows) {
-    SCOPED_TRACE(row.name);
-    EXPECT_EQ(ShownPath(row.path), row.shown);
-    EXPECT_EQ(PathOfShown(row.shown), row.path);
-    EXPECT_EQ(ToUtf8(TextOfPath(row.path)), row.shown);
-    EXPECT_EQ(PathOfText(TextOfPath(row.path)), row.path);
+  for (const auto& [name, path, shown] : Rows) {
+    SCOPED_TRACE(name);
+    EXPECT_EQ(ShownPath(path), shown);
+    EXPECT_EQ(PathOfShown(shown), path);
+    EXPECT_EQ(ToUtf8(TextOfPath(path)), shown);
+    EXPECT_EQ(PathOfText(TextOfPath(path)), path);
   }
   EXPECT_EQ(PathOfText(u"a\xDCFF\xD800"), "a\xEF\xBF\xBD\xEF\xBF\xBD") << "finds no file";
   EXPECT_EQ(PathOfText(u"a\xDCFF"), "a\xFF") << "as code pages carry a byte";

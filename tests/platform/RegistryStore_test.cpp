@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 
 #include "CodePage.h"
@@ -21,6 +22,17 @@ struct RegistryStoreTest : testing::Test {
   const TempFolder oFolder;
   const std::string sPath = oFolder / "new/s.reg";
   FaultyFileOps oFiles;
+
+  /// Does the work in this program and in a child of it at once.
+  template <class Work>
+  void DoTwice(Work&& oWork) {
+    const pid_t lChild = fork();
+    oWork(lChild == 0 ? u"child" : u"parent");
+    if (lChild == 0) _exit(0);
+    int lStatus = 1;
+    waitpid(lChild, &lStatus, 0);
+    EXPECT_EQ(lStatus, 0);
+  }
 
   void Write(const std::string& sBytes) {
     std::filesystem::create_directories(oFolder / "new");
@@ -68,19 +80,17 @@ TEST_F(RegistryStoreTest, ReadsWhatRegistryEditorsExportAndKeepsItsForm) {
                             "\"B\"=hex:01,02,\\\r\n  03\r\n";
   const std::string sWideHex = "\"H\"=hex(1):e9,00,\\\r\n  00,00\r\n";
   const std::string sAdded = "\"X\"=dword:00000001\r\n";
-  struct Row {
-    const char* sName;
-    std::string sBytes, sAdded;  ///< sAdded: the new line in the file's own form
-  } const aoRow[] = {
+  // A name, the bytes, the new line in the file's own form.
+  const std::array<std::string, 3> aasRow[] = {
       {"5.00 in ASCII", sHeader + sBody + sWideHex, sAdded},
       {"5.00 in UTF-8", "\xEF\xBB\xBF" + sHeader + sBody + sWideHex, sAdded},
       {"5.00 in UTF-16", Wide(sHeader + sBody + sWideHex), Wide(sAdded).substr(2)},
       {"REGEDIT4", "REGEDIT4\r\n\r\n" + sBody + "\"H\"=hex(1):e9,00\r\n", sAdded},
       {"no last line end", sHeader + sBody + "\"H\"=hex(1):e9,00", "\r\n" + sAdded},
   };
-  for (const Row& oRow : aoRow) {
-    SCOPED_TRACE(oRow.sName);
-    Write(oRow.sBytes);
+  for (const auto& [sName, sBytes, sLine] : aasRow) {
+    SCOPED_TRACE(sName);
+    Write(sBytes);
     RegistryStore oStore(sPath);
     EXPECT_TRUE(oStore.Problems().empty());
     EXPECT_EQ(oStore.GetString(sKey, u"T"), u"a\\b");
@@ -90,7 +100,7 @@ TEST_F(RegistryStoreTest, ReadsWhatRegistryEditorsExportAndKeepsItsForm) {
     EXPECT_EQ(oStore.ValueType(sKey, u"B"), 3u);
     EXPECT_EQ(oStore.ValueNames(sKey), (std::vector<Text>{u"T", u"N", u"", u"B", u"H"}));
     oStore.SetLong(sKey, u"X", 1);
-    EXPECT_EQ(TempFolder::Read(sPath), oRow.sBytes + oRow.sAdded);
+    EXPECT_EQ(TempFolder::Read(sPath), sBytes + sLine);
     oStore.SetString(sKey, u"X", u"\u00E9");
     EXPECT_EQ(RegistryStore(sPath).GetString(sKey, u"X"), u"\u00E9");
   }
@@ -98,10 +108,7 @@ TEST_F(RegistryStoreTest, ReadsWhatRegistryEditorsExportAndKeepsItsForm) {
 
 TEST_F(RegistryStoreTest, DamagedLinesAreToldWithTheirNumbersAndKept) {
   using Numbers = std::vector<std::size_t>;
-  struct Row {
-    Numbers alProblem;
-    std::vector<std::string> asLine;
-  } const aoRow[] = {
+  const std::pair<Numbers, std::vector<std::string>> aoRow[] = {
       {{}, {"; a note \xE9", "\"A\"=-", "\"A\"=hex:41,\\", "\t"}},
       {{4}, {"\"A\"=dword:12g", "\"A\"=dword:123456789", "\"A\"=dword:", "\"A\"=qword:1"}},
       {{4}, {"\"A\"=\"b", "\"A\"=\"b\\", "\"A\"=\"b\" c", "\"A", "\"A\"", "=1", "<<<<<<< HEAD"}},
@@ -125,9 +132,8 @@ TEST_F(RegistryStoreTest, DamagedLinesAreToldWithTheirNumbersAndKept) {
     oStore.SetString(u"HKEY_CURRENT_USER\\Other", u"B", u"c");
     EXPECT_EQ(TempFolder::Read(sPath), sBytes + sOther);
   };
-  for (const Row& oRow : aoRow) {
-    for (const std::string& sLine : oRow.asLine) check(sLine, oRow.alProblem);
-  }
+  for (const auto& [alProblem, asLine] : aoRow)
+    for (const std::string& sLine : asLine) check(sLine, alProblem);
 }
 
 TEST_F(RegistryStoreTest, ChangesTouchSingleLines) {
@@ -201,22 +207,13 @@ TEST_F(RegistryStoreTest, FilesThatEndInTheMiddleOfSomethingAreGoneOnWith) {
 }
 
 TEST_F(RegistryStoreTest, TwoProgramsThatWriteAtOnceLoseNothing) {
-  const auto write = [&](const Text& sWho) {
+  DoTwice([&](const Text& sWho) {
     RegistryStore oStore(sPath);
     for (int i = 0; i < 100; ++i) {
       oStore.SetLong(sKey, sWho + ToText(i), i);
       if (i % 3 == 0) oStore.DeleteValue(sKey, sWho + ToText(i));
     }
-  };
-  const pid_t lChild = fork();
-  if (lChild == 0) {
-    write(u"child");
-    _exit(0);
-  }
-  write(u"parent");
-  int lStatus = 1;
-  waitpid(lChild, &lStatus, 0);
-  EXPECT_EQ(lStatus, 0);
+  });
   RegistryStore oStore(sPath);
   EXPECT_EQ(oStore.ValueNames(sKey).size(), 2u * 66);
   EXPECT_EQ(oStore.GetLong(sKey, u"child98"), 98);
@@ -224,21 +221,14 @@ TEST_F(RegistryStoreTest, TwoProgramsThatWriteAtOnceLoseNothing) {
 }
 
 TEST_F(RegistryStoreTest, ProgramsThatWriteWhatTheyReadLoseNothing) {
-  const auto count = [&] {
+  DoTwice([&](const Text&) {
     RegistryStore oStore(sPath);
     for (int i = 0; i < 100; ++i) {
       RegistryStore::Batch oBatch(oStore);
       oBatch.LockAndRead();
       oStore.SetLong(sKey, u"Count", oStore.GetLong(sKey, u"Count").value_or(0) + 1);
     }
-  };
-  const pid_t lChild = fork();
-  if (lChild == 0) {
-    count();
-    _exit(0);
-  }
-  count();
-  waitpid(lChild, nullptr, 0);
+  });
   EXPECT_EQ(RegistryStore(sPath).GetLong(sKey, u"Count"), 200);
 }
 
