@@ -2,6 +2,7 @@
 #include "FIDE.h"
 
 #include "FSave.h"
+#include "FormLook.h"
 #include "FormsFixture.h"
 #include "MQuillon.h"
 #include "MXHTMLHelp.h"
@@ -15,7 +16,8 @@ namespace {
 
 using namespace Forms;
 
-constexpr const char* sModuleBytes = "Attribute VB_Name = \"MMain\"\r\nSub Main()\r\nEnd Sub\r\n";
+const std::string sHead = "Attribute VB_Name = \"MMain\"\r\n";
+const std::string sModuleBytes = sHead + "Sub Main()\r\nEnd Sub\r\n";
 constexpr const char* sClassBytes = "Attribute VB_Name = \"COrder\"\r\nSub Ship()\r\nEnd Sub\r\n";
 constexpr const char* sClean = "Shop=Standard EXE[COrder=Class Module MMain=Standard Module ]";
 constexpr const char* sDirty = "Shop=Standard EXE[COrder=Class Module MMain=Standard ModuleDirty ]";
@@ -27,8 +29,7 @@ struct TestAddIn : IDTExtensibility {
   VBE* poVBE = nullptr;
   Connection oLink, oButtonLink;
 
-  TestAddIn(std::string& sLog, std::function<void(VBE&)>& oOnClick)
-      : psLog(&sLog), poOnClick(&oOnClick) {}
+  TestAddIn(std::string& s, std::function<void(VBE&)>& o) : psLog(&s), poOnClick(&o) {}
   ~TestAddIn() override { *psLog += "gone "; }
   void OnConnection(VBE& oVBInst, ConnectMode nConnectMode) override {
     poVBE = &oVBInst;
@@ -110,9 +111,7 @@ class FIDETest : public FormsTest {
   static void ExpectHolds(const std::string& sAll, std::initializer_list<const char*> asPart) {
     for (const char* s : asPart) EXPECT_NE(sAll.find(s), std::string::npos) << sAll;
   }
-  void AnswerSave(CommandButton FSave::*pButton) {
-    User().Modal<FSave>([=](FSave& o) { (o.*pButton).UserClick(); });
-  }
+  void AnswerSave(const std::string& sDeed) { User().Modal<FSave>(Deeds(sDeed)); }
 
   ProjectTree moTree;
   OwnSettings moStore;
@@ -120,6 +119,10 @@ class FIDETest : public FormsTest {
   std::string msLog;
   std::function<void(VBE&)> moOnClick;
   FIDE moIDE{moToolkit, moFaces, [this] { return std::make_unique<TestAddIn>(msLog, moOnClick); }};
+};
+
+class OpenFIDETest : public FIDETest {
+  void SetUp() override { Start(); }
 };
 
 TEST_F(FIDETest, OpensTheGroupAndConnectsTheAddInAMomentAfterItShows) {
@@ -137,11 +140,11 @@ TEST_F(FIDETest, OpensTheGroupAndConnectsTheAddInAMomentAfterItShows) {
 TEST_F(FIDETest, DamagedPlacesAndAMissingHelpFileLeaveAWindowThatWorks) {
   const Text sKey = Text(u"HKEY_CURRENT_USER\\").append(MXRegistry::RootKey) + u"FIDE";
   for (const auto& as : Rows(R"(
-         Left |        | -2147483647
-         Top  |        | 2147483647
-         Width |       | 0
-         Height |      | 3
-         Left | \Split | 2147483647)")) {
+         Left   |        | -2147483647
+         Top    |        | 2147483647
+         Width  |        | 0
+         Height |        | 3
+         Left   | \Split | 2147483647)")) {
     SCOPED_TRACE(as[0] + as[1]);
     moStore.SetLong(sKey + FromUtf8(as[1]), FromUtf8(as[0]), std::stoi(as[2]));
     Start();
@@ -194,8 +197,7 @@ TEST_F(FIDETest, GroupThatCanNotBeReadIsToldAndTheOpenOneStays) {
   }
 }
 
-TEST_F(FIDETest, MenuAndToolBarsAreThoseOfTheAddIn) {
-  Start();
+TEST_F(OpenFIDETest, MenuAndToolBarsAreThoseOfTheAddIn) {
   EXPECT_EQ(moIDE.mnuAddInsItem(1).Caption(), u"&Test...");
   ASSERT_EQ(moIDE.cmdTool.Count(), 2);
   EXPECT_EQ(moToolkit.Picture(moIDE.cmdTool(1).Picture(), 16), "picture16");
@@ -219,8 +221,7 @@ TEST_F(FIDETest, MenuAndToolBarsAreThoseOfTheAddIn) {
   EXPECT_EQ(moIDE.cmdTool.Count(), 2);
 }
 
-TEST_F(FIDETest, BarsStandInTheirRowsInsideTheWindow) {
-  Start();
+TEST_F(OpenFIDETest, BarsStandInTheirRowsInsideTheWindow) {
   // Row and wish of the second bar; the first one is in row 0 at 0.
   for (const auto& as : Rows(R"(
          the same row     | 0 | 0
@@ -265,8 +266,7 @@ TEST_F(FIDETest, SelectedComponentIsTheActiveCodePane) {
   }
 }
 
-TEST_F(FIDETest, ChangesOfTheAddInAreShownAndSavedOnTheUsersWord) {
-  Start();
+TEST_F(OpenFIDETest, ChangesOfTheAddInAreShownAndSavedOnTheUsersWord) {
   Select(u"MMain");
   EXPECT_FALSE(moIDE.mnuFileSave.Enabled());
   Edit();
@@ -281,31 +281,29 @@ TEST_F(FIDETest, ChangesOfTheAddInAreShownAndSavedOnTheUsersWord) {
   EXPECT_EQ(moIDE.paneChanges.Text(), u"No changes.");
   EXPECT_EQ(moTree.Read("Main.bas"), sModuleBytes);
   EXPECT_TRUE(moIDE.mnuFileSave.UserPick());
-  EXPECT_EQ(moTree.Read("Main.bas"),
-            "Attribute VB_Name = \"MMain\"\r\n' edited\r\nSub Main()\r\nEnd Sub\r\n");
+  EXPECT_EQ(moTree.Read("Main.bas"), sHead + "' edited\r\nSub Main()\r\nEnd Sub\r\n");
   EXPECT_EQ(Tree(), sClean);
   EXPECT_EQ(moIDE.paneChanges.Text(), u"No changes.");
 }
 
 TEST_F(FIDETest, LeavingAsksWhatBecomesOfChanges) {
   for (const bool bClose : {true, false})
-    for (const auto pButton : {&FSave::cmdCancel, &FSave::cmdDiscard, &FSave::cmdSave}) {
-      SCOPED_TRACE(bClose ? "at the end" : "at another group");
-      const bool bLeaves = pButton != &FSave::cmdCancel;
+    for (const std::string sButton : {"cmdCancel", "cmdDiscard", "cmdSave"}) {
+      SCOPED_TRACE(sButton + (bClose ? " at the end" : " at another group"));
+      const bool bLeaves = sButton != "cmdCancel";
       moTree.Write("Main.bas", sModuleBytes);
       Start();
       Edit();
-      AnswerSave(pButton);
+      AnswerSave(sButton);
       EXPECT_EQ(bClose ? moIDE.UserClose() : moIDE.OpenGroup(PathText("Shop.vbp")), bLeaves);
-      EXPECT_EQ(moTree.Read("Main.bas") != sModuleBytes, pButton == &FSave::cmdSave);
+      EXPECT_EQ(moTree.Read("Main.bas") != sModuleBytes, sButton == "cmdSave");
       EXPECT_EQ(moIDE.mnuFileSave.Enabled() && moIDE.Loaded(), !bLeaves);
-      if (!bLeaves) AnswerSave(&FSave::cmdDiscard);
+      if (!bLeaves) AnswerSave("cmdDiscard");
       if (moIDE.Loaded()) moIDE.UserClose();
     }
 }
 
-TEST_F(FIDETest, SaveThatFailsIsToldAndNothingIsLost) {
-  Start();
+TEST_F(OpenFIDETest, SaveThatFailsIsToldAndNothingIsLost) {
   Edit(1);
   Edit(2);
   std::filesystem::permissions(moTree.Path("Main.bas"), std::filesystem::perms::owner_read);
@@ -316,15 +314,14 @@ TEST_F(FIDETest, SaveThatFailsIsToldAndNothingIsLost) {
   EXPECT_EQ(moTree.Read("Main.bas"), sModuleBytes);
   EXPECT_EQ(Tree(), sDirty);
   // At the end the window stays open, with the change.
-  AnswerSave(&FSave::cmdSave);
+  AnswerSave("cmdSave");
   Told([&] { EXPECT_FALSE(moIDE.UserClose()); });
   std::filesystem::permissions(moTree.Path("Main.bas"), std::filesystem::perms::owner_all);
   EXPECT_TRUE(moIDE.SaveAll());
   EXPECT_NE(moTree.Read("Main.bas"), sModuleBytes);
 }
 
-TEST_F(FIDETest, FilesOfOtherProgramsAreReadAgainOrTold) {
-  Start();
+TEST_F(OpenFIDETest, FilesOfOtherProgramsAreReadAgainOrTold) {
   Select(u"MMain");
   moTree.Write("Main.bas", "Attribute VB_Name = \"MMain\"\r\nSub Other()\r\nEnd Sub\r\n");
   InAddIn([&](VBE& oVBE) { EXPECT_EQ(CodeModuleOf(oVBE, 1).Lines(1, 1), u"Sub Other()"); });
@@ -339,14 +336,13 @@ TEST_F(FIDETest, FilesOfOtherProgramsAreReadAgainOrTold) {
   EXPECT_EQ(User().Boxes().size(), 1U);
   const auto Changes = [&](VBE&) { moTree.Write("Shop.vbp", moTree.Read("Shop.vbp") + "\r\n"); };
   ExpectHolds(Told([&] { InAddIn(Changes); }), {"Shop.vbp", "File, Reload Group"});
-  AnswerSave(&FSave::cmdDiscard);
+  AnswerSave("cmdDiscard");
   EXPECT_TRUE(moIDE.mnuFileReload.UserPick());
   Select(u"MMain");
   EXPECT_EQ(moIDE.paneCode.Line(1), u"' theirs, longer");
 }
 
-TEST_F(FIDETest, WindowStaysOpenWhileTheAddInWorksOrFails) {
-  Start();
+TEST_F(OpenFIDETest, WindowStaysOpenWhileTheAddInWorksOrFails) {
   InAddIn([&](VBE& oVBE) {
     EXPECT_FALSE(moIDE.Unload());
     oVBE.CommandBars().Item(u"Tester").Controls().Item(1).SetTooltipText(u"New");

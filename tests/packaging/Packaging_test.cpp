@@ -3,14 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <regex>
 #include <set>
-#include <sstream>
-#include <string>
 
+#include "TableRows.h"
 #include "TempFolder.h"
 
 namespace {
@@ -18,8 +15,7 @@ namespace {
 using Words = std::set<std::string>;
 
 std::string ReadSource(const std::string& sFile) {
-  std::ifstream oStream(QUILLON_SOURCE_DIR "/" + sFile, std::ios::binary);
-  return {std::istreambuf_iterator<char>(oStream), {}};
+  return TempFolder::Read(QUILLON_SOURCE_DIR "/" + sFile);
 }
 
 std::string OutputOf(const std::string& sCommand) {
@@ -62,8 +58,8 @@ Words Choices(const std::string& sHelp, const std::string& sName) {
 
 /// What bash offers behind these words; the last one is what has been typed of the next word.
 Words Offered(const std::string& sWords) {
-  return Found(OutputOf("bash -c '. " QUILLON_SOURCE_DIR "/packaging/quillon.bash; "
-                        "COMP_WORDS=(quillon " +
+  return Found(OutputOf("cd " QUILLON_SOURCE_DIR "; bash -c '. packaging/quillon.bash; COMP_WORDS=("
+                        "quillon " +
                         sWords +
                         "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); "
                         "_quillon; printf \"%s\\n\" \"${COMPREPLY[@]}\"'"),
@@ -89,33 +85,22 @@ TEST(Packaging, BashOffersWhatTheHelpLists) {
 }
 
 TEST(Packaging, BashKnowsWhereItStands) {
-  struct Row {
-    const char *sName, *sWords;
-    Words oWanted;
-  };
-  const Row aoRow[] = {
-      {"behind an option with a value", "-t Template.dat unn", {"unnumber"}},
-      {"the name of a property", "apply --set Bou", {"Boundary="}},
-      {"its value, of which nothing is typed", "apply --set Locked =", {"True", "False"}},
-      {"its value, begun", "apply --set Boundary = Fi", {"Firewall"}},
-      {"behind a property", "apply --set Boundary = VB --sug", {"--suggested"}},
-      {"quoted for the shell", "list --type P", {"Property\\ \\*"}},
-      {"only groups and projects",
-       "list " QUILLON_SOURCE_DIR "/samples/A",
-       {QUILLON_SOURCE_DIR "/samples/App", QUILLON_SOURCE_DIR "/samples/Atelier.vbg"}},
-      {"only template files",
-       "template check " QUILLON_SOURCE_DIR "/samples/T",
-       {QUILLON_SOURCE_DIR "/samples/Template.dat"}}};
-  for (const Row& oRow : aoRow) {
-    SCOPED_TRACE(oRow.sName);
-    EXPECT_EQ(Offered(oRow.sWords), oRow.oWanted);
+  for (const auto& as : Rows(R"(
+         behind an option with a value        | -t Template.dat unn             | unnumber
+         the name of a property               | apply --set Bou                 | Boundary=
+         its value, of which nothing is typed | apply --set Locked =            | False True
+         its value, begun                     | apply --set Boundary = Fi       | Firewall
+         behind a property                    | apply --set Boundary = VB --sug | --suggested
+         quoted for the shell                 | list --type P                   | Property\ \*
+         only groups and projects | list samples/A | samples/App samples/Atelier.vbg
+         only template files      | template check samples/T | samples/Template.dat)")) {
+    std::string sOffered;
+    for (const std::string& sWord : Offered(as[1])) sOffered += ' ' + sWord;
+    EXPECT_EQ(sOffered, ' ' + as[2]) << as[0];
   }
-}
-
-TEST(Packaging, BashTakesEndingsInAnyLetterCase) {
   const TempFolder oFolder;
   for (const char* sFile : {"Old.VBP", "Old.vbw", "Old"}) TempFolder::Write(oFolder / sFile, "");
-  EXPECT_EQ(Offered("check " + (oFolder / "O")), Words{oFolder / "Old.VBP"});
+  EXPECT_EQ(Offered("check " + (oFolder / "O")), Words{oFolder / "Old.VBP"}) << "in any case";
 }
 
 TEST(Packaging, ManPageAndOtherShellsNameEverything) {
