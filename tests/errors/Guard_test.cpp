@@ -7,21 +7,17 @@
 #include <new>
 #include <stdexcept>
 
-#include "ErrorRuntime.h"
-#include "PrintedErrorDialog.h"
+#include "ErrorRuntimeFake.h"
 
 namespace {
 
 using namespace ErrorIds;
 using Answers = std::deque<std::int32_t>;
 
-class ScriptedRuntime : private PrintedErrorDialog, public ErrorRuntime {
+class ScriptedRuntime : public AnswersWith {
  public:
   explicit ScriptedRuntime(Answers alAnswer = {})
-      : PrintedErrorDialog(stderr), ErrorRuntime(static_cast<IErrorDialog&>(*this), "/dev/null") {
-    malAnswer = std::move(alAnswer);
-    goError = this;
-  }
+      : AnswersWith(ActionLeave), malAnswer(std::move(alAnswer)) {}
   std::string sCalls;
 
   bool BreakRequested() override { return sCalls += "break? ", false; }
@@ -49,33 +45,28 @@ class ScriptedRuntime : private PrintedErrorDialog, public ErrorRuntime {
 
 TEST(Guard, AnswersOfTheRuntimeDecideWhereAStepGoesOn) {
   struct Row {
-    const char* sName;
-    Answers alAnswer;
-    int lFailures;  ///< how often the step fails before it works
-    const char* pcCalls;
-    const char* pcWork;  ///< the trace that the work leaves
-    bool bDone;
-  } const aoRow[] = {
-      {"works at once", {}, 0, "", "S+", true},
-      {"is repeated", {4, 4}, 2, "53 in P break? 53 in P break? ", "SSS+", true},
-      {"is passed over", {5}, 9, "53 in P ", "S-", true},
-      {"leaves at action 1", {1}, 9, "53 in P close3 ", "S", false},
-      {"leaves at an unknown action", {17}, 9, "53 in P close3 ", "S", false},
-      {"is repeated, then left", {4, 1}, 9, "53 in P break? 53 in P close3 ", "SS", false},
+    const char* name;
+    Answers answers;
+    int failures;      ///< how often the step fails before it works
+    const char* left;  ///< the trace of the work, whether it was done, and the calls
+  } const rows[] = {
+      {"works at once", {}, 0, "S+ done "},
+      {"is repeated", {4, 4}, 2, "SSS+ done 53 in P break? 53 in P break? "},
+      {"is passed over", {5}, 9, "S- done 53 in P "},
+      {"leaves at action 1", {1}, 9, "S left 53 in P close3 "},
+      {"leaves at an unknown action", {17}, 9, "S left 53 in P close3 "},
+      {"is repeated, then left", {4, 1}, 9, "SS left 53 in P break? 53 in P close3 "},
   };
-  for (const Row& oRow : aoRow) {
-    SCOPED_TRACE(oRow.sName);
-    ScriptedRuntime oRuntime(oRow.alAnswer);
-    std::string sWork;
-    int lLeft = oRow.lFailures;
-    const auto step = [&] {
-      sWork += 'S';
-      if (lLeft-- > 0) throw Failure(53);
+  for (const auto& [name, answers, failures, left] : rows) {
+    ScriptedRuntime runtime(answers);
+    std::string trace;
+    auto step = [&, fails = failures]() mutable {
+      trace += 'S';
+      if (fails-- > 0) throw Failure(53);
     };
-    const auto work = [&](GuardScope& oScope) { sWork += oScope.Step(step) ? '+' : '-'; };
-    EXPECT_EQ(Guard({u"M", u"P", BoundaryFirewall}, work), oRow.bDone);
-    EXPECT_EQ(sWork, oRow.pcWork);
-    EXPECT_EQ(oRuntime.sCalls, oRow.pcCalls);
+    const auto work = [&](GuardScope& scope) { trace += scope.Step(step) ? '+' : '-'; };
+    const bool done = Guard({u"M", u"P", BoundaryFirewall}, work);
+    EXPECT_EQ(trace + (done ? " done " : " left ") + runtime.sCalls, left) << name;
   }
 }
 
@@ -118,9 +109,8 @@ TEST(Guard, ExceptionsOfTheLibraryBecomeFailures) {
 }
 
 TEST(Failure, NumbersThatTheRuntimeDoesNotUseHaveTheGeneralText) {
-  for (const std::int32_t lNumber : {0, 56, 60, 64, 72, 485, -2147221504}) {
+  for (const std::int32_t lNumber : {0, 56, 60, 64, 72, 485, -2147221504})
     EXPECT_EQ(FailureText(lNumber), u"Application-defined or object-defined error") << lNumber;
-  }
   EXPECT_EQ(Failure(3).Description(), u"Return without GoSub");
   EXPECT_EQ(FailureText(484).substr(0, 13), u"Problem getti");
 }

@@ -58,6 +58,7 @@ class ConnectTest : public FormsTest {
   Connect moConnect{moToolkit, moPrinters};
 };
 
+constexpr const char16_t* sTitle = u"Tarvane Quillon...";
 constexpr const char* sMenus = "Tarvane Quillon...| Tarvane+1 at 1:Tarvane Quillon...Quillon|";
 
 TEST_F(ConnectTest, ModeDecidesWhatConnectionBrings) {
@@ -91,9 +92,8 @@ TEST_F(ConnectTest, SecondConnectionKeepsTheFirstIDEAndWindow) {
 }
 
 TEST_F(ConnectTest, LeftoversOfACrashedRunGoFirst) {
-  for (const TextView sCaption : {u"Tarvane Quillon...", u"Other", u"tarvane quillon...",
-                                  u"Tarvane Quillon...", u"Tarvane Quillon..."})
-    AddIns().Add(1).SetCaption(sCaption);
+  for (const auto& s : {sTitle, u"Other", u"tarvane quillon...", sTitle, sTitle})
+    AddIns().Add(1).SetCaption(s);
   Bars().Add(u"Tarvane", 1);
   OnConnection(1);
   EXPECT_EQ(Shown(), std::string("Other|tarvane quillon...|") + sMenus);
@@ -140,8 +140,7 @@ TEST_F(ConnectTest, StepThatFailsIsReportedAndTheRestStandsIfTheUserGoesOn) {
   }
   User().MsgBox(MsgBoxResult::Ok);
   Connect(moToolkit, moPrinters).OnAddInsUpdate();  // not connected
-  EXPECT_EQ(User().Boxes().back().eButtons, MsgBoxButtons::OkOnly)
-      << "nothing that the IDE repeats";
+  EXPECT_EQ(User().Boxes().back().eButtons, MsgBoxButtons::OkOnly) << "the IDE repeats nothing";
 }
 
 TEST_F(ConnectTest, EndOfTheApplicationLeavesTheProgramAroundIt) {
@@ -158,8 +157,7 @@ TEST_F(ConnectTest, EndOfTheApplicationLeavesTheProgramAroundIt) {
   EXPECT_EQ(Shown(), "");
   EXPECT_TRUE(oHost.Visible());
   moConnect.OnDisconnection(0);
-  EXPECT_FALSE(std::ranges::any_of(moToolkit.LoadedForms(),
-                                   [](const Form* po) { return po->Name() == u"FMain"; }));
+  for (const Form* po : moToolkit.LoadedForms()) EXPECT_NE(po->Name(), u"FMain");
 }
 
 }  // namespace

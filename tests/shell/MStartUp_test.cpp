@@ -96,7 +96,12 @@ TEST_F(MStartUpTest, FailureIsToldAndStartUpDoesNotRun) {
 
 TEST_F(MStartUpTest, BoxTellsAFailureAndTakesTheAnswer) {
   EXPECT_TRUE(MStartUp::Main(Given()));
-  const auto Check = [&](std::int32_t eRetry, MsgBoxResult eAnswer, std::int32_t eExpected) {
+  using enum MsgBoxResult;
+  for (const auto& [eRetry, eAnswer, eExpected] :
+       {std::tuple{ErrorIds::RetryLine, Retry, ErrorIds::ActionRetry},
+        {ErrorIds::RetryProcedure, Ignore, ErrorIds::ActionNext},
+        {ErrorIds::RetryLine, Abort, ErrorIds::ActionLeave},
+        {ErrorIds::RetryNone, Ok, ErrorIds::ActionLeave}}) {
     SCOPED_TRACE(eRetry);
     User().MsgBox(eAnswer);
     std::int32_t eAction = 0;
@@ -107,14 +112,9 @@ TEST_F(MStartUpTest, BoxTellsAFailureAndTakesTheAnswer) {
     EXPECT_TRUE(sPrompt.starts_with("Disk Full\r\n\r\nDisk full\r\n\r\nFree some disk space"))
         << sPrompt;
     EXPECT_NE(sPrompt.find("Error 61 in CXRecent.Save"), std::string::npos);
-  };
-  Check(ErrorIds::RetryLine, MsgBoxResult::Retry, ErrorIds::ActionRetry);
-  Check(ErrorIds::RetryProcedure, MsgBoxResult::Ignore, ErrorIds::ActionNext);
-  Check(ErrorIds::RetryLine, MsgBoxResult::Abort, ErrorIds::ActionLeave);
-  Check(ErrorIds::RetryNone, MsgBoxResult::Ok, ErrorIds::ActionLeave);
-  const std::string sLog = TempFolder::Read(moFolder / "quillon.log");
-  EXPECT_NE(sLog.find("Application Version"), std::string::npos);
-  User().MsgBox(MsgBoxResult::Ok);
+  }
+  EXPECT_NE(TempFolder::Read(moFolder / "quillon.log").find("Application Version"), Text::npos);
+  User().MsgBox(Ok);
   for (int i = 0; i < 2; ++i)  // the application ends with the first
     Guard({u"FMain", u"Form_Load", ErrorIds::BoundaryVB, ErrorIds::SeverityFatal},
           [](GuardScope&) { throw Failure(5); });
@@ -163,8 +163,7 @@ TEST(ExceptionFilter, RecordsTheEndAndLeavesItToTheSystem) {
   Check([] { raise(SIGILL); }, SIGILL, "Signal SIGILL");
   Check([] { raise(SIGBUS); }, SIGBUS, "Signal SIGBUS");
   Check([] { static_cast<void>(Deeper("")); }, SIGSEGV, "Signal SIGSEGV");  // overflows the stack
-  Check([] { Uncaught([] { throw Failure(53, u"No file"); }); }, SIGABRT,
-        "Unhandled exception: No file");
+  Check([] { Uncaught([] { throw Failure(53, u"Gone"); }); }, SIGABRT, "Unhandled exception: Gone");
   Check([] { Uncaught([] { throw 1; }); }, SIGABRT, "Unhandled exception");
 }
 
