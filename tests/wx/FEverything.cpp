@@ -90,10 +90,8 @@ void FEverything::Design() {
   for (const auto& row : Rows(Places)) {
     Control& control = Find(*this, row[0]);
     SetCaptionOf<Label, Frame, CheckBox, OptionButton, CommandButton>(control, FromUtf8(row[1]));
-    std::istringstream place(row[2]);
-    Rect o;
-    place >> o.lLeft >> o.lTop >> o.lWidth >> o.lHeight;
-    control.Move(o.lLeft, o.lTop, o.lWidth, o.lHeight);
+    const Deed at(row[2]);
+    control.Move(at.Number(0), at.Number(1), at.Number(2), at.Number(3));
   }
   DesignMenus();
   DesignDetails();

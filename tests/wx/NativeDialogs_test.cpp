@@ -14,19 +14,11 @@ using namespace Forms;
 
 namespace {
 
-/// The notebook beside the page of the help.
-wxNotebook* FindNotebook(wxWindow& window) {
-  if (auto* po = dynamic_cast<wxNotebook*>(&window)) return po;
-  for (wxWindow* po : window.GetChildren())
-    if (auto* found = FindNotebook(*po)) return found;
-  return nullptr;
-}
-
 /// The page that the help's notebook shows; empty without a help.
 wxString HelpPageShown() {
   for (wxWindow* po : wxTopLevelWindows)
     if (auto* help = dynamic_cast<wxHtmlHelpFrame*>(po)) {
-      const wxNotebook& pages = *FindNotebook(*help);
+      const auto& pages = dynamic_cast<wxNotebook&>(*help->FindWindow(wxID_HTML_NOTEBOOK));
       return pages.GetPageText(static_cast<std::size_t>(pages.GetSelection()));
     }
   return {};
@@ -91,8 +83,7 @@ TEST_F(NativeDialogsTest, ThePageSetUpOffersPaperMarginsAndPrinters) {
   Can("ends", [&](auto& deed) {
     moRobot.WhenDialog([&](wxDialog& dialog) {
       for (std::size_t i = 2; i < deed.words.size(); ++i)
-        DoOne(deed.words[i] == "Up" || deed.words[i] == "Down" ? "key " + deed.words[i]
-                                                               : "key " + deed.words[i] + " Alt");
+        DoOne("key " + deed.words[i] + (deed.words[i].size() == 1 ? " Alt" : ""));
       moRobot.Click(*dialog.FindWindow(deed.Word(1) == "OK" ? wxID_OK : wxID_CANCEL));
       if (!dialog.IsModal()) return;
       ADD_FAILURE() << "still open";
@@ -101,11 +92,10 @@ TEST_F(NativeDialogsTest, ThePageSetUpOffersPaperMarginsAndPrinters) {
     return poToolkit->ChoosePage(o).bConfirmed;
   });
   look = [&] {
-    std::string s;
-    for (const std::int32_t l :
-         {o.lLeft, o.lTop, o.lRight, o.lBottom, o.lPaperSize, o.lOrientation})
-      s += std::to_string(l) + ' ';
-    return s + ToUtf8(o.sDeviceName);
+    std::ostringstream all;
+    all << o.lLeft << ' ' << o.lTop << ' ' << o.lRight << ' ' << o.lBottom << ' ' << o.lPaperSize
+        << ' ' << o.lOrientation << ' ' << ToUtf8(o.sDeviceName);
+    return all.str();
   };
   Play(R"(
     as it was | ends OK                           | 1234 777 1 -5 9 1 Hall & stairs |

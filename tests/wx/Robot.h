@@ -1,6 +1,7 @@
 // A user at the screen: moves the mouse to controls, presses keys, and lets the program answer.
 #pragma once
 
+#include <wx/toplevel.h>
 #include <wx/uiaction.h>
 #include <wx/window.h>
 
@@ -8,34 +9,61 @@
 #include <string>
 
 #include "Control.h"
+#include "Form.h"
+#include "FormPeer.h"
+#include "Toolkit.h"
 
 class wxDialog;
-class wxTopLevelWindow;
-
-namespace Forms {
-class Form;
-class Toolkit;
-}  // namespace Forms
 
 class Robot {
  public:
   explicit Robot(Forms::Toolkit& oToolkit) : moToolkit(oToolkit) {}
 
-  /// Runs events until the condition holds; false when it doesn't within three seconds.
-  bool Until(const std::function<bool()>& oHolds);
   /// Runs the events that wait, and those that they lead to.
-  void Settle();
+  void Settle() {
+    for (int i = 0; i < 12; ++i) {
+      moToolkit.DoEvents();
+      wxMilliSleep(5);
+    }
+  }
 
   /// Presses and releases in the middle of a control, or at a place in pixels from its corner.
   void Click(Forms::Control& oControl);
   /// A window that no control stands behind.
-  void Click(wxWindow& oWindow);
-  void ClickAt(Forms::Control& oControl, const wxPoint& oPlace);
-  void DoubleClickAt(Forms::Control& oControl, const wxPoint& oPlace);
-  void Drag(Forms::Control& oControl, const wxPoint& oFrom, const wxPoint& oTo);
+  void Click(wxWindow& oWindow) {
+    const wxRect o = oWindow.GetScreenRect();
+    Settle();
+    ClickThere(o.GetPosition() + wxPoint(o.width / 2, o.height / 2));
+  }
+  void ClickAt(Forms::Control& oControl, const wxPoint& oPlace) {
+    Settle();
+    ClickThere(ScreenPlace(oControl, oPlace));
+  }
+  void DoubleClickAt(Forms::Control& oControl, const wxPoint& oPlace) {
+    Settle();
+    GoTo(ScreenPlace(oControl, oPlace));
+    moHands.MouseDblClick();
+    Settle();
+  }
+  void Drag(Forms::Control& oControl, const wxPoint& oFrom, const wxPoint& oTo) {
+    Settle();
+    GoTo(ScreenPlace(oControl, oFrom));
+    moHands.MouseDown();
+    Settle();
+    GoTo(ScreenPlace(oControl, oTo) - wxPoint(1, 0));
+    GoTo(ScreenPlace(oControl, oTo));
+    moHands.MouseUp();
+    Settle();
+  }
   /// A key with modifiers (wxMOD_...).
-  void Key(int nKey, int nModifiers = 0);
-  void Type(const std::string& sText);
+  void Key(int nKey, int nModifiers = 0) {
+    Settle();
+    moHands.Char(nKey, nModifiers);
+    Settle();
+  }
+  void Type(const std::string& sText) {
+    for (const char c : sText) Key(c, c >= 'A' && c <= 'Z' ? wxMOD_SHIFT : wxMOD_NONE);
+  }
   /// Runs oAct once another form is modal than now.
   void WhenModal(std::function<void(Forms::Form&)> oAct);
   /// Runs oAct once a dialog of the window library shows.
@@ -45,13 +73,22 @@ class Robot {
   void KeyIntoBox(int nKey, int nModifiers = 0);
 
   wxPoint ScreenPlace(Forms::Control& oControl, const wxPoint& oPlace) const;
-  wxTopLevelWindow& FrameOf(Forms::Form& oForm) const;
-  /// Writes the whole screen to a PNG file.
-  static void Photograph(const std::string& sPath);
+  wxTopLevelWindow& FrameOf(Forms::Form& oForm) const {
+    return dynamic_cast<Forms::FormPeer&>(*oForm.Peer()).Frame();
+  }
 
  private:
-  void GoTo(const wxPoint& place);
-  void ClickThere(const wxPoint& place);
+  void GoTo(const wxPoint& place) {
+    moHands.MouseMove(place);
+    Settle();
+  }
+  void ClickThere(const wxPoint& place) {
+    GoTo(place);
+    moHands.MouseDown();
+    Settle();
+    moHands.MouseUp();
+    Settle();
+  }
 
   Forms::Toolkit& moToolkit;
   wxUIActionSimulator moHands;

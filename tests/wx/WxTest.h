@@ -1,9 +1,11 @@
 // What tests on a screen share: tables that play on a form by mouse and keys, where a deed that is
-// no verb is a control to click. A test that fails leaves a picture of the screen in the current
-// folder, named after it.
+// no verb is a control to click. A test that fails leaves a picture of the screen (as `xwud` shows
+// it) in the current folder, named after it.
 #pragma once
 
 #include <gtest/gtest.h>
+
+#include <fstream>
 
 #include "FEverything.h"
 #include "Robot.h"
@@ -33,8 +35,9 @@ class WxTest : public testing::Test, protected Player {
     log.Take();
   }
   void TearDown() override {
-    const auto* poInfo = testing::UnitTest::GetInstance()->current_test_info();
-    if (HasFailure()) Robot::Photograph(std::string("failed-") + poInfo->name() + ".png");
+    const std::string test = testing::UnitTest::GetInstance()->current_test_info()->name();
+    if (const char* screen = std::getenv("SCREEN_FILE"); screen && HasFailure())
+      std::ofstream("failed-" + test + ".xwd") << std::ifstream(screen).rdbuf();
     moForm.Unload();
     moRobot.Settle();
   }
@@ -43,7 +46,7 @@ class WxTest : public testing::Test, protected Player {
   Forms::Control& At(const Deed& o) { return Find(moForm, o.Word(1)); }
 
   Robot moRobot{*poToolkit};
-  FEverything moForm{*poToolkit, log};
+  Forms::FEverything moForm{*poToolkit, log};
   /// The control with the focus, unless a test looks at something else.
   std::function<std::string()> look = [this] {
     return moForm.ActiveControl() ? NameOf(*moForm.ActiveControl()) : "none";
