@@ -17,12 +17,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pcBytes, size_t lCount) {
   Require(sBytes.empty() || oDocument.Bytes() == sBytes);
   const auto asName = oDocument.Names(u"HKEY_CURRENT_USER\\K");
   RegistryDocument oChanged = oDocument;
-  oChanged.Set(u"HKEY_CURRENT_USER\\K", u"Fuzz\\\"", {RegistryValue::lString, u"a\r\n\u00E9", 0});
-  oChanged.Set(u"HKEY_CURRENT_USER\\K\\New", u"", {RegistryValue::lLong, {}, -2});
+  oChanged.Set(u"HKEY_CURRENT_USER\\K", u"Fuzz\\\"", {RegistryValue::String, u"a\r\n\u00E9", 0});
+  oChanged.Set(u"HKEY_CURRENT_USER\\K\\New", u"", {RegistryValue::Long, {}, -2});
   const RegistryDocument oAgain(oChanged.Bytes());
   Require(oAgain.Bytes() == oChanged.Bytes());
-  Require(oAgain.Find(u"hkey_current_user\\k", u"fuzz\\\"")->sText == u"a\r\n\u00E9");
-  Require(oAgain.Find(u"HKEY_CURRENT_USER\\K\\New", u"")->lNumber == -2);
+  Require(oAgain.Find(u"hkey_current_user\\k", u"fuzz\\\"")->text == u"a\r\n\u00E9");
+  Require(oAgain.Find(u"HKEY_CURRENT_USER\\K\\New", u"")->number == -2);
   for (const Text& sName : asName) {
     if (EqualNoCase(sName, u"Fuzz\\\"")) continue;
     Require(*oAgain.Find(u"HKEY_CURRENT_USER\\K", sName) ==
