@@ -1,7 +1,7 @@
 // One file, read whole or replaced so that at every moment it is either the old one or the new one:
-// a new file beside it, written, flushed, given mode and owner of the old one, renamed over it, the
-// folder flushed (StagedFile.h). On a failure the old one is whole, and the Failure names the path
-// and what to do (FileFailure.h).
+// a new file beside it, given owner, access list and mode of the old one, flushed, renamed over it,
+// the folder flushed (StagedFile.h). On a failure the old one is whole, and the Failure names the
+// path and what to do (FileFailure.h).
 #pragma once
 
 #include <string>

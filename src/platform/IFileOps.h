@@ -19,6 +19,7 @@ class IFileOps {
     std::int64_t lModified = 0;  ///< nanoseconds since 1970
     std::uint32_t lMode = 0;
     std::uint32_t lOwner = 0, lGroup = 0;
+    std::uint64_t links = 1;  ///< names of the file, of which a replacement would part one
   };
 
   /// 0 and the state, or the system's error number. Follows symbolic links.
@@ -38,6 +39,9 @@ class IFileOps {
   virtual int CreateNew(const std::string& sPath, std::uint32_t lMode, int& hFile) = 0;
   virtual int Write(int hFile, std::string_view sBytes) = 0;
   virtual int SetOwner(int hFile, std::uint32_t lOwner, std::uint32_t lGroup) = 0;
+  /// Gives an open file the extended attributes of another, its access list among them, ahead of
+  /// its mode.
+  virtual int CopyAttributes(const std::string& from, int file) = 0;
   virtual int SetMode(int hFile, std::uint32_t lMode) = 0;
   /// Begins to write an open file to the disk and doesn't wait. Flush does the same work when this
   /// does nothing.

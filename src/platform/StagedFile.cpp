@@ -31,6 +31,12 @@ bool FindOld(const std::string& target, IFileOps::Stat& old, IFileOps& files) {
   if (old.bReadOnly) {
     FileFailure::Throw(75, target, u" is read-only; make it writable and try again");
   }
+  if (old.links > 1) {
+    FileFailure::Throw(75, target,
+                       u" has " + ToText(static_cast<long long>(old.links)) +
+                           u" hard links, and a replacement would part them; give the file a copy "
+                           u"of its own and try again");
+  }
   return true;
 }
 
@@ -59,13 +65,14 @@ int StagedFile::Create(std::uint32_t mode) {
 }
 
 /// Some file systems refuse to set what is already so; only a difference is an error.
-int StagedFile::TakeOwnerAndMode(const IFileOps::Stat& old) {
+int StagedFile::TakeRights(const IFileOps::Stat& old) {
   IFileOps::Stat now;
   int error = mFiles.SetOwner(mHandle, old.lOwner, old.lGroup);
   if (error != 0) {
     if (mFiles.GetStat(mPath, now) != 0) return error;
     if (now.lOwner != old.lOwner || now.lGroup != old.lGroup) return error;
   }
+  if (const int failed = mFiles.CopyAttributes(mTarget, mHandle)) return failed;
   error = mFiles.SetMode(mHandle, old.lMode);
   if (error == 0) return 0;
   return mFiles.GetStat(mPath, now) == 0 && now.lMode == old.lMode ? 0 : error;
@@ -74,11 +81,12 @@ int StagedFile::TakeOwnerAndMode(const IFileOps::Stat& old) {
 int StagedFile::Write(std::string_view bytes, const IFileOps::Stat* old) {
   // Only the owner may read the new file until it has the old one's mode.
   if (const int error = Create(old ? 0600 : 0666)) return error;
-  const int error = old ? TakeOwnerAndMode(*old) : 0;
+  const int error = old ? TakeRights(*old) : 0;
   if (error == EPERM || error == EACCES) {
     Discard();
     FileFailure::Throw(70, mTarget,
-                       u" can't be replaced with its owner and mode kept; work as its owner");
+                       u" can't be replaced with its owner, mode, access list and attributes kept; "
+                       u"work as its owner");
   }
   return error != 0 ? error : mFiles.Write(mHandle, bytes);
 }

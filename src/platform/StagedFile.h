@@ -6,9 +6,10 @@
 //   file.Commit();                                  // renamed over the old one
 //   // that the rename is on the disk as well is up to a flush of the folder: StagedFiles
 //
-// A symbolic link stays a link: the
-// file that it leads to is replaced. A file without write permission for its owner is refused with
-// 75, as it would be in an editor. Each Failure names the path that was asked for and what to do
+// A symbolic link stays a link: the file that it leads to is replaced. Owner, mode, access list and
+// extended attributes stay, or the file isn't replaced. A file without write permission for its
+// owner is refused with 75, as it would be in an editor, and so is one with several hard links,
+// which a replacement would part. Each Failure names the path that was asked for and what to do
 // (FileFailure.h), and leaves nothing of the new file behind.
 #pragma once
 
@@ -53,7 +54,7 @@ class StagedFile {
 
  private:
   int Create(std::uint32_t mode);
-  int TakeOwnerAndMode(const IFileOps::Stat& old);
+  int TakeRights(const IFileOps::Stat& old);
   int Write(std::string_view bytes, const IFileOps::Stat* old);
   int CloseHandle();
   [[noreturn]] void Fail(int error);

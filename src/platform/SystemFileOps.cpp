@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "FileAttributes.h"
 #include "IFileOps.h"
 
 namespace {
@@ -98,6 +99,7 @@ class SystemOps : public IFileOps {
     oStat.lMode = oState.st_mode & 07777;
     oStat.lOwner = oState.st_uid;
     oStat.lGroup = oState.st_gid;
+    oStat.links = oState.st_nlink;
     return 0;
   }
 
@@ -157,6 +159,9 @@ class SystemOps : public IFileOps {
 
   int SetOwner(int hFile, std::uint32_t lOwner, std::uint32_t lGroup) override {
     return ErrorOf(fchown(hFile, lOwner, lGroup));
+  }
+  int CopyAttributes(const std::string& from, int file) override {
+    return FileAttributes::Copy(from, file);
   }
   int SetMode(int hFile, std::uint32_t lMode) override { return ErrorOf(fchmod(hFile, lMode)); }
   int StartFlush(int hFile) override {

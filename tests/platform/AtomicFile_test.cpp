@@ -4,7 +4,9 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 
+#include <array>
 #include <cerrno>
 
 #include "Failure.h"
@@ -86,10 +88,11 @@ TEST_F(AtomicFileTest, ErrorsOfTheSystemBecomeFailuresThatSayWhatToDo) {
     const char* pcOperation;
     int lError, lNumber;
   } const aoRow[] = {
-      {"Write", ENOSPC, 61},     {"Flush", EDQUOT, 61},      {"Close", ENOSPC, 61},
-      {"CreateNew", EACCES, 70}, {"SetOwner", EPERM, 0},     {"CreateNew", EROFS, 75},
-      {"CreateNew", ENOENT, 76}, {"Rename", EISDIR, 75},     {"Rename", EXDEV, 57},
-      {"GetStat", ENOTDIR, 76},  {"FlushFolder", EINVAL, 0}, {"Resolve", ELOOP, 76},
+      {"Write", ENOSPC, 61},         {"Flush", EDQUOT, 61},    {"Close", ENOSPC, 61},
+      {"CreateNew", EACCES, 70},     {"SetOwner", EPERM, 0},   {"CreateNew", EROFS, 75},
+      {"CreateNew", ENOENT, 76},     {"Rename", EISDIR, 75},   {"Rename", EXDEV, 57},
+      {"CopyAttributes", EPERM, 70}, {"GetStat", ENOTDIR, 76}, {"FlushFolder", EINVAL, 0},
+      {"Resolve", ELOOP, 76},
   };
   for (const Row& oRow : aoRow) {
     SCOPED_TRACE(oRow.pcOperation);
@@ -119,6 +122,47 @@ TEST_F(AtomicFileTest, ModeAndLinksStay) {
   EXPECT_EQ(FailureOf("loop.bas", [&] { AtomicFile::Replace(oFolder / "loop.bas", ""); }), 76);
 }
 
+std::string Attribute(const std::string& sFile, const char* pcName) {
+  char acValue[256];
+  const ssize_t lSize = getxattr(sFile.c_str(), pcName, acValue, sizeof acValue);
+  return lSize < 0 ? "none" : std::string(acValue, static_cast<std::size_t>(lSize));
+}
+
+/// An access list in the system's form: owner rw, group of that number rw, group r, mask rw.
+std::string AccessList(char cGroup) {
+  std::string sList("\2\0\0\0", 4);
+  for (const auto [cTag, cRights, cId] : {std::array{'\1', '\6', '\xFF'},
+                                          {'\4', '\4', '\xFF'},
+                                          {'\x08', '\6', cGroup},
+                                          {'\x10', '\6', '\xFF'},
+                                          {'\x20', '\0', '\xFF'}}) {
+    const char cHigh = cTag == '\x08' ? '\0' : '\xFF';
+    sList += {cTag, 0, cRights, 0, cId, cHigh, cHigh, cHigh};
+  }
+  return sList;
+}
+
+TEST_F(AtomicFileTest, AccessListAndAttributesStay) {
+  constexpr const char* Access = "system.posix_acl_access";
+  const std::string sList = AccessList(42);
+  TempFolder::Write(sPath, sOld);
+  if (setxattr(sPath.c_str(), Access, sList.data(), sList.size(), 0) != 0)
+    GTEST_SKIP() << "no access lists in this folder";
+  ASSERT_EQ(setxattr(sPath.c_str(), "user.note", "mine", 4, 0), 0);
+  EXPECT_EQ(Replace(), 0);
+  EXPECT_EQ(Attribute(sPath, Access), sList);
+  EXPECT_EQ(Attribute(sPath, "user.note"), "mine");
+  // A list that the folder gives to new files isn't the old file's.
+  ASSERT_EQ(
+      setxattr(oFolder.Path().c_str(), "system.posix_acl_default", sList.data(), sList.size(), 0),
+      0);
+  removexattr(sPath.c_str(), Access);
+  chmod(sPath.c_str(), 0640);
+  EXPECT_EQ(Replace(), 0);
+  EXPECT_EQ(Attribute(sPath, Access), "none");
+  EXPECT_EQ(fs::status(sPath).permissions(), fs::perms(0640));
+}
+
 TEST_F(AtomicFileTest, RefusesWhatAnEditorWouldRefuse) {
   const std::string sLong = oFolder / std::string(255, 'l');
   TempFolder::Write(sPath, sOld);
@@ -129,6 +173,10 @@ TEST_F(AtomicFileTest, RefusesWhatAnEditorWouldRefuse) {
   EXPECT_EQ(replace(sPath), 75);
   EXPECT_EQ(TempFolder::Read(sPath), sOld);
   EXPECT_EQ(replace(oFolder.Path()), 75);
+  TempFolder::Write(oFolder / "one.bas", sOld);
+  fs::create_hard_link(oFolder / "one.bas", oFolder / "other.bas");
+  EXPECT_EQ(replace(oFolder / "one.bas"), 75) << "other.bas would keep the old text";
+  EXPECT_EQ(TempFolder::Read(oFolder / "one.bas"), sOld);
   EXPECT_EQ(replace(oFolder / "gone/a.bas"), 76);
   EXPECT_EQ(replace(sPath + "/a.bas"), 76);
   EXPECT_EQ(replace(oFolder / std::string("a\0b", 3)), 76);
@@ -138,7 +186,7 @@ TEST_F(AtomicFileTest, RefusesWhatAnEditorWouldRefuse) {
   EXPECT_TRUE(fs::is_fifo(oFolder / "pipe"));
   EXPECT_EQ(replace(sLong), 0);
   EXPECT_EQ(TempFolder::Read(sLong), sNew);
-  EXPECT_EQ(oFolder.Entries(), 3u);
+  EXPECT_EQ(oFolder.Entries(), 5u);
 }
 
 TEST_F(AtomicFileTest, NewFileLeftByAKilledProgramIsNoHindrance) {

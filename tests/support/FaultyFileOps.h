@@ -53,6 +53,9 @@ class FaultyFileOps : public IFileOps {
   int SetOwner(int hFile, std::uint32_t lOwner, std::uint32_t lGroup) override {
     return Run("SetOwner", &IFileOps::SetOwner, hFile, lOwner, lGroup);
   }
+  int CopyAttributes(const std::string& from, int file) override {
+    return Run("CopyAttributes", &IFileOps::CopyAttributes, from, file);
+  }
   int SetMode(int hFile, std::uint32_t lMode) override {
     return Run("SetMode", &IFileOps::SetMode, hFile, lMode);
   }
