@@ -23,10 +23,11 @@ void DocumentSave::Add(StoredDocument& document) {
 }
 
 void DocumentSave::Stage(StoredDocument& document) {
-  if (document.IsOnDisk()) return document.MarkSaved();
+  const FileStamp stamp = FileStamp::Of(document.Path(), mFiles);
+  if (document.IsOnDisk()) return document.MarkSaved(stamp);
   if (!mStaged) mStaged.emplace(mFiles);
   mStaged->Stage(document.Path(), document.Document().Bytes());
-  mWaiting.push_back({&document, mResults.size() - 1});
+  mWaiting.push_back({&document, mResults.size() - 1, {}});
 }
 
 std::vector<DocumentStore::Saved> DocumentSave::Finish() {
@@ -43,17 +44,21 @@ void DocumentSave::Replace() {
     if (const Failure* failure = mStaged->FailureOf(i)) {
       mResults[mWaiting[i].result].failure = *failure;
     } else {
-      mWaiting[i].document->MarkSaved();
+      mWaiting[i].document->MarkSaved(mWaiting[i].stamp);
     }
   }
   mWaiting.clear();
   mStaged.reset();
 }
 
-// The flush of many files takes a while, in which another program may have written one of them.
+// Staging and flushing many files takes a while, in which another program may have written one of
+// them. What it writes between this look and the rename, two calls of the system, isn't seen.
 void DocumentSave::Commit(std::size_t number) {
+  if (mStaged->FailureOf(number)) return;
+  Waiting& waiting = mWaiting[number];
   try {
-    if (!mStaged->FailureOf(number)) mWaiting[number].document->IsOnDisk();
+    waiting.stamp = FileStamp::Of(mStaged->File(number).Path(), mFiles);
+    waiting.document->IsOnDisk();
     mStaged->Commit(number);
   } catch (const Failure& failure) {
     mStaged->Discard(number, failure);

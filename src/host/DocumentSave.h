@@ -26,6 +26,7 @@ class DocumentSave {
   struct Waiting {
     StoredDocument* document;
     std::size_t result;  // its index in results
+    FileStamp stamp;     // of its new file
   };
 
   void Stage(StoredDocument& document);

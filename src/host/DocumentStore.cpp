@@ -30,7 +30,7 @@ SourceDocument& StoredDocument::Get() {
 
 void StoredDocument::Read() {
   try {
-    moSettings.poFiles->GetStat(msPath, moStat);
+    mStamp = FileStamp::Of(msPath, *moSettings.poFiles);
     mpDocument = MakeDocument();
   } catch (const Failure& oFailure) {
     moFailure = oFailure;
@@ -52,8 +52,8 @@ std::unique_ptr<SourceDocument> StoredDocument::MakeDocument() const {
   return pDocument;
 }
 
-// Size and time tell at once that nothing happened; where they differ the bytes decide, since a
-// checkout or a copy back touches files without changing them.
+// The file's state tells at once that nothing happened; where it differs or proves nothing the
+// bytes decide, since a checkout or a copy back touches files without changing them.
 bool StoredDocument::IsOnDisk() const {
   IFileOps::Stat now;
   const int error = moSettings.poFiles->GetStat(msPath, now);
@@ -62,7 +62,7 @@ bool StoredDocument::IsOnDisk() const {
            u"The file was removed or renamed since it was read. Put it back and retry.");
   if (error == 0 && now.bDirectory)
     Refuse(75, msPath, u"A folder stands where the file was. Move it away and retry.");
-  if (error == 0 && now.lSize == moStat.lSize && now.lModified == moStat.lModified) return false;
+  if (error == 0 && mStamp.VouchesFor(now)) return false;
   const std::string bytes = AtomicFile::Read(msPath, *moSettings.poFiles);
   if (bytes == mpDocument->Bytes()) return true;
   if (bytes != mpDocument->SavedBytes())
@@ -71,9 +71,9 @@ bool StoredDocument::IsOnDisk() const {
   return false;
 }
 
-void StoredDocument::MarkSaved() {
+void StoredDocument::MarkSaved(const FileStamp& stamp) {
   mpDocument->MarkSaved();
-  moSettings.poFiles->GetStat(msPath, moStat);
+  mStamp = stamp;
 }
 
 StoredDocument::Disk StoredDocument::Refresh() {
@@ -87,16 +87,15 @@ StoredDocument::Disk StoredDocument::Refresh() {
       }
     return bFailed ? Disk::Reread : Disk::Same;
   }
-  IFileOps::Stat oNow;
-  const bool bThere = moSettings.poFiles->GetStat(msPath, oNow) == 0;
-  if (bThere && oNow.lSize == moStat.lSize && oNow.lModified == moStat.lModified) return Disk::Same;
+  const FileStamp stamp = FileStamp::Of(msPath, *moSettings.poFiles);
+  if (mStamp.VouchesFor(stamp.State())) return Disk::Same;
   try {
     auto pOnDisk = MakeDocument();
     const std::string sOnDisk = pOnDisk->Bytes();
     const bool bTouched = sOnDisk == mpDocument->SavedBytes();
     if (!bTouched && mpDocument->IsChanged() && sOnDisk != mpDocument->Bytes())
       return Disk::Conflict;
-    moStat = oNow;
+    mStamp = stamp;
     if (bTouched) return Disk::Same;
     mpDocument = std::move(pOnDisk);
     ++mlVersion;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "Failure.h"
+#include "FileStamp.h"
 #include "IFileOps.h"
 #include "SourceDocument.h"
 
@@ -37,11 +38,12 @@ class StoredDocument {
   bool IsChanged() const { return mpDocument && mpDocument->IsChanged(); }
   /// Only after a Get that succeeded.
   SourceDocument& Document() const { return *mpDocument; }
-  /// True when the file on disk holds the present bytes already. Failure when it isn't the one that
-  /// was read any more.
+  /// True when the file on disk holds the present bytes already. Failure when it doesn't hold those
+  /// that were read any more.
   bool IsOnDisk() const;
-  /// The present bytes are those on disk from now on.
-  void MarkSaved();
+  /// The present bytes are those on disk from now on. stamp: of the file that holds them, taken
+  /// before other programs could find it under this name.
+  void MarkSaved(const FileStamp& stamp);
 
   enum class Disk { Same, Reread, Conflict };
   /// Looks at the file again. Reread: another program had changed it, or it can be read only now,
@@ -61,7 +63,7 @@ class StoredDocument {
   std::unique_ptr<SourceDocument> mpDocument;
   int mlVersion = 0;
   std::optional<Failure> moFailure;
-  IFileOps::Stat moStat;  // ahead of the read, so that a change during it shows
+  FileStamp mStamp;  // ahead of the read, so that a change during it shows
 };
 
 class DocumentStore {

@@ -17,6 +17,8 @@ class IFileOps {
     bool bReadOnly = false;  ///< no write permission for the owner
     std::uint64_t lSize = 0;
     std::int64_t lModified = 0;  ///< nanoseconds since 1970
+    std::int64_t lChanged = 0;   ///< of bytes, mode, owner or name; the system alone sets it
+    std::uint64_t lDevice = 0, lNumber = 0;  ///< which file it is, whatever its name
     std::uint32_t lMode = 0;
     std::uint32_t lOwner = 0, lGroup = 0;
     std::uint64_t links = 1;  ///< names of the file, of which a replacement would part one

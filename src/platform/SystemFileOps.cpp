@@ -84,6 +84,11 @@ bool FlushesAsOne(const struct statfs& state) {
   }
 }
 
+std::int64_t Nanoseconds(const timespec& time) {
+  return static_cast<std::int64_t>(time.tv_sec) * 1'000'000'000 +
+         static_cast<std::int64_t>(time.tv_nsec);
+}
+
 class SystemOps : public IFileOps {
  public:
   int GetStat(const std::string& sPath, Stat& oStat) override {
@@ -94,8 +99,10 @@ class SystemOps : public IFileOps {
     oStat.bSpecial = !oStat.bDirectory && !S_ISREG(oState.st_mode);
     oStat.bReadOnly = (oState.st_mode & S_IWUSR) == 0;
     oStat.lSize = static_cast<std::uint64_t>(oState.st_size);
-    oStat.lModified = static_cast<std::int64_t>(oState.st_mtim.tv_sec) * 1000000000 +
-                      static_cast<std::int64_t>(oState.st_mtim.tv_nsec);
+    oStat.lModified = Nanoseconds(oState.st_mtim);
+    oStat.lChanged = Nanoseconds(oState.st_ctim);
+    oStat.lDevice = oState.st_dev;
+    oStat.lNumber = oState.st_ino;
     oStat.lMode = oState.st_mode & 07777;
     oStat.lOwner = oState.st_uid;
     oStat.lGroup = oState.st_gid;

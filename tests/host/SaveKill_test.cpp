@@ -184,6 +184,23 @@ TEST_F(SaveTest, FilesThatAreNotTheOnesReadAreLeftAlone) {
   auto Write = [&](const std::string& sBytes) { moTree.Write(File(1), sBytes); };
   const Row Rows[] = {
       {"edited", [&](auto&) { Write(Old(1) + "x"); }, 1},
+      {"edited, of the same size and time",
+       [&](auto& sPath) {
+         const auto time = fs::last_write_time(sPath);
+         std::string sBytes = Old(1);
+         sBytes.back() = 'B';
+         Write(sBytes);
+         fs::last_write_time(sPath, time);
+       },
+       1},
+      {"replaced by one of the same size and time",
+       [&](auto& sPath) {
+         const auto time = fs::last_write_time(sPath);
+         moTree.Write("new", std::string(Old(1).size(), '\''));
+         fs::rename(moTree.Path("new"), sPath);
+         fs::last_write_time(sPath, time);
+       },
+       1},
       {"cut to nothing", [&](auto&) { Write(""); }, 1},
       {"touched only",
        [](auto& sPath) {

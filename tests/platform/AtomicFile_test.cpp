@@ -8,9 +8,11 @@
 
 #include <array>
 #include <cerrno>
+#include <functional>
 
 #include "Failure.h"
 #include "FaultyFileOps.h"
+#include "FileStamp.h"
 #include "MXFile.h"
 #include "PathText.h"
 #include "RegistryStore.h"
@@ -241,6 +243,37 @@ TEST_F(AtomicFileTest, ReadGivesAllBytesOrNamesThePath) {
   EXPECT_EQ(read(sPath), 70);
   oFiles.FailAt(1, EIO, "ReadAll");
   EXPECT_EQ(read(sPath), 57);
+}
+
+TEST(FileStamp, VouchesOnlyForWhatCantHaveChanged) {
+  constexpr std::int64_t second = 1'000'000'000, now = 1000 * second;
+  using Stat = IFileOps::Stat;
+  struct Row {
+    const char* name;
+    std::function<void(Stat&)> meanwhile;
+    bool vouches = false;
+    std::int64_t lastChange = now - 2 * second;
+  };
+  const Row rows[] = {
+      {"nothing", [](Stat&) {}, true},
+      {"nothing, but it was young", [](Stat&) {}, false, now - 2 * second + 1},
+      {"nothing, but it is of the future", [](Stat&) {}, false, now + 9 * second},
+      {"another file", [](Stat& state) { ++state.lNumber; }},
+      {"another device", [](Stat& state) { ++state.lDevice; }},
+      {"another size", [](Stat& state) { ++state.lSize; }},
+      {"another time", [](Stat& state) { ++state.lModified; }},
+      {"written, and its time set back", [](Stat& state) { ++state.lChanged; }},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.name);
+    Stat state;
+    state.lModified = now - 60 * second;
+    state.lChanged = row.lastChange;
+    const FileStamp stamp(state, now);
+    row.meanwhile(state);
+    EXPECT_EQ(stamp.VouchesFor(state), row.vouches);
+  }
+  EXPECT_FALSE(FileStamp().VouchesFor({}));
 }
 
 TEST(MXFile, TestsOfFilesNeverFail) {
