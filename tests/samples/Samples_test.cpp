@@ -114,6 +114,24 @@ TEST_F(Samples, LocksAndHandlersOfTheTeamsOwnStay) {
   EXPECT_NE(sOutput.find("(bespoke)"), std::string::npos) << sOutput;
 }
 
+/// What the rows of a template call has to be there, and by a name that an object of Visual Basic
+/// may have.
+TEST_F(Samples, TheHandlersCallWhatTheRunTimeOffers) {
+  const std::string sTrail = ReadBytes(oFolder / "work/Shared/CTrail.cls");
+  std::string sRows = ReadBytes(oFolder / "work/Template.dat");
+  for (const char* sPage : {"README.md", "docs/template-format.md"})
+    for (const std::string& sText : FencedBlocks(sPage, "template")) sRows += sText;
+  const std::regex oCall(R"(gTrail\.(\w+))");
+  for (std::sregex_iterator i(sRows.begin(), sRows.end(), oCall), oEnd; i != oEnd; ++i) {
+    const std::string sMember = (*i)[1];
+    EXPECT_TRUE(std::regex_search(
+        sTrail, std::regex(R"(\nPublic (Sub|Function|Property (Let|Get)) )" + sMember + R"(\()")))
+        << sMember;
+    EXPECT_FALSE(std::regex_match(sMember, std::regex("AddRef|Release|QueryInterface|Invoke")))
+        << sMember;
+  }
+}
+
 TEST_F(Samples, TheTemplatesOfTheSampleFileAndOfTheDocumentationAreSound) {
   EXPECT_EQ(Quillon("template check Template.dat"), 0) << sOutput;
   for (const char* sPage : {"README.md", "docs/template-format.md"}) {
