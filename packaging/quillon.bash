@@ -65,7 +65,7 @@ _quillon_value() {
 _quillon_options() {
   local common=(-h --help -t --template --settings --log --color -q --quiet -v --verbose --trace)
   local scope=(--project --component --procedure --type --codepage)
-  local rewriting=(-n --dry-run --diff --no-verify)
+  local rewriting=(-n --dry-run --diff --exit-code --no-verify)
   case $1 in
     list) _quillon_words "${common[@]}" "${scope[@]}" --suggested --pending --format ;;
     check) _quillon_words "${common[@]}" "${scope[@]}" --format ;;

@@ -40,6 +40,7 @@ complete -c quillon -n "$in $grouped" -l codepage -xa "1252 utf-8 932 936 949 95
 set -l writing apply refresh number unnumber
 complete -c quillon -n "$in $writing" -s n -l dry-run -d "Write nothing"
 complete -c quillon -n "$in $writing" -l diff -d "Print the changes as a unified diff"
+complete -c quillon -n "$in $writing" -l exit-code -d "With -n: status 1 when files would change"
 complete -c quillon -n "$in $writing" -l no-verify -d "Leave out the proof of each insertion"
 
 complete -c quillon -n "$in list apply" -l suggested -d "What is suggested"

@@ -45,6 +45,7 @@ _quillon_program() {
   rewriting=(
     '(-n --dry-run)'{-n,--dry-run}'[write nothing]'
     '--diff[print the changes as a unified diff]'
+    '--exit-code[with -n: status 1 when files would change]'
     '--no-verify[leave out the proof of each insertion]'
   )
   commands=(

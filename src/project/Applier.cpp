@@ -125,8 +125,9 @@ void Applier::ApplyTo(ProcedureHandle procedure, Run& run) {
     run.refusals = {{RefusalKind::HostFailure, 0, Text(failure.Description())}};
   }
   if (run.refusals.empty()) return;
-  account.BatchRefused(run.refusals);
+  // The signal first: who tells the messages of the account knows then whose they are.
   mRefused(procedure, run.refusals);
+  account.BatchRefused(run.refusals);
 }
 
 void Applier::RewriteOne(GuardScope& scope, ProcedureHandle handle, Run& run) {

@@ -80,3 +80,14 @@ Text MessageOf(const Refusal& refusal) {
   }
   return message.append(form);
 }
+
+std::size_t SourceLine(const Refusal& refusal) {
+  switch (refusal.kind) {
+    case RefusalKind::TemplateThere:
+    case RefusalKind::LineMismatch:
+    case RefusalKind::PlaceAmbiguous:
+      return refusal.line;
+    default:
+      return 0;
+  }
+}

@@ -50,5 +50,9 @@ struct Refusal {
   Text other{};
 };
 
+/// The line, from 1, of the procedure's text as it stands in the module, where the refusal is about
+/// one; 0 for the procedure as a whole, and where the line is one of a text in between.
+std::size_t SourceLine(const Refusal& refusal);
+
 /// The message without the blanks that it is indented by in an account.
 Text MessageOf(const Refusal& refusal);

@@ -15,6 +15,7 @@ TEST(Apply, WritesTheCodeThatWasAskedForAndTellsTheAccount) {
   EXPECT_EQ(oResult.nExit, 0);
   EXPECT_EQ(oResult.sOut, "");
   EXPECT_EQ(oResult.sErr,
+            "Template file: TEMPLATE.DAT\n"
             "Processing modMain.Main\nProcessing modMain.Jumps\n"
             "2 Procedures Processed - No Failures\n1 file written\n");
   EXPECT_HOLDS(oPlace.Read("src/App/modMain.bas"),
@@ -68,6 +69,7 @@ TEST(Apply, SettingsComeAndGoWithoutATrace) {
   };
   for (const Row& oRow : {
            Row{"dry run", "apply -n --suggested Demo.vbg", 0, false},
+           Row{"dry run, asked", "apply -n --exit-code --suggested Demo.vbg", 1, false},
            Row{"findings", "check Demo.vbg", 1, false},
            Row{"apply", "apply --suggested Demo.vbg", 0, true},
            Row{"apply twice", "apply --suggested Demo.vbg", 0, false},
@@ -78,6 +80,7 @@ TEST(Apply, SettingsComeAndGoWithoutATrace) {
            Row{"values without a line are no finding", "check Demo.vbg", 0, false},
            Row{"back to the other", "apply --set Template=Main Demo.vbg", 0, true},
            Row{"refresh", "refresh Demo.vbg", 0, false},
+           Row{"nothing would change", "refresh -n --exit-code Demo.vbg", 0, false},
            Row{"number", "number --component clsStock Demo.vbg", 0, true},
            Row{"number twice", "number --component clsStock Demo.vbg", 0, false},
            Row{"unnumber", "unnumber --component clsStock Demo.vbg", 0, true},
@@ -194,9 +197,12 @@ TEST(Check, TellsWhatWouldChangeAndWhatIsRefused) {
   EXPECT_EQ(JsonText(oFindings[0]["changes"][0]),
             R"-({"property":"Template","from":"(none)","to":"Main"})-");
   ExpectFields(oFindings[1], R"({"kind": "refused", "line": 9})");
-  WorkFolder::Result oApply = oPlace.Run("apply -q --suggested --component modMain Demo.vbg");
+  const std::string sApply = "apply -q --suggested --component modMain Demo.vbg";
+  EXPECT_HOLDS(oPlace.Run(sApply + " -n").sErr, std::string("App/modMain.bas:9: Line number 10"));
+  WorkFolder::Result oApply = oPlace.Run(sApply);
   EXPECT_EQ(oApply.nExit, 1);
-  EXPECT_HOLDS(oApply.sErr, std::string("Processing modMain.Jumps\n    Line number 10"));
+  EXPECT_HOLDS(oApply.sErr,
+               std::string("Processing modMain.Jumps\nApp/modMain.bas:22: Line number 10"));
 }
 
 }  // namespace

@@ -8,7 +8,7 @@ TEST(List, ShowsARowPerProcedureInColumns) {
   WorkFolder oPlace;
   WorkFolder::Result oResult = oPlace.Run("list Demo.vbg");
   EXPECT_EQ(oResult.nExit, 0);
-  EXPECT_EQ(oResult.sErr, "");
+  EXPECT_EQ(oResult.sErr, "Template file: TEMPLATE.DAT\n");
   EXPECT_EQ(
       oResult.sOut,
       "Project  Component  Procedure       Type          Scope    Template  Locked  Boundary  "

@@ -99,6 +99,7 @@ std::string UnknownCommand(const CLI::App& app) {
 /// What the declarations of the options can't say. Empty: all is well.
 std::string Contradiction(const Arguments& arguments) {
   if (!arguments.command) return "a COMMAND is missing" + CommandNames();
+  if (arguments.bExitCode && !arguments.bDryRun) return "--exit-code goes with -n";
   const auto contradiction = arguments.command->contradiction;
   return contradiction ? contradiction(arguments) : std::string();
 }

@@ -25,6 +25,7 @@ struct Arguments {
   bool bPending = false;
   bool bDryRun = false;
   bool bDiff = false;
+  bool bExitCode = false;
   bool bNoVerify = false;
   bool bQuiet = false;
   bool bVerbose = false;

@@ -93,7 +93,8 @@ void StartUp(const Arguments& arguments, const RegistryStore& store, Console& co
                           ToUtf8(problem.sMessage)));
   bool isNamed = arguments.oSettingsFile && !arguments.oSettingsFile->empty();
   if (isNamed && !arguments.command->makesSettings && !MXFile::FileExists(TextOfPath(store.Path())))
-    console.Say(ShownPath(store.Path()) + ": there is no such settings file, the defaults apply");
+    throw Stop{ShownPath(store.Path()) +
+               ": there is no such settings file; --settings \"\" takes the defaults"};
   MQuillon::Initialize();
   MRules::Initialize();
   MOptions::Initialize();

@@ -1,6 +1,8 @@
 #include "Rewrite.h"
 
 #include <cstring>
+#include <deque>
+#include <unordered_map>
 
 #include "CodePage.h"
 #include "PathText.h"
@@ -8,47 +10,95 @@
 
 namespace {
 
+/// Where the procedures of a run stand in the files. Without writing, the files stay as they are
+/// while modules grow: what was added above a procedure doesn't count then.
+class Places {
+ public:
+  explicit Places(Session& session) : mSession(session) {
+    if (!session.oArguments.bDryRun) return;
+    for (const ProcedureHandle h : session.Procedures())
+      mLinesBefore.try_emplace(ComponentOf(h).Number(), 0);
+    for (auto& [component, lines] : mLinesBefore) lines = LinesOf(ComponentHandle(component));
+  }
+
+  /// "file:line: " of what is refused; empty for a component without a file.
+  std::string Of(ProcedureHandle procedure, const Refusal& refusal) {
+    const ComponentHandle component = ComponentOf(procedure);
+    const std::string file = mSession.FileOf(component);
+    std::int32_t line = mSession.LineOf(procedure, SourceLine(refusal));
+    const auto before = mLinesBefore.find(component.Number());
+    if (before != mLinesBefore.end()) line -= LinesOf(component) - before->second;
+    return file.empty() ? file : Finding(file, line, "");
+  }
+
+ private:
+  ComponentHandle ComponentOf(ProcedureHandle procedure) const {
+    return mSession.oHandler.Procedure(procedure).hComponent;
+  }
+  std::int32_t LinesOf(ComponentHandle component) const {
+    return mSession.oHandler.Component(component).oComponent->CodeModule()->CountOfLines();
+  }
+
+  Session& mSession;
+  std::unordered_map<std::int32_t, std::int32_t> mLinesBefore;  // by component
+};
+
 /// The account of a batch as it comes. The line of a procedure is held back until something follows
 /// it that has to be told; with -q nothing but failures is.
 class Account {
  public:
-  explicit Account(Session& oSession)
-      : moSession(oSession),
-        moLink(oSession.oTemplate.ReportBatch.Connect(
-            [this](BatchLine eLine, TextView sMessage) { Message(eLine, sMessage); })) {}
+  explicit Account(Session& session)
+      : mSession(session),
+        mPlaces(session),
+        mRefused(session.oHandler.ProcedureRefused.Connect(
+            [this](ProcedureHandle h, const std::vector<Refusal>& refusals) {
+              for (const Refusal& refusal : refusals) mAhead.push_back(mPlaces.Of(h, refusal));
+            })),
+        mLines(session.oTemplate.ReportBatch.Connect(
+            [this](BatchLine line, TextView message) { Message(line, message); })) {}
 
  private:
-  void Message(BatchLine eLine, TextView sMessage) {
-    Console& oConsole = moSession.oConsole;
-    switch (eLine) {
+  void Message(BatchLine line, TextView message) {
+    Console& console = mSession.oConsole;
+    switch (line) {
       case BatchLine::Item:
-        Progress(sMessage);
-        msHeld = ToUtf8(sMessage);
-        if (!oConsole.IsQuiet()) TellHeld();
+        Progress(message);
+        mHeld = ToUtf8(message);
+        if (!console.IsQuiet()) TellHeld();
         break;
       case BatchLine::Problem:
         TellHeld();
-        oConsole.Error(ToUtf8(sMessage));
+        console.Error(Placed(message));
         break;
       case BatchLine::Total:
-        oConsole.Say(ToUtf8(sMessage));
+        console.Say(ToUtf8(message));
         break;
     }
   }
 
-  void Progress(TextView sMessage) {
-    moSession.oConsole.Progress(static_cast<std::size_t>(moSession.oTemplate.BatchItems()),
-                                moSession.Procedures().size(), sMessage);
+  /// The engine's message behind the place that the signal gave for it.
+  std::string Placed(TextView message) {
+    if (mAhead.empty()) return ToUtf8(message);
+    const std::string place = std::move(mAhead.front());
+    mAhead.pop_front();
+    return place.empty() ? ToUtf8(message) : place + ToUtf8(Trim(message));
+  }
+
+  void Progress(TextView message) {
+    mSession.oConsole.Progress(static_cast<std::size_t>(mSession.oTemplate.BatchItems()),
+                               mSession.Procedures().size(), message);
   }
 
   void TellHeld() {
-    if (!msHeld.empty()) moSession.oConsole.Error(msHeld);
-    msHeld.clear();
+    if (!mHeld.empty()) mSession.oConsole.Error(mHeld);
+    mHeld.clear();
   }
 
-  Session& moSession;
-  std::string msHeld;
-  Connection moLink;
+  Session& mSession;
+  Places mPlaces;
+  std::string mHeld;
+  std::deque<std::string> mAhead;  // of problems that are about to be told
+  Connection mRefused, mLines;
 };
 
 /// On a terminal the reader wants letters, in a pipe git apply wants the bytes.
@@ -116,6 +166,7 @@ int SaveChanges(Session& oSession) {
   } else {
     std::size_t lCount = oSession.pIDE->ChangedPaths().size();
     oSession.oConsole.Say("Nothing was written: " + Files(lCount) + " would change");
+    if (oSession.oArguments.bExitCode && lCount > 0) bDone = false;
   }
   return bDone ? 0 : 1;
 }

@@ -9,5 +9,6 @@
 void RewriteScope(Session& oSession, bool bRefresh, MQuillon::LineNumAction eLineNumAction);
 
 /// Prints the differences and writes the files, as the options say. The exit status of the whole
-/// run: 1 when a procedure failed or a file could not be read or written.
+/// run: 1 when a procedure failed or a file could not be read or written, and with --exit-code when
+/// one would be written.
 int SaveChanges(Session& oSession);

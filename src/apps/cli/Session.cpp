@@ -76,11 +76,12 @@ bool Session::IsColored() const {
 
 std::string Session::FindTemplate() const {
   if (!oArguments.sTemplateFile.empty()) return oArguments.sTemplateFile;
-  Text recent = RecentFiles().Item(1);
-  if (!recent.empty() && MXFile::FileExists(recent)) return PathOfText(recent);
+  // The group's own file comes first: what a person opened last must not decide about its code.
   std::string beside =
       oArguments.asPath.empty() ? std::string() : TemplateBeside(oArguments.asPath.front());
   if (!beside.empty()) return beside;
+  Text recent = RecentFiles().Item(1);
+  if (!recent.empty() && MXFile::FileExists(recent)) return PathOfText(recent);
   throw Stop{
       "There is no template file: give one with --template FILE" +
       std::string(oArguments.asPath.empty() ? "" : ", or put Template.dat beside the group")};
@@ -88,6 +89,7 @@ std::string Session::FindTemplate() const {
 
 void Session::OpenTemplate() {
   mTemplateFile = FindTemplate();
+  if (oArguments.sTemplateFile.empty()) oConsole.Say("Template file: " + ShownFile(mTemplateFile));
   std::vector<std::string> report;
   {
     auto link =
@@ -136,6 +138,7 @@ void Session::LoadScope(bool toShow) {
   ProjectHandle project;
   Text projectName;
   std::unordered_set<Text> taken;
+  bool isPassed = false;
   for (const ComponentHandle h : oHandler.Components()) {
     const ComponentRecord& record = oHandler.Component(h);
     if (record.hProject != project) {
@@ -146,6 +149,7 @@ void Session::LoadScope(bool toShow) {
     oConsole.Progress(static_cast<std::size_t>(h.Number()), static_cast<std::size_t>(last.Number()),
                       record.sName);
     if (record.bReadOnly && MRules::oRules.bSkipReadOnly && !toShow) {
+      isPassed = true;
       oConsole.Detail("Passed over, its file is read-only: " + ToUtf8(record.sName));
       continue;
     }
@@ -153,6 +157,7 @@ void Session::LoadScope(bool toShow) {
     // or each run would change it back and forth.
     const Text file = FirstFile(record);
     if (!toShow && taken.contains(file)) {
+      isPassed = true;
       oConsole.Detail("Passed over, an earlier project has its file: " + ToUtf8(projectName) + '.' +
                       ToUtf8(record.sName));
       continue;
@@ -166,8 +171,10 @@ void Session::LoadScope(bool toShow) {
     }
   }
   oConsole.ProgressEnd();
-  if (mProcedures.empty() && mUnreadable.empty())
-    oConsole.Say("No procedure is in the scope that was given.");
+  if (!mProcedures.empty() || !mUnreadable.empty() || isPassed) return;
+  constexpr const char* Nothing = "No procedure is in the scope that was given";
+  if (!toShow) throw Stop{std::string(Nothing) + ": list shows the names and types that there are"};
+  oConsole.Say(std::string(Nothing) + '.');
 }
 
 void Session::TellUnreadable(ComponentHandle component) {
@@ -208,6 +215,11 @@ std::string Session::FileOf(ComponentHandle component) {
 std::string Session::NameOf(ProcedureHandle procedure) {
   ComponentHandle component = oHandler.Procedure(procedure).hComponent;
   return ToUtf8(oHandler.Component(component).sName) + '.' + ToUtf8(oHandler.ProcName(procedure));
+}
+
+std::int32_t Session::LineOf(ProcedureHandle procedure, std::size_t textLine) {
+  if (textLine == 0) return HeadLine(procedure);
+  return FirstLine(procedure) + static_cast<std::int32_t>(textLine) - 1;
 }
 
 std::int32_t Session::FileLine(ProcedureHandle procedure, bool isHead) {

@@ -48,6 +48,8 @@ class Session {
   std::string ReasonOf(ComponentHandle component) const;
   /// Line in its file, from 1: of the head, or of the first of its text with the comments above.
   std::int32_t HeadLine(ProcedureHandle procedure) { return FileLine(procedure, true); }
+  /// Line in its file of a line of the procedure's text, from 1; of the head for 0.
+  std::int32_t LineOf(ProcedureHandle procedure, std::size_t textLine);
   std::int32_t FirstLine(ProcedureHandle procedure) { return FileLine(procedure, false); }
 
   /// "Component.Procedure", as the batch account names it.
