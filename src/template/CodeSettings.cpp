@@ -1,43 +1,28 @@
 #include "CodeSettings.h"
 
+#include <bit>
+
 #include "MQuillon.h"
 #include "MXString.h"
 #include "MXStringVB.h"
+#include "UnitBlock.h"
 
 using MQuillon::TriState;
 
 namespace {
 
-bool IsR(char16_t unit) {
-  return (unit | 0x20) == u'r';
-}
-
-/// True when a text holds two of "r" in a row, in any case. Without a way out in its middle, so
-/// that the compiler can look at many units at once.
-bool HoldsTwoR(TextView text) {
-  std::uint16_t found = 0;
-  for (std::size_t i = 1; i < text.size(); ++i) {
-    const int first = IsR(text[i - 1]), second = IsR(text[i]);
-    found = static_cast<std::uint16_t>(found | (first & second));
-  }
-  return found != 0;
-}
-
 /// True when the text holds the word in any case. Most texts are long and don't: the two letters
 /// behind its first are rare.
 bool HoldsError(TextView text) {
-  constexpr TextView Word = u"error";
-  constexpr std::size_t Block = 128;
-  for (std::size_t start = 0; start + Word.size() <= text.size(); start += Block) {
-    // The second letters of words that begin in the block, and what is behind them.
-    const TextView block = text.substr(start + 1, Block + 1);
-    if (!HoldsTwoR(block)) continue;
-    for (std::size_t i = 1; i < block.size(); i += IsR(block[i]) ? 1 : 2) {
-      if (IsR(block[i]) && IsR(block[i - 1]) &&
-          EqualNoCase(text.substr(start + i - 1, Word.size()), Word)) {
-        return true;
-      }
+  UnitBits before = 0;  // the block ahead ends in the letter
+  for (std::size_t at = 0; at < text.size(); at += UnitBlock::Size) {
+    const UnitBlock block(text, at);
+    const UnitBits letters = block.Equal('r') | block.Equal('R');
+    for (UnitBits bits = letters & (letters << 1U | before); bits != 0; bits &= bits - 1) {
+      const std::size_t second = at + static_cast<std::size_t>(std::countr_zero(bits));
+      if (second >= 2 && EqualNoCase(text.substr(second - 2, 5), u"error")) return true;
     }
+    before = letters >> (UnitBlock::Size - 1);
   }
   return false;
 }

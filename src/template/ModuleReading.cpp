@@ -1,6 +1,7 @@
 #include "ModuleReading.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "LogicalLine.h"
 #include "ProcPlaces.h"
@@ -67,22 +68,34 @@ std::optional<RefusalKind> MisreadStatement(std::span<const TextView> lines) {
   return std::nullopt;
 }
 
-/// False for nearly every line: it is one statement on one line and begins with none of the words
-/// by which a module finds its way.
+/// False for nearly every statement: it begins with none of the words by which a module finds its
+/// way.
+bool MayBeMisread(TextView statement) {
+  constexpr TextView Words[] = {u"end",    u"sub",     u"function", u"property", u"public",
+                                u"static", u"private", u"friend",   u"global",   u"attribute"};
+  return !statement.empty() && std::any_of(std::begin(Words), std::end(Words), [=](TextView word) {
+    return word.front() == statement.front() && statement.starts_with(word);
+  });
+}
+
+/// False for nearly every line: it stands on its own, and none of its statements is one to look at.
 bool MayBeMisread(const ProcText& code, std::size_t i) {
   TextView folded = code.Folded(i);
   if (folded.empty()) return false;
   if (Continues(code.Line(i))) return true;
   if (folded.front() == u'\'') return false;
-  if (code.MayHoldMore(i)) return true;
   while (!folded.empty() && folded.front() >= u'0' && folded.front() <= u'9') {
     folded.remove_prefix(1);
   }
-  if (TextView(u"efgpsa \t").find(folded.empty() ? u'x' : folded.front()) == TextView::npos) {
-    return false;  // none of the words below begins so
+  folded = TrimWhite(folded);
+  if (!code.MayHoldMore(i)) return MayBeMisread(folded);
+  // Literals are left out ahead of the look: what stands behind one may begin the statement.
+  while (!MayBeMisread(folded) && !folded.starts_with(u'"')) {
+    const std::size_t colon = FindUnit(folded, u':');
+    if (colon == TextView::npos) return false;
+    folded = TrimWhite(folded.substr(colon + 1));
   }
-  return IsOneOf(TakeWord(folded), {u"end", u"sub", u"function", u"property", u"public", u"private",
-                                    u"friend", u"global", u"static", u"attribute"});
+  return true;
 }
 
 std::optional<RefusalKind> Misreading(const ProcText& code, std::size_t i, std::size_t end) {

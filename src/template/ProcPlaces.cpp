@@ -32,15 +32,18 @@ TextView BehindEnd(TextView statement) {
   return TrimWhite(statement.substr(3));
 }
 
-/// False for nearly every line: no statement of it begins with End, literals and comments
-/// included.
+bool BeginsWithEnd(TextView statement) {
+  while (!statement.empty() && IsWhite(statement.front())) statement.remove_prefix(1);
+  return statement.size() > 3 && statement[0] == u'e' && statement[1] == u'n' &&
+         statement[2] == u'd' && IsWhite(statement[3]);
+}
+
+/// False for nearly every line: no statement of it begins with End, literals and comments behind
+/// a statement included.
 bool MayHoldEnd(TextView folded) {
-  const auto isEnd = [](TextView statement) {
-    while (!statement.empty() && IsWhite(statement.front())) statement.remove_prefix(1);
-    return statement.size() > 3 && statement.starts_with(u"end") && IsWhite(statement[3]);
-  };
+  if (folded.starts_with(u'\'')) return false;
   TextView rest = WithoutNumber(folded);
-  for (std::size_t colon = 0; !isEnd(rest); rest.remove_prefix(colon + 1)) {
+  for (std::size_t colon = 0; !BeginsWithEnd(rest); rest.remove_prefix(colon + 1)) {
     colon = FindUnit(rest, u':');
     if (colon == TextView::npos) return false;
   }
@@ -103,10 +106,9 @@ std::optional<std::size_t> FindEnd(const ProcText& code, std::size_t from, TextV
   const Text end = u"end " + type;
   for (std::size_t i = from; i < code.Count(); ++i) {
     const TextView folded = code.Folded(i);
-    if (folded.empty()) continue;
-    const char16_t first = folded.front();
-    const bool begins = first == u'e' || IsDigit(first) || IsWhite(first);
-    if ((!begins && !code.MayHoldMore(i)) || code.IsContinued(i)) continue;
+    const bool mayHoldEnd =
+        code.MayHoldMore(i) ? MayHoldEnd(folded) : BeginsWithEnd(WithoutNumber(folded));
+    if (!mayHoldEnd || code.IsContinued(i)) continue;
     if (Same(folded, end)) return i;
     // An end in another form closes the procedure all the same: what follows is other code.
     if (HoldsEnd(folded, type)) return std::nullopt;

@@ -1,9 +1,11 @@
 #include "ProcText.h"
 
 #include <algorithm>
+#include <bit>
 #include <span>
 
 #include "MXString.h"
+#include "UnitBlock.h"
 
 namespace {
 
@@ -22,47 +24,14 @@ std::size_t RemStart(TextView line) {
   return word != TextView::npos && IsRem(line.substr(word)) ? word : line.size();
 }
 
-/// Blocks without a branch and of one width of units: the compiler makes vectors of them; the few
-/// blocks that hold more than ASCII are gone through again.
-constexpr std::size_t Block = 64;
-
-/// Lower case of a text of any length. Room for the result is the caller's.
-void LowerInto(TextView text, char16_t* result) {
-  for (std::size_t start = 0; start < text.size(); start += Block) {
-    const TextView block = text.substr(start, Block);
-    std::uint16_t seen = 0;
-    for (std::size_t i = 0; i < block.size(); ++i) {
-      const char16_t unit = block[i];
-      seen = static_cast<std::uint16_t>(seen | unit);
-      const auto letter = static_cast<std::uint16_t>(unit - u'A');
-      result[start + i] = static_cast<char16_t>(unit + (letter < 26 ? 32 : 0));
-    }
-    if (seen < 0x80) continue;
-    for (char16_t& unit : std::span(result + start, block.size())) {
-      if (unit >= 0x80) unit = LowerCaseBeyondAscii(unit);
-    }
+void LowerBeyondAscii(char16_t* block) {
+  for (char16_t& unit : std::span(block, UnitBlock::Size)) {
+    if (unit >= 0x80) unit = LowerCaseBeyondAscii(unit);
   }
-}
-
-/// Number of blanks with another blank ahead of them.
-std::size_t CountDoubleBlanks(TextView text) {
-  constexpr std::size_t Counted = 0x4000;  // of which the count fits 16 bits
-  std::size_t result = 0;
-  for (std::size_t start = 1; start < text.size(); start += Counted) {
-    const std::size_t end = std::min(text.size(), start + Counted);
-    std::uint16_t count = 0;
-    for (std::size_t i = start; i < end; ++i) {
-      const auto other = static_cast<std::uint16_t>((text[i - 1] ^ u' ') | (text[i] ^ u' '));
-      count = static_cast<std::uint16_t>(count + (other == 0 ? 1 : 0));
-    }
-    result += count;
-  }
-  return result;
 }
 
 /// Makes one blank of each run of blanks in a trimmed text; gives the length that is left.
 std::size_t CollapseBlanks(char16_t* text, std::size_t length) {
-  if (CountDoubleBlanks({text, length}) == 0) return length;
   std::size_t kept = 0;
   char16_t last = u'\0';
   for (std::size_t i = 0; i < length; ++i) {
@@ -71,6 +40,26 @@ std::size_t CollapseBlanks(char16_t* text, std::size_t length) {
   }
   return kept;
 }
+
+/// Finds the blanks with another blank ahead of them, apart from the indentation of lines.
+class DoubleBlanks {
+ public:
+  /// For block after block of a text. ends: the line feeds in it.
+  UnitBits Next(const UnitBlock& block, UnitBits ends) {
+    const UnitBits blanks = block.Equal(' ');
+    const UnitBits first = (ends << 1U | mIndented) & blanks;
+    // Added to its first blank, a run of blanks gives a bit behind its end and none in it.
+    const UnitBits behind = blanks + first;
+    const UnitBits doubles = blanks & (blanks << 1U | mBlank) & behind;
+    mIndented = (behind | ends << 1U) >> UnitBlock::Size & 1U;
+    mBlank = blanks >> (UnitBlock::Size - 1);
+    return doubles;
+  }
+
+ private:
+  UnitBits mIndented = 1;  ///< the next block begins in the indentation of a line
+  UnitBits mBlank = 0;     ///< it has a blank ahead of it
+};
 
 }  // namespace
 
@@ -126,49 +115,46 @@ char16_t* ProcText::Room(std::size_t units) {
   return room;
 }
 
-// Every rewrite begins with this, so it makes up much of a run: all units are folded at once, and
-// lines are only cut out of them. Where the blanks at the ends of lines are not all that stand side
-// by side, the lines are gone through once more.
+// Every rewrite begins with this, so it makes up much of a run: one pass that folds a block of
+// units and stops only at those that end a line or say something about it.
 ProcText::ProcText(TextView text) {
   if (text.empty()) return;
-  char16_t* const lower = Room(text.size());
-  LowerInto(text, lower);
-  mMayHoldDirective = FindUnit({lower, text.size()}, u'#') != TextView::npos;
+  char16_t* const lower = Room(text.size() + UnitBlock::Size);
   mLines.reserve(text.size() / 24 + 2);
-  std::size_t doubles = CountDoubleBlanks(text);
-  for (std::size_t start = 0;;) {
-    const std::size_t end = FindLineEnd(text, start);
-    const TextView line = text.substr(start, end - start);
-    std::size_t left = start, right = end;
-    while (left < end && text[left] == u' ') ++left;
-    while (right > left && text[right - 1] == u' ') --right;
-    mLines.push_back({line, {lower + left, right - left}, true, false});
-    doubles -= std::max<std::size_t>(left - start, 1) - 1;
-    doubles -= std::max<std::size_t>(end - right, 1) - 1;
-    if (end == text.size()) break;
-    start = end + CrLf.size();
+  DoubleBlanks doubleBlanks;
+  std::size_t start = 0;
+  bool mayHoldMore = false, isTidy = true;
+  for (std::size_t at = 0; at < text.size(); at += UnitBlock::Size) {
+    const UnitBlock block(text, at);
+    block.LowerInto(lower + at);
+    if (!block.IsAscii()) LowerBeyondAscii(lower + at);
+    mMayHoldDirective |= block.Equal('#') != 0;
+    const UnitBits ends = block.Equal('\n'), more = block.Equal(':') | block.Equal('\'');
+    for (UnitBits bits = ends | more | doubleBlanks.Next(block, ends); bits != 0;
+         bits &= bits - 1) {
+      const std::size_t place = at + static_cast<std::size_t>(std::countr_zero(bits));
+      const char16_t unit = text[place];
+      if (unit == u'\n' && place > start && text[place - 1] == u'\r') {
+        AddGiven(text.substr(start, place - 1 - start), lower + start, mayHoldMore, isTidy);
+        start = place + 1;
+        mayHoldMore = false;
+        isTidy = true;
+      } else if (unit == u':' || unit == u'\'') {
+        mayHoldMore = true;
+      } else {
+        isTidy = false;  // behind a line feed alone, too, where blanks are no indentation
+      }
+    }
   }
-  MarkLinesWith(u':', {lower, text.size()});
-  MarkLinesWith(u'\'', {lower, text.size()});
-  if (doubles == 0) return;
-  for (Entry& entry : mLines) {
-    char16_t* const folded = lower + (entry.folded.data() - lower);
-    entry.folded = {folded, CollapseBlanks(folded, entry.folded.size())};
-  }
+  AddGiven(text.substr(start), lower + start, mayHoldMore, isTidy);
 }
 
-// From one sign to the next: few lines hold any.
-void ProcText::MarkLinesWith(char16_t sign, TextView lower) {
-  auto line = mLines.begin();
-  for (std::size_t at = 0; (at = FindUnit(lower, sign, at)) != TextView::npos; ++at) {
-    const char16_t* const place = lower.data() + at;
-    line = std::partition_point(line, mLines.end(), [&](const Entry& entry) {
-      return entry.folded.data() + entry.folded.size() <= place;
-    });
-    if (line == mLines.end()) return;
-    line->mayHoldMore = true;
-    at = static_cast<std::size_t>(line->folded.data() + line->folded.size() - lower.data());
-  }
+void ProcText::AddGiven(TextView line, char16_t* lower, bool mayHoldMore, bool isTidy) {
+  std::size_t left = 0, right = line.size();
+  while (left < right && line[left] == u' ') ++left;
+  while (right > left && line[right - 1] == u' ') --right;
+  const std::size_t length = isTidy ? right - left : CollapseBlanks(lower + left, right - left);
+  mLines.push_back({line, {lower + left, length}, true, mayHoldMore});
 }
 
 bool ProcText::MayHold(std::size_t first, std::size_t end, TextView lower) const {

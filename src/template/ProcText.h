@@ -84,7 +84,8 @@ class ProcText {
   /// Room for so many units, for as long as this object lives.
   char16_t* Room(std::size_t units);
 
-  void MarkLinesWith(char16_t sign, TextView lower);
+  /// Takes over a line of the given text. lower: the line in lower case, in room of our own.
+  void AddGiven(TextView line, char16_t* lower, bool mayHoldMore, bool isTidy);
 
   std::vector<Entry> mLines;
   std::vector<std::unique_ptr<char16_t[]>> mBlocks;

@@ -16,23 +16,23 @@ bool IsNameUnit(char16_t unit) {
          (unit >= u'A' && unit <= u'Z') || (unit >= u'a' && unit <= u'z');
 }
 
+/// True when a piece of a line ends in code: neither in a literal nor in a comment.
+bool EndsInCode(TextView piece) {
+  if (CommentStart(piece) < piece.size()) return false;
+  return std::count(piece.begin(), piece.end(), u'"') % 2 == 0;
+}
+
 /// Position from 0 of the first `Exit <type>` in code; npos when there is none.
 std::size_t FindExit(TextView line, TextView baseType) {
-  constexpr TextView exitWord = u"Exit ";
-  if (FindText(line, exitWord) == TextView::npos) return TextView::npos;
-  // Most lines hold neither a literal nor a comment, and are searched as they are.
-  Text masked;
-  TextView work = line.substr(0, CommentStart(line));
-  if (FindUnit(work, u'"') != TextView::npos) {
-    work = masked = MXStringVB::MaskVBLiterals(work, u"x");
-  }
-  for (std::size_t first = work.find(exitWord); first != TextView::npos;
-       first = work.find(exitWord, first + 1)) {
-    if (first > 0 && work[first - 1] != u' ') continue;
-    const std::size_t type = first + exitWord.size();
-    if (work.substr(type, baseType.size()) != baseType) continue;
+  constexpr TextView ExitWord = u"Exit ";
+  for (std::size_t first = FindText(line, ExitWord); first != TextView::npos;
+       first = FindText(line, ExitWord, first + 1)) {
+    if (first > 0 && line[first - 1] != u' ') continue;
+    const std::size_t type = first + ExitWord.size();
+    if (!Same(line.substr(type, baseType.size()), baseType)) continue;
     const std::size_t behind = type + baseType.size();
-    if (behind == work.size() || !IsNameUnit(work[behind])) return first;
+    if (behind < line.size() && IsNameUnit(line[behind])) continue;
+    if (EndsInCode(line.substr(0, first))) return first;
   }
   return TextView::npos;
 }
