@@ -77,23 +77,31 @@ void ConditionalCode::Define(LexicalScan& oScan) {
   if (moOwnNames.insert(sName).second) moNames[sName] = oValue;
 }
 
-std::int32_t ConditionalCode::Directive(LexicalScan& oScan, std::int32_t lLine,
+std::int32_t ConditionalCode::Directive(LexicalScan& oScan, DirectiveKind kind, std::int32_t lLine,
                                         std::size_t lColumn) {
   oScan.Start(lLine, lColumn + 1);
-  if (meReading != Reading::All && oScan.NextStatement()) {
-    const std::string_view sWord = oScan.Next().sText;
-    if (IsWord(sWord, "if")) {
+  if (meReading == Reading::All || !oScan.NextStatement()) return oScan.LastLine();
+  const bool isFirstOnly = meReading == Reading::FirstBranch;
+  oScan.Next();  // the directive's own word
+  switch (kind) {
+    case DirectiveKind::If:
       Open(Holds(oScan));
-    } else if (IsWord(sWord, "elseif")) {
-      Branch(meReading != Reading::FirstBranch && Holds(oScan));
-    } else if (IsWord(sWord, "else")) {
-      Branch(meReading != Reading::FirstBranch);
-    } else if (IsWord(sWord, "endif") ||
-               (IsWord(sWord, "end") && IsWord(oScan.Next().sText, "if"))) {
+      break;
+    case DirectiveKind::ElseIf:
+      Branch(!isFirstOnly && Holds(oScan));
+      break;
+    case DirectiveKind::Else:
+      Branch(!isFirstOnly);
+      break;
+    case DirectiveKind::EndIf:
       Close();
-    } else if (IsWord(sWord, "const")) {
+      break;
+    case DirectiveKind::Const:
       Define(oScan);
-    }
+      break;
+    case DirectiveKind::None:
+    case DirectiveKind::Other:
+      break;
   }
   return oScan.LastLine();
 }

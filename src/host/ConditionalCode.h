@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "CondValue.h"
+#include "Directive.h"
 #include "LexicalScan.h"
 #include "SourceDocument.h"
 
@@ -35,7 +36,8 @@ class ConditionalCode {
   bool HasOrphan() const { return !mbSound; }
 
   /// Takes a directive line whose "#" stands at lColumn (from 0). Gives its last physical line.
-  std::int32_t Directive(LexicalScan& oScan, std::int32_t lLine, std::size_t lColumn);
+  std::int32_t Directive(LexicalScan& oScan, DirectiveKind kind, std::int32_t lLine,
+                         std::size_t lColumn);
   /// True when #Const was met since this was last asked: what was known before may be void.
   bool TakeConstSeen();
 

@@ -6,13 +6,10 @@ const ScanResult& ModuleScan::Run(std::int32_t lFrom, std::int32_t lTo, bool bDe
                                   std::int32_t lBorder) {
   moResult.oProcedures.clear();
   moResult.oMembers.clear();
-  moResult = {std::move(moResult.oProcedures),
-              std::move(moResult.oMembers),
-              0,
-              lBorder,
-              false,
-              false,
-              false};
+  moResult = {.oProcedures = std::move(moResult.oProcedures),
+              .oMembers = std::move(moResult.oMembers),
+              .lBorder = lBorder};
+  mInactive.Forget();
   mePlace = bDeclarations ? Place::Declarations : Place::Between;
   mlBorderState = moConditions.State();
   mlUsedLine = lFrom - 1;
@@ -21,6 +18,11 @@ const ScanResult& ModuleScan::Run(std::int32_t lFrom, std::int32_t lTo, bool bDe
   moResult.bOverrun = l > lTo + 1;
   moResult.bInside = !IsOutside();
   if (mePlace == Place::Procedure) ++moResult.lFaults;
+  if (IsOutside()) {
+    // Declarations that end in an inactive one hold it themselves: nothing follows that would not.
+    const InactiveText::End& end = mInactive.AtOther();
+    if (mePlace == Place::Between || end.heads > 0) LeaveOut(end);
+  }
   return moResult;
 }
 
@@ -30,20 +32,48 @@ void ModuleScan::SetBorder(std::int32_t lLine) {
   mlBorderState = moConditions.State();
 }
 
+void ModuleScan::ForgetBorder() {
+  moResult.lBorder = 0;
+  mInactive.Forget();
+}
+
+// The lines from the border to the end of the inactive text become no procedure's.
+void ModuleScan::LeaveOut(const InactiveText::End& end) {
+  if (end.line == 0) return;
+  moResult.hidden += end.heads;
+  moResult.oProcedures.push_back(
+      {{}, moResult.lBorder, moResult.lBorder, mlBorderState, ProcKind::Method, Access::None});
+  moResult.lBorder = end.line;
+  mlBorderState = end.state;
+}
+
 // Takes the logical line that begins at lLine and gives its last physical line.
 std::int32_t ModuleScan::Line(std::int32_t lLine) {
   const std::string_view sLine = moLines.TextOf(lLine);
   const std::string_view sCode = SkipBlanks(sLine);
-  if (!sCode.empty() && sCode[0] == '#') {
-    if (IsOutside()) SetBorder(lLine);
-    return moConditions.Directive(moScan, lLine, sLine.size() - sCode.size());
-  }
-  if (!moConditions.IsActive()) {
-    moScan.Start(lLine);
-    return moScan.LastLine();
-  }
+  if (!sCode.empty() && sCode[0] == '#') return Directive(lLine, sLine.size() - sCode.size());
+  if (!moConditions.IsActive()) return InactiveLine(lLine, sCode);
   if (IsOutside()) return OutsideLine(lLine, sCode);
   return MayEndBody(sLine) ? Statements(lLine) : lLine;
+}
+
+std::int32_t ModuleScan::Directive(std::int32_t lLine, std::size_t lColumn) {
+  const DirectiveKind kind = DirectiveOf(moLines.TextOf(lLine).substr(lColumn));
+  if (!IsOutside()) return moConditions.Directive(moScan, kind, lLine, lColumn);
+  SetBorder(lLine);
+  const std::int32_t state = moConditions.State();
+  const bool wasActive = moConditions.IsActive();
+  const std::int32_t last = moConditions.Directive(moScan, kind, lLine, lColumn);
+  mInactive.Take(kind, wasActive, moConditions.IsActive(), {lLine, state});
+  return last;
+}
+
+std::int32_t ModuleScan::InactiveLine(std::int32_t lLine, std::string_view sCode) {
+  moScan.Start(lLine);
+  if (!IsOutside()) return moScan.LastLine();
+  if (!sCode.empty()) mInactive.TakeLine();
+  while (moScan.NextStatement()) mInactive.Take(ReadStatement(moScan));
+  return moScan.LastLine();
 }
 
 std::int32_t ModuleScan::OutsideLine(std::int32_t lLine, std::string_view sCode) {
@@ -77,9 +107,10 @@ void ModuleScan::Take(const Statement& oStatement, std::int32_t lLine) {
 void ModuleScan::TakeOutside(const Statement& oStatement, std::int32_t lLine) {
   moResult.bStatements = true;
   if (mePlace == Place::Declarations)
-    moResult.lBorder = 0;
+    ForgetBorder();
   else
     SetBorder(lLine);
+  mInactive.AtOther();
   switch (oStatement.eKind) {
     case StatementKind::Type:
     case StatementKind::Enum:
@@ -111,18 +142,20 @@ void ModuleScan::TakeOutside(const Statement& oStatement, std::int32_t lLine) {
 void ModuleScan::Head(const Statement& oStatement, std::int32_t lLine) {
   if (!IsOutside()) {
     ++moResult.lFaults;
-    moResult.lBorder = 0;
+    ForgetBorder();
   }
   mePlace = Place::Procedure;
   mcWord = oStatement.cWord;
   mbListed = lLine > mlUsedLine;
   if (!mbListed) {
     ++moResult.lFaults;
-    moResult.lBorder = 0;
+    ForgetBorder();
     SetBorder(lLine + 1);
     return;
   }
   SetBorder(lLine);
+  LeaveOut(mInactive.AtHead());
+  mInactive.Forget();
   mlUsedLine = lLine;
   const bool bMethod = oStatement.nProcKind == ProcKind::Method;
   AddMember(oStatement, bMethod ? MemberType::Method : MemberType::Property, lLine);
@@ -135,7 +168,7 @@ void ModuleScan::End(std::int32_t lLine) {
   mePlace = Place::Between;
   if (!mbListed) return;
   mlUsedLine = lLine;
-  moResult.lBorder = 0;
+  ForgetBorder();
 }
 
 void ModuleScan::AddMember(const Statement& oStatement, MemberType nType, std::int32_t lLine) {

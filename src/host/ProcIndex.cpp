@@ -181,6 +181,7 @@ ProcIndex::Member ProcIndex::MadeOf(const ScannedMember& oScanned) {
 
 void ProcIndex::Store(const ScanResult& oResult) {
   ++mlMembersVersion;
+  mHidden = oResult.hidden;
   moScopes.assign(1, Scope());
   for (const ScannedProcedure& o : oResult.oProcedures) {
     moScopes.push_back({o.lStart, o.lBody - o.lStart, o.lState, -1, o.eAccess, o.nKind});
@@ -323,6 +324,11 @@ std::int32_t ProcIndex::LineCount(std::int32_t lScope) {
 std::uint32_t ProcIndex::MembersVersion() {
   Update();
   return mlMembersVersion;
+}
+
+std::int32_t ProcIndex::HiddenProcedures() {
+  Update();
+  return mHidden;
 }
 
 std::int32_t ProcIndex::MemberCount() {

@@ -1,5 +1,6 @@
 // The index of a module: which visible lines belong to which procedure, and the members. Scope 0
-// is the declarations section, scope n the n-th procedure; together they hold every line.
+// is the declarations section, scope n the n-th procedure or a stretch of lines that no procedure
+// has; together they hold every line.
 //
 // An edit inside one scope costs a new look at that scope alone, and only when something is asked
 // next: a delete with an insert behind it counts as one edit. When the new lines don't make the
@@ -53,6 +54,8 @@ class ProcIndex {
     const Declaration* end() const { return aoPlace.data() + lCount; }
   };
   Declarations DeclarationsOf(std::int32_t lMember);
+  /// Procedures in inactive branches: no lines of any scope that can be found.
+  std::int32_t HiddenProcedures();
   LexicalScan& Scan() { return moScan; }
 
  private:
@@ -124,7 +127,8 @@ class ProcIndex {
     std::int32_t lMember = -1;
     std::uint32_t lVersion = 0;
     bool bProperty = false;
-  } moLast;  // what Find found last
+  } moLast;                  // what Find found last
+  std::int32_t mHidden = 0;  // procedures
   bool mbAllDirty = true;
   bool mbFaulty = false;  // heads and ends don't pair
 };

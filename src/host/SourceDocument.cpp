@@ -119,6 +119,10 @@ std::int32_t SourceDocument::CountOfDeclarationLines() const {
   return mpImpl->oIndex.LineCount(0);
 }
 
+std::int32_t SourceDocument::HiddenProcedures() const {
+  return mpImpl->oIndex.HiddenProcedures();
+}
+
 bool SourceDocument::HasProcedure(TextView name, ProcKind kind) const {
   return mpImpl->oIndex.Find(name, kind) != 0;
 }

@@ -54,6 +54,8 @@ class SourceDocument {
   /// Line in the file, from 1, of a visible line: header block and hidden lines counted.
   std::int32_t FileLine(std::int32_t lLine) const;
   std::int32_t CountOfDeclarationLines() const;
+  /// Procedures in branches of conditional compilation that aren't active: no member shows them.
+  std::int32_t HiddenProcedures() const;
   bool HasProcedure(TextView name, ProcKind kind) const;
   std::int32_t ProcStartLine(TextView sName, ProcKind nKind) const;
   std::int32_t ProcBodyLine(TextView sName, ProcKind nKind) const;

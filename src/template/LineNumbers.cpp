@@ -4,6 +4,7 @@
 #include <set>
 #include <vector>
 
+#include "Directive.h"
 #include "Failure.h"
 #include "LogicalLine.h"
 #include "MQuillon.h"
@@ -105,8 +106,9 @@ class Numbering {
   bool Wants(TextView statement) {
     bool alone = false;
     if (statement.empty()) return false;
-    if (MXStringVB::IsVBCompilerDirective(statement)) {
-      FollowBranches(statement);
+    const DirectiveKind directive = DirectiveOf(statement);
+    FollowBranches(directive);
+    if (directive > DirectiveKind::Other || MXStringVB::IsVBCompilerDirective(statement)) {
       return false;
     }
     if (MXStringVB::IsVBLineLabel(statement, alone) && alone) return false;
@@ -126,18 +128,15 @@ class Numbering {
   }
 
   /// Whichever branch is compiled, a Case that may be the first is taken for it.
-  void FollowBranches(TextView directive) {
-    if (directive.starts_with(u"#if")) {
-      mBranches.push_back({mInSelect, false, false});
-    } else if (mBranches.empty()) {
-      return;
-    } else if (directive.starts_with(u"#else")) {
-      Branches& branches = mBranches.back();
+  void FollowBranches(DirectiveKind directive) {
+    if (directive == DirectiveKind::If) mBranches.push_back({mInSelect, false, false});
+    if (mBranches.empty()) return;
+    Branches& branches = mBranches.back();
+    if (directive == DirectiveKind::Else || directive == DirectiveKind::ElseIf) {
       branches.openBehind |= mInSelect;
-      branches.hasElse |= !directive.starts_with(u"#elseif");
+      branches.hasElse |= directive == DirectiveKind::Else;
       mInSelect = branches.openAhead;
-    } else if (directive.starts_with(u"#end")) {
-      const Branches& branches = mBranches.back();
+    } else if (directive == DirectiveKind::EndIf) {
       mInSelect |= branches.openBehind || (branches.openAhead && !branches.hasElse);
       mBranches.pop_back();
     }

@@ -1,8 +1,11 @@
 #include "ProcPlaces.h"
 
+#include <algorithm>
 #include <array>
 
+#include "Directive.h"
 #include "MXStringVB.h"
+#include "SplitHead.h"
 
 namespace {
 
@@ -14,10 +17,6 @@ bool IsWhite(char16_t unit) {
 
 bool IsDigit(char16_t unit) {
   return unit >= u'0' && unit <= u'9';
-}
-
-bool IsWordUnit(char16_t unit) {
-  return unit == u'_' || unit >= 0x80 || IsDigit(unit) || (unit >= u'a' && unit <= u'z');
 }
 
 TextView WithoutNumber(TextView folded) {
@@ -64,36 +63,22 @@ bool HoldsEnd(TextView folded, TextView lowerType) {
   return false;
 }
 
-enum class Directive { None, If, Else, EndIf };
-
-Directive DirectiveOf(TextView folded) {
-  folded = TrimWhite(folded);
-  if (!folded.starts_with(u'#')) return Directive::None;
-  folded = TrimWhite(folded.substr(1));
-  std::size_t end = 0;
-  while (end < folded.size() && IsWordUnit(folded[end])) ++end;
-  const TextView word = folded.substr(0, end);
-  if (word == u"if") return Directive::If;
-  if (word == u"else" || word == u"elseif") return Directive::Else;
-  if (word == u"end" && TrimWhite(folded.substr(end)).starts_with(u"if")) return Directive::EndIf;
-  return Directive::None;
-}
-
 bool IsBalanced(const ProcText& code, std::size_t first, std::size_t last) {
   if (!code.MayHoldDirective()) return true;
   int depth = 0;
   for (std::size_t i = first; i <= last; ++i) {
-    switch (DirectiveOf(code.Folded(i))) {
-      case Directive::If:
+    switch (DirectiveAt(code, i)) {
+      case DirectiveKind::If:
         ++depth;
         break;
-      case Directive::Else:
+      case DirectiveKind::Else:
+      case DirectiveKind::ElseIf:
         if (depth == 0) return false;
         break;
-      case Directive::EndIf:
+      case DirectiveKind::EndIf:
         if (--depth < 0) return false;
         break;
-      case Directive::None:
+      default:
         break;
     }
   }
@@ -135,7 +120,7 @@ ProcPlaces FindPlaces(const ProcText& code, std::int32_t headLine, TextView base
     return places;
   }
   places.end = *end;
-  if (!IsBalanced(code, static_cast<std::size_t>(headLine) - 1, places.end)) {
+  if (!IsBalanced(code, places.firstBody, places.end)) {
     places.refusal = RefusalKind::DirectivesUnbalanced;
   }
   return places;
@@ -143,9 +128,9 @@ ProcPlaces FindPlaces(const ProcText& code, std::int32_t headLine, TextView base
 
 std::size_t BehindHead(const ProcText& code, std::int32_t headLine) {
   if (headLine < 1 || static_cast<std::size_t>(headLine) > code.Count()) return code.Count();
-  std::size_t i = static_cast<std::size_t>(headLine) - 1;
-  while (i < code.Count() && Continues(code.Line(i))) ++i;
-  return i < code.Count() ? i + 1 : i;
+  const std::size_t head = static_cast<std::size_t>(headLine) - 1;
+  const std::size_t behind = BehindStatement(code, head);
+  return code.MayHoldDirective() ? BehindSplitHead(code, head, behind) : behind;
 }
 
 bool HasHead(const ProcText& code, std::int32_t headLine) {

@@ -21,10 +21,12 @@ struct ProcPlaces {
 
 /// baseType: Sub, Function or Property. Refuses a head that isn't there, a head and end on one
 /// line, an end that is missing or written in another form than by itself on a line, and
-/// unbalanced conditional compilation between head and end.
+/// unbalanced conditional compilation in the body.
 ProcPlaces FindPlaces(const ProcText& code, std::int32_t headLine, TextView baseType);
 
-/// Index of the line behind the head that begins at headLine, or Count() when there is none.
+/// Index of the line behind the head that begins at headLine, or Count() when there is none. Where
+/// conditional compilation holds the same head in several forms, with one body behind them, all of
+/// them together are the head, and it ends with their #End If.
 std::size_t BehindHead(const ProcText& code, std::int32_t headLine);
 /// True when the text holds a head at that line, and all of it.
 bool HasHead(const ProcText& code, std::int32_t headLine);

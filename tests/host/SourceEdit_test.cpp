@@ -131,6 +131,10 @@ TEST(SourceEdit, TheIndexFollows) {
     directive left open          ~ hidden ~ 6 ~ 3 ~ #End If|Sub B()|End Sub|#If k Then
     constant that others ask for ~ hidden ~ 1 ~ 2 ~ Sub A()|#Const k = 1|End Sub
     comment at the very top      ~ module ~ 11 ~ 2 ~ ' x|Property Let B(v)|End Property
+    ahead of a hidden one        ~ hidden ~ 1 ~ 2 ~ Sub A()|x|End Sub
+    behind a hidden one          ~ hidden ~ 6 ~ 3 ~ #End If|' x|Sub B()|x|End Sub
+    in a hidden one              ~ hidden ~ 4 ~ 1 ~ Sub H()|x
+    another hidden one           ~ hidden ~ 7 ~ 2 ~ Sub B()|End Sub|#If k Then|Sub G()|End Sub|#End If
     longer body                  ~ module ~ 3 ~ 5 ~ |Sub A()|x|y|z|End Sub|' glued
     comment at the top           ~ module ~ 9 ~ 2 ~ ' new _| one|Property Get B()|End Property
     blank at the bottom          ~ module ~ 9 ~ 2 ~ Property Get B()|End Property|

@@ -114,8 +114,20 @@ TEST(SourceIndex, OnlyActiveLinesCount) {
       operators                  ~ #If (1 + 2) ^ 2 = 9 And "ab" Like "a*" And 7 Mod 4 = 3 And Not 0 Then|Dim a|#End If| ~ D3 v1a@2
       empty name                 ~ #If Nope = "" And Nope = 0 And Len("abc") <> 2 Xor 0 Then|Dim a|#End If| ~ D3 v1a@2
       nested                     ~ #If 0 Then|#If 1 Then|Dim a|#Else|Dim b|#End If|#Else|Dim c|#End If| ~ D9 v1c@8
-      inactive text isn't read   ~ #If 0 Then|Sub A()|Type X|"|#End If|Sub B()|End Sub| ~ D0 m2B@6,0:1/6/7
-      values leave a head open   ~ #If 0 Then|Sub A()|End Sub|#Else|Sub A()|#End If|Sub B()|End Sub| ~ D0 m2A@2,0:1/2/3 m2B@7,0:4/7/5
+      inactive text isn't read   ~ #If 0 Then|Sub A()|Type X|"|#End If|Sub B()|End Sub| ~ D0 m2B@6,0:5/6/3 H1
+      values leave a head open   ~ #If 0 Then|Sub A()|End Sub|#Else|Sub A()|#End If|Sub B()|End Sub| ~ D0 m2A@2,0:1/2/3 m2B@7,0:6/7/3 H1
+      procedure of no variant    ~ Sub A()|End Sub||' x|#If 0 Then|' y|Sub B()|End Sub|#End If||Sub C()|End Sub| ~ D0 m2A@1,0:1/1/2 m2C@11,0:9/11/4 H1
+      behind all others          ~ Sub A()|End Sub|' y|#If 0 Then|Sub B()|End Sub|#End If|' z ~ D0 m2A@1,0:1/1/3 H1
+      behind declarations        ~ Dim a|#If 0 Then|Sub B()|End Sub|Sub C()|End Sub|#End If| ~ D1 v1a@1 H2
+      inactive declaration       ~ Dim a|#If 0 Then|Dim b|#End If|Sub B()|End Sub| ~ D1 v1a@1 m2B@5,0:4/5/3
+      nothing in the branch      ~ Sub A()|End Sub|#If 0 Then||#End If|Sub B()|End Sub| ~ D0 m2A@1,0:1/1/2 m2B@6,0:3/6/5
+      other head first           ~ #If 0 Then|Sub Go(ByVal a&)|' x|#Else|Sub Go()|#End If|Beep|End Sub| ~ D0 m2Go@5,0:1/5/8
+      three heads                ~ #If 0 Then|Sub Go(a)|#ElseIf 0 Then|Sub Go(b)|#Else|Sub Go()|#End If|End Sub| ~ D0 m2Go@6,0:1/6/8
+      procedure ahead of heads   ~ #If 0 Then|Sub A()|End Sub|#End If|#If 0 Then|Sub Go(a)|#Else|Sub Go()|#End If|End Sub| ~ D0 m2Go@8,0:4/8/7 H1
+      head with a statement      ~ #If 0 Then|Sub Go(a)|x|#Else|Sub Go()|#End If|End Sub| ~ D0 m2Go@5,0:4/5/4 H1
+      two heads in one branch    ~ #If 0 Then|Sub Go(a)|Sub Go(b)|#Else|Sub Go()|#End If|End Sub| ~ D0 m2Go@5,0:4/5/4 H2
+      head that leads nowhere    ~ #If 0 Then|Sub Go(a)|#Else|#End If|Sub B()|End Sub| ~ D0 m2B@5,0:3/5/4 H1
+      blank behind the sign      ~ # If 0 Then|Sub B()|End Sub|#\tElse|Sub C()|End Sub| #EndIf| ~ D0 m2C@5,0:4/5/4 H1
       directives that don't pair ~ #If 0 Then|Sub A()|End Sub| ~ D0 m2A@2,0:1/2/3
       end without if             ~ #End If|#Else|Sub A()|End Sub| ~ D0 m2A@3,0:1/3/4
       unreadable                 ~ #If ((( Then|Dim a|#Else|Dim b|#End If|#Region x| ~ D6 v1b@4

@@ -23,7 +23,7 @@ inline std::unique_ptr<SourceDocument> Opened(std::string_view sRow, const char*
 }
 
 /// "D" and the lines of declarations; then each member with type letter, scope, name, line, and
-/// "kind:start/body/count" for its procedures.
+/// "kind:start/body/count" for its procedures; "H" and the number of those in inactive branches.
 inline std::string IndexText(const SourceDocument& oDocument) {
   std::string sIndex = "D" + std::to_string(oDocument.CountOfDeclarationLines());
   for (std::int32_t l = 1; l <= oDocument.MemberCount(); ++l) {
@@ -41,5 +41,6 @@ inline std::string IndexText(const SourceDocument& oDocument) {
         while (sIndex.back() == ',') sIndex.pop_back();
       }
   }
+  if (const auto hidden = oDocument.HiddenProcedures()) sIndex += " H" + std::to_string(hidden);
   return sIndex;
 }

@@ -166,7 +166,8 @@ const Row Rows[] = {
      u"#If A Then|Sub Run(x)|#Else|Sub Run()|#End If|y|End Sub",
      u"Plain",
      {},
-     "! Conditional Compilation in Procedure is not balanced",
+     "#If A Then|Sub Run(x)|#Else|Sub Run()|#End If|'Sig: Plain|    On Error GoTo Catch|y|Leave:|"
+     "    Exit Sub|Catch:|    Resume Leave|End Sub",
      u"Sub",
      u"Run",
      4},
@@ -193,6 +194,46 @@ TEST(Insertion, WritesTheWholeProcedureOrRefuses) {
     EXPECT_EQ(
         oTest.Insert(oRow.sBefore, oRow.sTemplate, oRow.oSet, oRow.sType, oRow.sProc, oRow.lBody),
         oRow.sAfter);
+  }
+}
+
+TEST(Insertion, TakesOnlyTheSameHeadInSeveralFormsForOne) {
+  const struct {
+    const char* name;
+    TextView head;
+    std::int32_t line;
+    bool balanced;
+  } rows[] = {
+      {"each of two", u"#If A Then|Sub Run(x)|#Else|Sub Run()|#End If|", 2, true},
+      {"three with comments and continuations",
+       u"' a|# If A Then|Private Sub Run(x, _|y)|' b _|c||#ElseIf B Then|Sub RUN$(x)|# Else|Rem c|"
+       u"Sub Run()|#EndIf ' d|",
+       12, true},
+      {"one head", u"#If A Then|Sub Run()|#End If|", 2, false},
+      {"a branch without", u"#If A Then|Sub Run()|#Else|#End If|", 2, false},
+      {"two in one branch", u"#If A Then|Sub Run(x)|Sub Run(y)|#Else|#End If|", 2, false},
+      {"another name", u"#If A Then|Sub Runs(x)|#Else|Sub Run()|#End If|", 4, false},
+      {"another type", u"#If A Then|Function Run(x)|#Else|Sub Run()|#End If|", 4, false},
+      {"a statement in a branch", u"#If A Then|Sub Run(x)|y|#Else|Sub Run()|#End If|", 5, false},
+      {"a declaration ahead", u"#If A Then|Dim x|Sub Run(x)|#Else|Sub Run()|#End If|", 3, false},
+      {"a constant in a branch", u"#If A Then|#Const B = 1|Sub Run(x)|#Else|Sub Run()|#End If|", 3,
+       false},
+      {"no end", u"#If A Then|Sub Run(x)|#Else|Sub Run()|", 2, false},
+      {"no start", u"Sub Run(x)|#Else|Sub Run()|#End If|", 1, false},
+      {"start of another block", u"#If A Then|#End If|Sub Run(x)|#Else|Sub Run()|#End If|", 3,
+       false},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    EngineFixture test(Templates);
+    const Text text = Text(row.head) + u"#If B Then|    x = 1|#End If|End Sub";
+    const std::string put = test.Insert(text, u"Gap", {}, u"Sub", u"Run", row.line);
+    if (!row.balanced) {
+      EXPECT_EQ(put, "! Conditional Compilation in Procedure is not balanced");
+      continue;
+    }
+    EXPECT_TRUE(put.starts_with(ToUtf8(row.head) + "'Sig: Gap|")) << put;
+    EXPECT_EQ(test.Remove(FromUtf8(put), u"Gap", u"Sub", u"Run", row.line), ToUtf8(text));
   }
 }
 
