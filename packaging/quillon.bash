@@ -49,6 +49,7 @@ _quillon_value() {
     --codepage) _quillon_words 1252 utf-8 932 936 949 950 1250 1251 ;;
     --type) _quillon_words Sub Function 'Property *' declarations ;;
     --procedure) _quillon_words '(declarations)' ;;
+    --root) COMPREPLY=(); compopt -o dirnames 2>/dev/null ;;
     --project | --component) COMPREPLY=() ;;
     --connect) _quillon_words startup external ;;
     --format)
@@ -64,14 +65,14 @@ _quillon_value() {
 # _quillon_options COMMAND: the options that the command knows; without one, those that fit most.
 _quillon_options() {
   local common=(-h --help -t --template --settings --log --color -q --quiet -v --verbose --trace)
-  local scope=(--project --component --procedure --type --codepage)
+  local scope=(--project --component --procedure --type --codepage --root)
   local rewriting=(-n --dry-run --diff --exit-code --no-verify)
   case $1 in
     list) _quillon_words "${common[@]}" "${scope[@]}" --suggested --pending --format ;;
     check) _quillon_words "${common[@]}" "${scope[@]}" --format ;;
     apply) _quillon_words "${common[@]}" "${scope[@]}" "${rewriting[@]}" --set --suggested ;;
     refresh | number | unnumber) _quillon_words "${common[@]}" "${scope[@]}" "${rewriting[@]}" ;;
-    report) _quillon_words "${common[@]}" --project --component --codepage --pdf --format ;;
+    report) _quillon_words "${common[@]}" --project --component --codepage --root --pdf --format ;;
     template | text | rules) _quillon_words "${common[@]}" ;;
     *) _quillon_words --version "${common[@]}" "${scope[@]}" "${rewriting[@]}" ;;
   esac
@@ -98,7 +99,7 @@ _quillon() {
     word=${COMP_WORDS[i]}
     case $word in
       -t | --template | --settings | --log | --pdf | --color | --codepage | --type | --procedure | \
-        --project | --component | --format | --set)
+        --project | --component | --root | --format | --set)
         if [[ ${COMP_WORDS[i + 1]} == = ]]; then i=$((i + 1)); fi  # --option=value
         if ((i + 1 >= COMP_CWORD)); then last=$word; fi
         i=$((i + 1))
@@ -126,7 +127,7 @@ _quillon_desktop() {
   local cur=${COMP_WORDS[COMP_CWORD]}
   COMPREPLY=()
   if [[ $cur == -* ]]; then
-    _quillon_words --connect -h --help --log --settings -t --template --version
+    _quillon_words --connect -h --help --log --root --settings -t --template --version
   elif ! _quillon_value "${COMP_WORDS[COMP_CWORD - 1]}" ''; then
     _quillon_files 'vbg|vbp'
   fi

@@ -34,6 +34,8 @@ set -l scoped list check apply refresh number unnumber
 complete -c quillon -n "$in $scoped" -l procedure -xa "'(declarations)'" -d "Procedures by name"
 complete -c quillon -n "$in $scoped" -l type -xa "Sub Function 'Property *' declarations" \
     -d "Types as list shows them"
+complete -c quillon -n "$in $grouped" -l root -xa "(__fish_complete_directories)" \
+    -d "Folder that may be written too"
 complete -c quillon -n "$in $grouped" -l codepage -xa "1252 utf-8 932 936 949 950 1250 1251" \
     -d "Code page of the files"
 

@@ -20,7 +20,7 @@ _quillon_property() {
 }
 
 _quillon_program() {
-  local -a common codepage scope rewriting commands
+  local -a common reading scope rewriting commands
   local state line
   common=(
     '(-h --help)'{-h,--help}'[print help]'
@@ -32,11 +32,12 @@ _quillon_program() {
     '(-v --verbose)'{-v,--verbose}'[tell more]'
     '--trace[log entry and exit of the routines]'
   )
-  codepage=(
+  reading=(
     '--codepage[code page of the files]:code page:(1252 utf-8 932 936 949 950 1250 1251)'
+    '*--root[folder that may be written too]:folder:_files -/'
   )
   scope=(
-    $codepage
+    $reading
     '*--project[projects by name]:pattern:'
     '*--component[components by name]:pattern:'
     '*--procedure[procedures by name]:pattern:{compadd -- "(declarations)"}'
@@ -77,7 +78,7 @@ _quillon_program() {
         refresh | number | unnumber)
           _arguments $common $scope $rewriting '*:path:_quillon_projects' ;;
         report)
-          _arguments $common $codepage '*--project[projects by name]:pattern:' \
+          _arguments $common $reading '*--project[projects by name]:pattern:' \
             '*--component[components by name]:pattern:' \
             '--pdf[file to write]:file:_files -g "*.(#i)pdf(-.)"' \
             '--format[form]:form:(text)' '1:report:(summary properties)' '*:path:_quillon_projects' ;;
@@ -92,6 +93,7 @@ _quillon_program() {
 _quillon_desktop() {
   _arguments '--connect[how the add-in is connected]:mode:(startup external)' \
     '--settings[settings file]:settings file:_files -g "*.(#i)reg(-.)"' \
+    '*--root[folder that may be written too]:folder:_files -/' \
     '(-t --template)'{-t,--template}'[template file]:template file:_files -g "*.(#i)dat(-.)"' \
     '1:group:_quillon_projects'
 }

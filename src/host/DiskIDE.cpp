@@ -1,6 +1,7 @@
 #include "DiskIDE.h"
 
 #include <optional>
+#include <set>
 #include <utility>
 
 #include "CodePage.h"
@@ -11,10 +12,10 @@
 
 namespace {
 
-ReadSettings SettingsOf(const DiskIDE::Options& oOptions) {
+ReadSettings SettingsOf(const DiskIDE::Options& oOptions, const WriteRoots& roots) {
   bool bForce = !oOptions.sCodePage.empty();
   return {&CodePage::Get(bForce ? oOptions.sCodePage : "1252"), bForce,
-          oOptions.poFiles ? oOptions.poFiles : &SystemFileOps()};
+          oOptions.poFiles ? oOptions.poFiles : &SystemFileOps(), &roots};
 }
 
 DiskIDE::Change ChangeIn(const StoredDocument& oDocument) {
@@ -30,11 +31,16 @@ class HostAddins : public Addins {
 class FileIDE : public DiskIDE, public VBE {
  public:
   FileIDE(const std::vector<std::string>& asPath, const Options& oOptions)
-      : moSettings(SettingsOf(oOptions)), moFinder(*moSettings.poFiles), moStore(moSettings) {
+      : moSettings(SettingsOf(oOptions, mRoots)),
+        moFinder(*moSettings.poFiles),
+        moStore(moSettings) {
     GroupReader oReader(moFinder, moSettings);
     for (const std::string& sPath : asPath) oReader.Read(sPath);
     moNotes = std::move(oReader.Notes());
     moSources = std::move(oReader.Sources());
+    for (const std::string& folder : oOptions.roots) mRoots.Add(RealPath(folder));
+    for (const std::string& folder : oReader.Folders())
+      mRoots.Add(WorkTreeOf(folder, *moSettings.poFiles));
     for (GroupReader::Project& oProject : oReader.Projects()) AddProject(oProject);
   }
 
@@ -61,6 +67,14 @@ class FileIDE : public DiskIDE, public VBE {
 
   std::int32_t FileLine(const ::CodeModule& oModule, std::int32_t lLine) const override {
     return static_cast<const HostCodeModule&>(oModule).Document().FileLine(lLine);
+  }
+
+  std::vector<std::string> FoldersOutside() const override {
+    std::set<std::string> folders;
+    for (const auto& document : moStore.All())
+      if (document->Refusal() == WriteRefusal::Outside && document->IsThere())
+        folders.insert(PathFinder::FolderOf(document->RealPath()));
+    return {folders.begin(), folders.end()};
   }
 
   SaveResult Save() override {
@@ -121,7 +135,8 @@ class FileIDE : public DiskIDE, public VBE {
       moNotes.push_back({oProject.FileName(), oNote.lLine, oNote.sMessage, false});
   }
 
-  // In the order of who refers to whom: projects to documents, documents to the settings.
+  // In the order of who refers to whom: projects to documents, documents to settings and roots.
+  WriteRoots mRoots;
   ReadSettings moSettings;
   PathFinder moFinder;
   DocumentStore moStore;

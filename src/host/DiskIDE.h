@@ -25,6 +25,10 @@ class DiskIDE {
     /// Name of the ANSI code page (CodePage::Get); empty: 1252, or UTF-8 where a file is UTF-8.
     std::string sCodePage;
     IFileOps* poFiles = nullptr;  ///< null: the system's
+    /// Folders below which components may be written, besides the work trees of the paths (the
+    /// nearest folder upwards that holds .git, else the folder of the path). What lies elsewhere
+    /// is read only, and its component tells why.
+    std::vector<std::string> roots;
   };
 
   /// Something that was found while reading and doesn't stop it.
@@ -58,6 +62,10 @@ class DiskIDE {
   /// For files that should be shown without keeping all new bytes at once.
   virtual std::vector<std::string> ChangedPaths() const = 0;
   virtual Change ChangeOf(const std::string& sPath) const = 0;
+
+  /// The folders of the components that are read only because another root is missing, in
+  /// alphabetical order.
+  virtual std::vector<std::string> FoldersOutside() const = 0;
 
   /// Line in its file, from 1, of a line that a module of this host shows.
   virtual std::int32_t FileLine(const ::CodeModule& oModule, std::int32_t lLine) const = 0;

@@ -23,10 +23,11 @@ void DocumentSave::Add(StoredDocument& document) {
 }
 
 void DocumentSave::Stage(StoredDocument& document) {
+  const std::string path = document.PathToWrite();
   const FileStamp stamp = FileStamp::Of(document.Path(), mFiles);
   if (document.IsOnDisk()) return document.MarkSaved(stamp);
   if (!mStaged) mStaged.emplace(mFiles);
-  mStaged->Stage(document.Path(), document.Document().Bytes());
+  mStaged->Stage(path, document.Document().Bytes());
   mWaiting.push_back({&document, mResults.size() - 1, {}});
 }
 

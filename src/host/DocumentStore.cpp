@@ -52,6 +52,26 @@ std::unique_ptr<SourceDocument> StoredDocument::MakeDocument() const {
   return pDocument;
 }
 
+Text StoredDocument::ReadOnlyReason() const {
+  return moSettings.roots ? moSettings.roots->Reason(mRealPath) : Text();
+}
+
+WriteRefusal StoredDocument::Refusal() const {
+  return moSettings.roots ? moSettings.roots->Refusal(mRealPath) : WriteRefusal::None;
+}
+
+bool StoredDocument::IsThere() const {
+  IFileOps::Stat state;
+  return moSettings.poFiles->GetStat(mRealPath, state) == 0;
+}
+
+std::string StoredDocument::PathToWrite() const {
+  std::string path = ::RealPath(msPath);
+  const Text reason = moSettings.roots ? moSettings.roots->Reason(path) : Text();
+  if (!reason.empty()) throw Failure(75, reason, u"host");
+  return path;
+}
+
 // The file's state tells at once that nothing happened; where it differs or proves nothing the
 // bytes decide, since a checkout or a copy back touches files without changing them.
 bool StoredDocument::IsOnDisk() const {
@@ -110,7 +130,8 @@ StoredDocument& DocumentStore::Add(const std::string& sIdentity, const std::stri
                                    const std::vector<CondConstant>& oConstants) {
   auto [it, bNew] = moByIdentity.try_emplace(sIdentity);
   if (bNew) {
-    moDocuments.push_back(std::make_unique<StoredDocument>(sPath, oConstants, moSettings));
+    moDocuments.push_back(
+        std::make_unique<StoredDocument>(sPath, sIdentity, oConstants, moSettings));
     it->second = moDocuments.back().get();
   }
   return *it->second;

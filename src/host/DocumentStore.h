@@ -12,12 +12,14 @@
 #include "FileStamp.h"
 #include "IFileOps.h"
 #include "SourceDocument.h"
+#include "WriteRoots.h"
 
-/// How files are read: their code page when they aren't UTF-8, or always.
+/// How files are read: their code page when they aren't UTF-8, or always; and which may be written.
 struct ReadSettings {
   const CodePage* poAnsi = nullptr;
   bool bForcePage = false;
   IFileOps* poFiles = nullptr;
+  const WriteRoots* roots = nullptr;  ///< null: all
 };
 
 /// The bytes of a file that a project names. Failure 53, 70, 75 or 76 with the path; 75 also for
@@ -27,11 +29,23 @@ std::string ReadSource(const std::string& sPath, IFileOps& oFiles);
 class StoredDocument {
  public:
   /// oConstants: those of the first project that names the file; they outlive this object.
-  StoredDocument(std::string sPath, const std::vector<CondConstant>& oConstants,
-                 const ReadSettings& oSettings)
-      : msPath(std::move(sPath)), moConstants(oConstants), moSettings(oSettings) {}
+  /// realPath: the path with links resolved.
+  StoredDocument(std::string sPath, std::string realPath,
+                 const std::vector<CondConstant>& oConstants, const ReadSettings& oSettings)
+      : msPath(std::move(sPath)),
+        mRealPath(std::move(realPath)),
+        moConstants(oConstants),
+        moSettings(oSettings) {}
 
   const std::string& Path() const { return msPath; }
+  const std::string& RealPath() const { return mRealPath; }
+  /// Why the file is read and not written; empty for one that is.
+  Text ReadOnlyReason() const;
+  WriteRefusal Refusal() const;
+  bool IsThere() const;
+  /// The real path as it is now, to be written at once. Failure 75 when it mustn't be: links may
+  /// have changed since the group was read.
+  std::string PathToWrite() const;
   /// Reads the file at the first call. Failure 53, 70, 75, 76 or 321 with the path; once it failed
   /// it fails for good, so that a group looks the same throughout.
   SourceDocument& Get();
@@ -57,7 +71,7 @@ class StoredDocument {
   void Read();
   std::unique_ptr<SourceDocument> MakeDocument() const;
 
-  std::string msPath;
+  std::string msPath, mRealPath;
   const std::vector<CondConstant>& moConstants;
   const ReadSettings& moSettings;
   std::unique_ptr<SourceDocument> mpDocument;

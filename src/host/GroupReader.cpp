@@ -53,6 +53,7 @@ void GroupReader::Read(const std::string& sPath) {
   bool bAgain = moSeen.contains(moFinder.Identity(sAbsolute));
   IFileOps::Stat oStat;
   bool bFolder = moSettings.poFiles->GetStat(sAbsolute, oStat) == 0 && oStat.bDirectory;
+  mFolders.push_back(bFolder ? RealPath(sAbsolute) : PathFinder::FolderOf(sAbsolute));
   bFolder ? ReadFolder(sAbsolute) : ReadFile(sAbsolute);
   if (moSeen.size() > lSeen || bAgain || !moProjects.empty()) return;
   Text sWhy = u"None of its projects can be opened";

@@ -34,6 +34,8 @@ class GroupReader {
   std::vector<Project>& Projects() { return moProjects; }
   std::vector<DiskIDE::Note>& Notes() { return moNotes; }
   std::vector<Source>& Sources() { return moSources; }
+  /// The folder of each path that was read, links resolved.
+  const std::vector<std::string>& Folders() const { return mFolders; }
 
  private:
   void ReadFolder(const std::string& sPath);
@@ -51,4 +53,5 @@ class GroupReader {
   std::vector<Project> moProjects;
   std::vector<DiskIDE::Note> moNotes;
   std::vector<Source> moSources;
+  std::vector<std::string> mFolders;
 };

@@ -32,6 +32,9 @@ class HostComponent : public VBComponent {
   std::int32_t Property(TextView sName) override;
   Text DesignerID() const override;
   VBProject& Parent() const override { return moParent; }
+  Text ReadOnlyReason() const override {
+    return mpoDocument ? mpoDocument->ReadOnlyReason() : Text();
+  }
 
  private:
   const SourceDocument* Readable() const;

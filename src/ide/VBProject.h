@@ -38,6 +38,8 @@ class VBComponent {
   /// A dotted name such as VB.Form, or empty.
   virtual Text DesignerID() const = 0;
   virtual VBProject& Parent() const = 0;
+  /// Why the IDE reads the component's file and never writes it; empty where it does.
+  virtual Text ReadOnlyReason() const { return {}; }
 };
 
 class VBComponents {

@@ -159,7 +159,7 @@ Rewrite Applier::RewriteAsPending(const ProcedureRecord& record, const ParsedPro
   const ProcedureHandle module = mModel.Component(record.hComponent).lFirstProcedure;
   const StatedValues stated(
       wanted, InheritsModule(record, wanted) ? &mModel.Procedure(module).oPending : nullptr);
-  return RewriteProcedure(
+  Rewrite rewrite = RewriteProcedure(
       procedure,
       {.templateName = wanted.sTemplate(),
        .hasTemplate = run.refresh || !wanted.sTemplate().empty(),
@@ -170,6 +170,11 @@ Rewrite Applier::RewriteAsPending(const ProcedureRecord& record, const ParsedPro
        .trace = wanted.eTrace() == TriState::True},
       {.numbering = run.numbering, .prove = mOptions.bProve, .listChanges = run.listChanges},
       MRules::oRules);
+  const Text& readOnly = mModel.Component(record.hComponent).readOnlyReason;
+  if (rewrite.changed && !readOnly.empty()) {
+    rewrite.refusals.push_back({RefusalKind::HostFailure, 0, readOnly});
+  }
+  return rewrite;
 }
 
 Rewrite Applier::PendingRewrite(ProcedureHandle handle, bool listChanges) {

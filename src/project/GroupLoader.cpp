@@ -78,6 +78,8 @@ void GroupLoader::FillComponent(GuardScope& scope, ComponentRecord& record) {
   }
   const Text file = component.FirstFile();
   record.bReadOnly = !file.empty() && MXFile::FileReadOnly(file);
+  if (!record.bReadOnly) record.readOnlyReason = component.ReadOnlyReason();
+  record.bReadOnly |= !record.readOnlyReason.empty();
   record.sDesignerName = DesignerName(component.DesignerID(), type);
 }
 

@@ -30,6 +30,8 @@ struct ComponentRecord {
   Text sDesignerName;
   bool bPublicClass = false;
   bool bReadOnly = false;
+  /// Why the IDE won't write it, though its file could be; empty elsewhere.
+  Text readOnlyReason;
   bool bLoaded = false;
   bool bLoadError = false;
   LoadError oError;

@@ -98,6 +98,7 @@ class SteppedComponent : public Stepped<VBComponent> {
   /// Empty when it has none or was never saved.
   Text FirstFile() const { return FileCount() > 0 ? FileNames(1) : Text(); }
   Text DesignerID() const { return Ask(&VBComponent::DesignerID); }
+  Text ReadOnlyReason() const { return Ask(&VBComponent::ReadOnlyReason); }
   std::int32_t Property(TextView name) const { return Ask(&VBComponent::Property, name); }
   ProjectType TypeOfProject() const {
     return Ask([](const VBComponent& component) { return component.Parent().Type(); });

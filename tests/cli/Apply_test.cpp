@@ -43,6 +43,37 @@ TEST(Apply, AFileOfTwoProjectsFollowsTheFirst) {
   EXPECT_EQ(oPlace.Run("check Lib.vbp App/Demo.vbp").sOut, "");
 }
 
+TEST(Apply, AComponentOutsideOfTheRootsIsReadAndNotWritten) {
+  WorkFolder oPlace;
+  const std::string sApply = "apply -t TEMPLATE.DAT --suggested --component clsStock ";
+  const std::string sOther = "Core/clsStock.cls lies outside";
+  // What a repository brings along counts for nothing, what the user allowed does.
+  const std::string sGroup = (oPlace.Folder() / "src/App/Demo.vbp").string();
+  const std::string sAllowed =
+      "REGEDIT4\n\n[HKEY_CURRENT_USER\\Software\\Morvelle\\Tarvane\\Quillon\\Roots]\n\"" + sGroup +
+      "\"=\"+" + (oPlace.Folder() / "src/Core").string() + "\"\n";
+  oPlace.Write("src/team.reg", sAllowed);
+  const auto oBefore = oPlace.Files();
+  ExpectRuns(oPlace,
+             {
+                 {"refused", sApply + "App/Demo.vbp", 1, "", sOther},
+                 {"the option is named", sApply + "App/Demo.vbp", 1, "", "--root /"},
+                 {"a setting of the repository", sApply + "--settings team.reg App/Demo.vbp", 1, "",
+                  sOther},
+                 {"not there", sApply + "--root gone App/Demo.vbp", 2, "", "no folder gone"},
+                 {"its failures are its own", "apply -t TEMPLATE.DAT -n --suggested App/Demo.vbp",
+                  1, "", "1 file would"},
+                 {"listed", "list -t TEMPLATE.DAT --format json App/Demo.vbp", 0,
+                  "\"readOnlyReason\": \"/", sOther},
+             },
+             [&] { EXPECT_TRUE(oPlace.Files() == oBefore); });
+  oPlace.Write("io/tarvane-quillon/settings.reg", sAllowed);
+  ExpectRuns(oPlace, {{"allowed before", sApply + "-n App/Demo.vbp", 0, "", "1 file would"}});
+  std::filesystem::remove(oPlace.Folder() / "io/tarvane-quillon/settings.reg");
+  ExpectRuns(oPlace, {{"root", sApply + "--root Core --root io App/Demo.vbp", 2, "", "no folder"},
+                      {"roots", sApply + "--root . App/Demo.vbp", 0, "", "1 file written"}});
+}
+
 TEST(Apply, AProjectThatIsMissingIsNoSuccess) {
   WorkFolder oPlace;
   oPlace.Write("src/Two.vbg", WorkFolder::Dos("VBGROUP 5.0\nProject=Gone.vbp\n") +

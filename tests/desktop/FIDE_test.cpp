@@ -286,6 +286,26 @@ TEST_F(OpenFIDETest, ChangesOfTheAddInAreShownAndSavedOnTheUsersWord) {
   EXPECT_EQ(moIDE.paneChanges.Text(), u"No changes.");
 }
 
+TEST_F(FIDETest, AsksOnceWhetherFoldersOutsideMayBeWritten) {
+  for (const bool bYes : {false, true}) {
+    SCOPED_TRACE(bYes);
+    const ProjectTree oOther;
+    const std::string sModule = oOther.Write("Out.bas", sClassBytes);
+    moTree.Write("Shop.vbp", "Type=Exe\r\nModule=MOut; " + sModule + "\r\n");
+    User().MsgBox(bYes ? MsgBoxResult::Yes : MsgBoxResult::No);
+    Start();
+    EXPECT_NE(ToUtf8(User().Boxes().back().sPrompt).find("\r\n" + oOther.Root() + "\r\n"),
+              std::string::npos);
+    EXPECT_TRUE(moIDE.OpenGroup(PathText("Shop.vbp"))) << "and asks no more";
+    Edit();
+    if (!bYes) User().MsgBox(MsgBoxResult::Ok);
+    EXPECT_EQ(moIDE.SaveAll(), bYes);
+    EXPECT_EQ(oOther.Read("Out.bas") != sClassBytes, bYes);
+    if (!bYes) AnswerSave("cmdDiscard");
+    moIDE.UserClose();
+  }
+}
+
 TEST_F(FIDETest, LeavingAsksWhatBecomesOfChanges) {
   for (const bool bClose : {true, false})
     for (const std::string sButton : {"cmdCancel", "cmdDiscard", "cmdSave"}) {

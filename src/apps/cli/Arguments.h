@@ -19,6 +19,8 @@ struct Arguments {
   // The scope, Like patterns; an empty list takes all.
   std::vector<std::string> asProject, asComponent, asProcedure, asType;
 
+  std::vector<std::string> roots;  ///< folders below which components may be written
+
   std::string sPdfFile;  ///< of report; empty: plain text
   std::string sFormat;   ///< table, csv, json, text; empty: the command's own default
   bool bSuggested = false;

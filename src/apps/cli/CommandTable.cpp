@@ -55,6 +55,11 @@ constexpr Option Scope[] = {
      .target = &Arguments::sCodePage,
      .help = "Code page of the files (else 1252, or UTF-8 where a file is UTF-8)",
      .valueName = "NAME"},
+    {.names = "--root",
+     .target = &Arguments::roots,
+     .help = "Components below this folder may be written too, besides the work tree",
+     .valueName = "DIR",
+     .isPath = true},
     {.names = "--procedure",
      .target = &Arguments::asProcedure,
      .help = "Procedures by name, such as cmd*_Click or (declarations)",
@@ -66,7 +71,7 @@ constexpr Option Scope[] = {
      .valueName = "PATTERN",
      .group = ScopeGroup},
 };
-constexpr Options ComponentScope = Options(Scope).first(3);
+constexpr Options ComponentScope = Options(Scope).first(4);
 
 constexpr Option Paths[] = {
     {.names = "PATH",

@@ -155,7 +155,9 @@ class Lister {
   void FlagsJson(const ProcedureRecord& record, const CProcSettings& settings, JsonWriter& json) {
     json.Key("eventHandler").Bool(record.bEventHandler);
     json.Key("foreign").Bool(settings.bForeign());
-    json.Key("readOnly").Bool(mHandler.Component(mComponent).bReadOnly);
+    const ComponentRecord& component = mHandler.Component(mComponent);
+    json.Key("readOnly").Bool(component.bReadOnly);
+    json.Key("readOnlyReason").StringOrNull(ToUtf8(component.readOnlyReason));
     json.Key("boundaryInherited").Bool(settings.BoundaryInherited);
     json.Key("severityInherited").Bool(settings.SeverityInherited);
     json.Key("retryInherited").Bool(settings.RetryInherited);

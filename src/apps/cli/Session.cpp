@@ -11,6 +11,8 @@
 #include "MRules.h"
 #include "MXFile.h"
 #include "PathText.h"
+#include "ReadOnlyRule.h"
+#include "RememberedRoots.h"
 #include "UnifiedDiff.h"
 
 namespace {
@@ -44,6 +46,18 @@ std::vector<Text> Names(const TextArray& sparse) {
   for (const Text& name : sparse)
     if (!name.empty()) names.push_back(name);
   return names;
+}
+
+/// What the options name and what the user allowed for these groups in the window.
+std::vector<std::string> WriteRootsOf(const Arguments& arguments) {
+  std::vector<std::string> roots = arguments.roots;
+  for (const std::string& root : roots) {
+    if (!MXFile::PathExists(TextOfPath(root)))
+      throw Stop{"There is no folder " + ShownPath(root) + ": --root names one that is there"};
+  }
+  for (const std::string& group : arguments.asPath)
+    for (std::string& folder : RememberedRoots(group).Allowed()) roots.push_back(std::move(folder));
+  return roots;
 }
 
 Text FirstFile(const ComponentRecord& record) {
@@ -112,6 +126,7 @@ void Session::OpenGroup() {
   if (mTemplateFile.empty()) OpenTemplate();
   DiskIDE::Options options;
   options.sCodePage = oArguments.sCodePage;
+  options.roots = WriteRootsOf(oArguments);
   pIDE = DiskIDE::Open(oArguments.asPath, options);
   TellNotes();
   if (pIDE->Root().VBProjects().Count() == 0)
@@ -148,11 +163,13 @@ void Session::LoadScope(bool toShow) {
     if (!mScope.TakesComponent(projectName, record.sName)) continue;
     oConsole.Progress(static_cast<std::size_t>(h.Number()), static_cast<std::size_t>(last.Number()),
                       record.sName);
-    if (record.bReadOnly && MRules::oRules.bSkipReadOnly && !toShow) {
+    if (IsPassedOver(record) && !toShow) {
       isPassed = true;
       oConsole.Detail("Passed over, its file is read-only: " + ToUtf8(record.sName));
       continue;
     }
+    if (toShow && !record.bLoadError && !record.readOnlyReason.empty())
+      oConsole.Say(ToUtf8(record.sName + u" is read-only: " + record.readOnlyReason));
     // Projects of different types may suggest different values for one file: the first one decides,
     // or each run would change it back and forth.
     const Text file = FirstFile(record);

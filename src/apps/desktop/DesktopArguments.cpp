@@ -59,6 +59,13 @@ std::optional<int> ReadDesktopArguments(int argc, char** argv, DesktopArguments&
       ->type_name("FILE")
       ->check(CLI::Validator(CLI::ExistingFile).description(""))
       ->transform(PathOfArgument);
+  oApp.add_option("--root", oArguments.roots,
+                  "Components below this folder may be written too, besides the work tree")
+      ->type_name("DIR")
+      ->expected(1, CLI::detail::expected_max_vector_size)
+      ->allow_extra_args(false)
+      ->check(CLI::Validator(CLI::ExistingDirectory).description(""))
+      ->transform(PathOfArgument);
   oApp.add_option("--log", oArguments.sLogFile, "Log failures to this file")
       ->type_name("FILE")
       ->transform(PathOfArgument);

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "VBE.h"
 
@@ -11,6 +12,7 @@ struct DesktopArguments {
   ConnectMode nConnectMode = ConnectMode::Startup;
   std::optional<std::string> oSettingsFile;  ///< empty text: settings in memory only
   std::string sTemplateFile;                 ///< full path; empty: the most recent one
+  std::vector<std::string> roots;            ///< folders below which components may be written
   std::string sLogFile;                      ///< empty: the state folder of the user
 };
 

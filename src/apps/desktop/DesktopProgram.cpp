@@ -65,7 +65,7 @@ int RunIDE(Forms::Toolkit& oToolkit, const DesktopArguments& oArguments, ButtonF
     goError->SetEnding(false);  // an add-in that ended after a failure can be loaded again
     return std::make_unique<Connect>(oToolkit, oPrinters);
   });
-  oIDE.Start({TextOfPath(oArguments.sGroup), oArguments.nConnectMode});
+  oIDE.Start({TextOfPath(oArguments.sGroup), oArguments.nConnectMode, oArguments.roots});
   Forms::RunForms(oToolkit);
   return 0;
 }

@@ -40,6 +40,8 @@ class FIDE : public Forms::Form {
     /// without one the user is asked.
     Text sGroup;
     ConnectMode nConnectMode = ConnectMode::Startup;
+    /// Folders below which components may be written, besides the work tree of the group.
+    std::vector<std::string> roots{};
   };
 
   /// oFaces: where the toolkit's pictures of buttons come from; it outlives this object.
@@ -109,6 +111,9 @@ class FIDE : public Forms::Form {
   void mnuFileOpen_Click();
   void mnuFileRecent_Click(std::int32_t lIndex);
   void ShowRecent();
+  /// Reads a group; asks about folders outside of its work tree, once for each.
+  std::unique_ptr<DiskIDE> ReadGroup(const std::string& path);
+  bool MayWriteIn(const std::vector<std::string>& folders);
   /// Takes the group over in place of the one that is open.
   void TakeGroup(std::unique_ptr<DiskIDE> pNew, TextView sPath);
   void TellNotes();

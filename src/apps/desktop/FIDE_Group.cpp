@@ -9,11 +9,14 @@
 #include "MXForm.h"
 #include "MXRegistry.h"
 #include "PathText.h"
+#include "RememberedRoots.h"
 #include "Toolkit.h"
 
 namespace {
 
 constexpr std::int32_t lRecentCount = 9;
+/// As many as fit a message box.
+constexpr std::size_t FoldersAtATime = 12;
 
 /// The path as a menu shows it, behind its number.
 Text RecentCaption(std::int32_t lIndex, TextView sPath) {
@@ -78,7 +81,7 @@ bool FIDE::OpenGroup(TextView sPath) {
   if (sGroup.empty() || !MayLeaveGroup()) return false;
   std::unique_ptr<DiskIDE> pNew;
   try {
-    pNew = DiskIDE::Open(PathOfText(sGroup), {});
+    pNew = ReadGroup(PathOfText(sGroup));
     if (pNew->Root().VBProjects().Count() == 0)
       throw Failure(321, u"It holds no project that can be read: " + sGroup);
   } catch (const Failure& oFailure) {
@@ -89,6 +92,32 @@ bool FIDE::OpenGroup(TextView sPath) {
   TakeGroup(std::move(pNew), sGroup);
   TellNotes();
   return true;
+}
+
+std::unique_ptr<DiskIDE> FIDE::ReadGroup(const std::string& path) {
+  RememberedRoots answers(path);
+  for (;;) {
+    DiskIDE::Options options;
+    options.roots = answers.Allowed();
+    options.roots.insert(options.roots.end(), moSetup.roots.begin(), moSetup.roots.end());
+    auto group = DiskIDE::Open(path, options);
+    std::vector<std::string> unknown = group->FoldersOutside();
+    std::erase_if(unknown, [&](const std::string& folder) { return answers.Knows(folder); });
+    if (unknown.empty()) return group;
+    // Each one is named: none may hide behind an "and so on".
+    unknown.resize(std::min(unknown.size(), FoldersAtATime));
+    answers.Add(unknown, MayWriteIn(unknown));
+  }
+}
+
+bool FIDE::MayWriteIn(const std::vector<std::string>& folders) {
+  Text question =
+      u"Modules of this group lie in folders outside of its own. They can be read, and are "
+      u"written only if you allow it:\r\n";
+  for (const std::string& folder : folders) question += u"\r\n" + TextOfPath(folder);
+  question += u"\r\n\r\nMay modules in these folders be written?";
+  return App().MsgBox(question, Forms::MsgBoxButtons::YesNo, Forms::MsgBoxIcon::Question) ==
+         Forms::MsgBoxResult::Yes;
 }
 
 void FIDE::TakeGroup(std::unique_ptr<DiskIDE> pNew, TextView sPath) {
