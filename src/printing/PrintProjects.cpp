@@ -88,7 +88,9 @@ class Summary {
     if (nFiles <= 0) return Row(asName, {});
     for (std::int32_t i = 1; i <= nFiles; ++i) {
       moPrint.SpaceAfter = i == nFiles ? HalfLine : 0;
-      Row(i == 1 ? asName : std::vector<Text>(asName.size()), StateOf(oComponent.FileNames(i)));
+      FileState oState = StateOf(oComponent.FileNames(i));
+      if (i == 1 && !oRecord.readOnlyReason.empty()) oState.sReadOnly = u"ReadOnly";
+      Row(i == 1 ? asName : std::vector<Text>(asName.size()), oState);
     }
   }
 
