@@ -1,11 +1,11 @@
 #include "DocumentStore.h"
 
 #include <cerrno>
-#include <filesystem>
 
 #include "AtomicFile.h"
 #include "DocumentSave.h"
 #include "PathText.h"
+#include "SourceFile.h"
 
 namespace {
 
@@ -14,13 +14,6 @@ namespace {
 }
 
 }  // namespace
-
-std::string ReadSource(const std::string& sPath, IFileOps& oFiles) {
-  std::error_code oError;
-  if (std::filesystem::is_other(std::filesystem::status(sPath, oError)))
-    throw Failure(75, u"This is a device and no file: " + TextOfPath(sPath), u"host");
-  return AtomicFile::Read(sPath, oFiles);
-}
 
 SourceDocument& StoredDocument::Get() {
   if (moFailure) throw Failure(*moFailure);

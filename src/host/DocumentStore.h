@@ -22,10 +22,6 @@ struct ReadSettings {
   const WriteRoots* roots = nullptr;  ///< null: all
 };
 
-/// The bytes of a file that a project names. Failure 53, 70, 75 or 76 with the path; 75 also for
-/// a device, which a hostile project may name and which need not end.
-std::string ReadSource(const std::string& sPath, IFileOps& oFiles);
-
 class StoredDocument {
  public:
   /// oConstants: those of the first project that names the file; they outlive this object.

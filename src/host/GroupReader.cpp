@@ -6,6 +6,7 @@
 
 #include "CodePage.h"
 #include "PathText.h"
+#include "SourceFile.h"
 
 namespace {
 

@@ -16,7 +16,8 @@ void Replace(const std::string& path, std::string_view bytes, IFileOps& files = 
 /// Failure 75 for a path that leads to a device or a pipe, which must not become a file.
 void RefuseSpecial(const std::string& target, IFileOps& files = SystemFileOps());
 
-/// Reads a whole file. Failure 53, 70, 75 or 76 with the path in its text.
+/// Reads a whole file of at most IFileOps::LargestFile bytes. Failure 53, 70, 75 or 76 with the
+/// path in its text; 75 for folders, devices and pipes, too.
 std::string Read(const std::string& path, IFileOps& files = SystemFileOps());
 
 }  // namespace AtomicFile

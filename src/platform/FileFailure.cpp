@@ -82,6 +82,12 @@ void ThrowRead(int error, const std::string& path, IFileOps& files) {
       Throw(70, path, u" can't be read; get the right to read it");
     case EISDIR:
       Throw(75, path, u" is a folder, not a file");
+    case ENODEV:
+      ThrowSpecial(path);
+    case EFBIG:
+      Throw(75, path,
+            u" is larger than " + ToText(static_cast<long long>(IFileOps::LargestFile >> 20)) +
+                u" MB, the most that is read of a file");
     default:
       Throw(57, path, u" can't be read (" + FromUtf8(std::strerror(error)) + u")");
   }

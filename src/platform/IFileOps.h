@@ -26,7 +26,11 @@ class IFileOps {
 
   /// 0 and the state, or the system's error number. Follows symbolic links.
   virtual int GetStat(const std::string& sPath, Stat& oStat) = 0;
-  /// Reads the whole file; 0 or the system's error number.
+  /// The most bytes that are read of a file: all that is read is held in memory.
+  static constexpr std::size_t LargestFile = std::size_t{64} << 20;
+
+  /// Reads the whole file; 0 or the system's error number: EISDIR for a folder, ENODEV for a device
+  /// or a pipe, which need not end, EFBIG for a file above LargestFile.
   virtual int ReadAll(const std::string& sPath, std::string& sBytes) = 0;
   /// The entries of a folder without "." and ".."; 0 or the error number.
   virtual int ListFolder(const std::string& sPath, std::vector<std::string>& asName) = 0;

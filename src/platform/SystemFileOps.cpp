@@ -39,10 +39,17 @@ int OpenFile(const std::string& sPath, int lFlags, std::uint32_t lMode, int& hFi
   return ErrorOf(hFile);
 }
 
+/// What of a file stands against reading it; 0: nothing.
+int ErrorOfKind(const struct stat& state) {
+  if (S_ISDIR(state.st_mode)) return EISDIR;
+  if (!S_ISREG(state.st_mode)) return ENODEV;
+  return state.st_size > static_cast<off_t>(IFileOps::LargestFile) ? EFBIG : 0;
+}
+
 int ReadToEnd(int hFile, std::string& sBytes) {
   struct stat oState = {};
   if (fstat(hFile, &oState) != 0) return errno;
-  if (S_ISDIR(oState.st_mode)) return EISDIR;
+  if (const int error = ErrorOfKind(oState)) return error;
   // One byte more than the size, so that the read that finds the end needs no larger buffer.
   sBytes.resize(static_cast<std::size_t>(std::max<off_t>(oState.st_size, 0)) + 1);
   std::size_t lHave = 0;
@@ -56,6 +63,11 @@ int ReadToEnd(int hFile, std::string& sBytes) {
       return lError;
     }
     lHave += static_cast<std::size_t>(lRead);
+    // A size can be a lie, of files that the system or a program makes up while they are read.
+    if (lHave > IFileOps::LargestFile) {
+      sBytes.clear();
+      return EFBIG;
+    }
   }
 }
 
@@ -112,7 +124,11 @@ class SystemOps : public IFileOps {
 
   int ReadAll(const std::string& sPath, std::string& sBytes) override {
     int hFile = -1;
+    struct stat state = {};
     sBytes.clear();
+    // Ahead of the opening, which some devices take for more than a look.
+    if (!HasNull(sPath) && stat(sPath.c_str(), &state) == 0)
+      if (const int error = ErrorOfKind(state)) return error;
     // O_NONBLOCK only for opening: without it, opening a pipe that has no writer would hang.
     if (const int lError = OpenFile(sPath, O_RDONLY | O_NONBLOCK, 0, hFile)) return lError;
     fcntl(hFile, F_SETFL, 0);

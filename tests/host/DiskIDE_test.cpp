@@ -62,6 +62,11 @@ TEST(DiskIDE, ShowsComponentsOfEveryKind) {
       {"Class=Gone; f.cls", "x", "", "2 Gone [] f.cls failure 53"},
       {"Class=Gone; sub", "sub/x", "", "2 Gone [] sub failure 75"},
       {"Module=D; /dev/zero", "x", "", "1 D [] zero failure 75"},
+      {"Module=U; u.bas", "u.bas", "\xFF\xFE\x41"s, "1 U [] u.bas failure 321"},
+      {"Module=U; u.bas", "u.bas", "\xFE\xFF\x41"s, "1 U [] u.bas failure 321"},
+      {"Module=B; b.bas", "b.bas", std::string(511, ' ') + '\0', "1 B [] b.bas failure 321"},
+      {"Module=B; b.bas", "b.bas", std::string(512, ' ') + '\0', "1 B [] b.bas"},
+      {"Module=B; b.bas", "b.bas", "\xEF\xBB\xBF"s + Code, "1 Helpers [] b.bas"},
       // Entries without code.
       {"RelatedDoc=Read.Me.txt", "x", "", "10 Read.Me.txt [] Read.Me.txt no code"},
       {"ResFile32=\"r.res\"", "x", "", "4 r.res [] r.res no code"},

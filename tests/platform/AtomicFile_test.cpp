@@ -239,6 +239,11 @@ TEST_F(AtomicFileTest, ReadGivesAllBytesOrNamesThePath) {
   EXPECT_EQ(read(oFolder / "gone/b.bas"), 76);
   EXPECT_EQ(read(sPath + "/b.bas"), 76);
   EXPECT_EQ(read(oFolder.Path()), 75);
+  ASSERT_EQ(mkfifo((oFolder / "pipe").c_str(), 0600), 0);
+  EXPECT_EQ(read(oFolder / "pipe"), 75) << "not an empty file";
+  EXPECT_EQ(read("/dev/zero"), 75);
+  fs::resize_file(sPath, IFileOps::LargestFile + 1);
+  EXPECT_EQ(FailureOf("a.bas is larger than 64 MB", [&] { AtomicFile::Read(sPath); }), 75);
   oFiles.FailAt(1, EACCES, "ReadAll");
   EXPECT_EQ(read(sPath), 70);
   oFiles.FailAt(1, EIO, "ReadAll");
