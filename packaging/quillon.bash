@@ -1,5 +1,9 @@
 # Completion of the command lines of quillon and quillon-desktop in bash. Needs nothing but bash.
 
+# The rules of check.
+_quillon_rules=(missing-template settings-differ drifted stale-name broken-template unknown-template
+  own-handling numbered would-refuse read-only unreadable)
+
 # _quillon_words WORD...: the words that begin like the one under the cursor, quoted for the shell.
 _quillon_words() {
   local word
@@ -50,6 +54,7 @@ _quillon_value() {
     --type) _quillon_words Sub Function 'Property *' declarations ;;
     --procedure) _quillon_words '(declarations)' ;;
     --root) COMPREPLY=(); compopt -o dirnames 2>/dev/null ;;
+    --select | --ignore) _quillon_words "${_quillon_rules[@]}" ;;
     --project | --component) COMPREPLY=() ;;
     --connect) _quillon_words startup external ;;
     --format)
@@ -69,11 +74,11 @@ _quillon_options() {
   local rewriting=(-n --dry-run --diff --exit-code --no-verify)
   case $1 in
     list) _quillon_words "${common[@]}" "${scope[@]}" --suggested --pending --format ;;
-    check) _quillon_words "${common[@]}" "${scope[@]}" --format ;;
+    check) _quillon_words "${common[@]}" "${scope[@]}" --select --ignore --format ;;
     apply) _quillon_words "${common[@]}" "${scope[@]}" "${rewriting[@]}" --set --suggested ;;
     refresh | number | unnumber) _quillon_words "${common[@]}" "${scope[@]}" "${rewriting[@]}" ;;
     report) _quillon_words "${common[@]}" --project --component --codepage --root --pdf --format ;;
-    template | text | rules) _quillon_words "${common[@]}" ;;
+    explain | template | text | rules) _quillon_words "${common[@]}" ;;
     *) _quillon_words --version "${common[@]}" "${scope[@]}" "${rewriting[@]}" ;;
   esac
 }
@@ -81,13 +86,14 @@ _quillon_options() {
 # _quillon_operand COMMAND NUMBER: what a command takes beside options; the first one has number 1.
 _quillon_operand() {
   case $1:$2 in
-    :*) _quillon_words list check apply refresh number unnumber report template text rules ;;
+    :*) _quillon_words list check explain apply refresh number unnumber report template text rules ;;
+    explain:1) _quillon_words "${_quillon_rules[@]}" ;;
     report:1) _quillon_words summary properties ;;
     template:1) _quillon_words check dump list ;;
     text:1) _quillon_words insert remove number extract signature unsignature ;;
     rules:1) _quillon_words show set reset ;;
     template:*) _quillon_files dat ;;
-    text:* | rules:*) COMPREPLY=() ;;
+    explain:* | text:* | rules:*) COMPREPLY=() ;;
     *) _quillon_files 'vbg|vbp' ;;
   esac
 }
@@ -99,7 +105,7 @@ _quillon() {
     word=${COMP_WORDS[i]}
     case $word in
       -t | --template | --settings | --log | --pdf | --color | --codepage | --type | --procedure | \
-        --project | --component | --root | --format | --set)
+        --project | --component | --root | --format | --set | --select | --ignore)
         if [[ ${COMP_WORDS[i + 1]} == = ]]; then i=$((i + 1)); fi  # --option=value
         if ((i + 1 >= COMP_CWORD)); then last=$word; fi
         i=$((i + 1))

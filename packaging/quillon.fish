@@ -1,5 +1,5 @@
 # Completion of quillon's command line in fish.
-set -l commands list check apply refresh number unnumber report template text rules
+set -l commands list check explain apply refresh number unnumber report template text rules
 set -l in __fish_seen_subcommand_from
 set -l none "not $in $commands"
 set -l projects "__fish_complete_suffix .vbg; __fish_complete_suffix .vbp"
@@ -16,7 +16,8 @@ complete -c quillon -s v -l verbose -d "Tell more"
 complete -c quillon -l trace -d "Log entry and exit of the routines"
 
 complete -c quillon -n "$none" -a list -d "List the procedures and their properties"
-complete -c quillon -n "$none" -a check -d "Tell what apply --suggested would change or refuse"
+complete -c quillon -n "$none" -a check -d "Tell what is wrong with templates and their settings"
+complete -c quillon -n "$none" -a explain -d "Tell what a rule of check finds"
 complete -c quillon -n "$none" -a apply -d "Set properties and make the code agree with them"
 complete -c quillon -n "$none" -a refresh -d "Write the error handlers anew from the template file"
 complete -c quillon -n "$none" -a number -d "Put line numbers in, or renew them"
@@ -48,6 +49,11 @@ complete -c quillon -n "$in $writing" -l no-verify -d "Leave out the proof of ea
 complete -c quillon -n "$in list apply" -l suggested -d "What is suggested"
 complete -c quillon -n "$in list" -l pending -d "What is asked for"
 complete -c quillon -n "$in list" -l format -xa "table csv json" -d "Form of the result"
+set -l rules missing-template settings-differ drifted stale-name broken-template unknown-template \
+    own-handling numbered would-refuse read-only unreadable
+complete -c quillon -n "$in explain" -a "$rules"
+complete -c quillon -n "$in check" -l select -xa "$rules" -d "Find by these rules"
+complete -c quillon -n "$in check" -l ignore -xa "$rules" -d "Leave these rules out"
 complete -c quillon -n "$in check" -l format -xa "text json" -d "Form of the result"
 complete -c quillon -n "$in report" -l format -xa text -d "Form of the result"
 complete -c quillon -n "$in report" -l pdf -rka "(__fish_complete_suffix .pdf)" -d "File to write"

@@ -51,7 +51,8 @@ _quillon_program() {
   )
   commands=(
     'list:list the procedures and their properties'
-    'check:tell what apply --suggested would change or refuse'
+    'check:tell what is wrong with templates and their settings'
+    'explain:tell what a rule of check finds'
     'apply:set properties and make the code agree with them'
     'refresh:write the error handlers anew from the template file'
     'number:put line numbers in, or renew them'
@@ -61,6 +62,8 @@ _quillon_program() {
     'text:rewrite procedure texts, JSON in and out'
     'rules:show or change the rules in the settings file'
   )
+  local rules='missing-template settings-differ drifted stale-name broken-template unknown-template
+    own-handling numbered would-refuse read-only unreadable'
   _arguments -C $common $scope $rewriting '--version[print the version]' \
     '1:command:->command' '*::argument:->argument'
   case $state in
@@ -71,7 +74,11 @@ _quillon_program() {
           _arguments $common $scope '(--pending)--suggested[what is suggested]' \
             '(--suggested)--pending[what is asked for]' '--format[form]:form:(table csv json)' \
             '*:path:_quillon_projects' ;;
-        check) _arguments $common $scope '--format[form]:form:(text json)' '*:path:_quillon_projects' ;;
+        check)
+          _arguments $common $scope "*--select[find by these rules]:rule:($rules)" \
+            "*--ignore[leave these rules out]:rule:($rules)" '--format[form]:form:(text json)' \
+            '*:path:_quillon_projects' ;;
+        explain) _arguments $common "1:rule:($rules)" ;;
         apply)
           _arguments $common $scope $rewriting '*--set[set a property]:property:_quillon_property' \
             '--suggested[take the suggested values over]' '*:path:_quillon_projects' ;;

@@ -8,6 +8,7 @@
 #include "ModuleEdit.h"
 #include "ParsedProcedure.h"
 #include "ReadOnlyRule.h"
+#include "Removal.h"
 #include "ScopeWalk.h"
 #include "SteppedIDE.h"
 
@@ -59,6 +60,7 @@ struct Applier::Run {
   bool refresh = false;
   LineNumAction numbering = LineNumAction::Leave;
   bool listChanges = false;
+  bool unproved = false;
   /// The component whose declarations were compared with their code last.
   ComponentHandle declarationsRead{};
 
@@ -159,17 +161,18 @@ Rewrite Applier::RewriteAsPending(const ProcedureRecord& record, const ParsedPro
   const ProcedureHandle module = mModel.Component(record.hComponent).lFirstProcedure;
   const StatedValues stated(
       wanted, InheritsModule(record, wanted) ? &mModel.Procedure(module).oPending : nullptr);
-  Rewrite rewrite = RewriteProcedure(
-      procedure,
-      {.templateName = wanted.sTemplate(),
-       .hasTemplate = run.refresh || !wanted.sTemplate().empty(),
-       .locked = wanted.eLocked() == TriState::True,
-       .boundary = stated.boundary,
-       .severity = stated.severity,
-       .retry = stated.retry,
-       .trace = wanted.eTrace() == TriState::True},
-      {.numbering = run.numbering, .prove = mOptions.bProve, .listChanges = run.listChanges},
-      MRules::oRules);
+  Rewrite rewrite = RewriteProcedure(procedure,
+                                     {.templateName = wanted.sTemplate(),
+                                      .hasTemplate = run.refresh || !wanted.sTemplate().empty(),
+                                      .locked = wanted.eLocked() == TriState::True,
+                                      .boundary = stated.boundary,
+                                      .severity = stated.severity,
+                                      .retry = stated.retry,
+                                      .trace = wanted.eTrace() == TriState::True},
+                                     {.numbering = run.numbering,
+                                      .prove = mOptions.bProve && !run.unproved,
+                                      .listChanges = run.listChanges},
+                                     MRules::oRules);
   const Text& readOnly = mModel.Component(record.hComponent).readOnlyReason;
   if (rewrite.changed && !readOnly.empty()) {
     rewrite.refusals.push_back({RefusalKind::HostFailure, 0, readOnly});
@@ -177,26 +180,82 @@ Rewrite Applier::RewriteAsPending(const ProcedureRecord& record, const ParsedPro
   return rewrite;
 }
 
+template <class Use>
+auto Applier::WithCode(GuardScope& scope, ProcedureHandle handle, Use&& use) const {
+  // A copy: what changed behind the model is taken in by the rewrite itself, not by a look.
+  ProcedureRecord record = mModel.Procedure(handle);
+  const Text name = mModel.NameOf(scope, record);
+  const ProcedureCode code = mModel.CodeOf(scope, record);
+  const ParsedProcedure procedure(
+      mOptions.Template().Set(), WithoutEmptyTail(code.text),
+      {mModel.Component(record.hComponent).sName, name, record.sDeclType}, code.headLine);
+  TakeInCode(record, procedure.Settings());
+  return use(std::as_const(record), procedure, code);
+}
+
 Rewrite Applier::PendingRewrite(ProcedureHandle handle, bool listChanges) {
   return Result(u"PendingRewrite", [&](GuardScope& scope) {
-    // A copy: what changed behind the model is taken in by the rewrite itself, not by a look.
-    ProcedureRecord record = mModel.Procedure(handle);
-    const ComponentRecord& component = mModel.Component(record.hComponent);
-    const Run run{.numbering = MRules::oRules.eLineNumAction, .listChanges = listChanges};
-    const Text name = mModel.NameOf(scope, record);
-    const ProcedureCode code = mModel.CodeOf(scope, record);
-    const TextView source = WithoutEmptyTail(code.text);
-    const ParsedProcedure procedure(mOptions.Template().Set(), source,
-                                    {component.sName, name, record.sDeclType}, code.headLine);
-    TakeInCode(record, procedure.Settings());
-    Rewrite rewrite;
-    rewrite.text = source;
-    if (!IsPassedOver(component) && run.CallsFor(record)) {
-      rewrite = RewriteAsPending(record, procedure, run);
-    }
-    for (; rewrite.blankLines > 0; --rewrite.blankLines) rewrite.text.append(CrLf);
-    rewrite.text.append(code.text, source.size());
-    return rewrite;
+    return WithCode(
+        scope, handle, [&](const auto& record, const auto& procedure, const ProcedureCode& code) {
+          const Run run{.numbering = MRules::oRules.eLineNumAction, .listChanges = listChanges};
+          Rewrite rewrite;
+          rewrite.text = procedure.Source();
+          if (!IsPassedOver(mModel.Component(record.hComponent)) && run.CallsFor(record)) {
+            rewrite = RewriteAsPending(record, procedure, run);
+          }
+          for (; rewrite.blankLines > 0; --rewrite.blankLines) rewrite.text.append(CrLf);
+          rewrite.text.append(code.text, procedure.Source().size());
+          return rewrite;
+        });
+  });
+}
+
+Trial Applier::TryOut(ProcedureHandle handle, const TrialWants& wants) {
+  return Result(u"TryOut", [&](GuardScope& scope) {
+    return WithCode(
+        scope, handle,
+        [&](const ProcedureRecord& record, const auto& procedure, const ProcedureCode&) {
+          Trial trial;
+          const auto attempt = [&](std::optional<Rewrite>& rewrite, const Run& run) {
+            rewrite = RewriteAsPending(record, procedure, run);
+            if (rewrite->changed) trial.source = procedure.Source();
+          };
+          const LineNumAction numbering = MRules::oRules.eLineNumAction;
+          const Run refresh{.refresh = true, .numbering = numbering, .listChanges = true};
+          if (record.oCurrent.bForeign() || record.oCurrent.eLocked() == TriState::True)
+            return trial;
+          if (!record.oCurrent.sTemplate().empty()) attempt(trial.refresh, refresh);
+          if (IsDirty(record)) attempt(trial.pending, {.numbering = numbering});
+          if (wants.unnumbered && trial.refresh && !trial.refresh->Refused()) {
+            attempt(trial.unnumbered, {.refresh = true,
+                                       .numbering = LineNumAction::Remove,
+                                       .listChanges = true,
+                                       .unproved = true});
+          }
+          return trial;
+        });
+  });
+}
+
+Text Applier::UnsignedTemplate(ProcedureHandle handle) {
+  return Result(u"UnsignedTemplate", [&](GuardScope& scope) {
+    return WithCode(
+        scope, handle, [](const auto&, const ParsedProcedure& procedure, const ProcedureCode&) {
+          const TemplateRow* found = nullptr;
+          const auto rowsOf = [](const TemplateRow& row) {
+            return row.lStart[Section::End] - row.lStart[Section::Start];
+          };
+          for (const TemplateRow& row : procedure.Templates().templates) {
+            if (row.eType != TemplateType::Procedure) continue;
+            if (found && rowsOf(*found) <= rowsOf(row)) continue;
+            const Removal removal = RemoveTemplate(procedure, row, MRules::oRules);
+            // One line alone would be found in many a procedure.
+            const bool holdsIt =
+                removal.refusals.empty() && removal.code.Count() + 1 < procedure.Code().Count();
+            if (holdsIt) found = &row;
+          }
+          return found ? found->sName : Text();
+        });
   });
 }
 

@@ -16,6 +16,7 @@
 #include "ModelScope.h"
 #include "Rewriter.h"
 #include "Signal.h"
+#include "Trial.h"
 
 class Applier {
  public:
@@ -35,10 +36,18 @@ class Applier {
   /// What ApplyPending would make of the procedure, line numbers as the rule says; writes nothing
   /// back and tells nobody. The text is the present one when nothing would be rewritten.
   Rewrite PendingRewrite(ProcedureHandle procedure, bool listChanges);
+  /// What a refresh, and ApplyPending, would make of the procedure, from one look at its code.
+  Trial TryOut(ProcedureHandle procedure, const TrialWants& wants);
+  /// The template whose lines stand in the procedure's code without a signature that names it: the
+  /// one of the fewest rows that could be taken out; empty for none.
+  Text UnsignedTemplate(ProcedureHandle procedure);
 
  private:
   struct Run;
 
+  /// Calls use(record, parsedProcedure, code) for the code as it stands now.
+  template <class Use>
+  auto WithCode(GuardScope& scope, ProcedureHandle procedure, Use&& use) const;
   void ApplyTo(ProcedureHandle procedure, Run& run);
   void RewriteOne(GuardScope& scope, ProcedureHandle procedure, Run& run);
   Rewrite RewriteAsPending(const ProcedureRecord& record, const ParsedProcedure& procedure,

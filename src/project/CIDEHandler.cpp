@@ -40,6 +40,14 @@ Rewrite CIDEHandler::PendingRewrite(ProcedureHandle hProcedure, bool listChanges
   return mApplier.PendingRewrite(hProcedure, listChanges);
 }
 
+Trial CIDEHandler::TryOut(ProcedureHandle hProcedure, const TrialWants& wants) {
+  return mApplier.TryOut(hProcedure, wants);
+}
+
+Text CIDEHandler::UnsignedTemplate(ProcedureHandle hProcedure) {
+  return mApplier.UnsignedTemplate(hProcedure);
+}
+
 void CIDEHandler::RefreshSuggestions() {
   Guard(Named(u"RefreshSuggestions"), [&](GuardScope&) {
     for (const ProcedureHandle h : Procedures()) ExpertFacts::Suggest(mModel, mModel.Procedure(h));

@@ -95,6 +95,11 @@ class CIDEHandler : public ModelOptions {
   /// whole procedure, with the lines that changed where asked for; the present one when nothing
   /// would be rewritten, or when the rewrite would be refused.
   Rewrite PendingRewrite(ProcedureHandle hProcedure, bool listChanges);
+  /// What a refresh and ApplyPendingSettings would make of the procedure, in memory, from one look
+  /// at its code (Trial.h).
+  Trial TryOut(ProcedureHandle hProcedure, const TrialWants& wants);
+  /// The template whose lines stand in the code without a signature that names it; empty for none.
+  Text UnsignedTemplate(ProcedureHandle hProcedure);
 
   // Reading side for reports and programs: records by handle, and ranges of all.
   /// The last handle of each kind; none while there is no record.

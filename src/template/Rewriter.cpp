@@ -49,7 +49,8 @@ class Rewriting {
     if (!row) return Refuse({RefusalKind::TemplateNotFound, 0, Text(name)});
     Removal removal = RemoveTemplate(mProcedure, *row, mRules);
     mResult.refusals = std::move(removal.refusals);
-    if (mResult.Refused()) return false;
+    mResult.stuck = mResult.Refused();
+    if (mResult.stuck) return false;
     mBare = std::move(removal.code);
     mResult.blankLines = static_cast<std::int32_t>(mBare.CutEmptyTail());
     mLines = &mBare;

@@ -45,6 +45,7 @@ struct Rewrite {
   std::int32_t blankLines = 0;      ///< to be put behind the text
   bool changed = false;             ///< the text differs, or blank lines stand behind it
   std::vector<Refusal> refusals;    ///< with one, the text is the old one
+  bool stuck = false;               ///< refused, since the old template can't be taken out
   std::vector<LineChange> changes;  ///< by lines of the old and the new text, where asked for
 
   bool Refused() const { return !refusals.empty(); }

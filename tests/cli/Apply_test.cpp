@@ -82,11 +82,11 @@ TEST(Apply, AProjectThatIsMissingIsNoSuccess) {
   const std::string sPlace = "Two.vbg:2: ";
   ExpectRuns(oPlace,
              {
-                 {"check", "check Two.vbg", 1, Any, sPlace},
+                 {"check", "check Two.vbg", 1, sPlace, Any},
                  {"apply", "apply --suggested Two.vbg", 1, Any, sPlace},
                  {"list names it", "list Two.vbg", 0, Any, sPlace},
                  {"another project was asked for", "check --project Demo Two.vbg", 0, Any, sPlace},
-                 {"it may be one of these", "check --project '*' Two.vbg", 1, Any, sPlace},
+                 {"it may be one of these", "check --project '*' Two.vbg", 1, sPlace, Any},
              });
 }
 
@@ -217,17 +217,20 @@ TEST(Check, TellsWhatWouldChangeAndWhatIsRefused) {
   EXPECT_EQ(oText.nExit, 1);
   const std::string sChange =
       ": Template (none) -> Main, Boundary unset -> None, Severity unset -> Normal, "
-      "Retry unset -> Line, Trace unset -> True\n";
+      "Retry unset -> Line, Trace unset -> True [missing-template]\n";
   EXPECT_EQ(oText.sOut, "App/modMain.bas:5: modMain.Main" + sChange +
                             "App/modMain.bas:9: modMain.Jumps" + sChange +
                             "App/modMain.bas:9: modMain.Jumps: refused: "
-                            "Line number 10 is the target of a jump\n");
+                            "Line number 10 is the target of a jump [would-refuse]\n");
   const auto oCheck = ParseJson(oPlace.Run("check --format json --procedure Jumps Demo.vbg").sOut);
   const auto oFindings = oCheck["findings"].GetArray();
   ASSERT_EQ(oFindings.Size(), 2u);
   EXPECT_EQ(JsonText(oFindings[0]["changes"][0]),
             R"-({"property":"Template","from":"(none)","to":"Main"})-");
-  ExpectFields(oFindings[1], R"({"kind": "refused", "line": 9})");
+  ExpectFields(oFindings[0], R"({"kind": "change", "rule": "missing-template", "mend":
+      "quillon apply --suggested --component modMain --procedure Jumps Demo.vbg"})");
+  ExpectFields(oFindings[1], R"({"kind": "refused", "line": 9, "endLine": 9, "mend": null,
+      "message": "Line number 10 is the target of a jump"})");
   const std::string sApply = "apply -q --suggested --component modMain Demo.vbg";
   EXPECT_HOLDS(oPlace.Run(sApply + " -n").sErr, std::string("App/modMain.bas:9: Line number 10"));
   WorkFolder::Result oApply = oPlace.Run(sApply);

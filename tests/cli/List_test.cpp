@@ -98,9 +98,9 @@ TEST(List, APathOfAnyBytesHasOneFormThatIsReadBack) {
           {"project", "list --format json" + sRest, 0, R"("file": "caf\\xE9/Demo.vbp")", sGone},
           {"component", "list --format json" + sRest, 0, R"("file": "caf\\xE9/a.bas")", sGone},
           {"reason", "list --format json" + sRest, 0, R"(/caf\\xE9/gone.bas")", sGone},
-          {"finding as JSON", "check --format json" + sRest, 1, R"("file": "caf\\xE9/a.bas")",
-           sGone},
-          {"finding", "check" + sRest, 1, "\ncaf\\xE9/a.bas:1: A.A: ", sGone},
+          {"finding as JSON", "check --format json" + sRest, 1, R"("file": "caf\\xE9/a.bas")", Any},
+          {"reason as JSON", "check --format json" + sRest, 1, R"(/caf\\xE9/gone.bas")", Any},
+          {"finding", "check" + sRest, 1, "\ncaf\\xE9/a.bas:1: A.A: ", Any},
           {"message", "apply -v --suggested" + sRest, 1, "", "Written: caf\\xE9/a.bas\n"},
       });
 }

@@ -66,11 +66,18 @@ Words Offered(const std::string& sWords) {
                "(.+)");
 }
 
+/// The rules of check.
+Words Rules() {
+  return Found(OutputOf(QUILLON_BIN_DIR "/quillon explain \\*"), "^([a-z-]+) \\(");
+}
+
 TEST(Packaging, BashOffersWhatTheHelpLists) {
   const Words oCommands = Commands();
   ASSERT_GE(oCommands.size(), 10u);
   EXPECT_EQ(Offered("\"\""), oCommands);
   EXPECT_EQ(Offered("-"), Options(Help("")));
+  EXPECT_EQ(Offered("explain \"\""), Rules());
+  EXPECT_EQ(Offered("check --ignore \"\""), Rules());
   EXPECT_EQ(Offered("--color \"\""), Choices(Help(""), "--color WHEN"));
   for (const std::string& sCommand : oCommands) {
     SCOPED_TRACE(sCommand);
@@ -111,6 +118,7 @@ TEST(Packaging, ManPageAndOtherShellsNameEverything) {
       {"fish", std::regex_replace(ReadSource("packaging/quillon.fish"),
                                   std::regex("-([sl]) (\\S+)"), "-$1 $2 -$2 --$2")}};
   Words oWanted = Options(Help(""));
+  oWanted.merge(Rules());
   for (const std::string& sCommand : Commands()) {
     const std::string sHelp = Help(sCommand);
     oWanted.insert(sCommand);

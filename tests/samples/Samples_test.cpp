@@ -106,6 +106,54 @@ TEST_F(Samples, CheckIsSatisfiedByApplyingWhatIsSuggested) {
   EXPECT_EQ(sOutput, "");
 }
 
+TEST_F(Samples, CheckFindsWhatIsBroken) {
+  ASSERT_EQ(Quillon("apply -q --suggested Atelier.vbg"), 0) << sOutput;
+  fs::copy(oFolder / "work", oFolder / "sound", fs::copy_options::recursive);
+  const std::string s, sPrices = " Core/CPrices.cls";
+  struct Row {
+    const char* sName;
+    std::string sBreak, sOptions;
+    int nExit;
+    std::string sRule;
+  };
+  for (const Row& oRow : {
+           Row{"renamed procedure", "sed -i 's/Sub Load(/Sub Read(/'" + sPrices, s, 1,
+               "stale-name"},
+           Row{"renamed module", "sed -i '/VB_Name/s/CPrices/CCosts/'" + sPrices, s, 1,
+               "stale-name"},
+           Row{"deleted label", "sed -i '0,/^TrailCaught:/{//d}'" + sPrices, s, 1,
+               "drifted"},
+           Row{"lost signature", "sed -i \"0,/'Quillon: Standard/{//d}\"" + sPrices, s, 1,
+               "broken-template"},
+           Row{"misspelt template", "sed -i \"0,/: Standard/s//: Standrad/\"" + sPrices, s, 1,
+               "unknown-template"},
+           Row{"reworded template", "sed -i 's/gTrail.Keep/gTrail.Note/' Template.dat", s, 1,
+               "broken-template"},
+           Row{"row added", "sed -i '/^TrailAgain:/i\\    Randomize\\r' Template.dat", s, 1,
+               "drifted"},
+           Row{"wrong template file", "sed -i 's/ name=/ name=Old/' Template.dat", s, 2,
+               "unknown-template"},
+           Row{"settings file missing", "true", "--settings none.reg", 2, "no such settings file"},
+           Row{"read-only", "chmod a-w" + sPrices, s, 1, "read-only"},
+           Row{"empty scope", "true", "--component Nobody", 2, "No procedure is in the scope"},
+           Row{"file missing", "rm" + sPrices, s, 1, "unreadable"},
+           Row{"numbers", QUILLON_BIN_DIR "/quillon --settings '' number -q Atelier.vbg",
+               "--select numbered", 1, "numbered"},
+       }) {
+    SCOPED_TRACE(oRow.sName);
+    fs::remove_all(oFolder / "work");
+    fs::copy(oFolder / "sound", oFolder / "work", fs::copy_options::recursive);
+    ASSERT_EQ(std::system(("cd " + (oFolder / "work").string() + " && " + oRow.sBreak).c_str()), 0);
+    EXPECT_EQ(Quillon("check " + oRow.sOptions + " Atelier.vbg"), oRow.nExit) << sOutput;
+    EXPECT_NE(sOutput.find(oRow.sRule), std::string::npos) << sOutput;
+    if (oRow.nExit == 2) continue;
+    EXPECT_NE(sOutput.find(" [" + oRow.sRule + "]\n"), std::string::npos) << sOutput;
+    EXPECT_EQ(sOutput.find("quillon: "), std::string::npos) << sOutput;
+    EXPECT_EQ(Quillon("check " + oRow.sOptions + " --ignore " + oRow.sRule + " Atelier.vbg"), 0)
+        << "and nothing else: " << sOutput;
+  }
+}
+
 TEST_F(Samples, LocksAndHandlersOfTheTeamsOwnStay) {
   const auto sTrail = ReadBytes(oFolder / "work/Shared/CTrail.cls");
   ASSERT_EQ(Quillon("apply --suggested Atelier.vbg"), 0) << sOutput;

@@ -21,8 +21,8 @@ int ApplyCommand(Session& oSession) {
   Assignments oAssignments(oSession.oArguments.asSet);
   oSession.OpenTemplate();
   oAssignments.CheckTemplate(oSession);
-  oSession.OpenGroup();
-  oSession.LoadScope(false);
+  oSession.OpenGroup(Session::Use::Rewrite);
+  oSession.LoadScope();
   Assignments::Passed oPassed;
   for (ProcedureHandle h : oSession.Procedures()) oAssignments.Apply(oSession, h, oPassed);
   TellPassed(oSession, oPassed);

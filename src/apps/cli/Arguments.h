@@ -12,9 +12,12 @@ struct Arguments {
   const Command* command = nullptr;  ///< never null once ReadArguments gave no value
   std::string sAction;               ///< the word behind report, template, text and rules
   std::string sFile;                 ///< of template
+  std::string sRule;                 ///< of explain: an id, or a pattern of ids
   std::vector<std::string> asPath;   ///< groups, projects, folders
   std::vector<std::string> asValue;  ///< NAME=VALUE of rules set
   std::vector<std::string> asSet;    ///< NAME=VALUE of apply --set
+
+  std::vector<std::string> asSelect, asIgnore;  ///< rules of check
 
   // The scope, Like patterns; an empty list takes all.
   std::vector<std::string> asProject, asComponent, asProcedure, asType;

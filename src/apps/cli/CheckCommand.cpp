@@ -1,11 +1,13 @@
-// check: what apply --suggested would change and what the engine would refuse, found by doing it
-// in memory with proof, and never saving.
+// check: what is wrong with templates and their settings, found in memory, and never saving. Here
+// the findings are printed; what finds them is in checks/.
 #include <vector>
 
 #include "Commands.h"
 #include "Display.h"
+#include "ExplainCommand.h"
+#include "GroupCheck.h"
 #include "JsonWriter.h"
-#include "MQuillon.h"
+#include "MRules.h"
 
 namespace {
 
@@ -14,69 +16,14 @@ struct Difference {
   std::string from, to;
 };
 
-struct ProcedureFinding {
-  ProcedureHandle procedure;
-  std::int32_t line = 0;
-  // The settings ahead of the trial, which changes Current; words are made when they are printed.
-  CProcSettings from, to;
-  bool isTraced = false;
-  std::vector<std::string> refusals{};
-};
-
-std::vector<Difference> Differences(const ProcedureFinding& finding) {
+std::vector<Difference> Differences(const Finding::Settings& settings) {
   std::vector<Difference> changes;
   for (Property property : AllProperties) {
-    if (property == Property::Trace && !finding.isTraced) continue;
-    std::string from = Shown(finding.from, property), to = Shown(finding.to, property);
+    if (property == Property::Trace && !settings.isTraced) continue;
+    std::string from = Shown(settings.from, property), to = Shown(settings.to, property);
     if (from != to) changes.push_back({property, std::move(from), std::move(to)});
   }
   return changes;
-}
-
-/// The procedures that would change, with their lines in the files as these are now.
-std::vector<ProcedureFinding> Changes(Session& session) {
-  std::vector<ProcedureFinding> findings;
-  for (ProcedureHandle h : session.Procedures()) {
-    session.oHandler.ApplySuggestedSettings(h);
-    if (!session.oHandler.ProcedureIsDirty(h)) continue;
-    const ProcedureRecord& record = session.oHandler.Procedure(h);
-    // Foreign code is never rewritten, so that nothing would change.
-    if (record.oCurrent.bForeign()) continue;
-    // A declarations section can't be traced.
-    findings.push_back(
-        {h, session.HeadLine(h), record.oCurrent, record.oPending, !session.IsDeclarations(h)});
-  }
-  return findings;
-}
-
-/// What keeps lines out of a module's declarations shows only when they are put there.
-std::vector<Refusal> TryInModule(Session& session, ProcedureHandle procedure) {
-  std::vector<Refusal> refusals;
-  const auto refused = session.oHandler.ProcedureRefused.Connect(
-      [&](ProcedureHandle, const std::vector<Refusal>& reasons) { refusals = reasons; });
-  session.oHandler.ApplyPendingSettings(procedure, false, MQuillon::LineNumAction::AsRule);
-  return refusals;
-}
-
-/// Tries each change, and drops those that change no code: a value that the template has no line
-/// for, or a trace in a declarations section, would be found again after every apply.
-void TryChanges(Session& session, std::vector<ProcedureFinding>& findings) {
-  std::size_t tried = 0;
-  std::erase_if(findings, [&](ProcedureFinding& finding) {
-    session.oConsole.Progress(
-        ++tried, findings.size(),
-        session.oHandler.Component(session.oHandler.Procedure(finding.procedure).hComponent).sName);
-    const Rewrite rewrite = session.oHandler.PendingRewrite(finding.procedure, false);
-    std::vector<Refusal> refusals = rewrite.refusals;
-    if (rewrite.changed && session.IsDeclarations(finding.procedure)) {
-      refusals = TryInModule(session, finding.procedure);
-    }
-    for (const Refusal& refusal : refusals) {
-      finding.refusals.push_back(ToUtf8(Trim(MessageOf(refusal))));
-    }
-    return refusals.empty() && !rewrite.changed;
-  });
-  session.oConsole.ProgressEnd();
 }
 
 std::string ChangeText(const std::vector<Difference>& changes) {
@@ -89,80 +36,141 @@ std::string ChangeText(const std::vector<Difference>& changes) {
   return text;
 }
 
+/// A word as a shell reads it.
+std::string ShellWord(const std::string& word) {
+  constexpr const char* Plain =
+      "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-./+,:@%";
+  if (!word.empty() && word.find_first_not_of(Plain) == std::string::npos) return word;
+  std::string quoted = "'";
+  for (const char c : word) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  return quoted + '\'';
+}
+
+/// Prints findings; those of one component come one behind the other.
 class Reporter {
  public:
-  explicit Reporter(Session& session) : mSession(session), mJson(session.oOutput) {}
+  explicit Reporter(Session& session) : mSession(session), mHandler(session.oHandler) {}
+  virtual ~Reporter() = default;
+  virtual void Report(const CheckResult& result) = 0;
 
-  void Report(const std::vector<ProcedureFinding>& findings) {
-    if (mIsJson) {
-      mJson.BeginObject();
-      mJson.Key("findings").BeginArray();
+ protected:
+  /// Component and procedure; empty for a project.
+  std::string NameOf(const Finding& finding) const {
+    if (finding.procedure) return mSession.NameOf(finding.procedure);
+    return finding.component ? ToUtf8(mHandler.Component(finding.component).sName) : "";
+  }
+
+  Session& mSession;
+  CIDEHandler& mHandler;
+};
+
+class TextReporter : public Reporter {
+ public:
+  using Reporter::Reporter;
+
+  void Report(const CheckResult& result) override {
+    for (const Finding& finding : result.findings) {
+      const std::string file = finding.file->empty() ? "(no file)" : *finding.file;
+      mSession.oOutput.Put(Printable(Placed(file, finding.line, Message(finding))) + " [" +
+                           std::string(RowOf(finding.rule).id) + "]\n");
     }
-    for (ComponentHandle h : mSession.Unreadable()) Unreadable(h);
-    for (const ProcedureFinding& finding : findings) Procedure(finding);
-    if (!mIsJson) return;
+  }
+
+ private:
+  std::string Message(const Finding& finding) const {
+    std::string name = NameOf(finding);
+    if (finding.settings) return name + ':' + ChangeText(Differences(*finding.settings));
+    if (name.empty()) return finding.message;
+    name += ": ";
+    if (finding.rule == CheckRule::WouldRefuse) name += "refused: ";
+    if (finding.rule == CheckRule::Unreadable) name += "can't be read: ";
+    return name + finding.message;
+  }
+};
+
+class JsonReporter : public Reporter {
+ public:
+  explicit JsonReporter(Session& session) : Reporter(session), mJson(session.oOutput) {}
+
+  void Report(const CheckResult& result) override {
+    mJson.BeginObject();
+    mJson.Key("findings").BeginArray();
+    for (const Finding& finding : result.findings) One(finding);
     mJson.Break();
     mJson.EndArray();
+    mJson.Key("procedures").Number(static_cast<std::int64_t>(result.procedures));
+    PassedOverJson(result.passedOver);
+    mJson.Key("ignored").BeginObject();
+    for (const RuleRow& row : CheckRules())
+      if (const auto count = result.ignored[static_cast<std::size_t>(row.rule)])
+        mJson.Key(row.id).Number(static_cast<std::int64_t>(count));
+    mJson.EndObject();
     mJson.EndObject();
     mJson.Finish();
   }
 
  private:
-  /// Findings come component by component: the path is worked out once for each.
-  void SetFile(ComponentHandle component) {
-    if (component != mComponent) mFile = mSession.FileOf(component);
-    mComponent = component;
-  }
-
-  void Procedure(const ProcedureFinding& finding) {
-    SetFile(mSession.oHandler.Procedure(finding.procedure).hComponent);
-    std::string name = mSession.NameOf(finding.procedure);
-    std::vector<Difference> changes = Differences(finding);
-    if (!mIsJson) {
-      if (!changes.empty()) Line(finding.line, name + ":" + ChangeText(changes));
-      for (const std::string& reason : finding.refusals)
-        Line(finding.line, name + ": refused: " + reason);
-      return;
-    }
-    if (!changes.empty()) {
-      BeginJson("change", finding.procedure, finding.line);
-      ChangesJson(changes);
-      EndJson(name + ":" + ChangeText(changes));
-    }
-    for (const std::string& reason : finding.refusals) {
-      BeginJson("refused", finding.procedure, finding.line);
-      EndJson(reason);
+  static const char* KindOf(CheckRule rule) {
+    switch (rule) {
+      case CheckRule::MissingTemplate:
+      case CheckRule::SettingsDiffer:
+        return "change";
+      case CheckRule::WouldRefuse:
+        return "refused";
+      case CheckRule::Unreadable:
+        return "unreadable";
+      default:
+        return "code";
     }
   }
 
-  void Unreadable(ComponentHandle component) {
-    const ComponentRecord& record = mSession.oHandler.Component(component);
-    SetFile(component);
-    std::string reason = mSession.ReasonOf(component);
-    if (!mIsJson) return Line(0, ToUtf8(record.sName) + ": can't be read: " + reason);
-    BeginObject("unreadable", component);
-    EndJson(reason);
+  void PassedOverJson(const PassedOver& passed) {
+    const auto number = [&](const char* key, std::size_t count) {
+      mJson.Key(key).Number(static_cast<std::int64_t>(count));
+    };
+    mJson.Key("passedOver").BeginObject();
+    number("locked", passed.locked);
+    number("ownHandling", passed.ownHandling);
+    number("readOnlyFiles", passed.readOnlyFiles);
+    number("sharedFiles", passed.sharedFiles);
+    mJson.EndObject();
   }
 
-  void Line(std::int32_t line, const std::string& message) {
-    mSession.oOutput.Put(Printable(Finding(mFile.empty() ? "(no file)" : mFile, line, message)) +
-                         '\n');
-  }
-
-  void BeginObject(const char* kind, ComponentHandle component) {
-    const ComponentRecord& record = mSession.oHandler.Component(component);
+  void One(const Finding& finding) {
+    const RuleRow& row = RowOf(finding.rule);
     mJson.Break();
     mJson.BeginObject();
-    mJson.Key("kind").String(kind);
-    mJson.Key("file").StringOrNull(mFile);
-    mJson.Key("project").String(ToUtf8(mSession.oHandler.ProjectName(record.hProject)));
-    mJson.Key("component").String(ToUtf8(record.sName));
+    mJson.Key("kind").String(KindOf(finding.rule));
+    mJson.Key("rule").String(row.id);
+    mJson.Key("severity").String(SeverityName(row.severity));
+    mJson.Key("file").StringOrNull(*finding.file);
+    ComponentJson(finding);
+    if (finding.procedure)
+      mJson.Key("procedure").String(ToUtf8(mHandler.ProcName(finding.procedure)));
+    if (finding.line > 0) {
+      mJson.Key("line").Number(finding.line);
+      mJson.Key("endLine").Number(finding.endLine);
+    }
+    std::string message = finding.message;
+    if (finding.settings) {
+      const std::vector<Difference> changes = Differences(*finding.settings);
+      ChangesJson(changes);
+      message = NameOf(finding) + ':' + ChangeText(changes);
+    }
+    mJson.Key("message").String(message);
+    mJson.Key("mend").StringOrNull(MendFor(finding, row.mend));
+    mJson.EndObject();
   }
 
-  void BeginJson(const char* kind, ProcedureHandle procedure, std::int32_t line) {
-    BeginObject(kind, mSession.oHandler.Procedure(procedure).hComponent);
-    mJson.Key("procedure").String(ToUtf8(mSession.oHandler.ProcName(procedure)));
-    mJson.Key("line").Number(line);
+  void ComponentJson(const Finding& finding) {
+    std::string project, component;
+    if (finding.component) {
+      const ComponentRecord& record = mHandler.Component(finding.component);
+      project = ToUtf8(mHandler.ProjectName(record.hProject));
+      component = ToUtf8(record.sName);
+    }
+    mJson.Key("project").String(project);
+    mJson.Key("component").String(component);
   }
 
   void ChangesJson(const std::vector<Difference>& changes) {
@@ -177,25 +185,62 @@ class Reporter {
     mJson.EndArray();
   }
 
-  void EndJson(const std::string& message) {
-    mJson.Key("message").String(message);
-    mJson.EndObject();
+  /// The command line, to be run where this one was; empty for none.
+  std::string MendFor(const Finding& finding, Mend mend) const {
+    if (mend == Mend::None || !finding.procedure) return {};
+    const Arguments& arguments = mSession.oArguments;
+    std::string command = "quillon " + std::string(MendCommand(mend));
+    const auto add = [&](const char* option, const std::string& value) {
+      command.append(" ").append(option).append(" ").append(ShellWord(value));
+    };
+    if (!arguments.sTemplateFile.empty()) add("-t", arguments.sTemplateFile);
+    if (arguments.oSettingsFile) add("--settings", *arguments.oSettingsFile);
+    add("--component", ToUtf8(mHandler.Component(finding.component).sName));
+    add("--procedure", ToUtf8(mHandler.ProcName(finding.procedure)));
+    for (const std::string& path : arguments.asPath) command.append(" ").append(ShellWord(path));
+    return command;
   }
 
-  Session& mSession;
   JsonWriter mJson;
-  const bool mIsJson = mSession.oArguments.sFormat == "json";
-  std::string mFile;
-  ComponentHandle mComponent;
 };
+
+CheckResult Find(Session& session, const RuleSelection& rules) {
+  GroupCheck check(session.oHandler, session.oTemplate, rules, session);
+  for (const DiskIDE::Note& note : session.MissingProjects())
+    check.Unreadable(ShownFile(PathOfText(note.sFile)), static_cast<std::int32_t>(note.lLine),
+                     ToUtf8(note.sMessage));
+  for (const ComponentHandle h : session.Unreadable()) check.Unreadable(h, session.ReasonOf(h));
+  for (const ComponentHandle h : session.ReadOnly())
+    check.ReadOnly(h, MRules::oRules.bSkipReadOnly);
+  for (std::size_t i = 0; i < session.Shared(); ++i) check.Shared();
+  std::size_t done = 0;
+  for (const ProcedureHandle h : session.Procedures()) {
+    const ComponentHandle component = session.oHandler.Procedure(h).hComponent;
+    session.oConsole.Progress(++done, session.Procedures().size(),
+                              session.oHandler.Component(component).sName);
+    check.Procedure(h);
+  }
+  session.oConsole.ProgressEnd();
+  return check.Finish();
+}
 
 }  // namespace
 
 int CheckCommand(Session& session) {
-  session.OpenGroup();
-  session.LoadScope(false);
-  std::vector<ProcedureFinding> findings = Changes(session);
-  TryChanges(session, findings);
-  Reporter(session).Report(findings);
-  return findings.empty() && session.IsScopeRead() ? 0 : 1;
+  const RuleSelection rules(session.oArguments.asSelect, session.oArguments.asIgnore);
+  if (!rules.Unknown().empty()) throw Stop{UnknownRule(rules.Unknown())};
+  session.OpenGroup(Session::Use::Check);
+  session.LoadScope();
+  const CheckResult result = Find(session, rules);
+  if (session.oArguments.sFormat == "json")
+    JsonReporter(session).Report(result);
+  else
+    TextReporter(session).Report(result);
+  for (const std::string& line : TotalLines(result, session.oConsole.IsVerbose()))
+    session.oConsole.Say(line);
+  // Code that names templates, and a file that knows none of them: it is the wrong file.
+  if (result.namesUnknown && !result.namesKnown && rules.Has(CheckRule::UnknownTemplate))
+    throw Stop{"The template file knows none of the templates that the code names: " +
+               session.TemplateFile() + " (give another one, or --ignore unknown-template)"};
+  return result.findings.empty() ? 0 : 1;
 }

@@ -129,7 +129,27 @@ constexpr Option ListOptions[] = {
 };
 
 constexpr const char* CheckFormats[] = {"text", "json"};
-constexpr Option CheckOptions[] = {Format(CheckFormats)};
+constexpr const char* RulesGroup = "Rules (ids or patterns of ids, repeatable; explain tells each)";
+constexpr Option CheckOptions[] = {
+    {.names = "--select",
+     .target = &Arguments::asSelect,
+     .help = "Find by these rules, instead of those that are on by themselves",
+     .valueName = "RULE",
+     .group = RulesGroup},
+    {.names = "--ignore",
+     .target = &Arguments::asIgnore,
+     .help = "Leave these rules out",
+     .valueName = "RULE",
+     .group = RulesGroup},
+    Format(CheckFormats),
+};
+
+constexpr Option ExplainOptions[] = {
+    {.names = "RULE",
+     .target = &Arguments::sRule,
+     .help = "A rule of check, such as drifted, or a pattern of rules",
+     .isRequired = true},
+};
 
 constexpr Option ApplyOptions[] = {
     {.names = "--set",
@@ -211,10 +231,19 @@ constexpr Command Table[] = {
      .options = {Common, Scope, Paths, ListOptions}},
     {.run = CheckCommand,
      .name = "check",
-     .help = "Tell what apply --suggested would change or refuse",
-     .examples = "  quillon check Orders.vbg\n"
-                 "  quillon check --format json --type 'Property *' Orders.vbg",
+     .help = "Tell what is wrong with templates and their settings",
+     .examples =
+         "  quillon check Orders.vbg\n"
+         "  quillon check --ignore read-only --settings team.reg -t Template.dat Orders.vbg\n"
+         "  quillon check --select '*' --ignore own-handling Orders.vbg\n"
+         "  quillon check --format json --type 'Property *' Orders.vbg",
      .options = {Common, Scope, Paths, CheckOptions}},
+    {.run = ExplainCommand,
+     .name = "explain",
+     .help = "Tell what a rule of check finds, with an example",
+     .examples = "  quillon explain drifted\n"
+                 "  quillon explain '*'",
+     .options = {Common, ExplainOptions}},
     {.run = ApplyCommand,
      .name = "apply",
      .help = "Set properties and make the code agree with them",

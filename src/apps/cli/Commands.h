@@ -11,6 +11,7 @@ int RefreshCommand(Session& session);
 int NumberCommand(Session& session);
 int UnnumberCommand(Session& session);
 int CheckCommand(Session& session);
+int ExplainCommand(Session& session);
 int TemplateCommand(Session& session);
 int ReportCommand(Session& session);
 int TextCommand(Session& session);

@@ -205,8 +205,8 @@ class Lister {
 }  // namespace
 
 int ListCommand(Session& session) {
-  session.OpenGroup();
-  session.LoadScope(true);
+  session.OpenGroup(Session::Use::Show);
+  session.LoadScope();
   Lister lister(session);
   const std::string& format = session.oArguments.sFormat;
   if (format == "json")

@@ -89,8 +89,8 @@ void StartErrorRuntime(ErrorRuntime& runtime, const Arguments& arguments, const 
 
 void StartUp(const Arguments& arguments, const RegistryStore& store, Console& console) {
   for (const RegistryStore::Problem& problem : store.Problems())
-    console.Error(Finding(ShownPath(store.Path()), static_cast<std::int64_t>(problem.lLine),
-                          ToUtf8(problem.sMessage)));
+    console.Error(Placed(ShownPath(store.Path()), static_cast<std::int64_t>(problem.lLine),
+                         ToUtf8(problem.sMessage)));
   bool isNamed = arguments.oSettingsFile && !arguments.oSettingsFile->empty();
   if (isNamed && !arguments.command->makesSettings && !MXFile::FileExists(TextOfPath(store.Path())))
     throw Stop{ShownPath(store.Path()) +

@@ -90,11 +90,11 @@ void PrintToFile(Session& oSession, const std::vector<Document>& oDocuments) {
 
 int ReportCommand(Session& oSession) {
   TakeFixedTime();
-  oSession.OpenGroup();
+  oSession.OpenGroup(Session::Use::Show);
   const std::vector<Document> oDocuments = DocumentsOf(oSession);
   if (oDocuments.empty())
     throw Stop{"Nothing to report: no project or component of the group fits the scope"};
-  if (!IsSummary(oSession)) oSession.LoadScope(true);
+  if (!IsSummary(oSession)) oSession.LoadScope();
   if (oSession.oArguments.sPdfFile.empty()) {
     Paper::TextDevice oDevice([&](std::string_view sPage) { oSession.oOutput.Put(sPage); });
     PrintAll(oSession, oDocuments, oDevice);

@@ -28,7 +28,7 @@ class Places {
     std::int32_t line = mSession.LineOf(procedure, SourceLine(refusal));
     const auto before = mLinesBefore.find(component.Number());
     if (before != mLinesBefore.end()) line -= LinesOf(component) - before->second;
-    return file.empty() ? file : Finding(file, line, "");
+    return file.empty() ? file : Placed(file, line, "");
   }
 
  private:
@@ -135,7 +135,7 @@ bool SaveFiles(Session& oSession) {
     oSession.oConsole.Detail("Written: " + ShownFile(sPath));
   for (const DiskIDE::Note& oNote : oResult.oFailed)
     oSession.oConsole.Error(
-        Finding(ShownFile(PathOfText(oNote.sFile)), 0, "not written: " + ToUtf8(oNote.sMessage)));
+        Placed(ShownFile(PathOfText(oNote.sFile)), 0, "not written: " + ToUtf8(oNote.sMessage)));
   oSession.oConsole.Say(Files(oResult.asSaved.size()) + " written");
   return oResult.oFailed.empty();
 }

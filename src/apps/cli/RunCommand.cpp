@@ -6,8 +6,8 @@
 namespace {
 
 int Run(Session& session, MQuillon::LineNumAction lineNumberAction) {
-  session.OpenGroup();
-  session.LoadScope(false);
+  session.OpenGroup(Session::Use::Rewrite);
+  session.LoadScope();
   RewriteScope(session, true, lineNumberAction);
   return SaveChanges(session);
 }

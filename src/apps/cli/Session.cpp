@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <unordered_set>
 
 #include "CXRecent.h"
 #include "Failure.h"
@@ -71,7 +70,7 @@ std::string ShownFile(const std::string& path) {
   return ShownPath(RelativePath(path));
 }
 
-std::string Finding(const std::string& file, std::int64_t line, const std::string& message) {
+std::string Placed(const std::string& file, std::int64_t line, const std::string& message) {
   return file + (line > 0 ? ':' + std::to_string(line) : "") + ": " + message;
 }
 
@@ -122,7 +121,8 @@ void Session::OpenTemplate() {
   MRules::GetDefaultTemplates();
 }
 
-void Session::OpenGroup() {
+void Session::OpenGroup(Use use) {
+  mUse = use;
   if (mTemplateFile.empty()) OpenTemplate();
   DiskIDE::Options options;
   options.sCodePage = oArguments.sCodePage;
@@ -142,18 +142,18 @@ void Session::TellNotes() {
   // takes projects of any name; otherwise it may be one that the scope leaves out.
   const bool anyProject = mScope.TakesProject(u"");
   for (const DiskIDE::Note& note : pIDE->Notes()) {
-    oConsole.Error(Finding(ShownFile(PathOfText(note.sFile)), static_cast<std::int64_t>(note.lLine),
-                           ToUtf8(note.sMessage)));
-    mIsProjectMissing |= note.bUnreadable && anyProject;
+    const bool isMissing = note.bUnreadable && anyProject;
+    if (isMissing) mMissingProjects.push_back(note);
+    if (isMissing && mUse == Use::Check) continue;
+    oConsole.Error(Placed(ShownFile(PathOfText(note.sFile)), static_cast<std::int64_t>(note.lLine),
+                          ToUtf8(note.sMessage)));
   }
 }
 
-void Session::LoadScope(bool toShow) {
+void Session::LoadScope() {
   const ComponentHandle last = oHandler.LastComponent();
   ProjectHandle project;
   Text projectName;
-  std::unordered_set<Text> taken;
-  bool isPassed = false;
   for (const ComponentHandle h : oHandler.Components()) {
     const ComponentRecord& record = oHandler.Component(h);
     if (record.hProject != project) {
@@ -163,40 +163,48 @@ void Session::LoadScope(bool toShow) {
     if (!mScope.TakesComponent(projectName, record.sName)) continue;
     oConsole.Progress(static_cast<std::size_t>(h.Number()), static_cast<std::size_t>(last.Number()),
                       record.sName);
-    if (IsPassedOver(record) && !toShow) {
-      isPassed = true;
-      oConsole.Detail("Passed over, its file is read-only: " + ToUtf8(record.sName));
-      continue;
-    }
-    if (toShow && !record.bLoadError && !record.readOnlyReason.empty())
+    if (record.bReadOnly && record.readOnlyReason.empty()) mReadOnly.push_back(h);
+    if (mUse == Use::Show && !record.bLoadError && !record.readOnlyReason.empty())
       oConsole.Say(ToUtf8(record.sName + u" is read-only: " + record.readOnlyReason));
-    // Projects of different types may suggest different values for one file: the first one decides,
-    // or each run would change it back and forth.
     const Text file = FirstFile(record);
-    if (!toShow && taken.contains(file)) {
-      isPassed = true;
-      oConsole.Detail("Passed over, an earlier project has its file: " + ToUtf8(projectName) + '.' +
-                      ToUtf8(record.sName));
-      continue;
-    }
+    if (mUse != Use::Show && IsPassed(record, file)) continue;
     if (!record.bLoadError) oHandler.LoadComponent(h);
     if (oHandler.Component(h).bLoadError) {
       TellUnreadable(h);
     } else {
       TakeProcedures(h);
-      if (!file.empty()) taken.insert(file);
+      if (!file.empty()) mTaken.insert(file);
     }
   }
   oConsole.ProgressEnd();
-  if (!mProcedures.empty() || !mUnreadable.empty() || isPassed) return;
+  if (!mProcedures.empty() || !mUnreadable.empty()) return;
+  if (mUse != Use::Show && (!mReadOnly.empty() || mShared > 0)) return;
   constexpr const char* Nothing = "No procedure is in the scope that was given";
-  if (!toShow) throw Stop{std::string(Nothing) + ": list shows the names and types that there are"};
+  if (mUse != Use::Show)
+    throw Stop{std::string(Nothing) + ": list shows the names and types that there are"};
   oConsole.Say(std::string(Nothing) + '.');
+}
+
+bool Session::IsPassed(const ComponentRecord& record, const Text& file) {
+  if (IsPassedOver(record)) {
+    oConsole.Detail("Passed over, its file is read-only: " + ToUtf8(record.sName));
+    return true;
+  }
+  // Projects of different types may suggest different values for one file: the first one decides,
+  // or each run would change it back and forth.
+  if (!mTaken.contains(file)) return false;
+  ++mShared;
+  oConsole.Detail("Passed over, an earlier project has its file: " +
+                  ToUtf8(oHandler.ProjectName(record.hProject)) + '.' + ToUtf8(record.sName));
+  return true;
 }
 
 void Session::TellUnreadable(ComponentHandle component) {
   mUnreadable.push_back(component);
   const ComponentRecord& record = oHandler.Component(component);
+  const Text path = FirstFile(record);
+  const bool isTold = !path.empty() && !mToldUnreadable.insert(path).second;
+  if (isTold || mUse == Use::Check) return;
   std::string file = FileOf(component);
   oConsole.Error((file.empty() ? std::string() : file + ": ") + ToUtf8(record.sName) +
                  " can't be read: " + ReasonOf(component));

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "Arguments.h"
@@ -12,44 +13,58 @@
 #include "CTemplate.h"
 #include "Console.h"
 #include "DiskIDE.h"
+#include "GroupCheck.h"
 #include "Output.h"
 #include "PathText.h"
 #include "Scope.h"
 
-class Session {
+class Session : public IFilePlaces {
  public:
+  /// What a command does with the components of its scope.
+  enum class Use {
+    Show,     ///< all of them
+    Rewrite,  ///< but those in files that are read-only, or that an earlier component has
+    Check     ///< the same; what can't be read or is passed over is kept and not told
+  };
+
   Session(const Arguments& arguments, Console& console, Output& output);
 
   /// Loads the template and fills the lookups. Stop when there is none or it has errors.
   void OpenTemplate();
   /// Opens the template if that isn't done, then reads the group. Stop when a path holds no
   /// project.
-  void OpenGroup();
-  /// Loads the components of the scope and tells of those that can't be read; then
-  /// Procedures() holds the procedures of the scope. toShow: also those that aren't to be
-  /// rewritten: in files that are read-only, and in files that an earlier component has.
-  void LoadScope(bool toShow);
+  void OpenGroup(Use use);
+  /// Loads the components of the scope and tells of those that can't be read, each file once; then
+  /// Procedures() holds the procedures of the scope. Stop for a scope in which nothing stands,
+  /// unless it is for show.
+  void LoadScope();
 
   /// Ascending.
   const std::vector<ProcedureHandle>& Procedures() const { return mProcedures; }
   bool IsWholeGroup() const { return mScope.IsWholeGroup(); }
   /// Components of the scope whose code can't be read.
   const std::vector<ComponentHandle>& Unreadable() const { return mUnreadable; }
+  /// Components of the scope in files that are read-only.
+  const std::vector<ComponentHandle>& ReadOnly() const { return mReadOnly; }
+  /// How many components were passed over, since an earlier project has their files.
+  std::size_t Shared() const { return mShared; }
+  /// Projects that can't be read, and may belong to the scope.
+  const std::vector<DiskIDE::Note>& MissingProjects() const { return mMissingProjects; }
   /// False when a component of the scope can't be read, or a project that may belong to it.
-  bool IsScopeRead() const { return mUnreadable.empty() && !mIsProjectMissing; }
+  bool IsScopeRead() const { return mUnreadable.empty() && mMissingProjects.empty(); }
   const std::vector<Text>& ModuleTemplates() const { return mModuleTemplates; }
   const std::vector<Text>& ProcedureTemplates() const { return mProcedureTemplates; }
   /// Path of the template file as it is shown.
   std::string TemplateFile() const { return ShownPath(mTemplateFile); }
 
   /// Path of a component's first file as it is shown; empty when it has none.
-  std::string FileOf(ComponentHandle component);
+  std::string FileOf(ComponentHandle component) override;
   /// Why a component can't be read; never empty.
   std::string ReasonOf(ComponentHandle component) const;
   /// Line in its file, from 1: of the head, or of the first of its text with the comments above.
   std::int32_t HeadLine(ProcedureHandle procedure) { return FileLine(procedure, true); }
   /// Line in its file of a line of the procedure's text, from 1; of the head for 0.
-  std::int32_t LineOf(ProcedureHandle procedure, std::size_t textLine);
+  std::int32_t LineOf(ProcedureHandle procedure, std::size_t textLine) override;
   std::int32_t FirstLine(ProcedureHandle procedure) { return FileLine(procedure, false); }
 
   /// "Component.Procedure", as the batch account names it.
@@ -68,6 +83,7 @@ class Session {
  private:
   std::string FindTemplate() const;
   void TellNotes();
+  bool IsPassed(const ComponentRecord& record, const Text& file);
   void TakeProcedures(ComponentHandle component);
   void TellUnreadable(ComponentHandle component);
   std::int32_t FileLine(ProcedureHandle procedure, bool isHead);
@@ -77,11 +93,15 @@ class Session {
   std::vector<Text> mModuleTemplates, mProcedureTemplates;
   std::vector<ProcedureHandle> mProcedures;
   std::vector<ComponentHandle> mUnreadable;
-  bool mIsProjectMissing = false;
+  Use mUse = Use::Show;
+  std::unordered_set<Text> mTaken, mToldUnreadable;  // files
+  std::vector<ComponentHandle> mReadOnly;
+  std::size_t mShared = 0;
+  std::vector<DiskIDE::Note> mMissingProjects;
 };
 
 /// A file of the group as it is shown: relative to the current folder.
 std::string ShownFile(const std::string& path);
 
 /// "file: message" or "file:line: message", as editors and build servers read it.
-std::string Finding(const std::string& file, std::int64_t line, const std::string& message);
+std::string Placed(const std::string& file, std::int64_t line, const std::string& message);

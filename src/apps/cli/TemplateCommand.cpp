@@ -19,8 +19,8 @@ int Check(Session& oSession, const std::vector<std::string>& asReport) {
   if (oSession.oTemplate.LoadErrors() != 0) return 2;
   std::vector<TemplateFinding> oFindings = CheckTemplate(oSession.oTemplate);
   for (const TemplateFinding& oFinding : oFindings)
-    oSession.oOutput.Put(Printable(Finding(ShownPath(oSession.oArguments.sFile), oFinding.line,
-                                           ToUtf8(oFinding.message))) +
+    oSession.oOutput.Put(Printable(Placed(ShownPath(oSession.oArguments.sFile), oFinding.line,
+                                          ToUtf8(oFinding.message))) +
                          '\n');
   return oFindings.empty() ? 0 : 1;
 }
