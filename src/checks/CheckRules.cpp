@@ -74,8 +74,10 @@ constexpr std::array Table = {
     RuleRow{
         CheckRule::ReadOnly, "read-only", CheckSeverity::Warning, Mend::None, true,
         "The file is read-only, so that no command would write it.",
-        "While the rule \"Skip ReadOnly\" is set, the code in it isn't looked at either. A team\n"
-        "that shares files which it must not change leaves the rule out: --ignore read-only.\n",
+        "While the rule \"Skip ReadOnly\" is set, the code in it isn't looked at either. A file\n"
+        "that lies outside the roots is looked at, and told only where something would change. A\n"
+        "team that shares files which it must not change leaves the rule out: --ignore\n"
+        "read-only.\n",
         "Shared/MText.bas: MText: the file is read-only and was passed over [read-only]\n"},
     RuleRow{CheckRule::Unreadable, "unreadable", CheckSeverity::Error, Mend::None, true,
             "A file of the group can't be read.",
