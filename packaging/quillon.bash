@@ -55,7 +55,7 @@ _quillon_value() {
     --procedure) _quillon_words '(declarations)' ;;
     --root) COMPREPLY=(); compopt -o dirnames 2>/dev/null ;;
     --select | --ignore) _quillon_words "${_quillon_rules[@]}" ;;
-    --project | --component) COMPREPLY=() ;;
+    --project | --component | --define) COMPREPLY=() ;;
     --connect) _quillon_words startup external ;;
     --format)
       case $2 in
@@ -70,14 +70,14 @@ _quillon_value() {
 # _quillon_options COMMAND: the options that the command knows; without one, those that fit most.
 _quillon_options() {
   local common=(-h --help -t --template --settings --log --color -q --quiet -v --verbose --trace)
-  local scope=(--project --component --procedure --type --codepage --root)
+  local scope=(--project --component --procedure --type --codepage --root --define)
   local rewriting=(-n --dry-run --diff --exit-code --no-verify)
   case $1 in
     list) _quillon_words "${common[@]}" "${scope[@]}" --suggested --pending --format ;;
     check) _quillon_words "${common[@]}" "${scope[@]}" --select --ignore --format ;;
     apply) _quillon_words "${common[@]}" "${scope[@]}" "${rewriting[@]}" --set --suggested ;;
     refresh | number | unnumber) _quillon_words "${common[@]}" "${scope[@]}" "${rewriting[@]}" ;;
-    report) _quillon_words "${common[@]}" --project --component --codepage --root --pdf --format ;;
+    report) _quillon_words "${common[@]}" --project --component --codepage --root --define --pdf --format ;;
     explain | template | text | rules) _quillon_words "${common[@]}" ;;
     *) _quillon_words --version "${common[@]}" "${scope[@]}" "${rewriting[@]}" ;;
   esac
@@ -105,12 +105,12 @@ _quillon() {
     word=${COMP_WORDS[i]}
     case $word in
       -t | --template | --settings | --log | --pdf | --color | --codepage | --type | --procedure | \
-        --project | --component | --root | --format | --set | --select | --ignore)
+        --project | --component | --root | --format | --set | --define | --select | --ignore)
         if [[ ${COMP_WORDS[i + 1]} == = ]]; then i=$((i + 1)); fi  # --option=value
         if ((i + 1 >= COMP_CWORD)); then last=$word; fi
         i=$((i + 1))
-        if [[ $word == --set && ${COMP_WORDS[i + 1]} == = ]]; then
-          if ((i + 2 >= COMP_CWORD)); then last=--set; fi
+        if [[ $word == --@(set|define) && ${COMP_WORDS[i + 1]} == = ]]; then
+          if ((i + 2 >= COMP_CWORD)); then last=$word; fi
           i=$((i + 2))
         fi ;;
       -*) ;;

@@ -39,6 +39,7 @@ complete -c quillon -n "$in $grouped" -l root -xa "(__fish_complete_directories)
     -d "Folder that may be written too"
 complete -c quillon -n "$in $grouped" -l codepage -xa "1252 utf-8 932 936 949 950 1250 1251" \
     -d "Code page of the files"
+complete -c quillon -n "$in $grouped" -l define -x -d "Constant of conditional compilation, NAME=VALUE"
 
 set -l writing apply refresh number unnumber
 complete -c quillon -n "$in $writing" -s n -l dry-run -d "Write nothing"

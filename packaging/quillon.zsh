@@ -35,6 +35,7 @@ _quillon_program() {
   reading=(
     '--codepage[code page of the files]:code page:(1252 utf-8 932 936 949 950 1250 1251)'
     '*--root[folder that may be written too]:folder:_files -/'
+    '*--define[constant of conditional compilation]:NAME=VALUE:'
   )
   scope=(
     $reading

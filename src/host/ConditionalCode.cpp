@@ -4,9 +4,9 @@
 
 ConditionalCode::ConditionalCode(const std::vector<CondConstant>& oConstants, const CodePage& oPage)
     : moPage(oPage) {
-  moProject[u"win32"] = CondValue::Of(-1);
-  moProject[u"win16"] = CondValue::Of(0);
-  moProject[u"vba6"] = CondValue::Of(-1);
+  for (const PredefinedConstant& own : PredefinedConstants) {
+    moProject[Text(own.name)] = CondValue::Of(own.value);
+  }
   for (const CondConstant& oConstant : oConstants) {
     moProject[LowerCase(oConstant.sName)] = CondValue::Of(oConstant.lValue);
   }

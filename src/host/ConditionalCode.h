@@ -14,6 +14,14 @@
 #include "LexicalScan.h"
 #include "SourceDocument.h"
 
+/// What the language itself defines; names in lower case.
+struct PredefinedConstant {
+  TextView name;
+  std::int32_t value;
+};
+inline constexpr PredefinedConstant PredefinedConstants[] = {
+    {u"win32", -1}, {u"win16", 0}, {u"vba6", -1}};
+
 class ConditionalCode {
  public:
   /// How directives are read: by the values of the constants; always the first branch; or not at

@@ -41,7 +41,7 @@ class FileIDE : public DiskIDE, public VBE {
     for (const std::string& folder : oOptions.roots) mRoots.Add(RealPath(folder));
     for (const std::string& folder : oReader.Folders())
       mRoots.Add(WorkTreeOf(folder, *moSettings.poFiles));
-    for (GroupReader::Project& oProject : oReader.Projects()) AddProject(oProject);
+    for (GroupReader::Project& oProject : oReader.Projects()) AddProject(oProject, oOptions);
   }
 
   VBE& Root() override { return *this; }
@@ -75,6 +75,23 @@ class FileIDE : public DiskIDE, public VBE {
       if (document->Refusal() == WriteRefusal::Outside && document->IsThere())
         folders.insert(PathFinder::FolderOf(document->RealPath()));
     return {folders.begin(), folders.end()};
+  }
+
+  std::int32_t HiddenProcedures(const ::CodeModule& module) const override {
+    return static_cast<const HostCodeModule&>(module).Document().HiddenProcedures();
+  }
+
+  std::vector<ConstantConflict> ConstantConflicts() const override {
+    std::vector<ConstantConflict> conflicts;
+    for (const auto& document : moStore.All()) try {
+        auto conflict = document->Constants().FirstConflict(document->Get());
+        if (!conflict) continue;
+        conflict->file = TextOfPath(document->Path());
+        conflicts.push_back(std::move(*conflict));
+      } catch (const Failure&) {
+        continue;  // it is told where the code is asked for
+      }
+    return conflicts;
   }
 
   SaveResult Save() override {
@@ -128,9 +145,12 @@ class FileIDE : public DiskIDE, public VBE {
     o.oStat = oNow;
     return std::exchange(o.sBytes, sNow) != sNow;
   }
-  void AddProject(GroupReader::Project& oRead) {
+  void AddProject(GroupReader::Project& oRead, const Options& options) {
+    std::vector<CondConstant>& constants = oRead.oFile.oConstants;
+    constants.insert(constants.end(), options.constants.begin(), options.constants.end());
+    const bool inScope = !options.isInScope || options.isInScope(oRead.oFile.sName);
     HostProject& oProject = moProjects.Add(std::make_unique<HostProject>(
-        std::move(oRead.oFile), std::move(oRead.sPath), moFinder, moStore));
+        std::move(oRead.oFile), std::move(oRead.sPath), moFinder, moStore, inScope));
     for (const LineNote& oNote : oProject.Notes())
       moNotes.push_back({oProject.FileName(), oNote.lLine, oNote.sMessage, false});
   }

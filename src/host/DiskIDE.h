@@ -10,10 +10,12 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "ProjectConstants.h"
 #include "VBE.h"
 
 class HostCommandBars;
@@ -23,12 +25,17 @@ class DiskIDE {
  public:
   struct Options {
     /// Name of the ANSI code page (CodePage::Get); empty: 1252, or UTF-8 where a file is UTF-8.
-    std::string sCodePage;
+    std::string sCodePage{};
     IFileOps* poFiles = nullptr;  ///< null: the system's
     /// Folders below which components may be written, besides the work trees of the paths (the
     /// nearest folder upwards that holds .git, else the folder of the path). What lies elsewhere
     /// is read only, and its component tells why.
-    std::vector<std::string> roots;
+    std::vector<std::string> roots{};
+    /// Of conditional compilation, ahead of those of the projects.
+    std::vector<CondConstant> constants = {};
+    /// Whether a file of several projects may be read with this one's constants; null: with those
+    /// of the first.
+    std::function<bool(TextView project)> isInScope = {};
   };
 
   /// Something that was found while reading and doesn't stop it.
@@ -69,6 +76,13 @@ class DiskIDE {
 
   /// Line in its file, from 1, of a line that a module of this host shows.
   virtual std::int32_t FileLine(const ::CodeModule& oModule, std::int32_t lLine) const = 0;
+
+  /// Procedures that a module of this host doesn't show: in branches of conditional compilation
+  /// that the constants leave inactive.
+  virtual std::int32_t HiddenProcedures(const ::CodeModule& module) const = 0;
+  /// Files that two projects in scope read differently, each once: at its first directive that asks
+  /// for a constant on which they disagree. A file that can't be read is left out.
+  virtual std::vector<ConstantConflict> ConstantConflicts() const = 0;
 
   struct SaveResult {
     std::vector<std::string> asSaved;

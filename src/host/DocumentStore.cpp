@@ -34,7 +34,7 @@ void StoredDocument::Read() {
 std::unique_ptr<SourceDocument> StoredDocument::MakeDocument() const {
   auto pDocument =
       std::make_unique<SourceDocument>(ReadSource(msPath, *moSettings.poFiles), *moSettings.poAnsi,
-                                       moSettings.bForcePage, moConstants);
+                                       moSettings.bForcePage, mConstants.ToReadWith());
   // Lines put into such a file would be taken for its header when it is read again.
   if (pDocument->IsHeaderOpen())
     throw Failure(
@@ -120,13 +120,13 @@ StoredDocument::Disk StoredDocument::Refresh() {
 }
 
 StoredDocument& DocumentStore::Add(const std::string& sIdentity, const std::string& sPath,
-                                   const std::vector<CondConstant>& oConstants) {
+                                   ProjectConstants::Owner owner) {
   auto [it, bNew] = moByIdentity.try_emplace(sIdentity);
   if (bNew) {
-    moDocuments.push_back(
-        std::make_unique<StoredDocument>(sPath, sIdentity, oConstants, moSettings));
+    moDocuments.push_back(std::make_unique<StoredDocument>(sPath, sIdentity, moSettings));
     it->second = moDocuments.back().get();
   }
+  it->second->AddOwner(std::move(owner));
   return *it->second;
 }
 

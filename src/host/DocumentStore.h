@@ -11,6 +11,7 @@
 #include "Failure.h"
 #include "FileStamp.h"
 #include "IFileOps.h"
+#include "ProjectConstants.h"
 #include "SourceDocument.h"
 #include "WriteRoots.h"
 
@@ -24,14 +25,9 @@ struct ReadSettings {
 
 class StoredDocument {
  public:
-  /// oConstants: those of the first project that names the file; they outlive this object.
   /// realPath: the path with links resolved.
-  StoredDocument(std::string sPath, std::string realPath,
-                 const std::vector<CondConstant>& oConstants, const ReadSettings& oSettings)
-      : msPath(std::move(sPath)),
-        mRealPath(std::move(realPath)),
-        moConstants(oConstants),
-        moSettings(oSettings) {}
+  StoredDocument(std::string sPath, std::string realPath, const ReadSettings& oSettings)
+      : msPath(std::move(sPath)), mRealPath(std::move(realPath)), moSettings(oSettings) {}
 
   const std::string& Path() const { return msPath; }
   const std::string& RealPath() const { return mRealPath; }
@@ -42,6 +38,9 @@ class StoredDocument {
   /// The real path as it is now, to be written at once. Failure 75 when it mustn't be: links may
   /// have changed since the group was read.
   std::string PathToWrite() const;
+  /// A project names the file. All of them do so before the file is first read.
+  void AddOwner(ProjectConstants::Owner owner) { mConstants.Add(std::move(owner)); }
+  const ProjectConstants& Constants() const { return mConstants; }
   /// Reads the file at the first call. Failure 53, 70, 75, 76 or 321 with the path; once it failed
   /// it fails for good, so that a group looks the same throughout.
   SourceDocument& Get();
@@ -68,7 +67,7 @@ class StoredDocument {
   std::unique_ptr<SourceDocument> MakeDocument() const;
 
   std::string msPath, mRealPath;
-  const std::vector<CondConstant>& moConstants;
+  ProjectConstants mConstants;
   const ReadSettings& moSettings;
   std::unique_ptr<SourceDocument> mpDocument;
   int mlVersion = 0;
@@ -84,7 +83,7 @@ class DocumentStore {
 
   /// The document of a file; sIdentity is its path with links resolved.
   StoredDocument& Add(const std::string& sIdentity, const std::string& sPath,
-                      const std::vector<CondConstant>& oConstants);
+                      ProjectConstants::Owner owner);
   /// In the order in which they were added; those that differ from their files.
   std::vector<StoredDocument*> Changed() const;
   struct Saved {

@@ -5,7 +5,7 @@
 #include "PathText.h"
 
 HostProject::HostProject(ProjectFile oFile, std::string sPath, PathFinder& oFinder,
-                         DocumentStore& oStore)
+                         DocumentStore& oStore, bool inScope)
     : moFile(std::move(oFile)), msPath(std::move(sPath)) {
   std::string sFolder = PathFinder::FolderOf(msPath);
   std::unordered_map<std::string, std::size_t> oCodeLines, oOtherLines;
@@ -20,7 +20,8 @@ HostProject::HostProject(ProjectFile oFile, std::string sPath, PathFinder& oFind
       NoteSecond(oEntry, it->second);
       continue;
     }
-    StoredDocument* poDocument = bCode ? &oStore.Add(sIdentity, sFile, moFile.oConstants) : nullptr;
+    StoredDocument* poDocument =
+        bCode ? &oStore.Add(sIdentity, sFile, {moFile.sName, moFile.oConstants, inScope}) : nullptr;
     moComponents.push_back(
         std::make_unique<HostComponent>(*this, oEntry, std::move(sFile), poDocument, oFinder));
   }

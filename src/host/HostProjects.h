@@ -11,8 +11,10 @@
 class HostProject : public VBProject, public ::VBComponents {
  public:
   /// Finds the files of the components and gives each its document in oStore. An entry that names
-  /// the file of an earlier entry is left out, with a note in oFile.
-  HostProject(ProjectFile oFile, std::string sPath, PathFinder& oFinder, DocumentStore& oStore);
+  /// the file of an earlier entry is left out, with a note in oFile. inScope: shared files may be
+  /// read with this project's constants.
+  HostProject(ProjectFile oFile, std::string sPath, PathFinder& oFinder, DocumentStore& oStore,
+              bool inScope);
   HostProject(const HostProject&) = delete;
   HostProject& operator=(const HostProject&) = delete;
 

@@ -140,12 +140,11 @@ class ProjectParser {
 
   void TakeConstant(TextView sPiece, std::size_t lLine) {
     if (sPiece.empty()) return;
-    std::size_t lEqual = std::min(sPiece.find(u'='), sPiece.size());
-    TextView sName = TrimAll(sPiece.substr(0, lEqual));
-    auto lValue = NumberOf(TrimAll(sPiece.substr(std::min(lEqual + 1, sPiece.size()))));
-    if (sName.empty() || !lValue)
-      return Note(lLine, u"Not a conditional compilation constant: " + Text(sPiece));
-    moFile.oConstants.push_back({LowerCase(sName), *lValue});
+    if (auto constant = ConstantOf(sPiece)) {
+      moFile.oConstants.push_back(std::move(*constant));
+    } else {
+      Note(lLine, u"Not a conditional compilation constant: " + Text(sPiece));
+    }
   }
 
   void TakeComponent(const KeyLine& oLine, ComponentType nType) {
@@ -185,6 +184,15 @@ class ProjectParser {
 };
 
 }  // namespace
+
+std::optional<CondConstant> ConstantOf(TextView text) {
+  const std::size_t equal = text.find(u'=');
+  if (equal == TextView::npos) return std::nullopt;
+  const TextView name = TrimAll(text.substr(0, equal));
+  const auto value = NumberOf(TrimAll(text.substr(equal + 1)));
+  if (name.empty() || !value) return std::nullopt;
+  return CondConstant{LowerCase(name), *value};
+}
 
 GroupFile GroupFile::Parse(TextView sText) {
   GroupFile oGroup;

@@ -12,6 +12,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "SourceDocument.h"
@@ -34,6 +35,10 @@ struct GroupFile {
 
   static GroupFile Parse(TextView sText);
 };
+
+/// A constant as a project states it, such as `DEMO = -1`; nothing when the text is none. Values
+/// are whole numbers, True and False.
+std::optional<CondConstant> ConstantOf(TextView text);
 
 struct ProjectFile {
   struct Entry {

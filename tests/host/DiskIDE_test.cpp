@@ -196,6 +196,49 @@ TEST(DiskIDE, OneFileInTwoProjectsIsOneDocument) {
   EXPECT_TRUE(pIDE->Changes().empty());
 }
 
+TEST(DiskIDE, ASharedFileIsReadWithTheConstantsOfTheProjectInScope) {
+  ProjectTree tree;
+  tree.Write("M.bas",
+             "Attribute VB_Name = \"M\"\r\n' Trial\r\n#Const K = 1\r\n#If Trial And K Then\r\n"
+             "Sub A()\r\nEnd Sub\r\n#Else\r\nSub B()\r\nEnd Sub\r\n#End If\r\n");
+  tree.Write("One.vbp", "Type=Exe\r\nModule=M; M.bas\r\nName=\"One\"\r\n");
+  tree.Write("Two.vbp",
+             "Type=Exe\r\nModule=M; M.bas\r\nName=\"Two\"\r\n"
+             "CondComp=\"VBA6 = -1 : TRIAL = -1\"\r\n");
+  const auto both = [](TextView) { return true; };
+  const struct {
+    const char* name;
+    std::function<bool(TextView)> isInScope;
+    std::vector<CondConstant> constants;
+    TextView shown;
+    const char* conflict;
+  } rows[] = {
+      {"the first of all", {}, {}, u"B", "M.bas:4 trial One 0 Two -1"},
+      {"the first in scope", both, {}, u"B", "M.bas:4 trial One 0 Two -1"},
+      {"the second alone", [](TextView name) { return name == u"Two"; }, {}, u"A", ""},
+      {"none in scope", [](TextView) { return false; }, {}, u"B", ""},
+      {"defined", both, {{u"trial", 7}}, u"A", ""},
+      {"defined otherwise", both, {{u"trial", -1}, {u"trial", 0}}, u"B", ""},
+      {"another defined", both, {{u"k", 1}}, u"B", "M.bas:4 trial One 0 Two -1"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const auto ide = DiskIDE::Open({tree.Path("One.vbp"), tree.Path("Two.vbp")},
+                                   {.constants = row.constants, .isInScope = row.isInScope});
+    ::CodeModule& module = *ide->Root().VBProjects().Item(1).VBComponents().Item(1).CodeModule();
+    EXPECT_EQ(module.Members().Item(1).Name(), row.shown);
+    EXPECT_EQ(ide->HiddenProcedures(module), 1);
+    std::string told;
+    for (const ConstantConflict& c : ide->ConstantConflicts()) {
+      told += std::filesystem::path(ToUtf8(c.file)).filename().string() + ":" +
+              std::to_string(c.line) + " " + ToUtf8(c.constant + u" " + c.project) + " " +
+              std::to_string(c.value) + " " + ToUtf8(c.otherProject) + " " +
+              std::to_string(c.otherValue);
+    }
+    EXPECT_EQ(told, row.conflict);
+  }
+}
+
 TEST(DiskIDE, ReadsAgainWhatAnotherProgramChanged) {
   std::map<std::string, std::string> oOnDisk = {
       {"as it was", Code}, {"B", "Sub B()\r\nEnd Sub\r\n"}, {"edited", Code + "' mine\r\n"s}};

@@ -23,6 +23,7 @@ struct Arguments {
   std::vector<std::string> asProject, asComponent, asProcedure, asType;
 
   std::vector<std::string> roots;  ///< folders below which components may be written
+  std::vector<std::string> asDefine;  ///< NAME=VALUE of --define
 
   std::string sPdfFile;  ///< of report; empty: plain text
   std::string sFormat;   ///< table, csv, json, text; empty: the command's own default

@@ -60,6 +60,10 @@ constexpr Option Scope[] = {
      .help = "Components below this folder may be written too, besides the work tree",
      .valueName = "DIR",
      .isPath = true},
+    {.names = "--define",
+     .target = &Arguments::asDefine,
+     .help = "Constant of conditional compilation, ahead of the projects' own (repeatable)",
+     .valueName = "NAME=VALUE"},
     {.names = "--procedure",
      .target = &Arguments::asProcedure,
      .help = "Procedures by name, such as cmd*_Click or (declarations)",
@@ -71,7 +75,7 @@ constexpr Option Scope[] = {
      .valueName = "PATTERN",
      .group = ScopeGroup},
 };
-constexpr Options ComponentScope = Options(Scope).first(4);
+constexpr Options ComponentScope = Options(Scope).first(5);
 
 constexpr Option Paths[] = {
     {.names = "PATH",

@@ -9,7 +9,9 @@
 #include "MQuillon.h"
 #include "MRules.h"
 #include "MXFile.h"
+#include "MXString.h"
 #include "PathText.h"
+#include "ProjectFile.h"
 #include "ReadOnlyRule.h"
 #include "RememberedRoots.h"
 #include "UnifiedDiff.h"
@@ -57,6 +59,19 @@ std::vector<std::string> WriteRootsOf(const Arguments& arguments) {
   for (const std::string& group : arguments.asPath)
     for (std::string& folder : RememberedRoots(group).Allowed()) roots.push_back(std::move(folder));
   return roots;
+}
+
+std::vector<CondConstant> ConstantsOf(const std::vector<std::string>& defined) {
+  std::vector<CondConstant> constants;
+  for (const std::string& one : defined) {
+    auto constant = ConstantOf(FromUtf8(one));
+    const bool isName = constant && MXString::IsAlphaNumeric(constant->sName, u"_") &&
+                        !(constant->sName.front() >= u'0' && constant->sName.front() <= u'9');
+    if (!isName)
+      throw Stop{"--define takes NAME=VALUE, the value a whole number, True or False: " + one};
+    constants.push_back(std::move(*constant));
+  }
+  return constants;
 }
 
 Text FirstFile(const ComponentRecord& record) {
@@ -127,6 +142,8 @@ void Session::OpenGroup(Use use) {
   DiskIDE::Options options;
   options.sCodePage = oArguments.sCodePage;
   options.roots = WriteRootsOf(oArguments);
+  options.constants = ConstantsOf(oArguments.asDefine);
+  options.isInScope = [this](TextView project) { return mScope.TakesProject(project); };
   pIDE = DiskIDE::Open(oArguments.asPath, options);
   TellNotes();
   if (pIDE->Root().VBProjects().Count() == 0)
