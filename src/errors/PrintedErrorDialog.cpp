@@ -2,6 +2,7 @@
 
 #include "ErrorText.h"
 #include "Utf8.h"
+#include "VisibleText.h"
 
 PrintedErrorDialog::PrintedErrorDialog(std::FILE* poStream, std::string sName)
     : mpoStream(poStream), msName(std::move(sName)) {}
@@ -18,7 +19,7 @@ ErrorAnswer PrintedErrorDialog::Ask(const ErrorEvent& oEvent) {
 void PrintedErrorDialog::Tell(std::string_view sMessageUtf8) {
   if (sMessageUtf8 == msLast) return;
   msLast = sMessageUtf8;
-  const std::string sLine = msName + ": " + msLast + '\n';
+  const std::string sLine = msName + ": " + VisibleLines(msLast) + '\n';
   std::fwrite(sLine.data(), 1, sLine.size(), mpoStream);
   std::fflush(mpoStream);
 }

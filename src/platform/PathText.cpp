@@ -10,13 +10,17 @@ namespace {
 constexpr std::string_view HexDigits = "0123456789ABCDEF";
 constexpr std::size_t FormLength = 4;
 
+bool IsControl(char byte) {
+  return (byte >= 0 && byte < 0x20) || byte == 0x7F;
+}
+
 /// The byte whose form stands at the beginning.
 std::optional<char> FormByte(std::string_view shown) {
   if (shown.size() < FormLength || !shown.starts_with("\\x")) return std::nullopt;
   const std::size_t high = HexDigits.find(shown[2]), low = HexDigits.find(shown[3]);
   if (high == std::string_view::npos || low == std::string_view::npos) return std::nullopt;
   const char byte = static_cast<char>(high << 4 | low);
-  if (high < 8 && byte != '\\') return std::nullopt;
+  if (high < 8 && byte != '\\' && !IsControl(byte)) return std::nullopt;
   return byte;
 }
 
@@ -34,7 +38,7 @@ std::string ShownPath(std::string_view path) {
     const std::string_view rest = path.substr(i);
     const bool isAscii = static_cast<unsigned char>(rest.front()) < 0x80;
     const std::size_t length = isAscii ? 1 : Utf8::SequenceLength(rest);
-    if (length == 0 || FormByte(rest)) {
+    if (length == 0 || IsControl(rest.front()) || FormByte(rest)) {
       AppendForm(rest.front(), shown);
       ++i;
     } else {

@@ -1,13 +1,14 @@
 // File names as text. A name on disk is any bytes; what is shown, stored and handed between
 // programs is text, and the one rule here makes it, so that a path reads the same everywhere and
 // leads back to the same bytes. A path that is UTF-8 is shown as it is. Each byte of a path that
-// belongs to no UTF-8 character is shown as \xHH with two capital hex digits, and a backslash that
-// would read as the beginning of such a form is shown as \x5C.
+// belongs to no UTF-8 character or is a control character, such as a line end that would forge a
+// line of a message, is shown as \xHH with two capital hex digits, and a backslash that would read
+// as the beginning of such a form is shown as \x5C.
 //
 //   bytes  caf<E9>.bas      shown  caf\xE9.bas
 //   bytes  caf\xE9.bas      shown  caf\x5CxE9.bas
 //
-// Forms of ASCII characters other than the backslash are none, and stay as they are: \x41.
+// Forms of other ASCII characters than these are none, and stay as they are: \x41.
 #pragma once
 
 #include <string>

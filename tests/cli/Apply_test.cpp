@@ -175,6 +175,26 @@ TEST(Apply, DifferencesShowHunksAndTheMissingLineEnd) {
 }
 
 // A module in which nearly every line changes takes no longer than its size asks for.
+TEST(Apply, ForeignNamesAndLinesAreVisible) {
+  WorkFolder oPlace;
+  const std::string sTurned = "\xE2\x80\xAE\x1B[2J";
+  oPlace.Write("src/Evil.vbp", "Type=Exe\r\nName=\"" + sTurned + "\"\r\nModule=N; n.bas\r\n");
+  oPlace.Write("src/n.bas", "Attribute VB_Name = \"N" + sTurned + "\"\r\nSub A()\r\n'" + sTurned +
+                                "\r\nEnd Sub\r\n");
+  for (const std::string sLine : {"list Evil.vbp", "check Evil.vbp", "report summary Evil.vbp",
+                                  "apply --suggested -n Evil.vbp",
+                                  "--version; script -qec \"" QUILLON_BIN_DIR
+                                  "/quillon -q apply --suggested -n --diff Evil.vbp\" /dev/null"}) {
+    SCOPED_TRACE(sLine);
+    const WorkFolder::Result oResult = oPlace.Run(sLine);
+    const std::string sAll = oResult.sOut + oResult.sErr;
+    EXPECT_HOLDS(sAll, std::string("<U+202E>"));
+    EXPECT_EQ(sAll.find(sTurned.substr(0, 3)), std::string::npos) << sAll;
+    EXPECT_EQ(sAll.find("\x1B[2J"), std::string::npos) << sAll;
+  }
+  EXPECT_HOLDS(oPlace.Run("apply --suggested -n --diff Evil.vbp").sOut, "'" + sTurned + "\r\n");
+}
+
 TEST(Apply, DifferencesOfALongModuleAreWhole) {
   WorkFolder oPlace;
   std::string sCode = "Attribute VB_Name = \"modLong\"\r\n";

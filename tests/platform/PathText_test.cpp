@@ -17,6 +17,7 @@ const std::array<std::string, 3> Rows[] = {
     {"a surrogate, an overlong form", "\xED\xA0\x80\xC0\xAF", "\\xED\\xA0\\x80\\xC0\\xAF"},
     {"a backslash that looks like a form", "a\\xE9\\x5C", "a\\x5CxE9\\x5Cx5C"},
     {"backslashes that don't", "a\\x41\\xe9\\x5c\\x\\", "a\\x41\\xe9\\x5c\\x\\"},
+    {"control characters", "a\n\x1B\x7F\\x0A", "a\\x0A\\x1B\\x7F\\x5Cx0A"},
     {"a backslash ahead of a byte", "\\\xFF\\x8\xFF", "\\\\xFF\\x8\\xFF"},
 };
 

@@ -8,6 +8,7 @@
 #include "GroupCheck.h"
 #include "JsonWriter.h"
 #include "MRules.h"
+#include "VisibleText.h"
 
 namespace {
 
@@ -71,7 +72,7 @@ class TextReporter : public Reporter {
   void Report(const CheckResult& result) override {
     for (const Finding& finding : result.findings) {
       const std::string file = finding.file->empty() ? "(no file)" : *finding.file;
-      mSession.oOutput.Put(Printable(Placed(file, finding.line, Message(finding))) + " [" +
+      mSession.oOutput.Put(VisibleText(Placed(file, finding.line, Message(finding))) + " [" +
                            std::string(RowOf(finding.rule).id) + "]\n");
     }
   }

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "VisibleText.h"
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -27,12 +29,6 @@ void WriteAll(std::string_view bytes) {
 }
 
 }  // namespace
-
-std::string Printable(std::string text) {
-  for (char& c : text)
-    if ((static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == 0x7f) c = '?';
-  return text;
-}
 
 Console::Console(Level level) : mLevel(level), mIsTerminal(IsTerminal()) {}
 
@@ -63,7 +59,7 @@ void Console::Line(std::string_view message) {
     end = std::min(message.find('\n', start), message.size());
     std::string line(message.substr(start, end - start));
     if (!line.empty() && line.back() == '\r') line.pop_back();
-    mPending += Printable(std::move(line)) + '\n';
+    mPending += VisibleText(line) + '\n';
   }
   if (mIsTerminal || mPending.size() >= PieceSize) Flush();
 }
@@ -78,7 +74,7 @@ void Console::Progress(std::size_t done, std::size_t total, TextView caption) {
   std::size_t full = std::min(done, total) * BarWidth / total;
   std::string bar = "\r[" + std::string(full, '#') + std::string(BarWidth - full, '.') + "] " +
                     std::to_string(std::min(done, total) * 100 / total) + "% " +
-                    Printable(ToUtf8(caption.substr(0, 36))) + "\x1b[K";
+                    VisibleText(ToUtf8(caption.substr(0, 36))) + "\x1b[K";
   WriteAll(bar);
   mHasBar = true;
 }

@@ -48,6 +48,3 @@ class Console {
   std::chrono::steady_clock::time_point mNextBar;
   std::string mPending;
 };
-
-/// Text that is safe on a terminal: control characters become "?".
-std::string Printable(std::string text);

@@ -8,6 +8,7 @@
 #include "MQuillon.h"
 #include "Reasons.h"
 #include "Table.h"
+#include "VisibleText.h"
 
 namespace {
 
@@ -24,13 +25,13 @@ class Lister {
     Heading(false);
     table.Measure(mRow);
     EachRow([&] {
-      for (std::string& cell : mRow) cell = Printable(std::move(cell));
+      for (std::string& cell : mRow) cell = VisibleText(cell);
       table.Measure(mRow);
     });
     Heading(false);
     table.Append(mRow, mOut);
     EachRow([&] {
-      for (std::string& cell : mRow) cell = Printable(std::move(cell));
+      for (std::string& cell : mRow) cell = VisibleText(cell);
       table.Append(mRow, mOut);
     });
   }

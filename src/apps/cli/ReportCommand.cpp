@@ -12,6 +12,7 @@
 #include "Reports.h"
 #include "SeveralDocuments.h"
 #include "TextDevice.h"
+#include "VisibleText.h"
 
 namespace {
 
@@ -96,7 +97,11 @@ int ReportCommand(Session& oSession) {
     throw Stop{"Nothing to report: no project or component of the group fits the scope"};
   if (!IsSummary(oSession)) oSession.LoadScope();
   if (oSession.oArguments.sPdfFile.empty()) {
-    Paper::TextDevice oDevice([&](std::string_view sPage) { oSession.oOutput.Put(sPage); });
+    Paper::TextDevice oDevice([&](std::string_view sPage) {
+      const std::size_t feed = sPage.starts_with('\f') ? 1 : 0;
+      oSession.oOutput.Put(sPage.substr(0, feed));
+      oSession.oOutput.Put(VisibleLines(sPage.substr(feed)));
+    });
     PrintAll(oSession, oDocuments, oDevice);
   } else {
     PrintToFile(oSession, oDocuments);

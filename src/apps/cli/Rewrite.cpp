@@ -7,6 +7,7 @@
 #include "CodePage.h"
 #include "PathText.h"
 #include "UnifiedDiff.h"
+#include "VisibleText.h"
 
 namespace {
 
@@ -107,14 +108,18 @@ std::string ForReader(const Session& oSession, const std::string& sBytes) {
   const std::string& sPage = oSession.oArguments.sCodePage;
   const CodePage& oAnsi = CodePage::Get(sPage.empty() ? "1252" : sPage);
   const CodePage& oPage = sPage.empty() ? CodePage::Detect(sBytes, oAnsi) : oAnsi;
-  return ToUtf8(oPage.Decode(sBytes));
+  return VisibleLines(ToUtf8(oPage.Decode(sBytes)));
+}
+
+std::string PathForReader(const std::string& path) {
+  return Output::IsTerminal() ? VisibleText(ShownFile(path)) : RelativePath(path);
 }
 
 void PrintDifferences(Session& oSession) {
   const DiffStyle oStyle{oSession.IsColored()};
   for (const std::string& sPath : oSession.pIDE->ChangedPaths()) {
     DiskIDE::Change oChange = oSession.pIDE->ChangeOf(sPath);
-    AppendUnifiedDiff(RelativePath(sPath), ForReader(oSession, oChange.sOldBytes),
+    AppendUnifiedDiff(PathForReader(sPath), ForReader(oSession, oChange.sOldBytes),
                       ForReader(oSession, oChange.sNewBytes), oStyle, oSession.oOutput.Buffer());
     oSession.oOutput.FlushWhenLarge();
   }

@@ -2,6 +2,7 @@
 #include "Commands.h"
 #include "PathText.h"
 #include "TemplateCheck.h"
+#include "VisibleText.h"
 
 namespace {
 
@@ -15,19 +16,19 @@ std::vector<std::string> Load(Session& oSession) {
 }
 
 int Check(Session& oSession, const std::vector<std::string>& asReport) {
-  for (const std::string& sLine : asReport) oSession.oOutput.Put(sLine + '\n');
+  for (const std::string& sLine : asReport) oSession.oOutput.Put(VisibleText(sLine) + '\n');
   if (oSession.oTemplate.LoadErrors() != 0) return 2;
   std::vector<TemplateFinding> oFindings = CheckTemplate(oSession.oTemplate);
   for (const TemplateFinding& oFinding : oFindings)
-    oSession.oOutput.Put(Printable(Placed(ShownPath(oSession.oArguments.sFile), oFinding.line,
-                                          ToUtf8(oFinding.message))) +
+    oSession.oOutput.Put(VisibleText(Placed(ShownPath(oSession.oArguments.sFile), oFinding.line,
+                                            ToUtf8(oFinding.message))) +
                          '\n');
   return oFindings.empty() ? 0 : 1;
 }
 
 void Dump(Session& oSession) {
   auto oLink = oSession.oTemplate.ReportDump.Connect(
-      [&](TextView sLine) { oSession.oOutput.Put(ToUtf8(sLine) + '\n'); });
+      [&](TextView sLine) { oSession.oOutput.Put(VisibleText(ToUtf8(sLine)) + '\n'); });
   oSession.oTemplate.PrintTemplateFile();
 }
 
@@ -47,7 +48,8 @@ const char* TypeName(TemplateType eType) {
 void List(Session& oSession) {
   const std::vector<TemplateRow>& oRows = oSession.oTemplate.Templates();
   for (std::size_t i = 1; i < oRows.size(); ++i)
-    oSession.oOutput.Put(ToUtf8(oRows[i].sName) + '\t' + TypeName(oRows[i].eType) + '\n');
+    oSession.oOutput.Put(VisibleText(ToUtf8(oRows[i].sName)) + '\t' + TypeName(oRows[i].eType) +
+                         '\n');
 }
 
 }  // namespace

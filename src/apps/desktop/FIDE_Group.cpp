@@ -11,6 +11,7 @@
 #include "PathText.h"
 #include "RememberedRoots.h"
 #include "Toolkit.h"
+#include "VisibleText.h"
 
 namespace {
 
@@ -116,8 +117,8 @@ bool FIDE::MayWriteIn(const std::vector<std::string>& folders) {
       u"written only if you allow it:\r\n";
   for (const std::string& folder : folders) question += u"\r\n" + TextOfPath(folder);
   question += u"\r\n\r\nMay modules in these folders be written?";
-  return App().MsgBox(question, Forms::MsgBoxButtons::YesNo, Forms::MsgBoxIcon::Question) ==
-         Forms::MsgBoxResult::Yes;
+  return App().MsgBox(FromUtf8(VisibleLines(ToUtf8(question))), Forms::MsgBoxButtons::YesNo,
+                      Forms::MsgBoxIcon::Question) == Forms::MsgBoxResult::Yes;
 }
 
 void FIDE::TakeGroup(std::unique_ptr<DiskIDE> pNew, TextView sPath) {

@@ -6,6 +6,7 @@
 #include "Failure.h"
 #include "PathText.h"
 #include "Toolkit.h"
+#include "VisibleText.h"
 
 namespace {
 
@@ -28,7 +29,8 @@ Text PathList(const std::vector<std::string>& asPath) {
 }  // namespace
 
 void FIDE::Tell(TextView sText) {
-  App().MsgBox(sText, Forms::MsgBoxButtons::OkOnly, Forms::MsgBoxIcon::Exclamation);
+  App().MsgBox(FromUtf8(VisibleLines(ToUtf8(sText))), Forms::MsgBoxButtons::OkOnly,
+               Forms::MsgBoxIcon::Exclamation);
 }
 
 void FIDE::ShowGroup() {
