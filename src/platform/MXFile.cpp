@@ -29,6 +29,13 @@ bool FileReadOnly(TextView sFile) {
   return GetState(sFile, state) && !state.bDirectory && state.bReadOnly;
 }
 
+std::optional<std::int64_t> FileModified(TextView file) {
+  constexpr std::int64_t NanosecondsPerSecond = 1'000'000'000;
+  IFileOps::Stat state;
+  if (!GetState(file, state)) return std::nullopt;
+  return state.lModified / NanosecondsPerSecond;
+}
+
 void FileBinaryRead(TextView sFile, std::string& sContents) {
   sContents = AtomicFile::Read(PathOfText(sFile));
 }

@@ -1,11 +1,9 @@
 #include "CXPrint.h"
 #include "Failure.h"
 #include "HandlerGuard.h"
-#include "IFileOps.h"
 #include "MQuillon.h"
 #include "MXDate.h"
 #include "MXFile.h"
-#include "PathText.h"
 #include "ReportSetup.h"
 #include "SteppedIDE.h"
 
@@ -20,30 +18,9 @@ constexpr float HalfLine = 0.5f;
 constexpr std::size_t ColumnCount = 6;
 constexpr std::int32_t FileNameColumn = 5;
 
-/// A missing file is reported, but doesn't end the report.
-Text ModifiedText(TextView sFile) {
-  constexpr std::int64_t NanosecondsPerSecond = 1'000'000'000;
-  try {
-    return Result(u"FileModified", [&](GuardScope&) {
-      IFileOps::Stat oStat;
-      if (SystemFileOps().GetStat(PathOfText(sFile), oStat) != 0) {
-        throw Failure(53, FailureText(53) + u": " + Text(sFile));
-      }
-      return MXDate::FileTime(oStat.lModified / NanosecondsPerSecond);
-    });
-  } catch (const Failure&) {
-    return Text(NotAvailable);
-  }
-}
-
 struct FileState {
   Text sReadOnly, sModified, sFileName;
 };
-
-FileState StateOf(const Text& sFile) {
-  if (sFile.empty()) return {Text(NotAvailable), Text(NotAvailable), Text(NotAvailable)};
-  return {MXFile::FileReadOnly(sFile) ? u"ReadOnly" : u"", ModifiedText(sFile), sFile};
-}
 
 class Summary {
  public:
@@ -61,6 +38,8 @@ class Summary {
     Row({sName, MQuillon::VBProjectTypeName(nType), u""}, StateOf(oProject.FileName()));
     Heading({u"Module", u"Type", u"Instancing", u"ReadOnly", u"Modified", u"FileName"});
     EachComponent(moHandler, hProject, [&](ComponentHandle h) { Component(h); });
+    if (mMissing > 0)
+      moPrint.PrintLine(ToText(mMissing) + u" File(s) without a date: missing on disk");
     moPrint.Finish();
   }
 
@@ -70,6 +49,14 @@ class Summary {
     moPrint.FontBold = true;
     moPrint.PrintColumns(asTitle);
     moPrint.FontBold = false;
+  }
+
+  FileState StateOf(const Text& sFile) {
+    if (sFile.empty()) return {Text(NotAvailable), Text(NotAvailable), Text(NotAvailable)};
+    const auto modified = MXFile::FileModified(sFile);
+    if (!modified) ++mMissing;
+    return {MXFile::FileReadOnly(sFile) ? u"ReadOnly" : u"",
+            modified ? MXDate::FileTime(*modified) : Text(), sFile};
   }
 
   void Row(std::vector<Text> asValue, const FileState& oState) {
@@ -98,6 +85,7 @@ class Summary {
   CIDEHandler& moHandler;
   Paper::Printer& moPrinter;
   CXPrint moPrint;
+  std::int32_t mMissing = 0;
 };
 
 }  // namespace

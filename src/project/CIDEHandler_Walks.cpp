@@ -1,34 +1,10 @@
 // The walks over projects, components and procedures, which answer by events.
 #include "CIDEHandler.h"
 #include "HandlerGuard.h"
-#include "IFileOps.h"
-#include "PathText.h"
+#include "MXFile.h"
 #include "SteppedIDE.h"
 
 using namespace HandlerGuard;
-
-namespace {
-
-constexpr std::int64_t NanosecondsPerSecond = 1'000'000'000;
-
-/// Date of a file, 0 without a name. A file that can't be asked is reported, but the walk that
-/// lists it goes on: one vanished file must not empty the list.
-std::int64_t FileModified(TextView file) {
-  if (file.empty()) return 0;
-  try {
-    return Result(u"FileModified", [&](GuardScope&) {
-      IFileOps::Stat stat;
-      if (SystemFileOps().GetStat(PathOfText(file), stat) != 0) {
-        throw Failure(53, u"File not found: " + Text(file));
-      }
-      return stat.lModified / NanosecondsPerSecond;
-    });
-  } catch (const Failure&) {
-    return 0;
-  }
-}
-
-}  // namespace
 
 void CIDEHandler::EnumProjects() {
   Guard(Named(u"EnumProjects"), [&](GuardScope& scope) {
@@ -63,13 +39,15 @@ void CIDEHandler::RowOfComponent(GuardScope& scope, ComponentHandle handle) {
   const ComponentRecord& record = mModel.Component(handle);
   const SteppedComponent component(scope, *record.oComponent);
   const Text file = component.FirstFile();
+  const auto modified = file.empty() ? std::nullopt : MXFile::FileModified(file);
   EnumComponentsExProc({.hComponent = handle,
                         .nComponentType = component.Type(),
                         .sName = record.sName,
                         .lInstancing = record.lInstancing,
                         .bReadOnly = record.bReadOnly,
-                        .dModified = FileModified(file),
-                        .sFileName = file});
+                        .dModified = modified.value_or(0),
+                        .sFileName = file,
+                        .isMissing = !file.empty() && !modified});
 }
 
 void CIDEHandler::EnumProcedures(ComponentHandle hComponent) {

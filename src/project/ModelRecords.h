@@ -69,6 +69,7 @@ struct ComponentRow {
   bool bReadOnly = false;
   std::int64_t dModified = 0;  ///< seconds since 1970, 0: none
   Text sFileName;
+  bool isMissing = false;  ///< the file has a name, but isn't there
 };
 
 struct ProcedureRow {

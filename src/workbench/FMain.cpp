@@ -129,13 +129,19 @@ void FMain::ConnectModel() {
         EnumComponentsProc(hP, hC, sName, nType);
       }));
   oLinks.push_back(o.EnumComponentsEOF.Connect([this](ProjectHandle h) { EnumComponentsEOF(h); }));
-  oLinks.push_back(o.EnumComponentsExBOF.Connect([this] { HideLists(); }));
+  oLinks.push_back(o.EnumComponentsExBOF.Connect([this] {
+    mMissing.clear();
+    HideLists();
+  }));
   oLinks.push_back(o.EnumProceduresBOF.Connect([this] { HideLists(); }));
   oLinks.push_back(o.EnumComponentsExProc.Connect(
       [this](const ComponentRow& oRow) { EnumComponentsExProc(oRow); }));
   oLinks.push_back(
       o.EnumProceduresProc.Connect([this](const ProcedureRow& oRow) { EnumProceduresProc(oRow); }));
-  oLinks.push_back(o.EnumComponentsExEOF.Connect([this] { ShowList(lvwMods); }));
+  oLinks.push_back(o.EnumComponentsExEOF.Connect([this] {
+    TellMissingFiles();
+    ShowList(lvwMods);
+  }));
   oLinks.push_back(o.EnumProceduresEOF.Connect([this] { ShowList(lvwProcs); }));
   oLinks.push_back(o.EnumProceduresError.Connect(
       [this](ComponentHandle h, const LoadError& oError) { EnumProceduresError(h, oError); }));

@@ -125,7 +125,10 @@ class FMain : public MainForm {
   // FMain_Template.
   void mnuFileOpenTemplate_Click();
   void mnuFileRecent_Click(std::int32_t Index);
-  void OpenTemplate(TextView sTemplateFile);
+  /// False: an event that was let through meanwhile opened another template, or left the window.
+  bool OpenTemplate(TextView sTemplateFile);
+  /// The same, and puts the file on top of the recent ones.
+  void OpenAsRecent(const Text& file);
   bool LoadTemplate(TextView sTemplateFile);
   void BuildModel();
   void LoadLookups();
@@ -153,6 +156,9 @@ class FMain : public MainForm {
   void HideLists();
   void ShowList(Forms::ListView& oList);
   void EnumComponentsExProc(const ComponentRow& oRow);
+  /// At the end of the list: names the missing files in the Errors pane, once each time they
+  /// change.
+  void TellMissingFiles();
   void EnumProceduresProc(const ProcedureRow& oRow);
   void EnumProceduresError(ComponentHandle hComponent, const LoadError& oError);
   void RefreshModList(bool bSelectedOnly);
@@ -265,9 +271,11 @@ class FMain : public MainForm {
   ComponentHandle mhComponent;
   bool mbReadOnly = false;
   std::int32_t mlLastNode = 0;
+  std::uint32_t mnNodesShown = 0;  ///< counts ProcessNode, so that one notices another inside it
   Text msListType;
   std::int32_t mlSelectedCount = 0;
   bool mbErrors = false;
+  TextArray mMissing, mMissingTold;  ///< components of the module list whose file isn't there
   bool mbPendingCode = false;
   bool mbRowProgress = false;
   std::int16_t miEventDepth = 0;

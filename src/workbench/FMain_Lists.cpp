@@ -60,6 +60,16 @@ void FMain::EnumComponentsExProc(const ComponentRow& oRow) {
   oItem.SetSmallIcon(
       Icons::Marked(imlProjects, sType, oIDEHandler->ComponentIsDirty(oRow.hComponent)));
   oItem.SetTag(oRow.hComponent.Number());
+  if (oRow.isMissing) mMissing.push_back(oRow.sName + u": " + oRow.sFileName);
+}
+
+void FMain::TellMissingFiles() {
+  if (mMissing.empty() || mMissing == mMissingTold) return;
+  mMissingTold = mMissing;
+  ShowErrors();
+  for (const Text& file : mMissing) srlErrors.Add(u"File is missing: " + file);
+  srlResults.Add(ToText(static_cast<std::int32_t>(mMissing.size())) +
+                 u" File(s) missing on disk, see VBIDE Errors");
 }
 
 void FMain::EnumProceduresProc(const ProcedureRow& oRow) {

@@ -183,8 +183,7 @@ void FMain::tmrStartUp_Timer() {
     Text sFile = oRecentFiles.Item(1);
     if (sFile.empty()) sFile = TemplateBesideProgram();
     if (!MXFile::FileExists(sFile)) return mnuFileOpenTemplate_Click();
-    OpenTemplate(sFile);
-    oRecentFiles.Add(sFile);
+    OpenAsRecent(sFile);
   });
 }
 

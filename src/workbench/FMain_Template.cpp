@@ -40,17 +40,12 @@ void FMain::mnuFileOpenTemplate_Click() {
     if (!oChoose.Show(false)) return;
     Refresh();
     MXRegistry::SetRegString(mhRegForm, PathName, oChoose.Directory);
-    OpenTemplate(oChoose.FileName);
-    oRecentFiles.Add(oChoose.FileName);
+    OpenAsRecent(oChoose.FileName);
   });
 }
 
 void FMain::mnuFileRecent_Click(std::int32_t Index) {
-  OnEvent(u"mnuFileRecent_Click", [&] {
-    const Text sFile = oMenu.mnuFileRecent(Index).Tag();
-    OpenTemplate(sFile);
-    oRecentFiles.Add(sFile);
-  });
+  OnEvent(u"mnuFileRecent_Click", [&] { OpenAsRecent(oMenu.mnuFileRecent(Index).Tag()); });
 }
 
 Text FMain::TemplateBesideProgram() const {
@@ -58,15 +53,24 @@ Text FMain::TemplateBesideProgram() const {
   return App().Path() + cSeparator + u"Template.dat";
 }
 
-void FMain::OpenTemplate(TextView sTemplateFile) {
+void FMain::OpenAsRecent(const Text& file) {
+  if (OpenTemplate(file)) oRecentFiles.Add(file);
+}
+
+bool FMain::OpenTemplate(TextView sTemplateFile) {
+  bool stays = false;
   Busy(u"OpenTemplate", [&] {
     CloseTemplate();
     const bool bLoaded = LoadTemplate(sTemplateFile);
+    const auto opened = oTemplate;
     SetCaption(u"Tarvane Quillon - " + Text(sTemplateFile));
     Refresh();
     meState = State::TemplateErrors;
     if (bLoaded && OnEvent(u"BuildModel", [&] { BuildModel(); })) {
       ChooseFirstNode();
+      // The node's list let events through. What opened or closed meanwhile has left the window as
+      // it should be; going on would bring the tabs twice, or load a window that was left again.
+      if (oTemplate != opened) return;
       AddTabs();
       meState = State::Ready;
     } else if (bLoaded) {
@@ -76,7 +80,9 @@ void FMain::OpenTemplate(TextView sTemplateFile) {
       oIDEHandler.reset();
     }
     ManageControls();
+    stays = true;
   });
+  return stays;
 }
 
 bool FMain::LoadTemplate(TextView sTemplateFile) {
@@ -141,6 +147,7 @@ void FMain::CloseTemplate() {
   mhProject = {};
   mhComponent = {};
   msListType.clear();
+  mMissingTold.clear();
   lblTree.SetCaption({});
   tvwProjects.Nodes().Clear();
   moModelLinks.clear();

@@ -93,6 +93,7 @@ void FMain::tvwProjects_NodeClick() {
 
 void FMain::ProcessNode(Node& oNode) {
   const std::int32_t lIndex = oNode.Index();
+  ++mnNodesShown;
   DisabledTree oDisabled(tvwProjects, oIDEHandler);
   const NodeKey::Fields oFields = NodeKey::Read(oNode.Key(), tvwProjects.Tag());
   mhProject = oFields.hProject;
@@ -114,10 +115,11 @@ bool FMain::ShowComponent(TextView sNode) {
   // Filling handles waiting events; one of them may close the template or select another node.
   const auto pModel = oIDEHandler;
   const auto pTemplate = oTemplate;
+  const auto shown = mnNodesShown;
   const ComponentHandle hComponent = mhComponent;
   pModel->LoadComponent(hComponent);
   pModel->EnumProcedures(hComponent);
-  if (oIDEHandler != pModel || mhComponent != hComponent) return false;
+  if (oIDEHandler != pModel || mnNodesShown != shown) return false;
   ShowObjectCount(lvwProcs);
   const Text sFile = TextOrEmpty([&] { return pModel->ComponentFileName(mhComponent); });
   StatusBar1.Panels(2).SetTag(sFile);
@@ -131,9 +133,9 @@ bool FMain::ShowComponent(TextView sNode) {
 bool FMain::ShowModules(TextView sNode, std::int32_t lFolder) {
   const auto pModel = oIDEHandler;
   const auto pTemplate = oTemplate;
-  const ProjectHandle hProject = mhProject;
-  pModel->EnumComponentsEx(hProject, lFolder);
-  if (oIDEHandler != pModel || mhProject != hProject || mhComponent) return false;
+  const auto shown = mnNodesShown;
+  pModel->EnumComponentsEx(mhProject, lFolder);
+  if (oIDEHandler != pModel || mnNodesShown != shown) return false;
   ShowObjectCount(lvwMods);
   ShowPath(TextOrEmpty([&] { return pModel->ProjectFileName(mhProject); }));
   const Text sProject =
@@ -152,7 +154,7 @@ void FMain::SwitchView(TextView sProcedure, TextView sView) {
     tvwProjects.Nodes().Clear();
     OnEvent(u"SwitchView", [&] { oIDEHandler->EnumProjects(); });
     SelectNode(hProject, hComponent);
-    ManageControls();
+    if (Loaded()) ManageControls();
   });
 }
 

@@ -69,8 +69,8 @@ TEST_F(ReportsTest, SummaryGroupsComponentsByFolderAndTheirFiles) {
                         "\nModule*|Type*|Instancing*|ReadOnly*|Modified*|FileName*" +
                         "\nFMain|Form Module|" + when + "|FMain.frm\n" + when + "|FMain.frx\n" +
                         when + "|FMain.log\nmArk|Standard Module|n/a|n/a|n/a" +
-                        "\nMZoo|Standard Module|n/a|/.../Gone.bas\nCBox|Class Module|MultiUse" +
-                        "\nProject Summary" + Foot);
+                        "\nMZoo|Standard Module|/.../Gone.bas\nCBox|Class Module|MultiUse" +
+                        "\n1 File(s) without a date: missing on disk\nProject Summary" + Foot);
   // Half a line closes each component; the rows of one stand tight.
   std::string places;
   std::istringstream lines(oDevice.sRecord);

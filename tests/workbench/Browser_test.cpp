@@ -4,6 +4,7 @@
 #include <regex>
 
 #include "../project/Handles.h"
+#include "ErrorRuntimeFake.h"
 #include "FMainTest.h"
 #include "NodeKey.h"
 
@@ -34,6 +35,8 @@ TEST(NodeKey, IsReadByTheViewThatMadeIt) {
       {"no key", u"", Tree, {}},
       {"no numbers", u"VBProject.x.9999999999.-1.", Tree, {}},
   };
+  EXPECT_EQ(NodeKey::Component(Tree, 3_project, 2, 17_component), u"VBProject.3.2.17.");
+  EXPECT_EQ(NodeKey::Component(List, 3_project, 2, 17_component), u"VBProject.3.17.");
   for (const auto& oRow : aoRow) EXPECT_EQ(Read(oRow.sKey, oRow.sView), oRow.oFields) << oRow.sName;
 }
 
@@ -137,9 +140,23 @@ TEST_F(FMainTest, TheSheetFollowsTheMouseAndTheArrowKeysAlone) {
   });
 }
 
+TEST_F(FMainTest, MissingFilesAreNamedOnceAndAskNothing) {
+  const AnswersWith oErrors(ErrorIds::ActionLeave);
+  Add(u"MOne", u"");
+  Add(u"MTwo", u"").asFile = {File("Template.dat")};
+  Run([&] {
+    for (const TextView s : {u"MOne", u"P", u"MOne", u"Modules"}) Click(s);
+    EXPECT_EQ(Lines(oMain.srlErrors), "File is missing: MOne: /src/MOne.bas\r\n");
+    ExpectHolds(Lines(oMain.srlResults), "1 File(s) missing on disk, see VBIDE Errors\r\n");
+    EXPECT_EQ(oMain.lvwMods.ListItems().Item(1).Cell(5), u"") << "no date";
+    EXPECT_EQ(oMain.lvwMods.ListItems().Item(2).Cell(5).size(), 19U);
+  });
+  EXPECT_EQ(oErrors.nReports, 0) << "no box";
+}
+
 TEST_F(FMainTest, AModuleThatCantBeReadIsToldInItsPane) {
-  Add(u"MBad", u"");
-  Add(u"MOne", u"Sub a()\nEnd Sub");
+  Add(u"MBad", u"").asFile = {u""};
+  Add(u"MOne", u"Sub a()\nEnd Sub").asFile = {u""};
   oIDE.oLog.Fail("CodeModule of MBad", 0);
   Run([&] {
     const auto& oTitle = oMain.lblErrors;

@@ -88,7 +88,7 @@ class FMainTest : public FormsTest {
       moRenderer.Advance(99);
       EXPECT_EQ(o.Caption(), u"Tarvane Quillon") << "no template before the window is there";
       moRenderer.Advance(1);
-      EXPECT_EQ(MXHTMLHelp::poOwner, &o);
+      EXPECT_EQ(MXHTMLHelp::poOwner, o.Loaded() ? &o : nullptr);
       oAct();
       if (o.Loaded()) o.Hide();
       o.Unload();
@@ -244,10 +244,11 @@ class FMainTest : public FormsTest {
   PaneIDE oIDE;
   Connect oConnect;
   NoQueues oQueues;
-  std::string sPrinted;  ///< titles of the documents that asked for a file, and got none
+  std::string sPrinted;          ///< titles of the documents that asked for a file
+  std::optional<Text> oPrintTo;  ///< and the file
   Paper::Printers oPrinters{[this](TextView sTitle) {
                               sPrinted += ToUtf8(sTitle) + ";";
-                              return std::nullopt;
+                              return oPrintTo;
                             },
                             oQueues};
   FMain oMain{moToolkit, oPrinters};

@@ -1,4 +1,5 @@
 // Which template the window begins with, opening another one, and closing.
+#include "ErrorRuntimeFake.h"
 #include "FMainTest.h"
 
 namespace {
@@ -36,14 +37,14 @@ TEST_F(FMainTest, StartTakesTheNewestFileThatExists) {
 }
 
 TEST_F(FMainTest, OpeningShowsTheReportAndTheNodeOfTheCodeInFront) {
-  Add(u"MOne", u"");
+  Add(u"mtwo", u"");
   oIDE.poShown = &Add(u"MTwo", u"Sub b()\nEnd Sub");
   oIDE.AddProject(u"Q");
   Add(u"MTwo", u"");
   Run([&] {
     ExpectHolds(Lines(oMain.srlResults), "Processing Template \"Std\"");
-    Play(R"(the first of that name | | tab, tree, list, title
-            | Results, P[Standard EXE](Modules[Closed Folder](MOne[Standard Module]
+    Play(R"(the first of exactly that name | | tab, tree, list, title
+            | Results, P[Standard EXE](Modules[Closed Folder](mtwo[Standard Module]
             \ *MTwo[Standard Module]))
             \ Q[Standard EXE](Modules[Closed Folder](MTwo[Standard Module])),
             \ Procedures of Module 'MTwo', MTwo.(declarations))");
@@ -101,6 +102,64 @@ TEST_F(FMainTest, AGroupThatCantBeReadIsToldAndOpensFromARecentFileOnceItCan) {
     EXPECT_EQ(oMain.Caption(), u"Tarvane Quillon - " + File("Template.dat"));
     EXPECT_EQ(oMain.oMenu.mnuFileRecent(1).Tag(), File("Template.dat"));
   });
+}
+
+/// A filling list lets events through. Each is tried at each of those points; afterwards the window
+/// is whole, and so it is when it is shown the next time.
+TEST_F(FMainTest, EventsWhileAListFillsLeaveTheWindowWhole) {
+  Add(u"MOne", u"Sub a()\nEnd Sub");
+  oIDE.poShown = &Add(u"MTwo", u"Sub b()\nEnd Sub");
+  TempFolder::Write(oFolder / "Broken.dat", "<#Template name=x type=nonsense>\n");
+  TempFolder::Write(oFolder / "Other.dat", ToUtf8(TestTemplates));
+  const auto Opens = [&](const char* sFile) {
+    ChooseTemplate(sFile);
+    Pick(u"FileOpenTemplate");
+  };
+  const std::vector<std::pair<const char*, std::function<void()>>> aoPoint = {
+      {"start", {}},
+      {"open", [&] { Opens("Template.dat"); }},
+      {"recent", [&] { EXPECT_TRUE(oMain.oMenu.mnuFileRecent(1).UserPick()); }},
+      {"component", [&] { Click(u"MOne"); }},
+      {"project", [&] { Click(u"P"); }},
+      {"folder", [&] { Click(u"Modules"); }},
+      {"view", [&] { Pick(u"ViewProjectList"); }}};
+  const std::vector<std::pair<const char*, std::function<void()>>> aoEvent = {
+      {"exit", [&] { Pick(u"FileExit"); }},
+      {"close box", [&] { EXPECT_TRUE(oMain.UserClose()); }},
+      {"open", [&] { Opens("Other.dat"); }},
+      {"open a broken one", [&] { Opens("Broken.dat"); }},
+      {"the other view", [&] {
+         // Off while a template opens.
+         (oMain.tvwProjects.Tag() == u"Tree" ? oMain.oMenu.mnuViewProjectList
+                                             : oMain.oMenu.mnuViewProjectTree)
+             .UserPick();
+       }}};
+  const auto IsWhole = [&] {
+    EXPECT_EQ(std::to_string(oMain.tabView.Tabs().Count()) +
+                  (oMain.tvwProjects.Enabled() ? "t" : "") +
+                  (oMain.oMenu.mnuTools.Enabled() ? "m" : "") + (oMain.Model() ? "o" : "") +
+                  std::to_string(moRenderer.ShownPointer()),
+              "3tmo0");
+    Click(u"P");
+    for (const TextView sNode : {u"MOne", u"MTwo"}) {
+      Click(sNode);
+      EXPECT_EQ(oMain.lblList.GetCaption(), u"Procedures of Module '" + Text(sNode) + u"'");
+    }
+  };
+  for (const auto& [sPoint, oPoint] : aoPoint)
+    for (const auto& [sEvent, oEvent] : aoEvent) {
+      SCOPED_TRACE(std::string(sEvent) + " at " + sPoint);
+      const AnswersWith oErrors(ErrorIds::ActionLeave);
+      if (!oPoint) User().DoEvents(oEvent);
+      Run([&] {
+        if (oPoint) User().DoEvents(oEvent);
+        if (oPoint) oPoint();
+        if (oMain.Loaded() && !oMain.Model()) Opens("Template.dat");
+        if (oMain.Loaded()) IsWhole();
+      });
+      Run(IsWhole);
+      EXPECT_EQ(oErrors.nReports, 0);
+    }
 }
 
 // Opening or leaving while the lists let events through must not pull the model from under a walk.
