@@ -29,7 +29,9 @@ class HeadlessRenderer : public IRenderer {
   void RemoveFont(TextView sName) { masMissing.insert(Text(sName)); }
   void SetMetrics(const ScreenMetrics& oMetrics) { moMetrics = oMetrics; }
 
-  std::int32_t ShownPointer() const { return mnPointer; }
+  std::int32_t ShownPointer() const { return mPointers.back(); }
+  /// All that were shown, from the beginning.
+  const std::vector<std::int32_t>& Pointers() const { return mPointers; }
   const Text& ClipboardPicture() const { return msClipboardPicture; }
   /// What Open and ShowHelp were asked for: the target, or file, command number and context parted
   /// by "|".
@@ -46,7 +48,7 @@ class HeadlessRenderer : public IRenderer {
   bool HasFont(TextView sName) const override { return masMissing.count(Text(sName)) == 0; }
   Edges FormEdges(const Form& oForm) const override;
   Edges TabEdges(const TabStrip&) const override { return {60, 360, 60, 60}; }
-  void SetMousePointer(std::int32_t nPointer) override { mnPointer = nPointer; }
+  void SetMousePointer(std::int32_t nPointer) override { mPointers.push_back(nPointer); }
   void LockDrawing(Control*) override {}
   void SetClipboardText(TextView sText) override;
   Text ClipboardText() const override { return msClipboard; }
@@ -66,7 +68,7 @@ class HeadlessRenderer : public IRenderer {
   Script moScript;
   ScreenMetrics moMetrics{{0, 0, 15360, 11520}, {0, 0, 15360, 11070}, 15, 15};
   std::set<Text> masMissing;
-  std::int32_t mnPointer = 0;
+  std::vector<std::int32_t> mPointers{0};
   Text msClipboard, msClipboardPicture;
   std::vector<Text> masOpened;
   std::map<Timer*, Due> moTimers;

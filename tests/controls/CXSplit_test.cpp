@@ -96,6 +96,31 @@ TEST_F(CXSplitTest, KeptPlacesThatCannotBeComeInsideTheLimits) {
   }
 }
 
+/// The margin counts from the control that reaches farthest into the way, whichever was named
+/// first.
+TEST_F(CXSplitTest, OfSeveralControlsTheNarrowestHoldsTheBar) {
+  TextBox near{box, u"near"};
+  for (const bool first : {false, true}) {
+    SCOPED_TRACE(first);
+    CXSplit own;
+    own.SetMarginSnap(false);
+    txtA.Move(0, 0, 3000, 3000);
+    near.Move(500, 0, 2500, 3000);
+    txtB.Move(3060, 0, 2940, 2000);
+    lines.Move(3060, 3100, 1940, 2800);
+    own.AddASide(first ? near : txtA);
+    own.AddASide(first ? txtA : near);
+    own.AddBSide(first ? lines : txtB);
+    own.AddBSide(first ? txtB : lines);
+    bar.SetLeft(3000);
+    own.Split(bar, SplitBar::Vertical);
+    Drag(-2900);
+    EXPECT_EQ(bar.Left(), 800);
+    Drag(5000);
+    EXPECT_EQ(bar.Left(), 4640);
+  }
+}
+
 TEST_F(CXSplitTest, AControlThatRoundsItsSizeKeepsItsFarEdge) {
   CXSplit own;
   EXPECT_EQ(FailureOf([&] { own.DoSplit(); }), 91);

@@ -111,7 +111,9 @@ TEST_F(ConnectTest, ToolbarKeepsItsPlace) {
   ToolBar().SetTop(90);
   EXPECT_FALSE(moStore.GetLong(sKey, u"Left"));
   moConnect.OnDisconnection(1);
-  EXPECT_EQ(moStore.GetLong(sKey, u"Visible"), -1);
+  for (const auto& [sName, lKept] :
+       {std::pair{u"Position", 4}, {u"RowIndex", 2}, {u"Left", -7}, {u"Top", 90}, {u"Visible", -1}})
+    EXPECT_EQ(moStore.GetLong(sKey, sName), lKept) << ToUtf8(sName);
   for (const std::int32_t lVisible : {0, 1, -1, 7}) {  // whatever isn't 0
     SCOPED_TRACE(lVisible);
     moStore.SetLong(sKey, u"Visible", lVisible);

@@ -55,7 +55,9 @@ TEST_F(MStartUpTest, EverythingStandsBehindMain) {
   moStore.SetLong(sRoot + u"Options", u"Error Font Size", 21);
   MStartUp::Setup oSetup = Given();
   oSetup.oMakeRuntime = [](IErrorDialog& o) { return std::make_unique<NotedRuntime>(o); };
+  std::set_terminate(std::abort);
   EXPECT_TRUE(MStartUp::Main(oSetup));
+  EXPECT_NE(std::get_terminate(), std::abort) << "the exception filter";
   EXPECT_EQ(NotedRuntime::sNoted,
             "client TarvaneQuillon /opt/quillon development off trace off start ");
   EXPECT_EQ(MQuillon::asFolderName.size(), 9U);

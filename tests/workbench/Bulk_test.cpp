@@ -3,6 +3,7 @@
 
 #include "FMainTest.h"
 #include "FPrintOption.h"
+#include "MXDate.h"
 
 namespace {
 
@@ -142,6 +143,7 @@ TEST_F(BulkTest, ProvingIsARuleThatLasts) {
 
 TEST_F(BulkTest, PrintsWhatWasTickedOfTheProject) {
   Add(u"MOne", Bare);
+  const auto fnOldNow = std::exchange(MXDate::fnNow, [] { return 1717609509; });
   Run([&] {
     for (const bool bOk : {false, true}) {
       User().Modal<FPrintOption>([bOk](FPrintOption& o) {
@@ -153,11 +155,24 @@ TEST_F(BulkTest, PrintsWhatWasTickedOfTheProject) {
       EXPECT_EQ(sPrinted, bOk ? "Project Summary - P;Procedure Properties - P;" : "");
       EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Default);
     }
+    oPrintTo = File("out.pdf");
+    const auto Printed = [&] {
+      User().Modal<FPrintOption>(
+          [](FPrintOption& o) { o.chkProjectSummary.UserClick(), o.cmdOK.UserClick(); });
+      Pick(u"FilePrint");
+      return TempFolder::Read(oFolder / "out.pdf");
+    };
+    const std::string sFirst = Printed();
+    oMain.lvwProcs.ColumnHeaders().Item(1).SetWidth(3000);
+    EXPECT_TRUE(Printed() == sFirst);
+    oMain.lvwMods.ColumnHeaders().Item(1).SetWidth(3000);
+    EXPECT_FALSE(Printed() == sFirst) << "the summary has the widths of the list of modules";
     oQueues.bFails = true;
     EXPECT_EQ(FailureOf([&] { oPrinters.Refresh(); }), 482);
     Press(ToolbarButton::Print);
     EXPECT_FALSE(oMain.oToolbar.ButtonEnabled(1)) << "no dialog without a printer";
   });
+  MXDate::fnNow = fnOldNow;
 }
 
 }  // namespace

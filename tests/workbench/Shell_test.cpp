@@ -5,6 +5,7 @@
 #include "FAction.h"
 #include "FMainTest.h"
 #include "FOptions.h"
+#include "FPrintOption.h"
 #include "FRules.h"
 
 namespace {
@@ -155,6 +156,25 @@ TEST_F(FMainTest, GuardCountsAndProgressBorrowsThePanels) {
   });
 }
 
+TEST_F(FMainTest, CommandsThatTakeTheirTimeShowTheHourglass) {
+  Add(u"MOne", u"Sub a()\nEnd Sub");
+  Run([&] {
+    Click(u"MOne");
+    for (const TextView sItem :
+         {u"FilePrint", u"FilePageSetup", u"SelectAll", u"SelectNone", u"SelectInvert"}) {
+      SCOPED_TRACE(ToUtf8(sItem));
+      if (sItem == u"FilePrint")
+        User().Modal<FPrintOption>([](auto& o) { o.cmdCancel.UserClick(); });
+      if (sItem == u"FilePageSetup") User().ChoosePage([](PageDialog&) { return DialogAnswer{}; });
+      const std::size_t lBefore = moRenderer.Pointers().size();
+      Pick(sItem);
+      ASSERT_GT(moRenderer.Pointers().size(), lBefore);
+      EXPECT_EQ(moRenderer.Pointers()[lBefore], Pointer::Hourglass);
+      EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Default);
+    }
+  });
+}
+
 TEST_F(FMainTest, ACommandOnManyRowsShowsProgressOverThem) {
   Text sLarge;
   for (std::int32_t i = 1; i <= 35; ++i) sLarge += u"Sub a" + ToText(i) + u"()\nEnd Sub\n";
@@ -253,8 +273,12 @@ TEST_F(FMainTest, PartsFollowTheWindow) {
     EXPECT_EQ(oMain.cmdHideErrors.Left(), oMain.fraErrors.Width() - 255);
     const std::int32_t lTree = oMain.tvwProjects.Height();
     Pick(u"ViewErrors");
-    oMain.SetHeight(2800);
+    const std::int32_t lEdges = oMain.Height() - oMain.ScaleHeight();
+    oMain.SetHeight(lEdges + 3000);
     EXPECT_EQ(oMain.tvwProjects.Height(), lTree) << "too low for a layout";
+    oMain.SetHeight(lEdges + 3015);
+    EXPECT_NE(oMain.tvwProjects.Height(), lTree);
+    oMain.SetHeight(2800);
     const std::int32_t lTop = oMain.picSplit3.Top();
     Pick(u"ViewErrors");
     EXPECT_EQ(oMain.picSplit3.Top(), lTop) << "the list keeps its least height";
@@ -265,7 +289,9 @@ TEST_F(FMainTest, PartsFollowTheWindow) {
     oMain.SetWidth(1000);
     EXPECT_EQ(oMain.picContainer.Width(), 0);
     EXPECT_EQ(oMain.StatusBar1.Panels(2).Width(), 2000);
+    oMain.picProgress.SetTop(7);
     oMain.SetWindowState(WindowState::Minimized);
+    EXPECT_EQ(oMain.picProgress.Top(), 7) << "no layout for what isn't seen";
   });
 }
 
