@@ -1,5 +1,5 @@
-// Sixteen units of a text at once: which of them are a given sign, as bits, the first unit in bit
-// 0. For the few passes that go over all text of a group; what is looked for there is rare, so
+// Thirty-two units of a text at once: which of them are a given sign, as bits, the first unit in
+// bit 0. For the few passes that go over all text of a group; what is looked for there is rare, so
 // nearly all blocks are done with a handful of instructions.
 //
 //   for (std::size_t at = 0; at < text.size(); at += UnitBlock::Size) {
@@ -18,42 +18,52 @@
 #include <emmintrin.h>
 #endif
 
-using UnitBits = std::uint32_t;
+/// With room for the bits that a shift or a sum moves out of a block.
+using UnitBits = std::uint64_t;
 
 class UnitBlock {
  public:
-  static constexpr std::size_t Size = 16;
+  static constexpr std::size_t Size = 32;
 
   /// The units of the text at `at` and behind it. What lies behind the text's end counts as NUL.
   UnitBlock(TextView text, std::size_t at) {
-    const char16_t* from = text.data() + at;
-    char16_t rest[Size] = {};
-    if (text.size() - at < Size) {
-      std::copy(from, text.data() + text.size(), rest);
-      from = rest;
+    if (text.size() - at >= Size) {
+      Load(text.data() + at);
+    } else {
+      char16_t rest[Size] = {};
+      std::copy(text.begin() + static_cast<std::ptrdiff_t>(at), text.end(), rest);
+      Load(rest);
     }
-    Load(from);
   }
 
 #if defined(__SSE2__)
   UnitBits Equal(char ascii) const {
-    return static_cast<UnitBits>(_mm_movemask_epi8(_mm_cmpeq_epi8(mBytes, _mm_set1_epi8(ascii))));
+    const __m128i sign = _mm_set1_epi8(ascii);
+    const int first = _mm_movemask_epi8(_mm_cmpeq_epi8(mBytes[0], sign));
+    const int last = _mm_movemask_epi8(_mm_cmpeq_epi8(mBytes[1], sign));
+    return static_cast<UnitBits>(first) | static_cast<UnitBits>(last) << 16U;
   }
   bool IsAscii() const {
-    const __m128i beyond = _mm_srli_epi16(_mm_or_si128(mFirst, mLast), 7);
-    return _mm_movemask_epi8(_mm_cmpeq_epi8(beyond, _mm_setzero_si128())) == 0xFFFF;
+    const __m128i all =
+        _mm_or_si128(_mm_or_si128(mUnits[0], mUnits[1]), _mm_or_si128(mUnits[2], mUnits[3]));
+    const __m128i isAscii = _mm_cmpeq_epi8(_mm_srli_epi16(all, 7), _mm_setzero_si128());
+    return _mm_movemask_epi8(isAscii) == 0xFFFF;
   }
   /// Writes the units with ASCII letters in lower case.
   void LowerInto(char16_t* result) const {
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(result), Lower(mFirst));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(result) + 1, Lower(mLast));
+    for (std::size_t i = 0; i < 4; ++i) {
+      _mm_storeu_si128(reinterpret_cast<__m128i*>(result) + i, Lower(mUnits[i]));
+    }
   }
 
  private:
   void Load(const char16_t* from) {
-    mFirst = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
-    mLast = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from) + 1);
-    mBytes = _mm_packus_epi16(mFirst, mLast);  // no unit beyond a byte becomes an ASCII sign
+    for (std::size_t i = 0; i < 4; ++i) {
+      mUnits[i] = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from) + i);
+    }
+    // No unit beyond a byte becomes an ASCII sign.
+    mBytes[0] = _mm_packus_epi16(mUnits[0], mUnits[1]);
+    mBytes[1] = _mm_packus_epi16(mUnits[2], mUnits[3]);
   }
   static __m128i Lower(__m128i units) {
     const __m128i fromA = _mm_cmpgt_epi16(units, _mm_set1_epi16(u'A' - 1));
@@ -61,7 +71,7 @@ class UnitBlock {
     return _mm_or_si128(units, _mm_and_si128(_mm_and_si128(fromA, toZ), _mm_set1_epi16(0x20)));
   }
 
-  __m128i mFirst, mLast, mBytes;
+  __m128i mUnits[4], mBytes[2];
 #else
   UnitBits Equal(char ascii) const {
     UnitBits bits = 0;
