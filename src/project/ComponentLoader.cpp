@@ -214,7 +214,7 @@ void ComponentLoader::LoadMethod(Member& member, std::int32_t location) {
 
 void ComponentLoader::LoadProperty(Member& member, ProcKind kind) {
   Guard(Named(u"LoadProperty"), [&](GuardScope& scope) {
-    ProcedureRecord record{.hComponent = mComponent, .oMember = &member, .nKind = kind};
+    ProcedureRecord record{.hComponent = mComponent, .nKind = kind, .oMember = &member};
     if (!SteppedMember(scope, member).MayHave(kind)) return;
     const auto body = BodyLineIfThere(*mModule, mModel.NameOf(scope, record), kind);
     if (body < 2) return;

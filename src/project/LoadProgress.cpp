@@ -18,6 +18,7 @@ void LoadProgress::End() {
 void LoadProgress::Advance(const VBComponent& component, const Member& member) {
   if (mTotal <= 0) return;
   ++mCount;
+  if (!mMoved.IsHeard()) return;  // the caption costs more than the rest of a small member
   // nearbyint: halves go to the even number, as everywhere in Visual Basic.
   const double percent = std::nearbyint(100.0 * mCount / mTotal);
   mMoved(static_cast<std::int16_t>(percent), component.Name() + u"." + member.Name());

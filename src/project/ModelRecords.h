@@ -48,12 +48,12 @@ struct EventSourceRecord {
 
 struct ProcedureRecord {
   ComponentHandle hComponent{};
-  Member* oMember = nullptr;  ///< null for a declarations record
   ProcKind nKind = ProcKind::Method;
+  bool bEventHandler = false;
+  Member* oMember = nullptr;  ///< null for a declarations record
   // Both point into the model's store of type names: few texts, many records.
   TextView sProcType{};  ///< shown type: the event's name for an event handler
   TextView sDeclType{};  ///< the type by declaration
-  bool bEventHandler = false;
   CProcSettings oPending{}, oCurrent{}, oSuggest{};
 };
 

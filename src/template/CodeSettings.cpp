@@ -69,9 +69,9 @@ class ValueReader {
         mTrace(templates.Row(row.lTrace).sLike),
         mSettings(settings) {}
 
-  /// False for most lines that hold no value, by their first unit that isn't a blank.
-  bool MayBeginWith(char16_t first) const {
-    const char16_t lower = LowerCase(first);
+  /// False for most lines that hold no value, by their first unit that isn't a blank, in lower
+  /// case.
+  bool MayBeginWith(char16_t lower) const {
     return mBoundary.MayBeginWith(lower) || mSeverity.MayBeginWith(lower) ||
            mRetry.MayBeginWith(lower) || mTrace.MayBeginWith(lower);
   }
@@ -110,7 +110,7 @@ void ReadValuesOf(TextView procCode, ValueReader reader) {
     const std::size_t end = FindLineEnd(procCode, start);
     std::size_t first = start;
     while (first < end && procCode[first] == u' ') ++first;
-    if (first < end && reader.MayBeginWith(procCode[first])) {
+    if (first < end && reader.MayBeginWith(LowerCase(procCode[first]))) {
       MXString::FoldLine(procCode.substr(first, end - first), folded);
       reader.Read(folded);
     }

@@ -36,11 +36,15 @@ class CodeLines {
 
  private:
   void SkipCleanUp() {
-    for (; !AtEnd() && mCode.Folded(mIndex).starts_with(FireMark); ++mIndex) {
+    for (; !AtEnd() && IsCleanUp(mCode.Folded(mIndex)); ++mIndex) {
       TextView code = Trim(mCode.Line(mIndex)).substr(FireMark.size());
       if (code.starts_with(u' ')) code.remove_prefix(1);
       if (!IsBlank(code)) mCleanUp.emplace_back(code);
     }
+  }
+
+  static bool IsCleanUp(TextView folded) {
+    return !folded.empty() && folded.front() == FireMark.front() && folded.starts_with(FireMark);
   }
 
   const ProcText& mCode;

@@ -303,7 +303,8 @@ class ProcedureRemoval {
       traceExit = TraceExits::GetTraceExit(Row(mTemplate.lTraceExit), mValues);
     }
     if (!numbers && traceExit.empty()) return mResult.code.Keep(mCode, first, end);
-    bool comment = false;  // the line goes on with a comment that began above it
+    std::size_t kept = first;  // lines from here on stay as they are
+    bool comment = false;      // the line goes on with a comment that began above it
     for (std::size_t i = first; i < end; ++i) {
       const TextView line = mCode.Line(i);
       const bool goesOn = Continues(line);
@@ -317,12 +318,13 @@ class ProcedureRemoval {
           changed =
               TraceExits::Remove(changed, mValues.baseType, traceExit, mTemplate.traceExitLike);
         }
+        mResult.code.Keep(mCode, kept, i);
         mResult.code.Add(changed);
-      } else {
-        mResult.code.Keep(mCode, i, i + 1);
+        kept = i + 1;
       }
       comment = goesOn && (comment || mCode.CommentOf(i) < line.size());
     }
+    mResult.code.Keep(mCode, kept, end);
   }
 
   static bool BeginsWithDigit(TextView line) {

@@ -36,7 +36,7 @@ bool IsName(Token token) {
 /// True for a text without blanks at its ends or side by side, which folding leaves as long.
 bool IsTidy(TextView value) {
   return !value.empty() && value.front() != u' ' && value.back() != u' ' &&
-         value.find(u"  ") == TextView::npos;
+         FindText(value, u"  ") == TextView::npos;
 }
 
 }  // namespace
@@ -91,10 +91,10 @@ Text FoldedRow(const LineRow& row, const SectionValues& values) {
 }
 
 bool FitsItself(const LineRow& row, const SectionValues& values) {
-  const bool tidy = std::all_of(row.pieces.begin(), row.pieces.end(), [&](const RowPiece& piece) {
+  const auto isTidy = [&](const RowPiece& piece) {
     return piece.token == Token::None || IsTidy(ValueOf(piece.token, values));
-  });
-  if (tidy && row.fitsAllValues) return true;
+  };
+  if (row.fitsAllValues && std::all_of(row.pieces.begin(), row.pieces.end(), isTidy)) return true;
   const Text folded = FoldedRow(row, values);
   return folded.empty() || row.sLike.Matches(folded);
 }

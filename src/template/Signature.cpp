@@ -104,9 +104,11 @@ bool Signature::IsSignature(TextView folded) const {
 }
 
 std::optional<SignatureValue> Signature::Read(TextView folded) const {
+  if (!mLine.empty() && Same(mLine, folded)) return mValue;
   for (const Row& row : mRows) {
     if (row.row->sLike.IsEmpty() || !row.row->sLike.Matches(folded)) continue;
-    return ReadRow(row, folded);
+    mLine = folded;
+    return mValue = ReadRow(row, folded);
   }
   return std::nullopt;
 }

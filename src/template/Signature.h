@@ -56,6 +56,9 @@ class Signature {
   mutable Text mAsked;
   mutable bool mAskedLocked = false;
   mutable bool mReadable = false;
+  // The line that fitted a row last, folded, and its value: most procedures hold one and the same.
+  mutable Text mLine;
+  mutable std::optional<SignatureValue> mValue;
 
   const LineRow* mFirst = nullptr;
   std::vector<Row> mRows;

@@ -20,9 +20,11 @@ constexpr bool CProcSettings::*Flags[] = {
 // One copy of each name for the life of the process; names are never taken out.
 const Text* KeptName(TextView name) {
   static std::set<Text, std::less<>> names;
+  static const Text* last = nullptr;  // a run asks for one name over and over
   if (name.empty()) return nullptr;
+  if (last && Same(*last, name)) return last;
   const auto kept = names.find(name);
-  return kept != names.end() ? &*kept : &*names.emplace(name).first;
+  return last = kept != names.end() ? &*kept : &*names.emplace(name).first;
 }
 
 TextView NameOf(const Text* name) {
@@ -49,7 +51,7 @@ void KeepCommon(Choice& value, Choice other) {
 }  // namespace
 
 void CProcSettings::CopyFrom(const CProcSettings& oProcSettings) {
-  SetsTemplate(oProcSettings.sTemplate());
+  TakeTemplate(oProcSettings.KeptTemplate());
   SeteLocked(oProcSettings.eLocked());
   SeteBoundary(oProcSettings.eBoundary());
   SeteSeverity(oProcSettings.eSeverity());
@@ -67,7 +69,7 @@ bool CProcSettings::Equals(const CProcSettings& oProcSettings) const {
 
 void CProcSettings::Aggregate(const CProcSettings& oProcSettings) {
   const bool first = !mbAggregate;
-  const Text* const name = KeptName(oProcSettings.sTemplate());
+  const Text* const name = oProcSettings.KeptTemplate();
   if (first) {
     mbAggregate = true;
     mbAggregateForeign = oProcSettings.bForeign();
@@ -91,7 +93,7 @@ void CProcSettings::Aggregate(const CProcSettings& oProcSettings) {
 }
 
 void CProcSettings::TakeValues(const CProcSettings& oProcSettings) {
-  mTemplate = KeptName(oProcSettings.sTemplate());
+  mTemplate = oProcSettings.KeptTemplate();
   meLocked = oProcSettings.eLocked();
   meBoundary = oProcSettings.eBoundary();
   meSeverity = oProcSettings.eSeverity();
@@ -109,8 +111,16 @@ void CProcSettings::KeepCommonValues(const CProcSettings& oProcSettings) {
   for (const auto flag : Flags) this->*flag = this->*flag && oProcSettings.*flag;
 }
 
+const Text* CProcSettings::KeptTemplate() const {
+  return mbAggregate && mbAggregateForeign ? mForeignTemplate : mTemplate;
+}
+
 TextView CProcSettings::sTemplate() const {
-  return NameOf(mbAggregate && mbAggregateForeign ? mForeignTemplate : mTemplate);
+  return NameOf(KeptTemplate());
+}
+
+std::int32_t CProcSettings::hTemplate() const {
+  return mbAggregate ? 0 : HandleOf(NameOf(mTemplate));
 }
 
 Text CProcSettings::sTemplateSelectionName() const {
@@ -119,9 +129,11 @@ Text CProcSettings::sTemplateSelectionName() const {
 }
 
 void CProcSettings::SetsTemplate(TextView name) {
-  if (!mbForeign) {
-    mTemplate = KeptName(name);
-    mbForeign = name.starts_with(u'(') || name.starts_with(u'[');
-  }
-  mhTemplate = HandleOf(NameOf(mTemplate));
+  if (!mbForeign) TakeTemplate(KeptName(name));
+}
+
+void CProcSettings::TakeTemplate(const Text* name) {
+  if (mbForeign) return;
+  mTemplate = name;
+  mbForeign = NameOf(name).starts_with(u'(') || NameOf(name).starts_with(u'[');
 }

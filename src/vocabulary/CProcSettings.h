@@ -49,26 +49,29 @@ class CProcSettings {
   bool bForeign() const { return mbAggregate ? mbAggregateForeign : mbForeign; }
   MQuillon::TriState eLocked() const { return meLocked; }
   void SeteLocked(MQuillon::TriState value) { meLocked = value; }
-  std::int32_t hTemplate() const { return mhTemplate; }
+  /// By the process-wide lookups of now; 0 for a name that they don't have, and of an aggregate.
+  std::int32_t hTemplate() const;
 
  private:
   template <class Choice>
   Choice Shown(Choice value) const {
     return mbAggregateForeign ? Choice::Unset : value;
   }
+  /// The name as it is kept; null for the empty one.
+  const Text* KeptTemplate() const;
+  void TakeTemplate(const Text* name);
   void TakeValues(const CProcSettings& oProcSettings);
   void KeepCommonValues(const CProcSettings& oProcSettings);
 
-  // Names come from one template file and repeat per procedure three times: each text is kept
-  // once for the process, so a record of a large group stays small. Null is the empty name.
-  const Text* mTemplate = nullptr;
-  const Text* mForeignTemplate = nullptr;
-  std::int32_t mhTemplate = 0;
+  bool mbForeign = false;
+  bool mbAggregate = false;
+  bool mbAggregateForeign = false;
   MQuillon::Boundary meBoundary = MQuillon::Boundary::Unset;
   MQuillon::Severity meSeverity = MQuillon::Severity::Unset;
   MQuillon::Retry meRetry = MQuillon::Retry::Unset;
   MQuillon::TriState meLocked = MQuillon::TriState::Unset, meTrace = MQuillon::TriState::Unset;
-  bool mbForeign = false;
-  bool mbAggregate = false;
-  bool mbAggregateForeign = false;
+  // Names come from one template file and repeat per procedure three times: each text is kept
+  // once for the process, so a record of a large group stays small. Null is the empty name.
+  const Text* mTemplate = nullptr;
+  const Text* mForeignTemplate = nullptr;
 };

@@ -5,6 +5,7 @@
 //   ReportError(u"Processing ...");
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -32,6 +33,12 @@ class Signal {
     auto shared = std::make_shared<Handler>(std::move(handler));
     mHandlers.push_back(shared);
     return Connection(shared);
+  }
+
+  /// False when nobody is connected: the arguments needn't be made.
+  bool IsHeard() const {
+    return std::any_of(mHandlers.begin(), mHandlers.end(),
+                       [](const auto& weak) { return !weak.expired(); });
   }
 
   /// Raises the event. A handler may connect or disconnect others meanwhile.
