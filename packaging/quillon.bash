@@ -55,7 +55,7 @@ _quillon_value() {
     --procedure) _quillon_words '(declarations)' ;;
     --root) COMPREPLY=(); compopt -o dirnames 2>/dev/null ;;
     --select | --ignore) _quillon_words "${_quillon_rules[@]}" ;;
-    --project | --component | --define) COMPREPLY=() ;;
+    --project | --component | --define | --wait | --run) COMPREPLY=() ;;
     --connect) _quillon_words startup external ;;
     --format)
       case $2 in
@@ -71,12 +71,13 @@ _quillon_value() {
 _quillon_options() {
   local common=(-h --help -t --template --settings --log --color -q --quiet -v --verbose --trace)
   local scope=(--project --component --procedure --type --codepage --root --define)
-  local rewriting=(-n --dry-run --diff --exit-code --no-verify)
+  local rewriting=(-n --dry-run --diff --wait --exit-code --no-verify)
   case $1 in
     list) _quillon_words "${common[@]}" "${scope[@]}" --suggested --pending --format ;;
     check) _quillon_words "${common[@]}" "${scope[@]}" --select --ignore --format ;;
     apply) _quillon_words "${common[@]}" "${scope[@]}" "${rewriting[@]}" --set --suggested ;;
     refresh | number | unnumber) _quillon_words "${common[@]}" "${scope[@]}" "${rewriting[@]}" ;;
+    undo) _quillon_words "${common[@]}" -n --dry-run --diff --wait --list --run ;;
     report) _quillon_words "${common[@]}" --project --component --codepage --root --define --pdf --format ;;
     explain | template | text | rules) _quillon_words "${common[@]}" ;;
     *) _quillon_words --version "${common[@]}" "${scope[@]}" "${rewriting[@]}" ;;
@@ -86,7 +87,7 @@ _quillon_options() {
 # _quillon_operand COMMAND NUMBER: what a command takes beside options; the first one has number 1.
 _quillon_operand() {
   case $1:$2 in
-    :*) _quillon_words list check explain apply refresh number unnumber report template text rules ;;
+    :*) _quillon_words list check explain apply refresh number unnumber undo report template text rules ;;
     explain:1) _quillon_words "${_quillon_rules[@]}" ;;
     report:1) _quillon_words summary properties ;;
     template:1) _quillon_words check dump list ;;
@@ -105,7 +106,8 @@ _quillon() {
     word=${COMP_WORDS[i]}
     case $word in
       -t | --template | --settings | --log | --pdf | --color | --codepage | --type | --procedure | \
-        --project | --component | --root | --format | --set | --define | --select | --ignore)
+        --project | --component | --root | --format | --set | --define | --select | --ignore | --wait | \
+        --run)
         if [[ ${COMP_WORDS[i + 1]} == = ]]; then i=$((i + 1)); fi  # --option=value
         if ((i + 1 >= COMP_CWORD)); then last=$word; fi
         i=$((i + 1))

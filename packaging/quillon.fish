@@ -1,5 +1,5 @@
 # Completion of quillon's command line in fish.
-set -l commands list check explain apply refresh number unnumber report template text rules
+set -l commands list check explain apply refresh number unnumber undo report template text rules
 set -l in __fish_seen_subcommand_from
 set -l none "not $in $commands"
 set -l projects "__fish_complete_suffix .vbg; __fish_complete_suffix .vbp"
@@ -22,6 +22,7 @@ complete -c quillon -n "$none" -a apply -d "Set properties and make the code agr
 complete -c quillon -n "$none" -a refresh -d "Write the error handlers anew from the template file"
 complete -c quillon -n "$none" -a number -d "Put line numbers in, or renew them"
 complete -c quillon -n "$none" -a unnumber -d "Take line numbers out"
+complete -c quillon -n "$none" -a undo -d "Take back what the last run wrote"
 complete -c quillon -n "$none" -a report -d "Write a report on a project"
 complete -c quillon -n "$none" -a template -d "Check or show a template file"
 complete -c quillon -n "$none" -a text -d "Rewrite procedure texts, JSON in and out"
@@ -42,8 +43,9 @@ complete -c quillon -n "$in $grouped" -l codepage -xa "1252 utf-8 932 936 949 95
 complete -c quillon -n "$in $grouped" -l define -x -d "Constant of conditional compilation, NAME=VALUE"
 
 set -l writing apply refresh number unnumber
-complete -c quillon -n "$in $writing" -s n -l dry-run -d "Write nothing"
-complete -c quillon -n "$in $writing" -l diff -d "Print the changes as a unified diff"
+complete -c quillon -n "$in $writing undo" -s n -l dry-run -d "Write nothing"
+complete -c quillon -n "$in $writing undo" -l diff -d "Print the changes as a unified diff"
+complete -c quillon -n "$in $writing undo" -l wait -x -d "Seconds to wait for another run"
 complete -c quillon -n "$in $writing" -l exit-code -d "With -n: status 1 when files would change"
 complete -c quillon -n "$in $writing" -l no-verify -d "Leave out the proof of each insertion"
 
@@ -62,6 +64,10 @@ complete -c quillon -n "$in report" -a "summary properties"
 complete -c quillon -n "$in apply" -l set -x -d "Set a property" \
     -a "Template= Locked={True,False} Boundary={None,VB,Firewall,ActiveX} \
         Severity={Cosmetic,Normal,Fatal} Retry={Line,Procedure,None} Trace={True,False}"
+
+complete -c quillon -n "$in undo" -ka "($projects)"
+complete -c quillon -n "$in undo" -l list -d "List the runs, the latest first"
+complete -c quillon -n "$in undo" -l run -x -d "Number of the run in the list"
 
 complete -c quillon -n "$in template" -a "check dump list"
 complete -c quillon -n "$in template" -ka "(__fish_complete_suffix .dat)"

@@ -20,7 +20,7 @@ _quillon_property() {
 }
 
 _quillon_program() {
-  local -a common reading scope rewriting commands
+  local -a common reading scope changing rewriting commands
   local state line
   common=(
     '(-h --help)'{-h,--help}'[print help]'
@@ -44,9 +44,13 @@ _quillon_program() {
     '*--procedure[procedures by name]:pattern:{compadd -- "(declarations)"}'
     '*--type[types as list shows them]:pattern:(Sub Function Property\ \* declarations)'
   )
-  rewriting=(
+  changing=(
     '(-n --dry-run)'{-n,--dry-run}'[write nothing]'
     '--diff[print the changes as a unified diff]'
+    '--wait[how long to wait for another run]:seconds:'
+  )
+  rewriting=(
+    $changing
     '--exit-code[with -n: status 1 when files would change]'
     '--no-verify[leave out the proof of each insertion]'
   )
@@ -58,6 +62,7 @@ _quillon_program() {
     'refresh:write the error handlers anew from the template file'
     'number:put line numbers in, or renew them'
     'unnumber:take line numbers out'
+    'undo:take back what the last run wrote'
     'report:write a report on a project'
     'template:check or show a template file'
     'text:rewrite procedure texts, JSON in and out'
@@ -85,6 +90,9 @@ _quillon_program() {
             '--suggested[take the suggested values over]' '*:path:_quillon_projects' ;;
         refresh | number | unnumber)
           _arguments $common $scope $rewriting '*:path:_quillon_projects' ;;
+        undo)
+          _arguments $common $changing '--list[list the runs, the latest first]' \
+            '--run[number of the run in the list]:number:' '*:path:_quillon_projects' ;;
         report)
           _arguments $common $reading '*--project[projects by name]:pattern:' \
             '*--component[components by name]:pattern:' \

@@ -94,9 +94,9 @@ class FileIDE : public DiskIDE, public VBE {
     return conflicts;
   }
 
-  SaveResult Save() override {
+  SaveResult Save(RunJournal* journal) override {
     SaveResult oResult;
-    for (const auto& [document, failure] : moStore.Save()) {
+    for (const auto& [document, failure] : moStore.Save(journal)) {
       if (failure)
         oResult.oFailed.push_back({TextOfPath(document->Path()), 0, failure->Description()});
       else

@@ -20,6 +20,7 @@
 
 class HostCommandBars;
 class IFileOps;
+class RunJournal;
 
 class DiskIDE {
  public:
@@ -91,7 +92,10 @@ class DiskIDE {
   /// Replaces every changed file atomically, all of them in few flushes. A file that changed on
   /// disk since it was read is not overwritten: it counts as failed, with what to do in the
   /// message.
-  virtual SaveResult Save() = 0;
+  /// What killed programs left in the folders of the group is removed.
+  /// journal: null, or where the run is recorded. A journal that can't be written is a Failure, and
+  /// nothing was saved; so is a signal that is held back (SignalHold.h).
+  virtual SaveResult Save(RunJournal* journal = nullptr) = 0;
 
   struct Refreshed {
     std::vector<std::string> asReread, asConflict;

@@ -1,5 +1,7 @@
 #include "DocumentSave.h"
 
+#include "SignalHold.h"
+
 namespace {
 
 constexpr std::int32_t DiskFull = 61;
@@ -7,43 +9,60 @@ constexpr std::int32_t DiskFull = 61;
 }  // namespace
 
 void DocumentSave::Add(StoredDocument& document) {
+  SignalHold::Check();
   mResults.push_back({&document, {}});
+  const std::string bytes = document.Document().Bytes();
   try {
     try {
-      Stage(document);
+      if (!Stage(document, bytes)) return;
     } catch (const Failure& failure) {
       if (failure.Number() != DiskFull || mWaiting.empty()) throw;
       // New files that have taken the places of old ones leave room for more.
       Replace();
-      Stage(document);
+      if (!Stage(document, bytes)) return;
     }
   } catch (const Failure& failure) {
     mResults.back().failure = failure;
+    return;
   }
+  Record(document, bytes);
 }
 
-void DocumentSave::Stage(StoredDocument& document) {
+/// False when there is nothing to do.
+bool DocumentSave::Stage(StoredDocument& document, const std::string& bytes) {
   const std::string path = document.PathToWrite();
   const FileStamp stamp = FileStamp::Of(document.Path(), mFiles);
-  if (document.IsOnDisk()) return document.MarkSaved(stamp);
+  if (document.IsOnDisk()) return document.MarkSaved(stamp), false;
   if (!mStaged) mStaged.emplace(mFiles);
-  mStaged->Stage(path, document.Document().Bytes());
-  mWaiting.push_back({&document, mResults.size() - 1, {}});
+  mStaged->Stage(path, bytes);
+  return true;
+}
+
+void DocumentSave::Record(StoredDocument& document, const std::string& bytes) {
+  mWaiting.push_back({&document, mResults.size() - 1, 0, {}});
+  if (!mJournal) return;
+  const StagedFile& file = mStaged->File(mStaged->Count() - 1);
+  mWaiting.back().record =
+      mJournal->Add(file.Target(), file.Path(), document.Document().SavedBytes(), bytes);
 }
 
 std::vector<DocumentStore::Saved> DocumentSave::Finish() {
   Replace();
+  if (mJournal) mJournal->Complete(mKept);
   return std::move(mResults);
 }
 
 void DocumentSave::Replace() {
   if (!mStaged) return;
   mStaged->Flush();
+  SignalHold::Check();
+  if (mJournal) mJournal->Flush();
   for (std::size_t i = 0; i < mWaiting.size(); ++i) Commit(i);
   mStaged->FlushFolders();
   for (std::size_t i = 0; i < mWaiting.size(); ++i) {
     if (const Failure* failure = mStaged->FailureOf(i)) {
       mResults[mWaiting[i].result].failure = *failure;
+      if (!mStaged->IsCommitted(i)) mKept.push_back(mWaiting[i].record);
     } else {
       mWaiting[i].document->MarkSaved(mWaiting[i].stamp);
     }

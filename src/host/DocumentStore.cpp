@@ -1,9 +1,11 @@
 #include "DocumentStore.h"
 
 #include <cerrno>
+#include <set>
 
 #include "AtomicFile.h"
 #include "DocumentSave.h"
+#include "FileFailure.h"
 #include "PathText.h"
 #include "SourceFile.h"
 
@@ -137,10 +139,19 @@ std::vector<StoredDocument*> DocumentStore::Changed() const {
   return oChanged;
 }
 
-std::vector<DocumentStore::Saved> DocumentStore::Save() {
-  DocumentSave save(*moSettings.poFiles);
+std::vector<DocumentStore::Saved> DocumentStore::Save(RunJournal* journal) {
+  SweepNewFiles();
+  DocumentSave save(*moSettings.poFiles, journal);
   for (StoredDocument* document : Changed()) save.Add(*document);
   return save.Finish();
+}
+
+void DocumentStore::SweepNewFiles() {
+  std::set<std::string> folders;
+  for (const auto& document : moDocuments)
+    if (document->Refusal() == WriteRefusal::None)
+      folders.insert(FileFailure::FolderOf(document->RealPath()));
+  for (const std::string& folder : folders) StagedFile::Sweep(folder, *moSettings.poFiles);
 }
 
 const StoredDocument* DocumentStore::Changed(const std::string& sPath) const {

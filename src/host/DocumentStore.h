@@ -15,6 +15,8 @@
 #include "SourceDocument.h"
 #include "WriteRoots.h"
 
+class RunJournal;
+
 /// How files are read: their code page when they aren't UTF-8, or always; and which may be written.
 struct ReadSettings {
   const CodePage* poAnsi = nullptr;
@@ -92,13 +94,16 @@ class DocumentStore {
   };
   /// Replaces the files of all changed documents, in few flushes; one that can't be replaced
   /// doesn't keep the others from it. In the order in which they were added.
-  std::vector<Saved> Save();
+  /// journal: null, or where the run is recorded; Failure as of DocumentSave.
+  std::vector<Saved> Save(RunJournal* journal);
   /// In the order in which they were added.
   const std::vector<std::unique_ptr<StoredDocument>>& All() const { return moDocuments; }
   /// The changed document of that path, or null.
   const StoredDocument* Changed(const std::string& sPath) const;
 
  private:
+  void SweepNewFiles();
+
   ReadSettings moSettings;
   std::vector<std::unique_ptr<StoredDocument>> moDocuments;
   std::unordered_map<std::string, StoredDocument*> moByIdentity;

@@ -22,7 +22,7 @@ int NumberOf(int error) {
 
 }  // namespace
 
-FileLock::FileLock(const std::string& path, int milliseconds)
+FileLock::FileLock(Opened, const std::string& path)
     : mFile(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666)) {
   if (mFile < 0) {
     const int error = errno;
@@ -32,17 +32,34 @@ FileLock::FileLock(const std::string& path, int milliseconds)
                       FromUtf8(std::strerror(error)) + u"); make its folder writable",
                   u"FileLock");
   }
+}
+
+FileLock::FileLock(const std::string& path, int milliseconds) : FileLock(Opened(), path) {
+  if (Take(milliseconds)) return;
+  throw Failure(70,
+                FailureText(70) + u": " + TextOfPath(path) +
+                    u" is held by another program; wait for it or end it",
+                u"FileLock");
+}
+
+std::unique_ptr<FileLock> FileLock::Try(const std::string& path, int milliseconds) {
+  std::unique_ptr<FileLock> lock(new FileLock(Opened(), path));
+  return lock->Take(milliseconds) ? std::move(lock) : nullptr;
+}
+
+bool FileLock::Take(int milliseconds) {
   const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
   while (flock(mFile, LOCK_EX | LOCK_NB) != 0) {
-    if (std::chrono::steady_clock::now() > end) {
-      close(mFile);
-      throw Failure(70,
-                    FailureText(70) + u": " + TextOfPath(path) +
-                        u" is held by another program; wait for it or end it",
-                    u"FileLock");
-    }
+    if (std::chrono::steady_clock::now() >= end) return false;
     std::this_thread::sleep_for(std::chrono::milliseconds(2));
   }
+  return true;
+}
+
+// Nothing depends on the text, so a failure counts for nothing.
+void FileLock::Note(std::string_view text) {
+  if (ftruncate(mFile, 0) != 0) return;
+  [[maybe_unused]] const ssize_t written = pwrite(mFile, text.data(), text.size(), 0);
 }
 
 FileLock::~FileLock() {

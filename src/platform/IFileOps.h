@@ -32,6 +32,8 @@ class IFileOps {
   /// Reads the whole file; 0 or the system's error number: EISDIR for a folder, ENODEV for a device
   /// or a pipe, which need not end, EFBIG for a file above LargestFile.
   virtual int ReadAll(const std::string& sPath, std::string& sBytes) = 0;
+  /// Its first bytes, so many at most; 0 or the system's error number.
+  virtual int ReadStart(const std::string& sPath, std::size_t most, std::string& sBytes) = 0;
   /// The entries of a folder without "." and ".."; 0 or the error number.
   virtual int ListFolder(const std::string& sPath, std::vector<std::string>& asName) = 0;
   /// The file that sPath leads to when its last part is a symbolic link, else sPath itself. A link

@@ -1,13 +1,17 @@
 #include "StagedFile.h"
 
+#include <signal.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <functional>
 
 #include "FileFailure.h"
 
 namespace {
+
+constexpr std::string_view NewEnd = ".quillon-new";
 
 std::string NewNameOf(const std::string& target) {
   const std::size_t nameAt = target.rfind('/') + 1;
@@ -18,7 +22,19 @@ std::string NewNameOf(const std::string& target) {
   if (name.size() > longest) {
     name = name.substr(0, cut) + '.' + std::to_string(std::hash<std::string>()(name));
   }
-  return target.substr(0, nameAt) + '.' + name + '.' + std::to_string(getpid()) + ".quillon-new";
+  return target.substr(0, nameAt) + '.' + name + '.' + std::to_string(getpid()) +
+         std::string(NewEnd);
+}
+
+/// True for a name that NewNameOf made for a process that is no more. A number that is in use again
+/// keeps its file until that process has ended, too.
+bool IsOfDeadProcess(std::string_view name) {
+  if (!name.starts_with('.') || !name.ends_with(NewEnd)) return false;
+  name.remove_suffix(NewEnd.size());
+  const std::string digits(name.substr(name.rfind('.') + 1));
+  if (digits.empty() || digits.find_first_not_of("0123456789") != std::string::npos) return false;
+  const long process = std::strtol(digits.c_str(), nullptr, 10);
+  return process > 0 && kill(static_cast<pid_t>(process), 0) != 0 && errno == ESRCH;
 }
 
 /// Whether there is an old file, whose state goes to old; refuses what must not be replaced.
@@ -89,6 +105,13 @@ int StagedFile::Write(std::string_view bytes, const IFileOps::Stat* old) {
                        u"work as its owner");
   }
   return error != 0 ? error : mFiles.Write(mHandle, bytes);
+}
+
+void StagedFile::Sweep(const std::string& folder, IFileOps& files) {
+  std::vector<std::string> names;
+  files.ListFolder(folder, names);
+  for (const std::string& name : names)
+    if (IsOfDeadProcess(name)) files.Remove(folder + '/' + name);
 }
 
 void StagedFile::StartFlush() {

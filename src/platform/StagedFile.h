@@ -28,6 +28,9 @@ class StagedFile {
   StagedFile(const StagedFile&) = delete;
   StagedFile& operator=(const StagedFile&) = delete;
 
+  /// Removes what programs that are dead have left in a folder. Never fails.
+  static void Sweep(const std::string& folder, IFileOps& files);
+
   /// The new file: ".<name>.<process id>.quillon-new" beside the target. One that a killed program
   /// left is overwritten or ignored, never taken for a source.
   const std::string& Path() const { return mPath; }

@@ -41,6 +41,7 @@ class StagedFiles {
   void Flush();
   /// Renames a file that hasn't failed; one that has is passed over.
   void Commit(std::size_t number);
+  bool IsCommitted(std::size_t number) const { return mEntries[number].isCommitted; }
   /// Takes a file out of the set, for a reason of the caller's.
   void Discard(std::size_t number, const Failure& reason);
   /// Of the committed files. Those of a folder that can't be flushed count as failed, though they

@@ -137,6 +137,18 @@ class SystemOps : public IFileOps {
     return lError;
   }
 
+  int ReadStart(const std::string& sPath, std::size_t most, std::string& sBytes) override {
+    int handle = -1;
+    sBytes.clear();
+    if (const int error = OpenFile(sPath, O_RDONLY | O_NONBLOCK, 0, handle)) return error;
+    sBytes.resize(most);
+    const ssize_t count = Repeated([&] { return read(handle, sBytes.data(), most); });
+    const int error = ErrorOf(count);
+    sBytes.resize(error == 0 ? static_cast<std::size_t>(count) : 0);
+    close(handle);
+    return error;
+  }
+
   int ListFolder(const std::string& sPath, std::vector<std::string>& asName) override {
     if (HasNull(sPath)) return ENOENT;
     DIR* poFolder = opendir(sPath.c_str());

@@ -12,6 +12,7 @@
 #include "DiskIDE.h"
 #include "FaultyFileOps.h"
 #include "ProjectTree.h"
+#include "WritingRun.h"
 
 namespace {
 
@@ -30,7 +31,24 @@ class SaveTest : public testing::Test {
       msTail[i] += "Sub A()\r\nEnd Sub";
     }
     moTree.Write("P.vbp", sProject);
+    setenv("XDG_STATE_HOME", moTree.Path("state").c_str(), 1);
     Restore();
+  }
+
+  /// A run of its own for a save, which has what a killed one left taken back.
+  std::unique_ptr<WritingRun> Run(IFileOps& files = SystemFileOps()) const {
+    return std::make_unique<WritingRun>(std::vector{moTree.Path("P.vbp")}, "turn", 5, files);
+  }
+  std::vector<RunStore::Run> Runs() const { return UserRuns().RunsOf({moTree.Path("P.vbp")}); }
+  int CountNew() const {
+    int count = 0;
+    for (int i = 0; i < FileCount; ++i) count += IsNew(i) ? 1 : 0;
+    return count;
+  }
+  void ExpectAllOldOrAllNew() const {
+    ExpectOldOrNew();
+    EXPECT_EQ(CountNew() % FileCount, 0) << "of one run and another";
+    EXPECT_EQ(Leftovers(), 0);
   }
 
   static std::string Name(int i) { return std::string("Part") + static_cast<char>('A' + i); }
@@ -149,7 +167,7 @@ TEST_F(SaveTest, AnEndAtAnyOperationLeavesOldOrNewFiles) {
 
 TEST_F(SaveTest, KilledProgramsLeaveOldOrNewFiles) {
   std::minstd_rand oRandom(20260);
-  int nOld = 0;
+  int nOld = 0, nLeft = 0;
   constexpr int Runs = 200;
   for (int nRun = 0; nRun < Runs; ++nRun) {
     SCOPED_TRACE(nRun);
@@ -166,12 +184,65 @@ TEST_F(SaveTest, KilledProgramsLeaveOldOrNewFiles) {
     ASSERT_TRUE(WIFSIGNALED(nStatus) && WTERMSIG(nStatus) == SIGKILL);
     ExpectOldOrNew();
     for (int i = 0; i < FileCount; ++i) nOld += IsNew(i) ? 0 : 1;
+    nLeft += Leftovers();
   }
   // The programs did save, and some were stopped in the middle of it.
-  EXPECT_GT(Leftovers(), 0);
+  EXPECT_GT(nLeft, 0);
   EXPECT_GT(nOld, 0);
   EXPECT_LT(nOld, Runs * FileCount);
   ExpectNextProgramSaves();
+  EXPECT_EQ(Leftovers(), 0) << "each program removes what dead ones left";
+}
+
+TEST_F(SaveTest, ARunThatEndsAtAnyOperationIsTakenBackAndSoIsOneThatFails) {
+  struct Row {
+    const char* name;
+    int error;
+    bool isUndo;
+  };
+  for (const auto& [name, error, isUndo] :
+       {Row{"a killed run", -1, false}, Row{"a full disk", ENOSPC, false},
+        Row{"a killed undo", -1, true}, Row{"an undo on a full disk", ENOSPC, true}}) {
+    bool hasFault = true;
+    for (std::size_t at = 1; hasFault; at += error == -1 ? 1 : 4) {
+      SCOPED_TRACE(std::string(name) + " at operation " + std::to_string(at));
+      Restore();
+      for (const RunStore::Run& run : Runs()) fs::remove(run.path);
+      if (isUndo) {
+        auto ide = Open();
+        Turn(*ide);
+        ide->Save(Run()->Journal());
+      }
+      const pid_t child = fork();
+      if (child == 0) {
+        FaultyFileOps files;
+        auto ide = Open(&files);
+        Turn(*ide);
+        files.FailAt(at, error);
+        try {
+          auto run = Run(files);
+          isUndo ? static_cast<void>(run->Undo(Runs().front()))
+                 : static_cast<void>(ide->Save(run->Journal()));
+        } catch (const Failure&) {
+        }
+        _exit(files.Operations().size() >= at ? 1 : 0);
+      }
+      int status = 0;
+      ASSERT_EQ(waitpid(child, &status, 0), child);
+      ASSERT_TRUE(WIFEXITED(status));
+      hasFault = WEXITSTATUS(status) != 0;
+      ExpectOldOrNew();
+      if (error == -1 && hasFault) {
+        Run();
+        Open()->Save();
+        ExpectAllOldOrAllNew();
+      }
+      for (const RunStore::Run& run : Runs())
+        EXPECT_TRUE(run.state == RunStore::State::Complete ||
+                    run.state == RunStore::State::TakenBack || error != -1);
+    }
+    EXPECT_EQ(CountNew(), isUndo ? 0 : FileCount) << "without a fault";
+  }
 }
 
 TEST_F(SaveTest, FilesThatAreNotTheOnesReadAreLeftAlone) {

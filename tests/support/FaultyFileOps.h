@@ -37,6 +37,9 @@ class FaultyFileOps : public IFileOps {
   int ReadAll(const std::string& sPath, std::string& sBytes) override {
     return Run("ReadAll " + sPath, &IFileOps::ReadAll, sPath, sBytes);
   }
+  int ReadStart(const std::string& sPath, std::size_t most, std::string& sBytes) override {
+    return Run("ReadStart " + sPath, &IFileOps::ReadStart, sPath, most, sBytes);
+  }
   int ListFolder(const std::string& sPath, std::vector<std::string>& asName) override {
     return Run("ListFolder " + sPath, &IFileOps::ListFolder, sPath, asName);
   }

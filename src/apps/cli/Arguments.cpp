@@ -96,10 +96,24 @@ std::string UnknownCommand(const CLI::App& app) {
   return word == words.end() ? std::string() : *word;
 }
 
+/// For messages and lists, where a line is enough.
+std::string CommandLine(int argc, char** argv) {
+  constexpr std::size_t longest = 200;
+  std::string line = "quillon";
+  for (int i = 1; i < argc; ++i) line += std::string(" ") + argv[i];
+  if (line.size() > longest) line.replace(longest, std::string::npos, "...");
+  return line;
+}
+
+bool IsSeconds(const std::string& text) {
+  return text.size() <= 5 && text.find_first_not_of("0123456789") == std::string::npos;
+}
+
 /// What the declarations of the options can't say. Empty: all is well.
 std::string Contradiction(const Arguments& arguments) {
   if (!arguments.command) return "a COMMAND is missing" + CommandNames();
   if (arguments.bExitCode && !arguments.bDryRun) return "--exit-code goes with -n";
+  if (!IsSeconds(arguments.sWait)) return "--wait takes whole seconds, not " + arguments.sWait;
   const auto contradiction = arguments.command->contradiction;
   return contradiction ? contradiction(arguments) : std::string();
 }
@@ -115,6 +129,7 @@ std::string FailureText(const CLI::App* app, const CLI::Error& error) {
 
 std::optional<int> ReadArguments(int argc, char** argv, Arguments& arguments) {
   CLI::App app("Manages the error handling of Visual Basic 6 projects on disk.", "quillon");
+  arguments.sCommandLine = CommandLine(argc, argv);
   app.formatter(std::make_shared<HelpForm>());
   app.set_version_flag("--version", "Tarvane Quillon " QUILLON_VERSION);
   app.footer("quillon COMMAND --help tells more about a command and gives examples.");

@@ -22,7 +22,7 @@ struct Arguments {
   // The scope, Like patterns; an empty list takes all.
   std::vector<std::string> asProject, asComponent, asProcedure, asType;
 
-  std::vector<std::string> roots;  ///< folders below which components may be written
+  std::vector<std::string> roots;     ///< folders below which components may be written
   std::vector<std::string> asDefine;  ///< NAME=VALUE of --define
 
   std::string sPdfFile;  ///< of report; empty: plain text
@@ -33,6 +33,9 @@ struct Arguments {
   bool bDiff = false;
   bool bExitCode = false;
   bool bNoVerify = false;
+  bool bList = false;
+  std::string sRun;   ///< of undo: its number as a list shows it; empty: the latest
+  std::string sWait;  ///< seconds, for another run on the group; empty: WaitSeconds has a default
   bool bQuiet = false;
   bool bVerbose = false;
   bool bTrace = false;
@@ -41,6 +44,9 @@ struct Arguments {
   std::string sCodePage;                     ///< empty: 1252, or UTF-8 where a file is UTF-8
   std::string sLogFile;                      ///< empty: the state folder of the user
   std::string sColor = "auto";
+  std::string sCommandLine;  ///< all of it, as far as a line holds it
+
+  int WaitSeconds() const { return sWait.empty() ? 5 : std::stoi(sWait); }
 };
 
 /// Reads the command line. A value: the program ends here with it (help, version: 0; wrong usage:

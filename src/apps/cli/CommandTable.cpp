@@ -95,6 +95,11 @@ constexpr Option Rewriting[] = {
      .target = &Arguments::bDiff,
      .help = "Print the changes as a unified diff, and write them unless -n is given",
      .group = RewritingGroup},
+    {.names = "--wait",
+     .target = &Arguments::sWait,
+     .help = "How long to wait for another run on this group (5)",
+     .valueName = "SECONDS",
+     .group = RewritingGroup},
     {.names = "--exit-code",
      .target = &Arguments::bExitCode,
      .help = "With -n: exit status 1 when files would change",
@@ -165,6 +170,19 @@ constexpr Option ApplyOptions[] = {
      .target = &Arguments::bSuggested,
      .help = "Take the suggested values over",
      .group = RewritingGroup},
+};
+
+constexpr Options ChangingFiles = Options(Rewriting).first(3);
+constexpr Option UndoOptions[] = {
+    {.names = "PATH",
+     .target = &Arguments::asPath,
+     .help = "Groups, projects and folders whose runs are meant (the current folder)",
+     .isPath = true},
+    {.names = "--list", .target = &Arguments::bList, .help = "List the runs, the latest first"},
+    {.names = "--run",
+     .target = &Arguments::sRun,
+     .help = "The run of that number in the list (else the latest that wasn't taken back)",
+     .valueName = "NUMBER"},
 };
 
 constexpr const char* ReportActions[] = {"summary", "properties"};
@@ -275,6 +293,13 @@ constexpr Command Table[] = {
      .examples = "  quillon unnumber Orders.vbg\n"
                  "  quillon unnumber -n --diff Orders.vbg",
      .options = {Common, Scope, Paths, Rewriting}},
+    {.run = UndoCommand,
+     .name = "undo",
+     .help = "Take back what the last run wrote",
+     .examples = "  quillon undo Orders.vbg\n"
+                 "  quillon undo --list\n"
+                 "  quillon undo -n --diff --run 2 Orders.vbg",
+     .options = {Common, ChangingFiles, UndoOptions}},
     {.run = ReportCommand,
      .name = "report",
      .help = "Print a summary of the projects, or the procedures' properties",

@@ -13,6 +13,7 @@ int UnnumberCommand(Session& session);
 int CheckCommand(Session& session);
 int ExplainCommand(Session& session);
 int TemplateCommand(Session& session);
+int UndoCommand(Session& session);
 int ReportCommand(Session& session);
 int TextCommand(Session& session);
 int RulesCommand(Session& session);

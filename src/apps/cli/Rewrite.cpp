@@ -1,13 +1,11 @@
 #include "Rewrite.h"
 
-#include <cstring>
 #include <deque>
 #include <unordered_map>
 
-#include "CodePage.h"
+#include "Differences.h"
 #include "PathText.h"
-#include "UnifiedDiff.h"
-#include "VisibleText.h"
+#include "SignalHold.h"
 
 namespace {
 
@@ -102,46 +100,44 @@ class Account {
   Connection mRefused, mLines;
 };
 
-/// On a terminal the reader wants letters, in a pipe git apply wants the bytes.
-std::string ForReader(const Session& oSession, const std::string& sBytes) {
-  if (!Output::IsTerminal()) return sBytes;
-  const std::string& sPage = oSession.oArguments.sCodePage;
-  const CodePage& oAnsi = CodePage::Get(sPage.empty() ? "1252" : sPage);
-  const CodePage& oPage = sPage.empty() ? CodePage::Detect(sBytes, oAnsi) : oAnsi;
-  return VisibleLines(ToUtf8(oPage.Decode(sBytes)));
-}
-
-std::string PathForReader(const std::string& path) {
-  return Output::IsTerminal() ? VisibleText(ShownFile(path)) : RelativePath(path);
-}
-
 void PrintDifferences(Session& oSession) {
-  const DiffStyle oStyle{oSession.IsColored()};
   for (const std::string& sPath : oSession.pIDE->ChangedPaths()) {
-    DiskIDE::Change oChange = oSession.pIDE->ChangeOf(sPath);
-    AppendUnifiedDiff(PathForReader(sPath), ForReader(oSession, oChange.sOldBytes),
-                      ForReader(oSession, oChange.sNewBytes), oStyle, oSession.oOutput.Buffer());
-    oSession.oOutput.FlushWhenLarge();
+    const DiskIDE::Change oChange = oSession.pIDE->ChangeOf(sPath);
+    PutDifference(oSession, sPath, oChange.sOldBytes, oChange.sNewBytes);
   }
-  oSession.oOutput.Flush();
-  if (int nError = oSession.oOutput.Error())
-    throw Stop{std::string("The differences can't be written, no file was changed: ") +
-               std::strerror(nError)};
+  EndDifferences(oSession);
 }
 
 std::string Files(std::size_t lCount) {
   return std::to_string(lCount) + (lCount == 1 ? " file" : " files");
 }
 
+/// The session lives to the end of the program, its run doesn't: a save that is broken off leaves
+/// no record.
+DiskIDE::SaveResult Save(Session& session) {
+  try {
+    return session.pIDE->Save(session.Journal());
+  } catch (const Failure&) {
+    session.EndRun();
+    throw;
+  }
+}
+
 /// False when a file could not be written.
 bool SaveFiles(Session& oSession) {
-  DiskIDE::SaveResult oResult = oSession.pIDE->Save();
+  const SignalHold hold;
+  DiskIDE::SaveResult oResult = Save(oSession);
   for (const std::string& sPath : oResult.asSaved)
     oSession.oConsole.Detail("Written: " + ShownFile(sPath));
   for (const DiskIDE::Note& oNote : oResult.oFailed)
     oSession.oConsole.Error(
         Placed(ShownFile(PathOfText(oNote.sFile)), 0, "not written: " + ToUtf8(oNote.sMessage)));
-  oSession.oConsole.Say(Files(oResult.asSaved.size()) + " written");
+  std::string sTotal = Files(oResult.asSaved.size()) + " written";
+  if (const std::size_t lFailed = oResult.oFailed.size())
+    sTotal += ", " + Files(lFailed) + " not: what was to change in them is as it was";
+  oSession.oConsole.Say(sTotal);
+  oSession.oConsole.Flush();
+  oSession.EndRun();
   return oResult.oFailed.empty();
 }
 

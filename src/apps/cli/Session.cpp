@@ -136,9 +136,17 @@ void Session::OpenTemplate() {
   MRules::GetDefaultTemplates();
 }
 
+void Session::BeginRun() {
+  const bool writes = mUse == Use::Rewrite && !oArguments.bDryRun;
+  if (writes) mRun.emplace(oArguments.asPath, oArguments.sCommandLine, oArguments.WaitSeconds());
+  const auto messages = writes ? mRun->Messages() : TellKilledRuns(oArguments.asPath);
+  for (const std::string& message : messages) oConsole.Error("quillon: " + message);
+}
+
 void Session::OpenGroup(Use use) {
   mUse = use;
   if (mTemplateFile.empty()) OpenTemplate();
+  BeginRun();
   DiskIDE::Options options;
   options.sCodePage = oArguments.sCodePage;
   options.roots = WriteRootsOf(oArguments);

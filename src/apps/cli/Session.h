@@ -17,6 +17,7 @@
 #include "Output.h"
 #include "PathText.h"
 #include "Scope.h"
+#include "WritingRun.h"
 
 class Session : public IFilePlaces {
  public:
@@ -32,12 +33,18 @@ class Session : public IFilePlaces {
   /// Loads the template and fills the lookups. Stop when there is none or it has errors.
   void OpenTemplate();
   /// Opens the template if that isn't done, then reads the group. Stop when a path holds no
-  /// project.
+  /// project. A command that rewrites has the group to itself from here on, and what a killed run
+  /// left in it is taken back first; any other tells of it.
   void OpenGroup(Use use);
   /// Loads the components of the scope and tells of those that can't be read, each file once; then
   /// Procedures() holds the procedures of the scope. Stop for a scope in which nothing stands,
   /// unless it is for show.
   void LoadScope();
+
+  /// Null when nothing is recorded.
+  RunJournal* Journal() { return mRun ? mRun->Journal() : nullptr; }
+  /// Lets others have the group. To be called when all is written.
+  void EndRun() { mRun.reset(); }
 
   /// Ascending.
   const std::vector<ProcedureHandle>& Procedures() const { return mProcedures; }
@@ -82,12 +89,14 @@ class Session : public IFilePlaces {
 
  private:
   std::string FindTemplate() const;
+  void BeginRun();
   void TellNotes();
   bool IsPassed(const ComponentRecord& record, const Text& file);
   void TakeProcedures(ComponentHandle component);
   void TellUnreadable(ComponentHandle component);
   std::int32_t FileLine(ProcedureHandle procedure, bool isHead);
 
+  std::optional<WritingRun> mRun;
   Scope mScope;
   std::string mTemplateFile;
   std::vector<Text> mModuleTemplates, mProcedureTemplates;
