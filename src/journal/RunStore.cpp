@@ -159,8 +159,8 @@ void RunStore::Prune(const UndoLimits& limits, std::int64_t now) const {
     const std::int32_t number = ++runsOfGroup[run.head.groups];
     const bool isOld = now - run.head.startedAt > limits.days * secondsOfADay;
     const bool isTooMuch =
-        (size + file.lSize) >> 20 >= static_cast<std::uint64_t>(limits.megabytes);
-    if (number > limits.runs || (number > 1 && (isOld || isTooMuch))) {
+        size > 0 && (size + file.lSize) >> 20 >= static_cast<std::uint64_t>(limits.megabytes);
+    if (number > limits.runs || isOld || isTooMuch) {
       mFiles.Remove(run.path);
     } else {
       size += file.lSize;

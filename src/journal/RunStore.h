@@ -20,7 +20,7 @@
 struct UndoLimits {
   std::int32_t runs = 20;  ///< of each group
   std::int32_t days = 30;
-  std::int32_t megabytes = 256;  ///< of all together; the latest run of a group stays in any case
+  std::int32_t megabytes = 256;  ///< of all together; the latest run of all stays in any case
 };
 
 /// The user's settings: key "Undo", values "Kept Runs", "Kept Days", "Kept Megabytes".

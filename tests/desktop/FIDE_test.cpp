@@ -341,6 +341,23 @@ TEST_F(OpenFIDETest, SaveThatFailsIsToldAndNothingIsLost) {
   EXPECT_NE(moTree.Read("Main.bas"), sModuleBytes);
 }
 
+TEST_F(OpenFIDETest, LastSaveIsTakenBackOnTheUsersWord) {
+  ExpectHolds(Told([&] { moIDE.mnuFileUndo.UserPick(); }), {"There is no run"});
+  Edit(1);
+  Edit(2);
+  ASSERT_TRUE(moIDE.SaveAll());
+  const std::string sSaved = moTree.Read("Main.bas");
+  User().MsgBox(MsgBoxResult::No);
+  EXPECT_TRUE(moIDE.mnuFileUndo.UserPick());
+  EXPECT_EQ(moTree.Read("Main.bas"), sSaved);
+  moTree.Write("Order.cls", std::string(sClassBytes) + "' later\r\n");
+  User().MsgBox(MsgBoxResult::Yes);
+  ExpectHolds(Told([&] { moIDE.mnuFileUndo.UserPick(); }), {"left alone", "Order.cls"});
+  EXPECT_EQ(moTree.Read("Main.bas"), sModuleBytes);
+  EXPECT_EQ(moTree.Read("Order.cls"), std::string(sClassBytes) + "' later\r\n");
+  EXPECT_EQ(Tree(), sClean) << "the window has read them again";
+}
+
 TEST_F(OpenFIDETest, FilesOfOtherProgramsAreReadAgainOrTold) {
   Select(u"MMain");
   moTree.Write("Main.bas", "Attribute VB_Name = \"MMain\"\r\nSub Other()\r\nEnd Sub\r\n");

@@ -92,6 +92,7 @@ void FIDE::ConnectFileMenu() {
   On(mnuFileReload.Click,
      [this] { Handle(u"mnuFileReload_Click", [&] { OpenGroup(Text(msGroup)); }); });
   On(mnuFileSave.Click, [this] { Handle(u"mnuFileSave_Click", [&] { SaveAll(); }); });
+  On(mnuFileUndo.Click, [this] { Handle(u"mnuFileUndo_Click", [&] { mnuFileUndo_Click(); }); });
   On(mnuFileExit.Click, [this] { Handle(u"mnuFileExit_Click", [&] { Unload(); }); });
   mnuFileRecent.OnElement([this](Menu& o) {
     o.On(o.Click,
@@ -123,6 +124,7 @@ void FIDE::DesignMenus() {
       {mnuFileOpen, u"&Open Group...", 'O', Shift::Ctrl},
       {mnuFileReload, u"&Reload Group", Key::F1 + 4},
       {mnuFileSave, u"&Save All", 'S', Shift::Ctrl},
+      {mnuFileUndo, u"&Take Back Last Run..."},
       {mnuFileBar1, u"-"},
       {mnuFileExit, u"E&xit"},
       {mnuView, u"&View"},

@@ -10,8 +10,9 @@
 // again, when the window comes to the front and around everything that the add-in does; one with
 // unsaved changes is a conflict: the user is told, and Save All refuses to overwrite it.
 //
-// Subjects: FIDE (design and layout), FIDE_Group (opening, saving, leaving), FIDE_AddIn (the
-// add-in and its bars), FIDE_View (tree, code and changes).
+// Subjects: FIDE (design and layout), FIDE_Group (opening, saving, leaving), FIDE_Runs (a save
+// as a run, and taking one back), FIDE_AddIn (the add-in and its bars), FIDE_View (tree, code and
+// changes).
 #pragma once
 
 #include <functional>
@@ -30,6 +31,8 @@
 #include "TabStrip.h"
 #include "Timer.h"
 #include "ToolBars.h"
+
+class WritingRun;
 
 class FIDE : public Forms::Form {
  public:
@@ -59,7 +62,8 @@ class FIDE : public Forms::Form {
 
   Forms::Menu mnuFile{*this, u"mnuFile"};
   Forms::Menu mnuFileOpen{mnuFile, u"mnuFileOpen"}, mnuFileReload{mnuFile, u"mnuFileReload"},
-      mnuFileSave{mnuFile, u"mnuFileSave"}, mnuFileBar1{mnuFile, u"mnuFileBar1"};
+      mnuFileSave{mnuFile, u"mnuFileSave"}, mnuFileUndo{mnuFile, u"mnuFileUndo"},
+      mnuFileBar1{mnuFile, u"mnuFileBar1"};
   /// 1 to 9 are the groups that were opened last; 10 is the separator below them.
   Forms::ControlArray<Forms::Menu> mnuFileRecent{mnuFile, u"mnuFileRecent"};
   Forms::Menu mnuFileExit{mnuFile, u"mnuFileExit"};
@@ -121,6 +125,13 @@ class FIDE : public Forms::Form {
   bool MayLeaveGroup();
   void Form_QueryUnload(bool& bCancel);
   void Form_Unload();
+
+  // FIDE_Runs.
+  /// Failure when nothing could be saved at all.
+  DiskIDE::SaveResult SaveAsRun();
+  void TellRun(const std::vector<std::string>& messages);
+  void mnuFileUndo_Click();
+  void TakeBackLast(WritingRun& own);
 
   // FIDE_AddIn.
   void ConnectAddIn(ConnectMode nConnectMode);

@@ -141,7 +141,15 @@ void FIDE::TellNotes() {
 }
 
 bool FIDE::SaveAll() {
-  const DiskIDE::SaveResult oResult = mpIDE->Save();
+  if (mpIDE->ChangedPaths().empty()) return true;
+  DiskIDE::SaveResult oResult;
+  try {
+    oResult = SaveAsRun();
+  } catch (const Failure& oFailure) {
+    Tell(u"Nothing was saved, and the changes stay in this window.\r\n\r\n" +
+         oFailure.Description());
+    return false;
+  }
   for (const std::string& sPath : oResult.asSaved) masConflict.erase(sPath);
   ShowGroupState();
   if (oResult.oFailed.empty()) return true;

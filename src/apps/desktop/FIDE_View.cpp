@@ -98,6 +98,7 @@ void FIDE::ShowGroupState() {
   moTree.Mark(asChanged);
   mnuFileSave.SetEnabled(!asChanged.empty());
   mnuFileReload.SetEnabled(!msGroup.empty());
+  mnuFileUndo.SetEnabled(!msGroup.empty());
   staBar.Panels(2).SetText(ChangedText(asChanged.size()));
   ShowChanges();
 }
