@@ -4,6 +4,21 @@
 
 using MQuillon::TriState;
 
+namespace {
+
+/// False when the section ends in a declaration, which keeps all lines ahead of it from falling to
+/// the first procedure.
+bool MayLoseLines(const Rewrite& declarations) {
+  const ProcText code(declarations.text);
+  if (declarations.blankLines > 0 || code.Count() == 0 || code.IsContinued(code.Count() - 1)) {
+    return true;
+  }
+  const TextView last = code.Folded(code.Count() - 1);
+  return last.empty() || last.front() == u'#' || CommentStart(last) == 0;
+}
+
+}  // namespace
+
 void GroupCheck::Procedure(ProcedureHandle procedure) {
   ++mResult.procedures;
   const CProcSettings& current = mHandler.Procedure(procedure).oCurrent;
@@ -66,7 +81,9 @@ void GroupCheck::SettingsFinding(ProcedureHandle procedure, const Trial& trial) 
   finding.line = finding.endLine = mPlaces.LineOf(procedure, 0);
   finding.settings = {record.oCurrent, record.oPending, !isDeclarations};
   Add(std::move(finding));
-  if (isDeclarations && pending.changed) mDeclarations.push_back(procedure);
+  if (isDeclarations && pending.changed && MayLoseLines(pending)) {
+    mDeclarations.push_back(procedure);
+  }
 }
 
 /// What keeps lines out of a module's declarations shows only when they are put there.

@@ -100,13 +100,18 @@ Text SourceDocument::Lines(std::int32_t lStart, std::int32_t lCount) const {
 std::int32_t SourceDocument::FileLine(std::int32_t line) const {
   const LineTable& lines = mpImpl->oLines;
   HiddenLines& known = mpImpl->oHidden;
-  if (known.lVersion != lines.Version() || known.lAhead > line) {
+  if (known.lVersion != lines.Version()) {
     const LineTable::Line& header = lines.At(0);
     known = {lines.Version(), 0, CountEnds(lines.TextOf(header)) + CountEnds(lines.EndOf(header))};
   }
   for (; known.lAhead < line && known.lAhead <= lines.Count(); ++known.lAhead) {
     const LineTable::Line& ahead = lines.At(known.lAhead);
     if (ahead.bTail) known.lCount += CountEnds(lines.TailOf(ahead));
+  }
+  // And back, by a procedure or two: those of a property don't stand in the order of their kinds.
+  for (; known.lAhead > std::max(line, 0); --known.lAhead) {
+    const LineTable::Line& behind = lines.At(known.lAhead - 1);
+    if (behind.bTail) known.lCount -= CountEnds(lines.TailOf(behind));
   }
   return line + known.lCount;
 }

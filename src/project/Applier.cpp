@@ -218,7 +218,7 @@ Trial Applier::TryOut(ProcedureHandle handle, const TrialWants& wants) {
           Trial trial;
           const auto attempt = [&](std::optional<Rewrite>& rewrite, const Run& run) {
             rewrite = RewriteAsPending(record, procedure, run);
-            if (rewrite->changed) trial.source = procedure.Source();
+            if (run.listChanges && rewrite->changed) trial.source = procedure.Source();
           };
           const LineNumAction numbering = MRules::oRules.eLineNumAction;
           const Run refresh{.refresh = true, .numbering = numbering, .listChanges = true};

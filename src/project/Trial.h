@@ -17,8 +17,8 @@ struct TrialWants {
 /// A command that wouldn't rewrite the procedure has no rewrite here: nothing of a foreign or
 /// locked procedure is tried.
 struct Trial {
-  /// The procedure's text without the empty lines at its end, to which the changes count; only
-  /// there when one of the rewrites changes it.
+  /// The procedure's text without the empty lines at its end, to which listed changes count; only
+  /// there when there are any.
   Text source;
   std::optional<Rewrite> refresh;     ///< with the lines that change
   std::optional<Rewrite> pending;     ///< of what is asked for, when that isn't what the code holds

@@ -259,4 +259,19 @@ TEST(Check, TellsWhatWouldChangeAndWhatIsRefused) {
                std::string("Processing modMain.Jumps\nApp/modMain.bas:22: Line number 10"));
 }
 
+TEST(Check, DeclarationsThatLoseTheirLinesAreFoundAsApplyFindsThem) {
+  WorkFolder oPlace;
+  oPlace.Write("src/Note.dat", WorkFolder::Dos("<#Template name=S type=signature>\n<#Start>\n"
+                                               "'S: <%Signature>\n<#End>\n<#Template name=M "
+                                               "type=module>\n<#Start>\n' kept\n<#End>\n"));
+  oPlace.Write("src/P/P.vbp", "Type=Exe\r\nModule=A; a.bas\r\nModule=B; b.bas\r\n");
+  oPlace.Write("src/P/a.bas", "Sub A()\r\nEnd Sub\r\n");
+  oPlace.Write("src/P/b.bas", "Option Explicit\r\nDim x\r\nSub B()\r\nEnd Sub\r\n");
+  const std::string sRefused = "P/a.bas:1: A.(declarations): refused: These lines would fall";
+  EXPECT_HOLDS(oPlace.Run("check -t Note.dat P").sOut, sRefused);
+  const WorkFolder::Result oApply = oPlace.Run("apply --suggested -t Note.dat P");
+  EXPECT_HOLDS(oApply.sErr, std::string("P/a.bas:1: These lines would fall"));
+  EXPECT_HOLDS(oApply.sErr, std::string("2 Procedures Processed - 1 Failures"));
+}
+
 }  // namespace

@@ -78,15 +78,28 @@ class TextReporter : public Reporter {
   }
 
  private:
-  std::string Message(const Finding& finding) const {
+  std::string Message(const Finding& finding) {
     std::string name = NameOf(finding);
-    if (finding.settings) return name + ':' + ChangeText(Differences(*finding.settings));
+    if (finding.settings) return name + ':' + ChangesOf(*finding.settings);
     if (name.empty()) return finding.message;
     name += ": ";
     if (finding.rule == CheckRule::WouldRefuse) name += "refused: ";
     if (finding.rule == CheckRule::Unreadable) name += "can't be read: ";
     return name + finding.message;
   }
+
+  /// Most findings say the same as the one before.
+  const std::string& ChangesOf(const Finding::Settings& settings) {
+    if (!mLast || mLast->isTraced != settings.isTraced || !mLast->from.Equals(settings.from) ||
+        !mLast->to.Equals(settings.to)) {
+      mLast = settings;
+      mChanges = ChangeText(Differences(settings));
+    }
+    return mChanges;
+  }
+
+  std::optional<Finding::Settings> mLast;
+  std::string mChanges;
 };
 
 class JsonReporter : public Reporter {
