@@ -34,8 +34,13 @@ inline bool IsWord(std::string_view sBytes, std::string_view sLower) {
 }
 
 inline std::string_view SkipBlanks(std::string_view sBytes) {
+  constexpr std::string_view Step = "    ";  // as editors indent: one look for four blanks
   std::size_t l = 0;
-  while (l < sBytes.size() && (sBytes[l] == ' ' || IsBlank(sBytes[l]))) ++l;
+  while (l + Step.size() <= sBytes.size() &&
+         std::memcmp(sBytes.data() + l, Step.data(), Step.size()) == 0) {
+    l += Step.size();
+  }
+  while (l < sBytes.size() && IsBlank(sBytes[l])) ++l;
   return {sBytes.data() + l, sBytes.size() - l};
 }
 inline std::string_view TrimBlanks(std::string_view sBytes) {

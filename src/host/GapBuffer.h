@@ -48,10 +48,13 @@ class GapBuffer {
   // A quarter more than asked for: enough to grow rarely, little enough for many small buffers.
   void Grow(std::size_t lCount) {
     const std::size_t size = Size();
-    std::vector<T> items(size + lCount + size / 4);
-    std::copy(moItems.begin(), At(mlGap), items.begin());
-    std::copy_backward(At(mlGap + mlGapLength), moItems.end(), items.end());
-    mlGapLength = items.size() - size;
+    const std::size_t gapLength = lCount + size / 4;
+    std::vector<T> items;
+    items.reserve(size + gapLength);
+    items.assign(moItems.begin(), At(mlGap));
+    items.resize(mlGap + gapLength);
+    items.insert(items.end(), At(mlGap + mlGapLength), moItems.end());
+    mlGapLength = gapLength;
     moItems = std::move(items);
   }
 

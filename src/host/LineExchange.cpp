@@ -156,7 +156,8 @@ const RecentLines::Entry& RecentLines::Add(std::string_view text, std::string_vi
 }
 
 bool IsPlainLine(std::string_view line) {
-  return !MayEndBody(line) && !SkipBlanks(line).starts_with('#');
+  const std::string_view code = SkipBlanks(line);
+  return !MayEndBody(line, code) && !code.starts_with('#');
 }
 
 std::optional<LineExchange> ExchangeLines(LineTable& table, RecentLines& recent,

@@ -232,11 +232,11 @@ bool NextName(LexicalScan& oScan, Token& oName) {
   return false;
 }
 
-bool MayEndBody(std::string_view sLine) {
+bool MayEndBody(std::string_view sLine, std::string_view sCode) {
   if (ContinuationMark(sLine) != std::string_view::npos) return true;
-  if (MayBeginHeadOrEnd(SkipBlanks(sLine))) return true;
-  for (std::size_t l = sLine.find(':'); l != std::string_view::npos; l = sLine.find(':', l + 1)) {
-    if (MayBeginHeadOrEnd(SkipBlanks(sLine.substr(l + 1)))) return true;
+  if (MayBeginHeadOrEnd(sCode)) return true;
+  for (std::size_t l = sCode.find(':'); l != std::string_view::npos; l = sCode.find(':', l + 1)) {
+    if (MayBeginHeadOrEnd(SkipBlanks(sCode.substr(l + 1)))) return true;
   }
   return false;
 }

@@ -38,5 +38,6 @@ Statement ReadStatement(LexicalScan& oScan);
 /// The next name of a list of constants or variables; false behind the last one.
 bool NextName(LexicalScan& oScan, Token& oName);
 /// False for a physical line of a body that, standing alone, can't hold a head, an end, a second
-/// statement or a continuation: most lines of a module, told by few looks at each.
-bool MayEndBody(std::string_view sLine);
+/// statement or a continuation: most lines of a module, told by few looks at each. sCode: the line
+/// without the blanks at its start.
+bool MayEndBody(std::string_view sLine, std::string_view sCode);

@@ -54,7 +54,7 @@ std::int32_t ModuleScan::Line(std::int32_t lLine) {
   if (!sCode.empty() && sCode[0] == '#') return Directive(lLine, sLine.size() - sCode.size());
   if (!moConditions.IsActive()) return InactiveLine(lLine, sCode);
   if (IsOutside()) return OutsideLine(lLine, sCode);
-  return MayEndBody(sLine) ? Statements(lLine) : lLine;
+  return MayEndBody(sLine, sCode) ? Statements(lLine) : lLine;
 }
 
 std::int32_t ModuleScan::Directive(std::int32_t lLine, std::size_t lColumn) {

@@ -73,7 +73,9 @@ std::optional<RefusalKind> MisreadStatement(std::span<const TextView> lines) {
 bool MayBeMisread(TextView statement) {
   constexpr TextView Words[] = {u"end",    u"sub",     u"function", u"property", u"public",
                                 u"static", u"private", u"friend",   u"global",   u"attribute"};
-  return !statement.empty() && std::any_of(std::begin(Words), std::end(Words), [=](TextView word) {
+  constexpr TextView Initials = u"aefgps";
+  if (statement.empty() || Initials.find(statement.front()) == TextView::npos) return false;
+  return std::any_of(std::begin(Words), std::end(Words), [=](TextView word) {
     return word.front() == statement.front() && statement.starts_with(word);
   });
 }

@@ -150,7 +150,11 @@ ProcText::ProcText(TextView text) {
 }
 
 void ProcText::AddGiven(TextView line, char16_t* lower, bool mayHoldMore, bool isTidy) {
+  constexpr TextView Step = u"    ";  // as editors indent: one look for four blanks
   std::size_t left = 0, right = line.size();
+  while (left + Step.size() <= right && Same(line.substr(left, Step.size()), Step)) {
+    left += Step.size();
+  }
   while (left < right && line[left] == u' ') ++left;
   while (right > left && line[right - 1] == u' ') --right;
   const std::size_t length = isTidy ? right - left : CollapseBlanks(lower + left, right - left);

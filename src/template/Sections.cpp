@@ -69,6 +69,7 @@ bool IsWritten(const LineRow& row, const SectionValues& values) {
 void RenderRow(const LineRow& row, const SectionValues& values, Text& text, Tokens tokens) {
   for (const RowPiece& piece : row.pieces) {
     text.append(piece.text);
+    if (piece.token == Token::None) continue;
     const bool filled = tokens == Tokens::All || IsName(piece.token);
     text.append(filled ? ValueOf(piece.token, values) : TextOf(piece.token));
   }
