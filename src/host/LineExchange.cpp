@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "ByteText.h"
+#include "LineSplit.h"
 #include "MemberScan.h"
 
 namespace {
@@ -18,13 +19,9 @@ constexpr std::size_t Ahead = 48;
 std::optional<std::vector<std::string_view>> WholeLines(std::string_view bytes) {
   std::vector<std::string_view> lines;
   lines.reserve(bytes.size() / 24 + 4);
-  for (std::size_t from = 0; from < bytes.size();) {
-    const std::size_t feed = bytes.find('\n', from);
-    if (feed == std::string_view::npos) return {};
-    const std::string_view line = bytes.substr(from, feed + 1 - from);
-    if (!line.ends_with(LineEnd) || line.find('\r') != line.size() - LineEnd.size()) return {};
-    lines.push_back(line);
-    from = feed + 1;
+  for (LineSplit split(bytes); split.Next();) {
+    if (split.End().size() != LineEnd.size()) return {};
+    lines.push_back(bytes.substr(split.Begin(), split.Behind() - split.Begin()));
   }
   return lines;
 }

@@ -7,8 +7,30 @@
 #pragma once
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <string_view>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+/// Position of the first CR or LF at `from` or behind it, or the number of bytes.
+inline std::size_t FindLineBreak(std::string_view bytes, std::size_t from) {
+#if defined(__SSE2__)
+  // All bytes of a group come through here: a vector of them at once.
+  constexpr std::size_t Block = sizeof(__m128i);
+  for (; from + Block <= bytes.size(); from += Block) {
+    const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes.data() + from));
+    const __m128i breaks = _mm_or_si128(_mm_cmpeq_epi8(block, _mm_set1_epi8('\r')),
+                                        _mm_cmpeq_epi8(block, _mm_set1_epi8('\n')));
+    const auto bits = static_cast<unsigned>(_mm_movemask_epi8(breaks));
+    if (bits != 0) return from + static_cast<std::size_t>(std::countr_zero(bits));
+  }
+#endif
+  while (from < bytes.size() && bytes[from] != '\r' && bytes[from] != '\n') ++from;
+  return from;
+}
 
 class LineSplit {
  public:
@@ -18,12 +40,9 @@ class LineSplit {
   bool Next() {
     if (mlNext >= msBytes.size()) return false;
     mlBegin = mlNext;
-    // The next LF is kept: looking for it anew behind every CR would be quadratic.
-    if (!mbFeed || mlFeed < mlBegin) FindFeed();
-    const std::size_t lReturn = msBytes.substr(mlBegin, mlFeed - mlBegin).find('\r');
-    mlText = lReturn == std::string_view::npos ? mlFeed : mlBegin + lReturn;
+    mlText = FindLineBreak(msBytes, mlBegin);
     mlNext = std::min(mlText + 1, msBytes.size());
-    if (mlText < mlFeed && mlNext == mlFeed && mlFeed < msBytes.size()) ++mlNext;
+    if (mlNext < msBytes.size() && msBytes[mlText] == '\r' && msBytes[mlNext] == '\n') ++mlNext;
     return true;
   }
 
@@ -34,15 +53,8 @@ class LineSplit {
   std::string_view End() const { return msBytes.substr(mlText, mlNext - mlText); }
 
  private:
-  void FindFeed() {
-    mlFeed = std::min(msBytes.find('\n', mlBegin), msBytes.size());
-    mbFeed = true;
-  }
-
   std::string_view msBytes;
   std::size_t mlBegin;
   std::size_t mlText;
   std::size_t mlNext;
-  std::size_t mlFeed = 0;
-  bool mbFeed = false;
 };
