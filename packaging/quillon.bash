@@ -2,7 +2,7 @@
 
 # The rules of check.
 _quillon_rules=(missing-template settings-differ drifted stale-name broken-template unknown-template
-  own-handling numbered would-refuse read-only unreadable)
+  own-handling numbered would-refuse read-only unreadable conflicting-constants)
 
 # _quillon_words WORD...: the words that begin like the one under the cursor, quoted for the shell.
 _quillon_words() {

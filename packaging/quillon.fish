@@ -53,7 +53,7 @@ complete -c quillon -n "$in list apply" -l suggested -d "What is suggested"
 complete -c quillon -n "$in list" -l pending -d "What is asked for"
 complete -c quillon -n "$in list" -l format -xa "table csv json" -d "Form of the result"
 set -l rules missing-template settings-differ drifted stale-name broken-template unknown-template \
-    own-handling numbered would-refuse read-only unreadable
+    own-handling numbered would-refuse read-only unreadable conflicting-constants
 complete -c quillon -n "$in explain" -a "$rules"
 complete -c quillon -n "$in check" -l select -xa "$rules" -d "Find by these rules"
 complete -c quillon -n "$in check" -l ignore -xa "$rules" -d "Leave these rules out"

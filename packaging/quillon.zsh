@@ -69,7 +69,7 @@ _quillon_program() {
     'rules:show or change the rules in the settings file'
   )
   local rules='missing-template settings-differ drifted stale-name broken-template unknown-template
-    own-handling numbered would-refuse read-only unreadable'
+    own-handling numbered would-refuse read-only unreadable conflicting-constants'
   _arguments -C $common $scope $rewriting '--version[print the version]' \
     '1:command:->command' '*::argument:->argument'
   case $state in

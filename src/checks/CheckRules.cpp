@@ -84,6 +84,15 @@ constexpr std::array Table = {
             "It is missing, or the system refuses it. Nothing is known of the code in it. A file\n"
             "that several projects name is told once.\n",
             "App/FJob.frm: FJob: can't be read: File not found [unreadable]\n"},
+    RuleRow{
+        CheckRule::ConflictingConstants, "conflicting-constants", CheckSeverity::Warning,
+        Mend::None, true,
+        "Two projects read a file with different constants of conditional compilation.",
+        "The file is read with the constants of the first project that the scope names, so that\n"
+        "procedures of the other one may be passed over. Check each project by itself, with\n"
+        "--project or with its own file as PATH.\n",
+        "Shared/MText.bas:12: MText: batch is 1 in AtelierApp, by which the file is read, and 0 "
+        "in AtelierCore [conflicting-constants]\n"},
 };
 
 constexpr bool IsInOrder() {

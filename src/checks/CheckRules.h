@@ -21,7 +21,8 @@ enum class CheckRule : std::uint8_t {
   Numbered,
   WouldRefuse,
   ReadOnly,
-  Unreadable
+  Unreadable,
+  ConflictingConstants
 };
 
 /// Error: the code doesn't do what its handler says, or can't be worked on. Warning: a command

@@ -21,7 +21,7 @@ std::string ByRule(const CountOf& countOf) {
 }
 
 std::string PassedText(const PassedOver& passed) {
-  const std::size_t procedures = passed.locked + passed.ownHandling;
+  const std::size_t procedures = passed.locked + passed.ownHandling + passed.inactive;
   const std::size_t files = passed.readOnlyFiles + passed.sharedFiles;
   std::string text;
   if (procedures > 0) text = Count(procedures, "procedure");
@@ -36,6 +36,8 @@ std::vector<std::string> Causes(const CheckResult& result) {
   };
   add(result.passedOver.locked, "Passed over, locked");
   add(result.passedOver.ownHandling, "Passed over, with error handling of their own");
+  add(result.passedOver.inactive,
+      "Passed over, in branches that conditional compilation leaves out");
   add(result.passedOver.readOnlyFiles, "Passed over, files that are read-only");
   add(result.passedOver.sharedFiles, "Passed over, files that an earlier project has");
   for (const RuleRow& row : CheckRules())

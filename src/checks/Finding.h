@@ -35,6 +35,7 @@ struct Finding {
 struct PassedOver {
   std::size_t locked = 0;       ///< procedures
   std::size_t ownHandling = 0;  ///< procedures
+  std::size_t inactive = 0;     ///< procedures in branches that conditional compilation leaves out
   std::size_t readOnlyFiles = 0;
   std::size_t sharedFiles = 0;  ///< files of components that an earlier project has
 };

@@ -119,6 +119,14 @@ void GroupCheck::ReadOnly(ComponentHandle component, bool isPassedOver) {
   Add(std::move(finding));
 }
 
+void GroupCheck::ConflictingConstants(ComponentHandle component, std::int32_t line,
+                                      std::string message) {
+  Finding finding = At(CheckRule::ConflictingConstants, component);
+  finding.line = finding.endLine = line;
+  finding.message = std::move(message);
+  Add(std::move(finding));
+}
+
 void GroupCheck::AddAt(ProcedureHandle procedure, const TrialFinding& found) {
   Finding finding = At(found.rule, mHandler.Procedure(procedure).hComponent);
   finding.procedure = procedure;

@@ -43,6 +43,10 @@ class GroupCheck {
   /// The same of a project, which isn't in the model.
   void Unreadable(std::string file, std::int32_t line, std::string reason);
   void ReadOnly(ComponentHandle component, bool isPassedOver);
+  /// How many procedures of a component conditional compilation leaves out.
+  void Inactive(std::size_t procedures) { mResult.passedOver.inactive += procedures; }
+  /// line: in the component's file, from 1.
+  void ConflictingConstants(ComponentHandle component, std::int32_t line, std::string message);
   /// The component's file belongs to an earlier project.
   void Shared() { ++mResult.passedOver.sharedFiles; }
 

@@ -84,6 +84,7 @@ class FileIDE : public DiskIDE, public VBE {
   std::vector<ConstantConflict> ConstantConflicts() const override {
     std::vector<ConstantConflict> conflicts;
     for (const auto& document : moStore.All()) try {
+        if (!document->Constants().IsShared()) continue;
         auto conflict = document->Constants().FirstConflict(document->Get());
         if (!conflict) continue;
         conflict->file = TextOfPath(document->Path());

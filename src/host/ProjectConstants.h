@@ -34,6 +34,7 @@ class ProjectConstants {
     bool inScope = true;
   };
 
+  bool IsShared() const { return mOwners.size() > 1; }
   void Add(Owner owner) { mOwners.push_back(std::move(owner)); }
   /// There is at least one owner.
   const std::vector<CondConstant>& ToReadWith() const { return Reader().constants; }

@@ -82,17 +82,18 @@ TEST(CheckResult, IsToldInOrderAndNeverInSilence) {
              std::string(RowOf(finding.rule).id, 0, 1) + ' ';
   EXPECT_EQ(order, "a10r b1d b2s b2d ");
   result.procedures = 7;
-  result.passedOver = {.locked = 2, .ownHandling = 1, .readOnlyFiles = 1};
+  result.passedOver = {.locked = 2, .ownHandling = 1, .inactive = 4, .readOnlyFiles = 1};
   result.ignored[static_cast<std::size_t>(CheckRule::Drifted)] = 3;
   const std::string found = "4 findings (2 drifted, 1 stale-name, 1 read-only) in 7 procedures",
-                    passed = "; passed over: 3 procedures, 1 file",
+                    passed = "; passed over: 7 procedures, 1 file",
                     ignored = "; ignored: 3 drifted";
   EXPECT_EQ(TotalLines(result, false), std::vector{found + passed + " (-v tells why)" + ignored});
   EXPECT_EQ(TotalLines(result, true),
-            (std::vector<std::string>{"Passed over, locked: 2",
-                                      "Passed over, with error handling of their own: 1",
-                                      "Passed over, files that are read-only: 1",
-                                      "Ignored, drifted: 3", found + passed + ignored}));
+            (std::vector<std::string>{
+                "Passed over, locked: 2", "Passed over, with error handling of their own: 1",
+                "Passed over, in branches that conditional compilation leaves out: 4",
+                "Passed over, files that are read-only: 1", "Ignored, drifted: 3",
+                found + passed + ignored}));
 }
 
 }  // namespace

@@ -274,4 +274,20 @@ TEST(Check, DeclarationsThatLoseTheirLinesAreFoundAsApplyFindsThem) {
   EXPECT_HOLDS(oApply.sErr, std::string("2 Procedures Processed - 1 Failures"));
 }
 
+TEST(Check, ConditionalCodeIsToldAndCounted) {
+  WorkFolder oPlace;
+  oPlace.Write("src/P/A.vbp",
+               "Type=Exe\r\nModule=M; m.bas\r\nName=\"A\"\r\nCondComp=\"Batch=1\"\r\n");
+  oPlace.Write("src/P/B.vbp", "Type=Exe\r\nModule=M; m.bas\r\nName=\"B\"\r\n");
+  oPlace.Write("src/P/m.bas", WorkFolder::Dos("Option Explicit\n#If Batch Then\nSub S()\nEnd Sub\n"
+                                              "#Else\nSub T()\nEnd Sub\n#End If\n"));
+  const std::string sCheck = "check -v --ignore missing-template -t TEMPLATE.DAT ";
+  const std::string sInactive = "conditional compilation leaves out: 1\n";
+  const std::string sConflict =
+      "P/m.bas:2: M: batch is 1 in A, by which the file is read, and 0 in B "
+      "[conflicting-constants]\n";
+  ExpectRuns(oPlace, {{"both", sCheck + "P", 1, sConflict, sInactive},
+                      {"one", sCheck + "--project B P", 0, "", sInactive}});
+}
+
 }  // namespace

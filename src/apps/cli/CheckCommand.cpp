@@ -145,6 +145,7 @@ class JsonReporter : public Reporter {
     mJson.Key("passedOver").BeginObject();
     number("locked", passed.locked);
     number("ownHandling", passed.ownHandling);
+    number("inactive", passed.inactive);
     number("readOnlyFiles", passed.readOnlyFiles);
     number("sharedFiles", passed.sharedFiles);
     mJson.EndObject();
@@ -218,6 +219,18 @@ class JsonReporter : public Reporter {
   JsonWriter mJson;
 };
 
+/// Files that two projects of the scope read differently.
+void FindConflicts(Session& session, GroupCheck& check) {
+  for (const ConstantConflict& conflict : session.pIDE->ConstantConflicts()) {
+    const ComponentHandle component = session.ComponentWith(conflict.file);
+    if (!component) continue;
+    const Text message = conflict.constant + u" is " + ToText(conflict.value) + u" in " +
+                         conflict.project + u", by which the file is read, and " +
+                         ToText(conflict.otherValue) + u" in " + conflict.otherProject;
+    check.ConflictingConstants(component, conflict.line, ToUtf8(message));
+  }
+}
+
 CheckResult Find(Session& session, const RuleSelection& rules) {
   GroupCheck check(session.oHandler, session.oTemplate, rules, session);
   for (const DiskIDE::Note& note : session.MissingProjects())
@@ -227,6 +240,8 @@ CheckResult Find(Session& session, const RuleSelection& rules) {
   for (const ComponentHandle h : session.ReadOnly())
     check.ReadOnly(h, MRules::oRules.bSkipReadOnly);
   for (std::size_t i = 0; i < session.Shared(); ++i) check.Shared();
+  FindConflicts(session, check);
+  check.Inactive(session.Inactive());
   std::size_t done = 0;
   for (const ProcedureHandle h : session.Procedures()) {
     const ComponentHandle component = session.oHandler.Procedure(h).hComponent;

@@ -198,7 +198,7 @@ void Session::LoadScope() {
       TellUnreadable(h);
     } else {
       TakeProcedures(h);
-      if (!file.empty()) mTaken.insert(file);
+      if (!file.empty()) mTaken.emplace(file, h);
     }
   }
   oConsole.ProgressEnd();
@@ -224,6 +224,11 @@ bool Session::IsPassed(const ComponentRecord& record, const Text& file) {
   return true;
 }
 
+ComponentHandle Session::ComponentWith(const Text& file) const {
+  const auto found = mTaken.find(file);
+  return found == mTaken.end() ? ComponentHandle() : found->second;
+}
+
 void Session::TellUnreadable(ComponentHandle component) {
   mUnreadable.push_back(component);
   const ComponentRecord& record = oHandler.Component(component);
@@ -245,6 +250,8 @@ std::string Session::ReasonOf(ComponentHandle component) const {
 
 void Session::TakeProcedures(ComponentHandle component) {
   const ComponentRecord& record = oHandler.Component(component);
+  if (mUse == Use::Check)
+    mInactive += static_cast<std::size_t>(pIDE->HiddenProcedures(*record.oComponent->CodeModule()));
   for (const auto h : HandleRange(record.lFirstProcedure, record.lLastProcedure))
     if (mScope.IsWholeGroup() ||
         mScope.TakesProcedure(oHandler.ProcName(h), IsDeclarations(h)

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -55,6 +56,10 @@ class Session : public IFilePlaces {
   const std::vector<ComponentHandle>& ReadOnly() const { return mReadOnly; }
   /// How many components were passed over, since an earlier project has their files.
   std::size_t Shared() const { return mShared; }
+  /// The component of the scope that has the file; none for a file that isn't in it.
+  ComponentHandle ComponentWith(const Text& file) const;
+  /// Procedures of the scope's components that conditional compilation leaves out.
+  std::size_t Inactive() const { return mInactive; }
   /// Projects that can't be read, and may belong to the scope.
   const std::vector<DiskIDE::Note>& MissingProjects() const { return mMissingProjects; }
   /// False when a component of the scope can't be read, or a project that may belong to it.
@@ -103,7 +108,9 @@ class Session : public IFilePlaces {
   std::vector<ProcedureHandle> mProcedures;
   std::vector<ComponentHandle> mUnreadable;
   Use mUse = Use::Show;
-  std::unordered_set<Text> mTaken, mToldUnreadable;  // files
+  std::unordered_map<Text, ComponentHandle> mTaken;  // by file
+  std::unordered_set<Text> mToldUnreadable;          // files
+  std::size_t mInactive = 0;
   std::vector<ComponentHandle> mReadOnly;
   std::size_t mShared = 0;
   std::vector<DiskIDE::Note> mMissingProjects;
