@@ -32,6 +32,12 @@ TextView TakePart(TextView& sRest) {
   return sPart;
 }
 
+std::vector<TextView> SplitParts(TextView path) {
+  std::vector<TextView> parts;
+  for (TextView part = TakePart(path); !part.empty(); part = TakePart(path)) parts.push_back(part);
+  return parts;
+}
+
 std::string Join(const std::string& sFolder, const std::string& sName) {
   return sFolder.ends_with('/') ? sFolder + sName : sFolder + '/' + sName;
 }
@@ -97,48 +103,56 @@ std::string PathFinder::Match(const std::string& sFolder, const std::string& sNa
   return bOne ? std::ranges::find_if(oListing.oFolded, Fits)->second : std::string();
 }
 
-PathFinder::Found PathFinder::Walk(std::string sFolder, TextView sParts) {
-  std::size_t lMissing = 0;  // parts at the end of sFolder that aren't there
-  for (TextView sPart = TakePart(sParts); !sPart.empty(); sPart = TakePart(sParts)) {
-    if (sPart == u".") continue;
-    if (sPart == u"..") {
-      sFolder = FolderOf(sFolder);
-      if (lMissing > 0) --lMissing;
+PathFinder::Found PathFinder::Walk(std::string folder, Parts parts, Wanted wanted) {
+  std::size_t missing = 0;  // parts at the end of the path that aren't there
+  for (; !parts.empty(); parts = parts.subspan(1)) {
+    const TextView part = parts.front();
+    if (part == u".") continue;
+    const bool isNamed = missing == 0 || wanted == Wanted::Name;
+    if (part == u"..") {
+      if (isNamed) folder = FolderOf(folder);
+      if (missing > 0) --missing;
       continue;
     }
-    std::string sName = PathOfText(sPart);
-    std::string sMatch = lMissing == 0 ? Match(sFolder, sName) : std::string();
-    if (sMatch.empty()) ++lMissing;
-    sFolder = Join(sFolder, sMatch.empty() ? sName : sMatch);
+    const std::string name = isNamed ? PathOfText(part) : std::string();
+    const std::string match = missing == 0 ? Match(folder, name) : std::string();
+    if (match.empty()) ++missing;
+    if (missing > 0 && wanted == Wanted::File) {
+      if (std::ranges::find(parts, u"..") == parts.end()) return {};
+      continue;
+    }
+    if (!folder.ends_with('/')) folder += '/';
+    folder += match.empty() ? name : match;
   }
-  return {std::move(sFolder), lMissing == 0};
+  return {std::move(folder), missing == 0};
 }
 
-PathFinder::Found PathFinder::FindMoved(const std::string& sFolder, TextView sParts) {
-  for (std::string sAround = sFolder; sAround != "/"; sAround = FolderOf(sAround)) {
-    Text sName = TextOfPath(NameOf(sAround));
-    TextView sRest = sParts;
-    for (TextView sPart = TakePart(sRest); !sPart.empty(); sPart = TakePart(sRest)) {
-      if (!EqualNoCase(sPart, sName)) continue;
-      if (Found oFound = Walk(sAround, sRest); oFound.bExists) return oFound;
+PathFinder::Found PathFinder::FindMoved(const std::string& folder, Parts parts) {
+  for (std::string around = folder; around != "/"; around = FolderOf(around)) {
+    const Text name = TextOfPath(NameOf(around));
+    for (Parts rest = parts; !rest.empty(); rest = rest.subspan(1)) {
+      if (!EqualNoCase(rest.front(), name)) continue;
+      Found found = Walk(around, rest.subspan(1), Wanted::File);
+      if (found.bExists) return found;
     }
   }
   return {};
 }
 
 PathFinder::Found PathFinder::Find(const std::string& sFolder, TextView sEntry) {
-  bool bDrive = HasDrive(sEntry);
-  bool bShare = sEntry.size() > 1 && IsSeparator(sEntry[0]) && IsSeparator(sEntry[1]);
+  const bool bDrive = HasDrive(sEntry);
+  const bool bShare = sEntry.size() > 1 && IsSeparator(sEntry[0]) && IsSeparator(sEntry[1]);
+  const std::vector<TextView> parts = SplitParts(bDrive ? sEntry.substr(2) : sEntry);
   if (!bDrive && !bShare)
-    return Walk(!sEntry.empty() && IsSeparator(sEntry[0]) ? "/" : sFolder, sEntry);
-  TextView sParts = bDrive ? sEntry.substr(2) : sEntry;
-  TextView sRest = sParts;
-  if (bDrive && !TakePart(sRest).empty()) {
-    Text sDrive = u"mnt/" + Text(1, LowerCase(sEntry[0])) + u"/" + Text(sParts);
-    for (TextView sTry : {TextView(sDrive), sParts})
-      if (Found oFound = Walk("/", sTry); oFound.bExists) return oFound;
+    return Walk(!sEntry.empty() && IsSeparator(sEntry[0]) ? "/" : sFolder, parts, Wanted::Name);
+  if (bDrive && !parts.empty()) {
+    const Text letter(1, LowerCase(sEntry[0]));
+    std::vector<TextView> mounted = {u"mnt", letter};
+    mounted.insert(mounted.end(), parts.begin(), parts.end());
+    for (const Parts tried : {Parts(mounted), Parts(parts)})
+      if (Found found = Walk("/", tried, Wanted::File); found.bExists) return found;
   }
-  if (Found oFound = FindMoved(sFolder, sParts); oFound.bExists) return oFound;
+  if (Found oFound = FindMoved(sFolder, parts); oFound.bExists) return oFound;
   return {PathOfText(sEntry), false};
 }
 

@@ -12,6 +12,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -45,8 +46,13 @@ class PathFinder {
   };
   const Listing& List(const std::string& sFolder);
   std::string Match(const std::string& sFolder, const std::string& sName);
-  Found Walk(std::string sFolder, TextView sParts);
-  Found FindMoved(const std::string& sFolder, TextView sParts);
+  using Parts = std::span<const TextView>;
+  enum class Wanted {
+    Name,  ///< also of a file that isn't there
+    File   ///< nothing for one that isn't there
+  };
+  Found Walk(std::string folder, Parts parts, Wanted wanted);
+  Found FindMoved(const std::string& folder, Parts parts);
 
   IFileOps& moFiles;
   std::unordered_map<std::string, Listing> moListings;

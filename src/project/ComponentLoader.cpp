@@ -156,8 +156,13 @@ void ComponentLoader::AddVariableSources() {
 
 void ComponentLoader::AddVariableSource(const Member& member) {
   const auto line = member.CodeLocation();
-  if (line < 1 || mModule->Lines(line, 1).find(u" WithEvents ") == Text::npos) return;
-  mModel.AddEventSource(mComponent, member.Name());
+  if (line < 1) return;
+  // A line can declare any number of variables; it is looked at once for all of them.
+  if (line != mVariableLine) {
+    mHasEvents = mModule->Lines(line, 1).find(u" WithEvents ") != Text::npos;
+    mVariableLine = line;
+  }
+  if (mHasEvents) mModel.AddEventSource(mComponent, member.Name());
 }
 
 void ComponentLoader::LoadMembers() {

@@ -43,6 +43,8 @@ class ComponentLoader {
   ComponentRecord& mRecord;
   CodeModule* mModule = nullptr;  ///< set before anything is read
   std::int32_t mDeclarationLines = 0;
+  std::int32_t mVariableLine = 0;  ///< the line that was looked at last for WithEvents; 0: none
+  bool mHasEvents = false;         ///< whether it has one
   /// Places of the members that have a record, so that none is read twice.
   std::unordered_set<std::int32_t> mLocations;
   /// The event sources by name, with the place of the first of each, from 1.

@@ -36,12 +36,8 @@ TextView FirstFitting(const LikePattern& pattern, std::span<const TextView> line
 void Findings::Add(std::int32_t fileLine, std::initializer_list<TextView> parts) {
   TemplateFinding& finding = mFindings.emplace_back();
   finding.line = fileLine;
+  mLines.insert(fileLine);
   for (TextView part : parts) finding.message.append(part);
-}
-
-bool Findings::HasLine(std::int32_t fileLine) const {
-  return std::any_of(mFindings.begin(), mFindings.end(),
-                     [=](const TemplateFinding& finding) { return finding.line == fileLine; });
 }
 
 std::vector<TemplateFinding> Findings::Take() {

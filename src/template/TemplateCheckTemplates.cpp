@@ -1,5 +1,7 @@
 // Templates as wholes: their names, the order of their directives, and the first of them, which
 // makes the line by which every other one is found again.
+#include <unordered_map>
+
 #include "Signature.h"
 #include "TemplateChecks.h"
 
@@ -9,18 +11,19 @@ namespace {
 
 constexpr TextView SignatureToken = u"<%Signature>";
 
-void CheckName(Findings& findings, const TemplateRow& row, std::size_t index) {
+/// The first template of each name, in lower case.
+using FirstOfName = std::unordered_map<Text, const TemplateRow*>;
+
+void CheckName(Findings& findings, const TemplateRow& row, FirstOfName& firsts) {
   if (row.sName.empty()) return;  // reported by the load
   if (EqualNoCase(row.sName, u"locked")) {
     findings.Add(row.lDirectiveLine, {u"A template can't be named ", row.sName,
                                       u", since a signature of that text means a lock"});
   }
-  const std::int32_t first = findings.Template().LookupTemplate(row.sName);
-  if (first == static_cast<std::int32_t>(index)) return;
-  const TemplateRow& firstTemplate =
-      findings.Template().Templates()[static_cast<std::size_t>(first)];
+  const auto [first, isNew] = firsts.try_emplace(LowerCase(row.sName), &row);
+  if (isNew) return;
   findings.Add(row.lDirectiveLine,
-               {u"The template in line ", ToText(firstTemplate.lDirectiveLine), u" has the name ",
+               {u"The template in line ", ToText(first->second->lDirectiveLine), u" has the name ",
                 row.sName, u" too, letter case aside; only that one can be used"});
 }
 
@@ -88,8 +91,9 @@ void CheckFurtherRow(Findings& findings, const LineRow& row) {
 
 void CheckTemplates(Findings& findings) {
   const std::vector<TemplateRow>& templates = findings.Template().Templates();
+  FirstOfName firsts;
   for (std::size_t i = 1; i < templates.size(); ++i) {
-    CheckName(findings, templates[i], i);
+    CheckName(findings, templates[i], firsts);
     CheckOrder(findings, templates[i]);
   }
 }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <span>
+#include <unordered_set>
 #include <vector>
 
 #include "CTemplate.h"
@@ -25,13 +26,14 @@ class Findings {
   /// The parts of the message are joined.
   void Add(std::int32_t fileLine, std::initializer_list<TextView> parts);
   bool Empty() const { return mFindings.empty(); }
-  bool HasLine(std::int32_t fileLine) const;
+  bool HasLine(std::int32_t fileLine) const { return mLines.contains(fileLine); }
   /// In file order; what was found first in a line stays first.
   std::vector<TemplateFinding> Take();
 
  private:
   const CTemplate& mEngine;
   std::vector<TemplateFinding> mFindings;
+  std::unordered_set<std::int32_t> mLines;  // that have one
 };
 
 /// Rows first up to and not including last of matLine.

@@ -16,7 +16,7 @@ std::vector<std::string> Load(Session& oSession) {
 }
 
 int Check(Session& oSession, const std::vector<std::string>& asReport) {
-  for (const std::string& sLine : asReport) oSession.oOutput.Put(VisibleText(sLine) + '\n');
+  for (const std::string& sLine : asReport) oSession.oOutput.Put(VisibleLines(sLine) + '\n');
   if (oSession.oTemplate.LoadErrors() != 0) return 2;
   std::vector<TemplateFinding> oFindings = CheckTemplate(oSession.oTemplate);
   for (const TemplateFinding& oFinding : oFindings)
@@ -28,7 +28,7 @@ int Check(Session& oSession, const std::vector<std::string>& asReport) {
 
 void Dump(Session& oSession) {
   auto oLink = oSession.oTemplate.ReportDump.Connect(
-      [&](TextView sLine) { oSession.oOutput.Put(VisibleText(ToUtf8(sLine)) + '\n'); });
+      [&](TextView sLine) { oSession.oOutput.Put(VisibleLines(ToUtf8(sLine)) + '\n'); });
   oSession.oTemplate.PrintTemplateFile();
 }
 

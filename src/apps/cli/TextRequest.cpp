@@ -2,6 +2,10 @@
 
 #include <rapidjson/error/en.h>
 
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+
 #include "Console.h"
 #include "Display.h"
 #include "MQuillon.h"
@@ -34,15 +38,20 @@ void CheckValue(const Value& value, int depth) {
 
 /// Of fields with one name the last one holds, in the place of the first.
 void DropRepeatedFields(Document& object) {
-  for (auto field = object.MemberBegin(); field != object.MemberEnd();) {
-    const auto first = object.FindMember(field->name);
-    if (first == field) {
-      ++field;
-    } else {
-      first->value = std::move(field->value);
-      field = object.EraseMember(field);
-    }
+  std::unordered_map<std::string_view, Value*> values;
+  std::unordered_set<const Value*> repeated;
+  for (auto& field : object.GetObject()) {
+    const auto [first, isNew] = values.try_emplace(View(field.name), &field.value);
+    if (isNew) continue;
+    *first->second = std::move(field.value);
+    repeated.insert(&field.value);
   }
+  if (repeated.empty()) return;
+  Value kept(rapidjson::kObjectType);
+  for (auto& field : object.GetObject())
+    if (!repeated.contains(&field.value))
+      kept.AddMember(field.name, field.value, object.GetAllocator());
+  static_cast<Value&>(object).Swap(kept);
 }
 
 Document Parse(std::string_view line) {
