@@ -87,7 +87,8 @@ void WritingRun::Begin(int seconds) {
 
 WritingRun::~WritingRun() {
   mJournal.reset();
-  if (mStore) mStore->Prune(mLimits, std::time(nullptr));
+  // Where nothing is recorded, what was before stays for those settings under which it was.
+  if (mStore && mLimits.runs > 0) mStore->Prune(mLimits, std::time(nullptr));
 }
 
 void WritingRun::MendKilled() {
