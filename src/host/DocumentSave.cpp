@@ -78,6 +78,7 @@ void DocumentSave::Commit(std::size_t number) {
   Waiting& waiting = mWaiting[number];
   try {
     waiting.stamp = FileStamp::Of(mStaged->File(number).Path(), mFiles);
+    waiting.document->PathToWrite();  // a link may have come meanwhile
     waiting.document->IsOnDisk();
     mStaged->Commit(number);
   } catch (const Failure& failure) {

@@ -16,7 +16,7 @@ TEST(Template, CheckAndListTellAboutAFile) {
   ExpectRuns(oPlace,
              {
                  {"sound", "template check " QUILLON_SOURCE_DIR "/samples/Template.dat", 0,
-                  "No Errors - Template File Loaded", Any},
+                  "No Errors - Template File Loaded\r\n", Any},
                  {"can't be found again", "template check lost.dat", 1, "lost.dat:34: ", Any},
                  {"errors", "template check bad.dat", 2, "    Line 1 ", Any},
                  {"list", "template list TEMPLATE.DAT", 0,

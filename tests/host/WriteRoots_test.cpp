@@ -5,6 +5,7 @@
 #include <map>
 
 #include "DiskIDE.h"
+#include "FaultyFileOps.h"
 #include "PathText.h"
 #include "ProjectTree.h"
 
@@ -58,6 +59,8 @@ struct HostileGroup : ProjectTree {
       {"extension", "..\\config", "repo/config", "extensions", "extensions"},
   };
 
+  FaultyFileOps files;
+
   HostileGroup() {
     std::string project = "Type=Exe\r\n";
     for (const Row& row : rows) {
@@ -76,6 +79,7 @@ struct HostileGroup : ProjectTree {
       const std::vector<std::string>& roots, const std::function<void()>& meanwhile = [] {}) {
     DiskIDE::Options options;
     options.roots = roots;
+    options.poFiles = &files;
     const auto ide = DiskIDE::Open(Path("repo/App/App.vbp"), options);
     VBComponents& components = ide->Root().VBProjects().Item(1).VBComponents();
     for (std::int32_t i = 1; i <= components.Count(); ++i)
@@ -106,13 +110,24 @@ TEST(WriteRoots, AHostileGroupWritesNothingOutside) {
 }
 
 TEST(WriteRoots, ALinkThatCameAfterTheReadingLeadsNowhere) {
-  HostileGroup group;
-  group.Save({}, [&] {
-    fs::rename(group.Path("repo/Shared"), group.Path("repo/Old"));
-    fs::create_directory_symlink("../out", group.Path("repo/Shared"));
-    group.Write("out/a.bas", Code);
-  });
-  EXPECT_EQ(group.Read("out/a.bas"), Code);
+  for (const bool isStaged : {false, true}) {
+    SCOPED_TRACE(isStaged ? "when the new file was made" : "ahead of the save");
+    HostileGroup group;
+    const auto swap = [&] {
+      fs::rename(group.Path("repo/Shared"), group.Path("repo/Old"));
+      fs::create_directory_symlink("../out", group.Path("repo/Shared"));
+      group.Write("out/a.bas", Code);
+      // What was made beside the old file could be there as well.
+      for (const auto& entry : fs::directory_iterator(group.Path("repo/Old")))
+        if (entry.path() != group.Path("repo/Old/a.bas"))
+          fs::copy(entry.path(), fs::path(group.Path("out")) / entry.path().filename());
+    };
+    group.Save({}, [&] {
+      if (isStaged) group.files.AtFlush = swap;
+      if (!isStaged) swap();
+    });
+    EXPECT_EQ(group.Read("out/a.bas"), Code);
+  }
 }
 
 TEST(WriteRoots, TheWorkTreeIsTheNearestOneUpwards) {
