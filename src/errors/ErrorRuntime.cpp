@@ -129,16 +129,25 @@ std::int32_t ErrorRuntime::ActionFor(ErrorEvent& oEvent) {
 }
 
 void ErrorRuntime::CheckResult(std::u16string_view sCall, std::int32_t lResult) {
-  CheckResultEx(sCall, lResult, {});
+  CloseResult(CheckResultEx(sCall, lResult));
 }
 
-void ErrorRuntime::CheckResultEx(std::u16string_view sCall, std::int32_t lResult,
-                                 std::initializer_list<std::int32_t> alExpected) {
-  if (lResult == 0 || std::count(alExpected.begin(), alExpected.end(), lResult) > 0) return;
+ResultStatus ErrorRuntime::CheckResultEx(std::u16string_view sCall, std::int32_t lResult) {
+  return {sCall, lResult};
+}
+
+void ErrorRuntime::ExpectResult(ResultStatus& oStatus,
+                                std::initializer_list<std::int32_t> alAccepted) {
+  if (std::ranges::count(alAccepted, oStatus.result) > 0) oStatus.result = 0;
+}
+
+void ErrorRuntime::CloseResult(const ResultStatus& oStatus) {
+  if (oStatus.result == 0) return;
   NeverThrows([&] {
     std::string sLine = "Result\t";
-    AppendErrorField(sCall, sLine);
-    WriteEvent(sLine + "\t-\t" + std::to_string(lResult) + "\tA system call failed\t-\t-\tNext");
+    AppendErrorField(oStatus.call, sLine);
+    WriteEvent(sLine + "\t-\t" + std::to_string(oStatus.result) +
+               "\tA system call failed\t-\t-\tNext");
   });
 }
 

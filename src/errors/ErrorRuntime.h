@@ -37,8 +37,9 @@ class ErrorRuntime : public IErrorRuntime {
                    std::int32_t eBoundary, std::int32_t eSeverity, std::int32_t eRetry,
                    std::int32_t& eAction) override;
   void CheckResult(std::u16string_view sCall, std::int32_t lResult) override;
-  void CheckResultEx(std::u16string_view sCall, std::int32_t lResult,
-                     std::initializer_list<std::int32_t> alExpected) override;
+  ResultStatus CheckResultEx(std::u16string_view sCall, std::int32_t lResult) override;
+  void ExpectResult(ResultStatus& oStatus, std::initializer_list<std::int32_t> alAccepted) override;
+  void CloseResult(const ResultStatus& oStatus) override;
   void SetApplicationName(std::u16string_view sName) override { msName = sName; }
   void SetApplicationPath(std::u16string_view sPath) override { msPath = sPath; }
   void SetTraceEnabled(bool bOn) override { mbTrace = bOn; }

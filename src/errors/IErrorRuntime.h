@@ -20,6 +20,12 @@ inline constexpr std::int32_t ActionLeave = 1, ActionRetry = 4, ActionNext = 5;
 
 class IErrorClient;
 
+/// The result of a system call while it is checked.
+struct ResultStatus {
+  std::u16string_view call;
+  std::int32_t result = 0;  ///< 0: no error
+};
+
 class IErrorRuntime {
  public:
   virtual ~IErrorRuntime() = default;
@@ -37,9 +43,17 @@ class IErrorRuntime {
                            std::int32_t& eAction) = 0;
   /// Logs a system call's result code when it isn't 0. sCall: name of the call and its object.
   virtual void CheckResult(std::u16string_view sCall, std::int32_t lResult) = 0;
-  /// As CheckResult, but the codes in alExpected are no error and leave no trace in the log.
-  virtual void CheckResultEx(std::u16string_view sCall, std::int32_t lResult,
-                             std::initializer_list<std::int32_t> alExpected) = 0;
+  /// The same in three steps, for a call of which some codes are no error: this one begins, the
+  /// next names codes that leave no trace, and CloseResult logs what is left. sCall is kept until
+  /// then.
+  ///   ResultStatus status = goError->CheckResultEx(u"RegQueryValueEx", result);
+  ///   goError->ExpectResult(status, {2, 234});
+  ///   goError->CloseResult(status);
+  [[nodiscard]] virtual ResultStatus CheckResultEx(std::u16string_view sCall,
+                                                   std::int32_t lResult) = 0;
+  virtual void ExpectResult(ResultStatus& oStatus,
+                            std::initializer_list<std::int32_t> alAccepted) = 0;
+  virtual void CloseResult(const ResultStatus& oStatus) = 0;
   virtual void SetApplicationName(std::u16string_view sName) = 0;
   virtual void SetApplicationPath(std::u16string_view sPath) = 0;
   virtual void SetTraceEnabled(bool bOn) = 0;

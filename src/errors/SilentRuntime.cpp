@@ -15,8 +15,9 @@ class SilentRuntime : public IErrorRuntime {
     eAction = ErrorIds::ActionLeave;
   }
   void CheckResult(std::u16string_view, std::int32_t) override {}
-  void CheckResultEx(std::u16string_view, std::int32_t,
-                     std::initializer_list<std::int32_t>) override {}
+  ResultStatus CheckResultEx(std::u16string_view, std::int32_t) override { return {}; }
+  void ExpectResult(ResultStatus&, std::initializer_list<std::int32_t>) override {}
+  void CloseResult(const ResultStatus&) override {}
   void SetApplicationName(std::u16string_view) override {}
   void SetApplicationPath(std::u16string_view) override {}
   void SetTraceEnabled(bool) override {}

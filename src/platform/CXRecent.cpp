@@ -4,6 +4,7 @@
 #include <set>
 
 #include "Failure.h"
+#include "Guard.h"
 #include "MXRegistry.h"
 #include "RegistryStore.h"
 
@@ -41,6 +42,12 @@ std::set<std::size_t> EntryNumbers(std::int32_t key) {
   return numbers;
 }
 
+/// Failures are reported under the routine's own name and go on to the caller.
+template <class Work>
+void Reported(TextView procedure, Work&& work) {
+  Guard({u"CXRecent", procedure}, [&](GuardScope&) { work(); });
+}
+
 std::unique_ptr<CXRecent>& RecentFilesHolder() {
   static std::unique_ptr<CXRecent> recent;
   return recent;
@@ -49,26 +56,31 @@ std::unique_ptr<CXRecent>& RecentFilesHolder() {
 }  // namespace
 
 void CXRecent::Initialize(std::int32_t hReg) {
-  mhReg = hReg;
-  mEntries.clear();
-  mMaxCount = std::max(0, GetRegLong(hReg, MaxCountName, mMaxCount));
-  for (const std::size_t number : EntryNumbers(hReg)) {
-    if (number > static_cast<std::size_t>(mMaxCount)) break;
-    mEntries.push_back(
-        {GetRegString(hReg, NumberName(number), {}), GetRegString(hReg, ParamsName(number), {})});
-  }
+  Reported(u"Initialize", [&] {
+    mhReg = hReg;
+    mEntries.clear();
+    mMaxCount = std::max(0, GetRegLong(hReg, MaxCountName, mMaxCount));
+    for (const std::size_t number : EntryNumbers(hReg)) {
+      if (number > static_cast<std::size_t>(mMaxCount)) break;
+      mEntries.push_back(
+          {GetRegString(hReg, NumberName(number), {}), GetRegString(hReg, ParamsName(number), {})});
+    }
+  });
 }
 
 std::int32_t CXRecent::Add(TextView item) {
-  Entry added{Text(item), {}};
-  const auto old = std::find_if(mEntries.begin(), mEntries.end(),
-                                [&](const Entry& entry) { return EqualNoCase(entry.item, item); });
-  if (old != mEntries.end()) {
-    added.params = std::move(old->params);
-    mEntries.erase(old);
-  }
-  mEntries.insert(mEntries.begin(), std::move(added));
-  SetMaxCount(mMaxCount);
+  Reported(u"Add", [&] {
+    Entry added{Text(item), {}};
+    const auto old = std::find_if(mEntries.begin(), mEntries.end(), [&](const Entry& entry) {
+      return EqualNoCase(entry.item, item);
+    });
+    if (old != mEntries.end()) {
+      added.params = std::move(old->params);
+      mEntries.erase(old);
+    }
+    mEntries.insert(mEntries.begin(), std::move(added));
+    CutAndSave();
+  });
   return 1;
 }
 
@@ -80,13 +92,15 @@ Text CXRecent::Property(std::int32_t index, TextView sName) const {
 }
 
 void CXRecent::SetProperty(std::int32_t index, TextView sName, TextView sValue) {
-  if (index < 1 || index > Count()) throw Failure(9);
-  Text& params = mEntries[static_cast<std::size_t>(index) - 1].params;
-  CXParamString pairs;
-  pairs.SetParamString(params);
-  pairs.SetProperty(sName, sValue);
-  params = pairs.ParamString();
-  SaveToRegistry();
+  Reported(u"Property [Let]", [&] {
+    if (index < 1 || index > Count()) throw Failure(9);
+    Text& params = mEntries[static_cast<std::size_t>(index) - 1].params;
+    CXParamString pairs;
+    pairs.SetParamString(params);
+    pairs.SetProperty(sName, sValue);
+    params = pairs.ParamString();
+    SaveToRegistry();
+  });
 }
 
 Text CXRecent::Item(std::int32_t index) const {
@@ -95,36 +109,46 @@ Text CXRecent::Item(std::int32_t index) const {
 }
 
 void CXRecent::Remove(std::int32_t index) {
-  if (index < 1 || index > Count()) throw Failure(9);
-  mEntries.erase(mEntries.begin() + (index - 1));
-  SaveToRegistry();
+  Reported(u"Remove", [&] {
+    if (index < 1 || index > Count()) throw Failure(9);
+    mEntries.erase(mEntries.begin() + (index - 1));
+    SaveToRegistry();
+  });
 }
 
 void CXRecent::SetMaxCount(std::int32_t maxCount) {
-  mMaxCount = std::max(0, maxCount);
+  Reported(u"MaxCount [Let]", [&] {
+    mMaxCount = std::max(0, maxCount);
+    CutAndSave();
+  });
+}
+
+void CXRecent::CutAndSave() {
   if (Count() > mMaxCount) mEntries.resize(static_cast<std::size_t>(mMaxCount));
   SaveToRegistry();
 }
 
 void CXRecent::SaveToRegistry() {
-  const RegistryStore::Batch oneSave(CurrentRegistry());
-  SetRegLong(mhReg, MaxCountName, mMaxCount);
-  for (std::size_t i = 1; i <= mEntries.size(); ++i) {
-    const Entry& entry = mEntries[i - 1];
-    SetRegString(mhReg, NumberName(i), entry.item);
-    if (entry.params.empty()) {
-      DeleteRegValue(mhReg, ParamsName(i));
-    } else {
-      SetRegString(mhReg, ParamsName(i), entry.params);
+  Reported(u"SaveToRegistry", [&] {
+    const RegistryStore::Batch oneSave(CurrentRegistry());
+    SetRegLong(mhReg, MaxCountName, mMaxCount);
+    for (std::size_t i = 1; i <= mEntries.size(); ++i) {
+      const Entry& entry = mEntries[i - 1];
+      SetRegString(mhReg, NumberName(i), entry.item);
+      if (entry.params.empty()) {
+        DeleteRegValue(mhReg, ParamsName(i));
+      } else {
+        SetRegString(mhReg, ParamsName(i), entry.params);
+      }
     }
-  }
-  // Deletes all entries above the count. Stopping at the first gap would leave entries behind it,
-  // which the next start would read again.
-  for (const std::size_t number : EntryNumbers(mhReg)) {
-    if (number <= mEntries.size()) continue;
-    DeleteRegValue(mhReg, NumberName(number));
-    DeleteRegValue(mhReg, ParamsName(number));
-  }
+    // Deletes all entries above the count. Stopping at the first gap would leave entries behind
+    // it, which the next start would read again.
+    for (const std::size_t number : EntryNumbers(mhReg)) {
+      if (number <= mEntries.size()) continue;
+      DeleteRegValue(mhReg, NumberName(number));
+      DeleteRegValue(mhReg, ParamsName(number));
+    }
+  });
 }
 
 CXRecent& RecentFiles() {

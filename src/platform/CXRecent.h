@@ -31,6 +31,28 @@ class CXRecent {
     Text item;
     Text params;
   };
+
+ public:
+  /// The items, the most recent first; valid until the list changes.
+  ///   for (const Text& file : RecentFiles()) ...
+  class Iterator {
+   public:
+    explicit Iterator(const Entry* entry) : mEntry(entry) {}
+    const Text& operator*() const { return mEntry->item; }
+    Iterator& operator++() {
+      ++mEntry;
+      return *this;
+    }
+    bool operator==(const Iterator&) const = default;
+
+   private:
+    const Entry* mEntry;
+  };
+  Iterator begin() const { return Iterator(mEntries.data()); }
+  Iterator end() const { return Iterator(mEntries.data() + mEntries.size()); }
+
+ private:
+  void CutAndSave();
   void SaveToRegistry();
 
   std::int32_t mhReg = 0;

@@ -1,5 +1,6 @@
 #include "MOptions.h"
 
+#include "Guard.h"
 #include "MXRegistry.h"
 #include "RegistryStore.h"
 
@@ -25,6 +26,12 @@ void SetFont(const Text& prefix, const MOptions::Font& font) {
   SetRegBool(optionsKey, prefix + u" Font Italic", font.bItalic);
 }
 
+/// Failures are reported under the routine's own name and go on to the caller.
+template <class Work>
+void Reported(TextView procedure, Work&& work) {
+  Guard({u"MOptions", procedure}, [&](GuardScope&) { work(); });
+}
+
 std::int32_t OpenBelowRoot(TextView key) {
   return OpenRegKey(HKEY_CURRENT_USER, Text(RootKey) + Text(key), KEY_ALL_ACCESS);
 }
@@ -38,38 +45,48 @@ std::int32_t lLeftMargin = UsualMargin, lTopMargin = UsualMargin, lRightMargin =
              lBottomMargin = UsualMargin;
 
 void Initialize() {
-  optionsKey = OpenBelowRoot(u"Options");
-  pageKey = OpenBelowRoot(u"Page Setup");
-  GetOptions();
-  GetPage();
+  Reported(u"Initialize", [] {
+    optionsKey = OpenBelowRoot(u"Options");
+    pageKey = OpenBelowRoot(u"Page Setup");
+    GetOptions();
+    GetPage();
+  });
 }
 
 void GetOptions() {
-  GetFont(u"Code", oCodeFont);
-  GetFont(u"Results", oResultsFont);
-  GetFont(u"Error", oErrorFont);
+  Reported(u"GetOptions", [] {
+    GetFont(u"Code", oCodeFont);
+    GetFont(u"Results", oResultsFont);
+    GetFont(u"Error", oErrorFont);
+  });
 }
 
 void SetOptions() {
-  const RegistryStore::Batch oneSave(CurrentRegistry());
-  SetFont(u"Code", oCodeFont);
-  SetFont(u"Results", oResultsFont);
-  SetFont(u"Error", oErrorFont);
+  Reported(u"SetOptions", [] {
+    const RegistryStore::Batch oneSave(CurrentRegistry());
+    SetFont(u"Code", oCodeFont);
+    SetFont(u"Results", oResultsFont);
+    SetFont(u"Error", oErrorFont);
+  });
 }
 
 void GetPage() {
-  lLeftMargin = GetRegLong(pageKey, u"Left Margin", UsualMargin);
-  lTopMargin = GetRegLong(pageKey, u"Top Margin", UsualMargin);
-  lRightMargin = GetRegLong(pageKey, u"Right Margin", UsualMargin);
-  lBottomMargin = GetRegLong(pageKey, u"Bottom Margin", UsualMargin);
+  Reported(u"GetPage", [] {
+    lLeftMargin = GetRegLong(pageKey, u"Left Margin", UsualMargin);
+    lTopMargin = GetRegLong(pageKey, u"Top Margin", UsualMargin);
+    lRightMargin = GetRegLong(pageKey, u"Right Margin", UsualMargin);
+    lBottomMargin = GetRegLong(pageKey, u"Bottom Margin", UsualMargin);
+  });
 }
 
 void SetPage() {
-  const RegistryStore::Batch oneSave(CurrentRegistry());
-  SetRegLong(pageKey, u"Left Margin", lLeftMargin);
-  SetRegLong(pageKey, u"Top Margin", lTopMargin);
-  SetRegLong(pageKey, u"Right Margin", lRightMargin);
-  SetRegLong(pageKey, u"Bottom Margin", lBottomMargin);
+  Reported(u"SetPage", [] {
+    const RegistryStore::Batch oneSave(CurrentRegistry());
+    SetRegLong(pageKey, u"Left Margin", lLeftMargin);
+    SetRegLong(pageKey, u"Top Margin", lTopMargin);
+    SetRegLong(pageKey, u"Right Margin", lRightMargin);
+    SetRegLong(pageKey, u"Bottom Margin", lBottomMargin);
+  });
 }
 
 }  // namespace MOptions

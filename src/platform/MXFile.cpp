@@ -1,6 +1,7 @@
 #include "MXFile.h"
 
 #include "AtomicFile.h"
+#include "Guard.h"
 #include "IFileOps.h"
 #include "PathText.h"
 
@@ -37,7 +38,8 @@ std::optional<std::int64_t> FileModified(TextView file) {
 }
 
 void FileBinaryRead(TextView sFile, std::string& sContents) {
-  sContents = AtomicFile::Read(PathOfText(sFile));
+  Guard({u"MXFile", u"FileBinaryRead"},
+        [&](GuardScope&) { sContents = AtomicFile::Read(PathOfText(sFile)); });
 }
 
 }  // namespace MXFile

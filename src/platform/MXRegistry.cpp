@@ -61,7 +61,10 @@ std::int32_t Checked(TextView callName, std::int32_t key, TextView name,
     reason = u": " + failure.Description();
   }
   if (result != 0) {
-    goError->CheckResultEx(CallName(callName, path, name) + reason, result, expected);
+    const Text whole = CallName(callName, path, name) + reason;
+    ResultStatus status = goError->CheckResultEx(whole, result);
+    goError->ExpectResult(status, expected);
+    goError->CloseResult(status);
   }
   return result;
 }

@@ -69,7 +69,11 @@ TEST_F(ErrorRuntimeTest, EveryEventIsOneLineOfFields) {
   EXPECT_EQ(moDialog.lAsked, 3);
   oRuntime.CheckResult(u"RegSetValueEx Rules", 5);
   oRuntime.CheckResult(u"RegSetValueEx Rules", 0);
-  oRuntime.CheckResultEx(u"RegQueryValueEx Rules", 2, {2, 234});
+  for (const std::int32_t lResult : {0, 2, 6, 234}) {
+    ResultStatus oStatus = oRuntime.CheckResultEx(u"RegQueryValueEx Rules", lResult);
+    oRuntime.ExpectResult(oStatus, {2, 234});
+    oRuntime.CloseResult(oStatus);
+  }
   oRuntime.WriteDiagnostic(u"  Build = 1\r\n");
   oRuntime.HandleException(u"signal 11\n");
   oRuntime.TraceEnter(u"M", u"A");
@@ -83,6 +87,7 @@ TEST_F(ErrorRuntimeTest, EveryEventIsOneLineOfFields) {
                    "Normal\t" + sWhere + "62\tInput past end of file\t-\tFirewall\tLeave",
                    "Cosmetic\t" + sWhere + "63\tBad record number\t-\tFirewall\tNext",
                    "Result\tRegSetValueEx Rules\t-\t5\tA system call failed\t-\t-\tNext",
+                   "Result\tRegQueryValueEx Rules\t-\t6\tA system call failed\t-\t-\tNext",
                    "Diagnostic\t-\t-\t-\t  Build = 1", "Exception\t-\t-\t-\tsignal 11?",
                    "Enter\tM.A\tdepth 0", "Enter\tM.B\tdepth 1", "Exit\tM.B\tdepth 1"}));
 }

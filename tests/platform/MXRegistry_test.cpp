@@ -3,12 +3,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include <tuple>
 
 #include "CXRecent.h"
 #include "ErrorRuntime.h"
 #include "Failure.h"
 #include "MOptions.h"
+#include "MXFile.h"
 #include "PrintedErrorDialog.h"
 #include "RegistryStore.h"
 #include "TempFolder.h"
@@ -29,9 +32,12 @@ class MXRegistryTest : public testing::Test {
   std::string Logged() const { return TempFolder::Read(moFolder / "log"); }
   std::vector<Text> Items(const CXRecent& oRecent) const {
     std::vector<Text> asItem;
-    for (std::int32_t i = 1; i <= oRecent.Count(); ++i) {
-      asItem.push_back(oRecent.Item(i) + u'?' + oRecent.Property(i, u"p"));
+    for (const Text& sItem : oRecent) {
+      const auto lIndex = static_cast<std::int32_t>(asItem.size()) + 1;
+      EXPECT_EQ(oRecent.Item(lIndex), sItem);
+      asItem.push_back(sItem + u'?' + oRecent.Property(lIndex, u"p"));
     }
+    EXPECT_EQ(asItem.size(), static_cast<std::size_t>(oRecent.Count()));
     return asItem;
   }
 
@@ -131,7 +137,13 @@ TEST_F(MXRegistryTest, RecentListMovesEntriesWithTheirParametersAndSavesEachChan
   oAgain.SetMaxCount(-4);
   oAgain.Add(u"x");
   EXPECT_EQ(oAgain.Count(), 0);
-  EXPECT_EQ(Logged(), "");
+  const std::string sAll = Logged();
+  EXPECT_NE(sAll.find("\tCXRecent.Property [Let]\t-\t9\t"), Text::npos) << sAll;
+  EXPECT_NE(sAll.find("\tCXRecent.Remove\t-\t9\t"), Text::npos) << sAll;
+  EXPECT_EQ(std::ranges::count(sAll, '\n'), 2) << sAll;
+  std::string sContents;
+  EXPECT_THROW(MXFile::FileBinaryRead(u"/gone/file", sContents), Failure);
+  EXPECT_NE(Logged().find("\tMXFile.FileBinaryRead\t-\t"), Text::npos) << "reported there";
 }
 
 TEST_F(MXRegistryTest, DamagedRecentListClosesUp) {
