@@ -79,7 +79,8 @@ _quillon_options() {
     refresh | number | unnumber) _quillon_words "${common[@]}" "${scope[@]}" "${rewriting[@]}" ;;
     undo) _quillon_words "${common[@]}" -n --dry-run --diff --wait --list --run ;;
     report) _quillon_words "${common[@]}" --project --component --codepage --root --define --pdf --format ;;
-    explain | template | text | rules) _quillon_words "${common[@]}" ;;
+    explain) _quillon_words "${common[@]}" "${scope[@]}" ;;
+    template | text | rules) _quillon_words "${common[@]}" ;;
     *) _quillon_words --version "${common[@]}" "${scope[@]}" "${rewriting[@]}" ;;
   esac
 }
@@ -94,7 +95,7 @@ _quillon_operand() {
     text:1) _quillon_words insert remove number extract signature unsignature ;;
     rules:1) _quillon_words show set reset ;;
     template:*) _quillon_files dat ;;
-    explain:* | text:* | rules:*) COMPREPLY=() ;;
+    text:* | rules:*) COMPREPLY=() ;;
     *) _quillon_files 'vbg|vbp' ;;
   esac
 }

@@ -17,7 +17,7 @@ complete -c quillon -l trace -d "Log entry and exit of the routines"
 
 complete -c quillon -n "$none" -a list -d "List the procedures and their properties"
 complete -c quillon -n "$none" -a check -d "Tell what is wrong with templates and their settings"
-complete -c quillon -n "$none" -a explain -d "Tell what a rule of check finds"
+complete -c quillon -n "$none" -a explain -d "Tell about a rule of check, or why properties are suggested"
 complete -c quillon -n "$none" -a apply -d "Set properties and make the code agree with them"
 complete -c quillon -n "$none" -a refresh -d "Write the error handlers anew from the template file"
 complete -c quillon -n "$none" -a number -d "Put line numbers in, or renew them"
@@ -28,11 +28,11 @@ complete -c quillon -n "$none" -a template -d "Check or show a template file"
 complete -c quillon -n "$none" -a text -d "Rewrite procedure texts, JSON in and out"
 complete -c quillon -n "$none" -a rules -d "Show or change the rules in the settings file"
 
-set -l grouped list check apply refresh number unnumber report
+set -l grouped list check explain apply refresh number unnumber report
 complete -c quillon -n "$in $grouped" -ka "($projects)"
 complete -c quillon -n "$in $grouped" -l project -x -d "Projects by name"
 complete -c quillon -n "$in $grouped" -l component -x -d "Components by name"
-set -l scoped list check apply refresh number unnumber
+set -l scoped list check explain apply refresh number unnumber
 complete -c quillon -n "$in $scoped" -l procedure -xa "'(declarations)'" -d "Procedures by name"
 complete -c quillon -n "$in $scoped" -l type -xa "Sub Function 'Property *' declarations" \
     -d "Types as list shows them"

@@ -57,7 +57,7 @@ _quillon_program() {
   commands=(
     'list:list the procedures and their properties'
     'check:tell what is wrong with templates and their settings'
-    'explain:tell what a rule of check finds'
+    'explain:tell about a rule of check, or why properties are suggested'
     'apply:set properties and make the code agree with them'
     'refresh:write the error handlers anew from the template file'
     'number:put line numbers in, or renew them'
@@ -84,7 +84,7 @@ _quillon_program() {
           _arguments $common $scope "*--select[find by these rules]:rule:($rules)" \
             "*--ignore[leave these rules out]:rule:($rules)" '--format[form]:form:(text json)' \
             '*:path:_quillon_projects' ;;
-        explain) _arguments $common "1:rule:($rules)" ;;
+        explain) _arguments $common $scope "1:rule:($rules)" '*:path:_quillon_projects' ;;
         apply)
           _arguments $common $scope $rewriting '*--set[set a property]:property:_quillon_property' \
             '--suggested[take the suggested values over]' '*:path:_quillon_projects' ;;

@@ -71,6 +71,9 @@ std::vector<std::string> TotalLines(const CheckResult& result, bool verbose) {
   if (!passed.empty()) total += "; passed over: " + passed + (verbose ? "" : " (-v tells why)");
   const std::string ignored = in(result.ignored);
   if (!ignored.empty()) total += "; ignored: " + ignored;
+  for (const auto& [name, count] : result.judgedOtherwise)
+    total += "; " + Count(count, "suggestion") + " would differ by the rule '" + name +
+             "', which is off";
   std::vector<std::string> lines;
   if (verbose) lines = Causes(result);
   lines.push_back(std::move(total));

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -46,6 +47,8 @@ struct CheckResult {
   PassedOver passedOver;
   /// By rule: what was found and not asked for.
   std::array<std::size_t, 64> ignored{};
+  /// By stored name: procedures that a rule about suggestions, which is off, would judge otherwise.
+  std::map<std::string, std::size_t> judgedOtherwise{};
   /// Whether code names a template that the template file holds, and one that it doesn't.
   bool namesKnown = false, namesUnknown = false;
 

@@ -54,6 +54,8 @@ void GroupCheck::Foreign(ProcedureHandle procedure) {
 }
 
 void GroupCheck::Own(ProcedureHandle procedure) {
+  for (const TextView name : mHandler.RulesJudgingOtherwise(procedure))
+    ++mResult.judgedOtherwise[ToUtf8(name)];
   mHandler.ApplySuggestedSettings(procedure);
   const ProcedureRecord& record = mHandler.Procedure(procedure);
   if (record.oCurrent.sTemplate().empty() && !IsDirty(record)) return;

@@ -82,10 +82,7 @@ class Settings {
 
   void Procedure(const ProcedureRecord& oRecord, const Text& sName) {
     const CProcSettings& o = oRecord.oCurrent;
-    Text sScope;
-    if (oRecord.oMember) {
-      sScope = MQuillon::ScopeTypeName(SteppedMember(moScope, *oRecord.oMember).Scope());
-    }
+    const Text sScope = MQuillon::ScopeTypeName(moScope.Require([&] { return ScopeOf(oRecord); }));
     moPrint.PrintColumns(
         {sName, Text(oRecord.sProcType), sScope, Text(o.sTemplate()),
          Words(MQuillon::oLookupLocked).LookupDisplayName(MQuillon::ToNumber(o.eLocked())),

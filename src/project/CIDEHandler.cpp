@@ -48,6 +48,14 @@ Text CIDEHandler::UnsignedTemplate(ProcedureHandle hProcedure) {
   return mApplier.UnsignedTemplate(hProcedure);
 }
 
+std::vector<TextView> CIDEHandler::RulesJudgingOtherwise(ProcedureHandle procedure) const {
+  return ExpertFacts::RulesJudgingOtherwise(mModel, mModel.Procedure(procedure));
+}
+
+Suggestions::Suggestion CIDEHandler::SuggestionOf(ProcedureHandle procedure) const {
+  return ExpertFacts::SuggestionOf(mModel, mModel.Procedure(procedure));
+}
+
 void CIDEHandler::RefreshSuggestions() {
   Guard(Named(u"RefreshSuggestions"), [&](GuardScope&) {
     for (const ProcedureHandle h : Procedures()) ExpertFacts::Suggest(mModel, mModel.Procedure(h));

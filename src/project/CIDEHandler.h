@@ -29,6 +29,7 @@
 #include "LoadProgress.h"
 #include "ModelOptions.h"
 #include "ModelScope.h"
+#include "Reasons.h"
 #include "Signal.h"
 #include "Text.h"
 #include "VBE.h"
@@ -90,6 +91,10 @@ class CIDEHandler : public ModelOptions {
   void ApplyPendingSettings(const ModelScope& Scope, bool Refresh,
                             MQuillon::LineNumAction LineNumAction);
   void RefreshSuggestions();
+  /// The rules that are off and would suggest another boundary for the procedure, by stored names.
+  std::vector<TextView> RulesJudgingOtherwise(ProcedureHandle procedure) const;
+  /// What is suggested, with the facts that decide; by the rules of now.
+  Suggestions::Suggestion SuggestionOf(ProcedureHandle procedure) const;
   /// What ApplyPendingSettings would make of the procedure, line numbers as the rule says: the same
   /// way as a rewrite, without writing anything back or telling anybody. The text is that of the
   /// whole procedure, with the lines that changed where asked for; the present one when nothing

@@ -65,12 +65,10 @@ void CIDEHandler::EnumProcedures(ComponentHandle hComponent) {
 
 void CIDEHandler::RowOfProcedure(GuardScope& scope, ProcedureHandle handle) {
   const ProcedureRecord& record = mModel.Procedure(handle);
-  const auto visibility =
-      record.oMember ? SteppedMember(scope, *record.oMember).Scope() : MemberScope::Unset;
   EnumProceduresProc({.hProcedure = handle,
                       .bDirty = IsDirty(record),
                       .sPROCEDURE = mModel.NameOf(scope, record),
                       .sProcType = record.sProcType,
-                      .nScope = visibility,
+                      .nScope = scope.Require([&] { return ScopeOf(record); }),
                       .oProcSettings = &record.oPending});
 }

@@ -22,14 +22,43 @@ bool HasControls(std::int32_t folderType) {
   return folderType == 1 || folderType == 4 || folderType == 5;
 }
 
-/// The interface that a line of declarations names, in lower case; empty for any other line.
-Text ImplementedInterface(TextView line) {
-  const TextView code = Trim(MXStringVB::TrimVBComments(Trim(line)));
+/// The interface that a statement names, in lower case; empty for any other statement.
+Text ImplementedInterface(TextView statement) {
+  const TextView code = Trim(statement);
   if (code.size() <= ImplementsWord.size() ||
       !EqualNoCase(code.substr(0, ImplementsWord.size()), ImplementsWord)) {
     return {};
   }
   return LowerCase(Trim(code.substr(ImplementsWord.size())));
+}
+
+/// Calls visit for each statement of a line, comments cut. A colon ends a statement, with a blank
+/// behind it or without; one in a literal doesn't.
+template <class Visit>
+void ForEachStatement(TextView line, Visit&& visit) {
+  const TextView code = MXStringVB::TrimVBComments(line);
+  const Text mask =
+      code.find(u':') == TextView::npos ? Text() : MXStringVB::MaskVBLiterals(code, u"x");
+  std::size_t start = 0;
+  for (std::size_t end; (end = mask.find(u':', start)) != Text::npos; start = end + 1)
+    visit(code.substr(start, end - start));
+  visit(code.substr(start));
+}
+
+/// Whether a line declares a variable with events. The editor writes the word in one way; files
+/// that it has not tidied have other letters, tabs, or a comma right ahead.
+bool HasWithEvents(TextView line) {
+  constexpr TextView Word = u"WithEvents", Blanks = u" \t,";
+  if (line.find(u" WithEvents ") != TextView::npos) return true;
+  const TextView code = MXStringVB::TrimVBComments(line);
+  for (std::size_t i = code.find_first_of(Blanks); i != TextView::npos;
+       i = code.find_first_of(Blanks, i + 1)) {
+    const TextView word = code.substr(i + 1, Word.size() + 1);
+    if (word.size() > Word.size() && Blanks.find(word.back()) != TextView::npos &&
+        EqualNoCase(word.substr(0, Word.size()), Word))
+      return true;
+  }
+  return false;
 }
 
 /// The first word of line, which becomes what follows; empty behind the last.
@@ -57,17 +86,30 @@ bool AddHeadWords(TextView line, Text& head) {
   return false;
 }
 
-/// The kind of the procedure whose head begins in a line; empty when there is none. Files hold
-/// heads that no editor has tidied: in other letter case, with tabs and many blanks, over several
-/// lines.
+/// The words of the head that begins in a line, up to its name. Files hold heads that no editor has
+/// tidied: in other letter case, with tabs and many blanks, over several lines.
+Text HeadWords(const SteppedModule& module, std::int32_t line) {
+  const auto count = module.CountOfLines();
+  Text text = module.Lines(line, 1), head;
+  while (AddHeadWords(text, head) && ++line <= count) text = module.Lines(line, 1);
+  return head;
+}
+
+/// The kind of the procedure whose head begins in a line; empty when there is none.
 Text HeadType(const SteppedModule& module, std::int32_t line) {
   Text text = module.Lines(line, 1);
   const Text type = MQuillon::ProcTypeName(text);
   if (!type.empty()) return type;
-  const auto count = module.CountOfLines();
-  Text head;
-  while (AddHeadWords(text, head) && ++line <= count) text = module.Lines(line, 1);
+  Text head = HeadWords(module, line);
   return MQuillon::ProcTypeName(head);
+}
+
+/// A head without a word for it is public.
+MQuillon::MemberScope HeadScope(const SteppedModule& module, std::int32_t line) {
+  const Text head = HeadWords(module, line);
+  if (head.find(u"Private ") != Text::npos) return MQuillon::MemberScope::Private;
+  return head.find(u"Friend ") != Text::npos ? MQuillon::MemberScope::Friend
+                                             : MQuillon::MemberScope::Public;
 }
 
 template <class Visit>
@@ -136,9 +178,12 @@ void ComponentLoader::AddForeignInterfaces() {
   mDeclarationLines = module.CountOfDeclarationLines();
   if (mDeclarationLines < 1) return;
   ForEachLine(module.Lines(1, mDeclarationLines), [&](TextView line) {
-    Text name = ImplementedInterface(line);
-    if (name.empty() || mModel.HasComponentNamed(name)) return;
-    mModel.AddForeignInterface(mComponent, std::move(name));
+    ForEachStatement(line, [&](TextView statement) {
+      Text name = ImplementedInterface(statement);
+      // One of a library that the group itself builds isn't foreign either.
+      if (name.empty() || mModel.HasComponentNamed(name.substr(name.rfind(u'.') + 1))) return;
+      mModel.AddForeignInterface(mComponent, std::move(name));
+    });
   });
 }
 
@@ -159,7 +204,7 @@ void ComponentLoader::AddVariableSource(const Member& member) {
   if (line < 1) return;
   // A line can declare any number of variables; it is looked at once for all of them.
   if (line != mVariableLine) {
-    mHasEvents = mModule->Lines(line, 1).find(u" WithEvents ") != Text::npos;
+    mHasEvents = HasWithEvents(mModule->Lines(line, 1));
     mVariableLine = line;
   }
   if (mHasEvents) mModel.AddEventSource(mComponent, member.Name());
@@ -212,6 +257,7 @@ void ComponentLoader::LoadMethod(Member& member, std::int32_t location) {
       record.bEventHandler = !event.empty();
       if (record.bEventHandler) record.sProcType = mModel.KeptTypeName(event);
     }
+    record.bHandlerNoCase = type == u"Sub" && !record.bEventHandler && FitsSourceNoCase(name);
     ExpertFacts::Suggest(mModel, record);
     AddProcedure(record);
   });
@@ -223,8 +269,10 @@ void ComponentLoader::LoadProperty(Member& member, ProcKind kind) {
     if (!SteppedMember(scope, member).MayHave(kind)) return;
     const auto body = BodyLineIfThere(*mModule, mModel.NameOf(scope, record), kind);
     if (body < 2) return;
-    const Text type = HeadType(SteppedModule(scope, *mModule), body);
+    const SteppedModule module(scope, *mModule);
+    const Text type = HeadType(module, body);
     if (type.empty()) return;
+    record.headScope = HeadScope(module, body);
     ReadProcedure(scope, record, type);
     ExpertFacts::Suggest(mModel, record);
     AddProcedure(record);
@@ -264,4 +312,17 @@ Text ComponentLoader::EventHandlerType(TextView name) {
     }
     return Text(name == TerminateMethod ? TextView(u"Terminate") : event);
   });
+}
+
+bool ComponentLoader::FitsSourceNoCase(TextView name) {
+  if (mLowerSources.empty()) {
+    for (const TextView source : mModel.EventSourcesOf(mRecord))
+      mLowerSources.insert(LowerCase(source));
+  }
+  if (EqualNoCase(name, TerminateMethod)) return name != TerminateMethod;
+  const Text lower = LowerCase(name);
+  for (auto i = lower.find(u'_'); i != Text::npos; i = lower.find(u'_', i + 1)) {
+    if (i + 1 < lower.size() && mLowerSources.contains(lower.substr(0, i))) return true;
+  }
+  return false;
 }

@@ -34,6 +34,7 @@ class ComponentLoader {
   void ReadProcedure(GuardScope& scope, ProcedureRecord& record, TextView type);
   void AddProcedure(const ProcedureRecord& record);
   Text EventHandlerType(TextView name);
+  bool FitsSourceNoCase(TextView name);
 
   GuardScope& mScope;
   const ModelOptions& mOptions;
@@ -49,4 +50,5 @@ class ComponentLoader {
   std::unordered_set<std::int32_t> mLocations;
   /// The event sources by name, with the place of the first of each, from 1.
   std::unordered_map<TextView, std::int32_t> mSources;
+  std::unordered_set<Text> mLowerSources;
 };

@@ -1,5 +1,7 @@
 #include "ExpertFacts.h"
 
+#include <algorithm>
+
 #include "HandlerGuard.h"
 #include "MRules.h"
 #include "SteppedIDE.h"
@@ -32,21 +34,54 @@ Facts FactsOfComponent(const GroupModel& model, const ComponentRecord& component
   return facts;
 }
 
+/// name: kept by the caller, since the facts refer to it.
+Facts FactsOf(GuardScope& scope, const GroupModel& model, const ProcedureRecord& record,
+              Text& name) {
+  Facts facts = FactsOfComponent(model, model.Component(record.hComponent));
+  facts.eKind = KindOf(record.nKind);
+  if (!record.oMember) return facts;
+  name = model.NameOf(scope, record);
+  facts.sName = name;
+  facts.nScope = SteppedMember(scope, *record.oMember).Scope();
+  facts.bEventHandler = record.bEventHandler;
+  facts.bHandlerNoCase = record.bHandlerNoCase;
+  return facts;
+}
+
+/// Nearly all procedures are judged alike with and without those rules, and need not be asked for.
+bool MayDiffer(const Facts& component, const ProcedureRecord& record) {
+  return record.oMember && (record.bHandlerNoCase ||
+                            std::ranges::any_of(component.asForeignInterface, [](TextView name) {
+                              return name.find(u'.') != TextView::npos;
+                            }));
+}
+
 }  // namespace
 
 void Suggest(const GroupModel& model, ProcedureRecord& record) {
-  const Kind kind = KindOf(record.nKind);
-  Guard(Named(RoutineFor(kind)), [&](GuardScope& scope) {
-    Facts facts = FactsOfComponent(model, model.Component(record.hComponent));
-    facts.eKind = kind;
+  Guard(Named(RoutineFor(KindOf(record.nKind))), [&](GuardScope& scope) {
     Text name;
-    if (record.oMember) {
-      name = model.NameOf(scope, record);
-      facts.sName = name;
-      facts.nScope = SteppedMember(scope, *record.oMember).Scope();
-      facts.bEventHandler = record.bEventHandler;
-    }
+    const Facts facts = FactsOf(scope, model, record, name);
     Suggestions::Suggest(facts, record.oCurrent, MRules::oRules, record.oSuggest);
+  });
+}
+
+std::vector<TextView> RulesJudgingOtherwise(const GroupModel& model,
+                                            const ProcedureRecord& record) {
+  if (!MayDiffer(FactsOfComponent(model, model.Component(record.hComponent)), record)) return {};
+  return Result(u"RulesJudgingOtherwise", [&](GuardScope& scope) {
+    Text name;
+    const Facts facts = FactsOf(scope, model, record, name);
+    return Suggestions::RulesJudgingOtherwise(facts, record.oCurrent, MRules::oRules);
+  });
+}
+
+Suggestions::Suggestion SuggestionOf(const GroupModel& model, const ProcedureRecord& record) {
+  return Result(u"SuggestionOf", [&](GuardScope& scope) {
+    Text name;
+    const Facts facts = FactsOf(scope, model, record, name);
+    return Suggestions::SuggestionFor(facts, record.oCurrent, MRules::oRules,
+                                      record.oSuggest.bForeign());
   });
 }
 

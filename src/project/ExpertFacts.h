@@ -5,8 +5,16 @@
 #pragma once
 
 #include "GroupModel.h"
+#include "Reasons.h"
 
 namespace ExpertFacts {
+
+/// The rules that are off and would give the procedure another boundary if they were on, by their
+/// stored names.
+std::vector<TextView> RulesJudgingOtherwise(const GroupModel& model, const ProcedureRecord& record);
+
+/// What is suggested for a record of the model, with the facts that decide.
+Suggestions::Suggestion SuggestionOf(const GroupModel& model, const ProcedureRecord& record);
 
 /// record: its component is in the model; the record itself need not be yet.
 void Suggest(const GroupModel& model, ProcedureRecord& record);

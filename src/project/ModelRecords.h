@@ -50,12 +50,21 @@ struct ProcedureRecord {
   ComponentHandle hComponent{};
   ProcKind nKind = ProcKind::Method;
   bool bEventHandler = false;
+  bool bHandlerNoCase = false;  ///< its name fits an event source, but not in letter case
+  /// What a property's own head states: the member has one scope for its Let, Set and Get.
+  MemberScope headScope = MemberScope::Unset;
   Member* oMember = nullptr;  ///< null for a declarations record
   // Both point into the model's store of type names: few texts, many records.
   TextView sProcType{};  ///< shown type: the event's name for an event handler
   TextView sDeclType{};  ///< the type by declaration
   CProcSettings oPending{}, oCurrent{}, oSuggest{};
 };
+
+/// The scope to be shown, none for declarations. Asks the IDE, except for a property.
+inline MemberScope ScopeOf(const ProcedureRecord& record) {
+  if (record.headScope != MemberScope::Unset || !record.oMember) return record.headScope;
+  return record.oMember->Scope();
+}
 
 inline bool IsDirty(const ProcedureRecord& record) {
   return !record.oPending.Equals(record.oCurrent);

@@ -5,6 +5,7 @@
 #include <type_traits>
 
 #include "CXRecent.h"
+#include "Guard.h"
 #include "MQuillon.h"
 #include "MXRegistry.h"
 #include "RegistryStore.h"
@@ -60,6 +61,12 @@ constexpr Rule Choice(TextView name, std::int32_t low, std::int32_t high) {
           }};
 }
 
+/// Failures are reported under the routine's own name and go on to the caller.
+template <class Work>
+void Reported(TextView procedure, Work&& work) {
+  Guard({u"MRules", procedure}, [&](GuardScope&) { work(); });
+}
+
 Text DefaultTemplate(TextView parameter, const CXLookup* lookup) {
   Text name = RecentFiles().Property(1, parameter);
   const bool gone = lookup && lookup->Count() > 1 && !lookup->ItemExists(name);
@@ -71,40 +78,51 @@ Text DefaultTemplate(TextView parameter, const CXLookup* lookup) {
 namespace MRules {
 
 void Initialize() {
-  rulesKey = MXRegistry::OpenRegKey(MXRegistry::HKEY_CURRENT_USER,
-                                    Text(MXRegistry::RootKey).append(u"Rules"),
-                                    MXRegistry::KEY_ALL_ACCESS);
-  GetRules();
+  Reported(u"Initialize", [] {
+    rulesKey = MXRegistry::OpenRegKey(MXRegistry::HKEY_CURRENT_USER,
+                                      Text(MXRegistry::RootKey).append(u"Rules"),
+                                      MXRegistry::KEY_ALL_ACCESS);
+    GetRules();
+  });
 }
 
 void GetRules() {
-  const Values defaults;
-  for (const Rule& rule : Table()) {
-    rule.Set(oRules, MXRegistry::GetRegLong(rulesKey, rule.sName, rule.Get(defaults)));
-  }
+  Reported(u"GetRules", [] {
+    const Values defaults;
+    for (const Rule& rule : Table()) {
+      rule.Set(oRules, MXRegistry::GetRegLong(rulesKey, rule.sName, rule.Get(defaults)));
+    }
+  });
 }
 
 void SetRules() {
-  // All or none: a program that ends in between leaves no half-changed set of rules.
-  std::optional<RegistryStore::Batch> batch;
-  if (goRegistry) batch.emplace(*goRegistry);
-  SetDefaultTemplates();
-  for (const Rule& rule : Table()) {
-    MXRegistry::SetRegLong(rulesKey, rule.sName, rule.Get(oRules));
-  }
+  Reported(u"SetRules", [] {
+    // All or none: a program that ends in between leaves no half-changed set of rules.
+    std::optional<RegistryStore::Batch> batch;
+    if (goRegistry) batch.emplace(*goRegistry);
+    SetDefaultTemplates();
+    for (const Rule& rule : Table()) {
+      MXRegistry::SetRegLong(rulesKey, rule.sName, rule.Get(oRules));
+    }
+  });
 }
 
 void GetDefaultTemplates() {
-  oRules.sDefaultModTemplate = DefaultTemplate(ModTemplateName, MQuillon::oLookupModTemplate.get());
-  oRules.sDefaultProcTemplate =
-      DefaultTemplate(ProcTemplateName, MQuillon::oLookupProcTemplate.get());
+  Reported(u"GetDefaultTemplates", [] {
+    oRules.sDefaultModTemplate =
+        DefaultTemplate(ModTemplateName, MQuillon::oLookupModTemplate.get());
+    oRules.sDefaultProcTemplate =
+        DefaultTemplate(ProcTemplateName, MQuillon::oLookupProcTemplate.get());
+  });
 }
 
 void SetDefaultTemplates() {
-  // Before the first template file is opened there is no entry to keep the names beside.
-  if (RecentFiles().Count() == 0) return;
-  RecentFiles().SetProperty(1, ModTemplateName, oRules.sDefaultModTemplate);
-  RecentFiles().SetProperty(1, ProcTemplateName, oRules.sDefaultProcTemplate);
+  Reported(u"SetDefaultTemplates", [] {
+    // Before the first template file is opened there is no entry to keep the names beside.
+    if (RecentFiles().Count() == 0) return;
+    RecentFiles().SetProperty(1, ModTemplateName, oRules.sDefaultModTemplate);
+    RecentFiles().SetProperty(1, ProcTemplateName, oRules.sDefaultProcTemplate);
+  });
 }
 
 const std::vector<Rule>& Table() {
@@ -130,6 +148,8 @@ const std::vector<Rule>& Table() {
       Boolean<&Values::bLineNumSkipShort>(u"Line Number Skip Short"),
       Number<&Values::lLineNumSkipShortSize>(u"Line Number Skip Short Size", 0, Unlimited),
       Boolean<&Values::bSkipReadOnly>(u"Skip ReadOnly"),
+      Boolean<&Values::bHandlersIgnoreCase>(HandlersIgnoreCaseName),
+      Boolean<&Values::bInterfaceOwnName>(InterfaceOwnNameName),
       Boolean<&Values::bProve>(u"Prove Rewrites")};
   return table;
 }

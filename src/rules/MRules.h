@@ -38,6 +38,10 @@ struct Values {
   bool bLineNumSkipShort = true;
   std::int32_t lLineNumSkipShortSize = 2;
   bool bSkipReadOnly = true;
+  /// Names of event handlers fit their source without regard to case, as the language binds them.
+  bool bHandlersIgnoreCase = false;
+  /// A member of `Implements Library.Interface` is known by the interface's own name.
+  bool bInterfaceOwnName = false;
   bool bProve = false;  ///< the window proves each rewrite before it is written
 };
 
@@ -65,5 +69,7 @@ struct Rule {
 };
 /// All rules in the order of Values.
 const std::vector<Rule>& Table();
+inline constexpr TextView HandlersIgnoreCaseName = u"Event Handlers Ignore Case",
+                          InterfaceOwnNameName = u"Interface Own Name";
 
 }  // namespace MRules

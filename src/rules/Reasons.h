@@ -32,6 +32,9 @@ enum class Fact {
   Designer,        ///< declarations of a form or another component with a designer
   PublicClass,     ///< other programs reach it: a public member or the class itself
   ForeignInterface,  ///< it implements an interface from outside the group
+  HandlerNoCase,     ///< an event handler, by the rule that letter case doesn't count
+  OwnInterfaceName,  ///< it implements such an interface, by the rule about the interface's own
+                     ///< name
 };
 
 struct Reason {

@@ -22,13 +22,30 @@ Defaults DefaultsOf(Kind kind, const Values& rules) {
   return {rules.sDefaultProcTemplate, rules.eSeverityDefault, rules.eRetryDefault};
 }
 
+/// Behind the library's name, if the text states it.
+TextView OwnName(TextView foreign) {
+  return foreign.substr(foreign.rfind(u'.') + 1);
+}
+
 // A member that implements an interface carries the interface's name and an underscore in front.
-bool ImplementsForeign(const Facts& facts) {
+// The language takes the interface's own name for that, also where the library stands before it.
+Fact ForeignFact(const Facts& facts, const Values& rules) {
   const Text name = facts.asForeignInterface.empty() ? Text() : LowerCase(facts.sName);
-  return std::ranges::any_of(facts.asForeignInterface, [&](const Text& foreign) {
+  const auto isMemberOf = [&](TextView foreign) {
     return name.size() > foreign.size() && name[foreign.size()] == u'_' &&
            name.starts_with(foreign);
-  });
+  };
+  if (std::ranges::any_of(facts.asForeignInterface, isMemberOf)) return Fact::ForeignInterface;
+  const bool byOwnName = rules.bInterfaceOwnName &&
+                         std::ranges::any_of(facts.asForeignInterface, [&](TextView foreign) {
+                           return isMemberOf(OwnName(foreign));
+                         });
+  return byOwnName ? Fact::OwnInterfaceName : Fact::None;
+}
+
+bool IsTerminate(TextView name, const Values& rules) {
+  constexpr TextView Terminate = u"Class_Terminate";
+  return rules.bHandlersIgnoreCase ? EqualNoCase(name, Terminate) : name == Terminate;
 }
 
 bool IsPublicMember(const Facts& facts) {
@@ -37,17 +54,18 @@ bool IsPublicMember(const Facts& facts) {
 
 // The run-time calls event handlers, so that no caller of the project could handle their errors. A
 // component with event sources is never taken for a public class here, even when it is one.
-Fact MethodFact(const Facts& facts) {
-  if (ImplementsForeign(facts)) return Fact::ForeignInterface;
-  if (facts.sName == u"Class_Terminate") return Fact::ClassTerminate;
+Fact MethodFact(const Facts& facts, const Values& rules) {
+  if (const Fact foreign = ForeignFact(facts, rules); foreign != Fact::None) return foreign;
+  if (IsTerminate(facts.sName, rules)) return Fact::ClassTerminate;
   if (facts.bHasEventSource) {
+    if (rules.bHandlersIgnoreCase && facts.bHandlerNoCase) return Fact::HandlerNoCase;
     return facts.bEventHandler ? Fact::EventHandler : Fact::NoEventHandler;
   }
   return IsPublicMember(facts) ? Fact::PublicClass : Fact::Inside;
 }
 
-Fact PropertyFact(const Facts& facts) {
-  if (ImplementsForeign(facts)) return Fact::ForeignInterface;
+Fact PropertyFact(const Facts& facts, const Values& rules) {
+  if (const Fact foreign = ForeignFact(facts, rules); foreign != Fact::None) return foreign;
   return IsPublicMember(facts) ? Fact::PublicClass : Fact::Inside;
 }
 
@@ -64,7 +82,7 @@ Suggested<Value> LeftOrDefault(Value current, bool replaces, Value defaultValue)
 }
 
 Suggested<Boundary> SuggestedBoundary(const Facts& facts, Boundary current, const Values& rules) {
-  const Fact fact = rules.bExpertEnabled ? DecidingFact(facts) : Fact::None;
+  const Fact fact = rules.bExpertEnabled ? DecidingFact(facts, rules) : Fact::None;
   if (current == Boundary::Firewall) {
     if (!rules.bFirewallReplace) return {current, {Rule::LeaveFirewall, fact}};
   } else if (current != Boundary::Unset && !rules.bBoundaryReplace) {
@@ -78,26 +96,28 @@ Suggested<Boundary> SuggestedBoundary(const Facts& facts, Boundary current, cons
 
 namespace Suggestions {
 
-Fact DecidingFact(const Facts& facts) {
+Fact DecidingFact(const Facts& facts, const Values& rules) {
   switch (facts.eKind) {
     case Kind::Property:
-      return PropertyFact(facts);
+      return PropertyFact(facts, rules);
     case Kind::Declarations:
       return DeclarationsFact(facts);
     case Kind::Method:
       break;
   }
-  return MethodFact(facts);
+  return MethodFact(facts, rules);
 }
 
 Boundary BoundaryBy(Fact fact) {
   switch (fact) {
     case Fact::EventHandler:
+    case Fact::HandlerNoCase:
     case Fact::ClassTerminate:
     case Fact::Designer:
       return Boundary::VB;
     case Fact::PublicClass:
     case Fact::ForeignInterface:
+    case Fact::OwnInterfaceName:
       return Boundary::ActiveX;
     case Fact::None:
     case Fact::Inside:
@@ -125,6 +145,21 @@ Suggestion SuggestionFor(const Facts& facts, const CProcSettings& current, const
   suggestion.trace = LeftOrDefault(current.eTrace(), rules.bTraceReplace, rules.eTraceDefault);
   suggestion.boundary = SuggestedBoundary(facts, current.eBoundary(), rules);
   return suggestion;
+}
+
+std::vector<TextView> RulesJudgingOtherwise(const Facts& facts, const CProcSettings& current,
+                                            const Values& rules) {
+  std::vector<TextView> names;
+  const Boundary present = SuggestionFor(facts, current, rules).boundary.value;
+  const auto tryRule = [&](bool Values::*member, TextView name) {
+    if (rules.*member) return;
+    Values with = rules;
+    with.*member = true;
+    if (SuggestionFor(facts, current, with).boundary.value != present) names.push_back(name);
+  };
+  tryRule(&Values::bHandlersIgnoreCase, MRules::HandlersIgnoreCaseName);
+  tryRule(&Values::bInterfaceOwnName, MRules::InterfaceOwnNameName);
+  return names;
 }
 
 void Suggest(const Facts& facts, const CProcSettings& current, const Values& rules,

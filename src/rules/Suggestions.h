@@ -6,6 +6,7 @@
 #pragma once
 
 #include <span>
+#include <vector>
 
 #include "CProcSettings.h"
 #include "Choices.h"
@@ -22,15 +23,18 @@ struct Facts {
   TextView sName = {};  ///< the member's name; unused for declarations
   MQuillon::MemberScope nScope = MQuillon::MemberScope::Unset;
   bool bEventHandler = false;
+  /// Its name fits an event source, but not in letter case; never beside bEventHandler.
+  bool bHandlerNoCase = false;
   bool bPublicClass = false;     ///< class of an ActiveX project with instancing 2 or more
   bool bHasEventSource = false;  ///< the component has an entry in the event source list
   bool bHasDesigner = false;     ///< the component has a designer object name
-  /// Lower-case names of the component's implemented interfaces from outside the group.
+  /// Lower-case names of the component's implemented interfaces from outside the group, with their
+  /// library where the code states it: `excel.iview`.
   std::span<const Text> asForeignInterface = {};
 };
 
 /// What decides about the boundary when the Property Expert is asked; never Fact::None.
-Fact DecidingFact(const Facts& facts);
+Fact DecidingFact(const Facts& facts, const MRules::Values& rules = {});
 /// None, VB or ActiveX.
 MQuillon::Boundary BoundaryBy(Fact fact);
 
@@ -38,6 +42,10 @@ MQuillon::Boundary BoundaryBy(Fact fact);
 /// template and so keep it, whatever the rules say.
 Suggestion SuggestionFor(const Facts& facts, const CProcSettings& current,
                          const MRules::Values& rules, bool keepsForeign = false);
+
+/// The rules that are off and would give another boundary if they were on, by their stored names.
+std::vector<TextView> RulesJudgingOtherwise(const Facts& facts, const CProcSettings& current,
+                                            const MRules::Values& rules);
 
 /// Works out the suggestion and writes it into settings, the same object at every pass.
 void Suggest(const Facts& facts, const CProcSettings& current, const MRules::Values& rules,

@@ -86,7 +86,10 @@ TEST(CheckResult, IsToldInOrderAndNeverInSilence) {
   result.ignored[static_cast<std::size_t>(CheckRule::Drifted)] = 3;
   const std::string found = "4 findings (2 drifted, 1 stale-name, 1 read-only) in 7 procedures",
                     passed = "; passed over: 7 procedures, 1 file",
-                    ignored = "; ignored: 3 drifted";
+                    ignored =
+                        "; ignored: 3 drifted; 2 suggestions would differ by the rule 'A', "
+                        "which is off";
+  result.judgedOtherwise["A"] = 2;
   EXPECT_EQ(TotalLines(result, false), std::vector{found + passed + " (-v tells why)" + ignored});
   EXPECT_EQ(TotalLines(result, true),
             (std::vector<std::string>{

@@ -66,7 +66,10 @@ TEST_F(FRulesTest, OkWritesEachRuleAndNothingElseDoes) {
          some skips    | tabOption=4; chkSkipData; txtSkipShort=7 or so; chkSkipShort | 4
          | Line Number Skip Data=0;Line Number Skip Short=0;Line Number Skip Short Size=7;Mod Two,
          other skips   | tabOption=4; chkSkipEnd; chkSkipData; tabOption=5; chkSkipReadOnly | 5
-         | Line Number Skip Data=0;Line Number Skip End=0;Skip ReadOnly=0;Mod Two,)")) {
+         | Line Number Skip Data=0;Line Number Skip End=0;Skip ReadOnly=0;Mod Two,
+         names         | tabOption=5; chkHandlersIgnoreCase; chkInterfaceOwnName | 5
+         | Event Handlers Ignore Case=-1;Interface Own Name=-1;Mod Two,
+         one of them   | tabOption=5; chkInterfaceOwnName | 5 | Interface Own Name=-1;Mod Two,)")) {
     for (const bool bOk : {false, true}) {
       SCOPED_TRACE(as[0] + (bOk ? ", OK" : ", Cancel"));
       MRules::oRules = oBefore;

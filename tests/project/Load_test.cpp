@@ -55,6 +55,23 @@ const struct LoadRow {
      u"End Sub\nPrivate Property Get IFoo_It()\nEnd Property",
      "(declarations):::4|IFoo_Do:Sub:Sub:4|IOwn_Do:Sub:Sub:1|IGone_Do:Sub:Sub:1|"
      "IFoo_It:Property Get:Property Get:4|"},
+    {"an event variable that no editor has tidied",
+     ComponentType::Class,
+     u"",
+     {},
+     u"Private a,withevents\toTimer As Timer ' WITHEVENTS x\nPublic b ' by withevents c\n"
+     u"Sub oTimer_Timer()\nEnd Sub\nSub OTIMER_Timer2()\nEnd Sub\nSub b_c()\nEnd Sub",
+     "(declarations):::4|oTimer_Timer:Sub:Timer:2|OTIMER_Timer2:Sub:Sub:1|b_c:Sub:Sub:1|"},
+    {"interfaces behind a colon",
+     ComponentType::Class,
+     u"",
+     {},
+     u"Implements IOwn: Implements IFoo:Implements IBar ': Implements IGone\n"
+     u"Const s = \"a: Implements ILit\"\nPrivate Sub IFoo_Do()\nEnd Sub\n"
+     u"Private Sub IBar_Do()\nEnd Sub\nPrivate Sub IGone_Do()\nEnd Sub\n"
+     u"Private Sub ILit_Do()\nEnd Sub",
+     "(declarations):::4|IFoo_Do:Sub:Sub:4|IBar_Do:Sub:Sub:4|IGone_Do:Sub:Sub:1|"
+     "ILit_Do:Sub:Sub:1|"},
     {"kinds of a property, each once, and no external functions",
      ComponentType::StdModule,
      u"",
@@ -95,6 +112,51 @@ TEST(LoadComponent, FindsProceduresEventsAndInterfaces) {
     m.oHandler.LoadComponent(1_component);
     EXPECT_EQ(Procedures(m.oHandler), oRow.sExpected);
   }
+}
+
+TEST(LoadComponent, RulesThatAreOffTellWhatTheyWouldJudgeOtherwise) {
+  Model m;
+  MRules::oRules.sDefaultProcTemplate = u"Std";
+  m.oIDE.AddProject(u"Group", ProjectType::ActiveXDll);
+  FakeComponent& o =
+      m.oIDE.Add(u"FMain", ComponentType::VBForm,
+                 u"Implements Excel.IView\nImplements Lib.IOwn\nSub FORM_load()\nEnd Sub\n"
+                 u"Sub Form_Unload()\nEnd Sub\nFunction form_Click()\nEnd Function\n"
+                 u"Private Property Get iview_P()\nEnd Property\nSub IOwn_Do()\nEnd Sub");
+  o.sDesignerID = u"VB.Form";
+  m.oIDE.Add(u"iown", ComponentType::Class, u"");
+  m.Open(false);
+  m.oHandler.LoadComponent(1_component);
+  for (const auto& [bOn, sExpected] :
+       {std::pair{false, "1 Event Handlers Ignore Case, 2 , 1 , 1 Interface Own Name, 1 , "},
+        {true, "2 , 2 , 1 , 4 , 1 , "}}) {
+    MRules::oRules.bHandlersIgnoreCase = MRules::oRules.bInterfaceOwnName = bOn;
+    m.oHandler.RefreshSuggestions();
+    std::string s;
+    for (const ProcedureHandle h : m.oHandler.Procedures()) {
+      if (!m.oHandler.Procedure(h).oMember) continue;
+      s += std::to_string(MQuillon::ToNumber(m.oHandler.Procedure(h).oSuggest.eBoundary())) + " ";
+      for (const TextView sRule : m.oHandler.RulesJudgingOtherwise(h)) s += ToUtf8(sRule);
+      s += ", ";
+    }
+    EXPECT_EQ(s, sExpected);
+  }
+  MRules::oRules = {};
+}
+
+TEST(LoadComponent, APropertyShowsTheScopeOfItsOwnHead) {
+  Model m;
+  m.oIDE.Add(
+      u"M", ComponentType::StdModule,
+      u"Const K = 1\nprivate _\n  property get P()\nEnd Property\nProperty Let P(v)\nEnd Property\n"
+      u"Static Friend Property Set P(v)\nEnd Property\nPrivate Sub S()\nEnd Sub");
+  m.Open();
+  std::string s;
+  const auto o = m.oHandler.EnumProceduresProc.Connect([&](const ProcedureRow& oRow) {
+    s += ToUtf8(oRow.sProcType) + std::to_string(MQuillon::ToNumber(oRow.nScope)) + " ";
+  });
+  m.oHandler.EnumProcedures(1_component);
+  EXPECT_EQ(s, "0 Property Let2 Property Set3 Property Get1 Sub1 ");
 }
 
 TEST(LoadComponent, InheritsWhatOnlyTheModuleStates) {

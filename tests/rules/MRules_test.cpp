@@ -2,6 +2,8 @@
 
 #include "../vocabulary/TextRows.h"
 #include "CXRecent.h"
+#include "ErrorRuntimeFake.h"
+#include "MOptions.h"
 #include "MQuillon.h"
 #include "RegistryStore.h"
 
@@ -73,6 +75,30 @@ TEST_F(Rules, KeepTheTemplateNamesBesideTheFile) {
   MRules::oRules.sDefaultProcTemplate = u"beta";
   MRules::SetRules();
   ExpectRows(u",Alpha,Beta~M/beta; Other,BETA~M/beta; Other~M/Other; ~M/beta", Opened);
+}
+
+TEST_F(Rules, RoutinesOfSettingsReportUnderTheirOwnNames) {
+  struct Traced : AnswersWith {
+    Traced() : AnswersWith(ErrorIds::ActionLeave) { SetTraceEnabled(true); }
+    void TraceEnter(std::u16string_view sModule, std::u16string_view sProcedure) override {
+      sEntered += ToUtf8(Text(sModule) + u"." + Text(sProcedure)) + "; ";
+    }
+    void TraceExit(std::u16string_view, std::u16string_view) override {}
+    std::string sEntered;
+  } oTraced;
+  MRules::Initialize();
+  MOptions::Initialize();
+  RecentFiles().Add(u"a");
+  MRules::SetRules();
+  MRules::GetDefaultTemplates();
+  MOptions::SetOptions();
+  MOptions::SetPage();
+  const std::string sSave = "CXRecent.SaveToRegistry; ", sSet = "CXRecent.Property [Let]; " + sSave;
+  EXPECT_EQ(oTraced.sEntered,
+            "MRules.Initialize; MRules.GetRules; MOptions.Initialize; MOptions.GetOptions; "
+            "MOptions.GetPage; CXRecent.Initialize; CXRecent.Add; " +
+                sSave + "MRules.SetRules; MRules.SetDefaultTemplates; " + sSet + sSet +
+                "MRules.GetDefaultTemplates; MOptions.SetOptions; MOptions.SetPage; ");
 }
 
 }  // namespace

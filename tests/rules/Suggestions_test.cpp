@@ -60,11 +60,50 @@ TEST(Suggestions, WorksOutTheBoundaryFromThePlaceOfTheProcedure) {
         const auto Has = [&](char16_t c) { return sFacts.find(c) != Text::npos; };
         const Kind eKind = Has('m') ? Kind::Method : Has('p') ? Kind::Property : Kind::Declarations;
         const std::int32_t lScope = Has('1') ? 1 : Has('2') ? 2 : Has('3') ? 3 : 0;
-        Facts oFacts = {eKind, sName, Id{lScope}, Has('E'), Has('P'), Has('S'), Has('D'), {}};
+        Facts oFacts = {eKind, sName, Id{lScope}, Has('E'), {}, Has('P'), Has('S'), Has('D'), {}};
         if (Has('I')) oFacts.asForeignInterface = asForeign;
         const Suggestions::Fact fact = Suggestions::DecidingFact(oFacts);
         return ToText(MQuillon::ToNumber(Suggestions::BoundaryBy(fact))) +
                u" inetdpf"[static_cast<std::size_t>(fact)];
+      });
+}
+
+TEST(Suggestions, TwoRulesReadNamesAsTheLanguageDoes) {
+  const Text asForeign[] = {u"excel.iview", u"iother"};
+  using MRules::Values;
+  // Facts as above, with N for a handler that fits in other letter case. Boundary and rules that
+  // would judge otherwise, with none on; the boundaries with the first, the second, and both.
+  const auto Judged = [&](const Facts& oFacts, bool bCase, bool bOwn) {
+    Values o;
+    o.sDefaultProcTemplate = o.sDefaultModTemplate = u"P";
+    o.bHandlersIgnoreCase = bCase;
+    o.bInterfaceOwnName = bOwn;
+    CProcSettings oSuggest;
+    Suggestions::Suggest(oFacts, {}, o, oSuggest);
+    Text s = ToText(MQuillon::ToNumber(oSuggest.eBoundary()));
+    for (const TextView sRule : Suggestions::RulesJudgingOtherwise(oFacts, {}, o)) s += sRule[0];
+    return s;
+  };
+  ExpectRows(
+      u"m1SN CmdOK_click~1E 2 1E 2; m1SEN cmdOK_Click~2 2 2 2; m2P class_terminate~4E 2 4E 2; "
+      u"m1NI iview_Draw~1I 1I 4 4; m1SNI IView_x~1EI 2I 4 4; m1I IOther_Draw~4 4 4 4; "
+      u"p1I IView_Name~1I 1I 4 4; m1I IViewDraw~1 1 1 1; m1I Excel_Draw~1 1 1 1; m1N a_b~1 1 1 1; "
+      u"dI IView_~1 1 1 1",
+      [&](TextView s) {
+        const Text sFacts = MXString::StringBefore(s, u" "), sName = MXString::StringAfter(s, u" ");
+        const auto Has = [&](char16_t c) { return sFacts.find(c) != Text::npos; };
+        Facts o = {.eKind = Has('m')   ? Kind::Method
+                            : Has('p') ? Kind::Property
+                                       : Kind::Declarations,
+                   .sName = sName,
+                   .nScope = Id{Has('2') ? 2 : 1},
+                   .bEventHandler = Has('E'),
+                   .bHandlerNoCase = Has('N') && !Has('E'),
+                   .bPublicClass = Has('P'),
+                   .bHasEventSource = Has('S')};
+        if (Has('I')) o.asForeignInterface = asForeign;
+        return Judged(o, false, false) + u' ' + Judged(o, true, false) + u' ' +
+               Judged(o, false, true) + u' ' + Judged(o, true, true);
       });
 }
 

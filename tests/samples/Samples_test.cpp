@@ -121,8 +121,7 @@ TEST_F(Samples, CheckFindsWhatIsBroken) {
                "stale-name"},
            Row{"renamed module", "sed -i '/VB_Name/s/CPrices/CCosts/'" + sPrices, s, 1,
                "stale-name"},
-           Row{"deleted label", "sed -i '0,/^TrailCaught:/{//d}'" + sPrices, s, 1,
-               "drifted"},
+           Row{"deleted label", "sed -i '0,/^TrailCaught:/{//d}'" + sPrices, s, 1, "drifted"},
            Row{"lost signature", "sed -i \"0,/'Quillon: Standard/{//d}\"" + sPrices, s, 1,
                "broken-template"},
            Row{"misspelt template", "sed -i \"0,/: Standard/s//: Standrad/\"" + sPrices, s, 1,
@@ -152,6 +151,33 @@ TEST_F(Samples, CheckFindsWhatIsBroken) {
     EXPECT_EQ(Quillon("check " + oRow.sOptions + " --ignore " + oRow.sRule + " Atelier.vbg"), 0)
         << "and nothing else: " << sOutput;
   }
+}
+
+TEST_F(Samples, TheRecommendedSettingsReadNamesAsTheLanguageDoes) {
+  fs::copy_file(oFolder / "work/Settings.reg", oFolder / "settings.reg",
+                fs::copy_options::overwrite_existing);
+  ASSERT_EQ(Quillon("rules show"), 0);
+  for (const char* sRule :
+       {"Line Number Action=0\n", "Event Handlers Ignore Case=-1\n", "Interface Own Name=-1\n"})
+    EXPECT_NE(sOutput.find(sRule), std::string::npos) << sRule << sOutput;
+  std::ofstream(oFolder / "work/App/FJob.frm", std::ios::app | std::ios::binary)
+      << "Private Sub CMDOK_MouseMove()\r\nEnd Sub\r\n";
+  ASSERT_EQ(Quillon("list --suggested --format csv --procedure CMDOK* Atelier.vbg"), 0) << sOutput;
+  EXPECT_NE(sOutput.find(",VB,"), std::string::npos) << sOutput;
+  ASSERT_EQ(Quillon("explain -q cmdok_mouse* Atelier.vbg"), 0) << sOutput;
+  EXPECT_EQ(sOutput,
+            "FJob.CMDOK_MouseMove\n    Template Standard: the default of the rules\n"
+            "    Boundary VB: an event handler, by the rule 'Event Handlers Ignore Case'\n"
+            "    Severity Normal: the default of the rules\n"
+            "    Retry Line: the default of the rules\n"
+            "    Trace True: the default of the rules\n");
+  EXPECT_EQ(Quillon("explain NoSuch Atelier.vbg"), 2);
+  EXPECT_EQ(Quillon("rules set 'Event Handlers Ignore Case=false'"), 0);
+  EXPECT_EQ(Quillon("check --procedure CMDOK* Atelier.vbg"), 1);
+  EXPECT_NE(sOutput.find("; 1 suggestion would differ by the rule 'Event Handlers Ignore Case', "
+                         "which is off"),
+            std::string::npos)
+      << sOutput;
 }
 
 TEST_F(Samples, LocksAndHandlersOfTheTeamsOwnStay) {

@@ -12,7 +12,7 @@ struct Arguments {
   const Command* command = nullptr;  ///< never null once ReadArguments gave no value
   std::string sAction;               ///< the word behind report, template, text and rules
   std::string sFile;                 ///< of template
-  std::string sRule;                 ///< of explain: an id, or a pattern of ids
+  std::string sRule;                 ///< of explain: an id, or a name, or a pattern of them
   std::vector<std::string> asPath;   ///< groups, projects, folders
   std::vector<std::string> asValue;  ///< NAME=VALUE of rules set
   std::vector<std::string> asSet;    ///< NAME=VALUE of apply --set

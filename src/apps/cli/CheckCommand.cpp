@@ -119,6 +119,10 @@ class JsonReporter : public Reporter {
       if (const auto count = result.ignored[static_cast<std::size_t>(row.rule)])
         mJson.Key(row.id).Number(static_cast<std::int64_t>(count));
     mJson.EndObject();
+    mJson.Key("judgedOtherwise").BeginObject();
+    for (const auto& [name, count] : result.judgedOtherwise)
+      mJson.Key(name).Number(static_cast<std::int64_t>(count));
+    mJson.EndObject();
     mJson.EndObject();
     mJson.Finish();
   }

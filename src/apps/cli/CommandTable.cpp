@@ -156,8 +156,12 @@ constexpr Option CheckOptions[] = {
 constexpr Option ExplainOptions[] = {
     {.names = "RULE",
      .target = &Arguments::sRule,
-     .help = "A rule of check, such as drifted, or a pattern of rules",
+     .help = "A rule of check, such as drifted; with a PATH, procedures by name. Or a pattern",
      .isRequired = true},
+    {.names = "PATH",
+     .target = &Arguments::asPath,
+     .help = "Project groups (.vbg), projects (.vbp), folders, for procedures",
+     .isPath = true},
 };
 
 constexpr Option ApplyOptions[] = {
@@ -262,10 +266,11 @@ constexpr Command Table[] = {
      .options = {Common, Scope, Paths, CheckOptions}},
     {.run = ExplainCommand,
      .name = "explain",
-     .help = "Tell what a rule of check finds, with an example",
+     .help = "Tell what a rule of check finds, or why properties are suggested for a procedure",
      .examples = "  quillon explain drifted\n"
-                 "  quillon explain '*'",
-     .options = {Common, ExplainOptions}},
+                 "  quillon explain '*'\n"
+                 "  quillon explain cmdOK_Click Orders.vbg",
+     .options = {Common, Scope, ExplainOptions}},
     {.run = ApplyCommand,
      .name = "apply",
      .help = "Set properties and make the code agree with them",

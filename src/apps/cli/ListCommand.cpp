@@ -104,8 +104,7 @@ class Lister {
     mRow[1] = mComponentName;
     mRow[2] = ToUtf8(mHandler.ProcName(procedure));
     mRow[3] = ToUtf8(record.sProcType);
-    mRow[4] =
-        record.oMember ? ToUtf8(MQuillon::ScopeTypeName(record.oMember->Scope())) : std::string();
+    mRow[4] = ToUtf8(MQuillon::ScopeTypeName(ScopeOf(record)));
     for (Property property : AllProperties)
       mRow[FirstProperty + static_cast<std::size_t>(property)] = Shown(Settings(record), property);
     // A declarations section can't be traced.
