@@ -10,10 +10,15 @@ using namespace Forms;
 
 namespace {
 
-constexpr std::int32_t RowHeight = 240, ButtonWidth = 255;
+// Twips. A row has a line of the default font, 195, and three pixels; the button of a list is as
+// wide as a row with its line is high.
+constexpr std::int32_t RowHeight = 195 + 45, ButtonWidth = RowHeight + 15;
+// The note stands behind values as long as "Procedure", and "[Property Expert]" fits into it.
 constexpr std::int32_t NoteOffset = 1000, NoteWidth = 1500;
+// Three pixels between rows and tip; its text begins a row and a pixel below its upper edge.
 constexpr std::int32_t TipGap = 45, TipTitleHeight = 255;
-constexpr std::int32_t LeastWidthInResize = 300;
+/// A value keeps its button and three pixels while the sheet is made narrower.
+constexpr std::int32_t LeastWidthInResize = ButtonWidth + 45;
 constexpr std::int32_t OutOfSight = -1000;
 
 std::int32_t AtLeast0(std::int32_t lSize) {

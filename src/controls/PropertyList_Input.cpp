@@ -9,6 +9,7 @@ namespace {
 constexpr std::int32_t LineHeight = 195;  ///< of the default font, 8.25 points
 constexpr std::int32_t FarAway = -3000;   ///< left of any visible part
 /// From the line below a row up to the bottom of a list that opens above it.
+/// A row, 240, without the pixel that it shares with its line.
 constexpr std::int32_t FlipOffset = 225;
 /// An id that no lookup has, so that a row's value is found by its text only.
 constexpr std::int32_t NoId = -1;

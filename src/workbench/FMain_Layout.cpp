@@ -8,9 +8,19 @@ using namespace Forms;
 
 namespace {
 
-constexpr std::int32_t ContainerTop = 360, BarTop = 375, TitleTop = 390, ListTop = 690,
-                       LeastVertical = 3000, LeastPath = 2000, ErrorsTitle = 270, PaneTop = 255,
-                       CloseButton = 255;
+constexpr std::int32_t Pixel = 15;
+// From the lower edge of the toolbar's buttons (60 + 300) down, a pixel further each; the lists
+// begin a pixel below the titles, which are 285 high.
+constexpr std::int32_t ContainerTop = 360, BarTop = ContainerTop + Pixel, TitleTop = BarTop + Pixel,
+                       ListTop = TitleTop + 285 + Pixel;
+/// The right bar begins at BarTop and ends three pixels above the status bar.
+constexpr std::int32_t BarMargin = BarTop + 3 * Pixel;
+/// The title of a pane, 225, with two pixels above it; that of the errors' pane, 255, and a pixel;
+/// its close button, 240, and a pixel.
+constexpr std::int32_t PaneTop = 2 * Pixel + 225, ErrorsTitle = 255 + Pixel,
+                       CloseButton = 240 + Pixel;
+// Choices: below the one the lists would have no lines left; the other holds a file's name.
+constexpr std::int32_t LeastVertical = 3000, LeastPath = 2000;
 
 std::int32_t AtLeast0(std::int32_t lSize) {
   return MXForm::MaskNegative(lSize, 0);
@@ -66,10 +76,10 @@ void FMain::Form_Resize() {
 
 void FMain::LayOutVertically() {
   const std::int32_t lBottom = ScaleHeight() - StatusBar1.Height();
-  picSplit2.SetHeight(AtLeast0(lBottom - 420));
+  picSplit2.SetHeight(AtLeast0(lBottom - BarMargin));
   picContainer.SetHeight(AtLeast0(lBottom - picContainer.Top()));
   tvwProjects.SetHeight(AtLeast0(lBottom - tvwProjects.Top()));
-  picSplit1.SetHeight(tvwProjects.Height() + 330);
+  picSplit1.SetHeight(tvwProjects.Height() + ListTop - BarTop + Pixel);
   if (mbErrors) {
     fraErrors.SetHeight(AtLeast0(lBottom - fraErrors.Top()));
     return oSplit3_AfterSplit();

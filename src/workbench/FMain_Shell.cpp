@@ -17,7 +17,10 @@ using namespace Forms;
 
 namespace {
 
-constexpr std::int32_t SupportTopic = 1800, SplitMargin = 600, LeastSize = 2400;
+constexpr std::int32_t SupportTopic = 1800;  ///< its number in the contents of the help
+// Twips, both choices: a pane keeps an icon and a few letters; a window that was kept smaller would
+// show nothing but its frame and the toolbar.
+constexpr std::int32_t SplitMargin = 600, LeastSize = 2400;
 
 std::int32_t OpenKey(TextView sKey) {
   return MXRegistry::OpenRegKey(MXRegistry::HKEY_CURRENT_USER,

@@ -7,8 +7,13 @@ using namespace Forms;
 
 namespace {
 
-constexpr std::int32_t TitleHeight = 285, PaneTitleHeight = 225, BarWidth = 45, CountWidth = 2145,
-                       StartDelay = 100;
+// Twips, 15 to a pixel of 96 dpi. A title has a line of the default font, 195, with three pixels
+// above and below it; one within a pane has a single pixel. The bar is as wide as a pointer still
+// hits, and the panel holds "9999 Object(s) Selected".
+constexpr std::int32_t TitleHeight = 195 + 90, PaneTitleHeight = 195 + 30, BarWidth = 45,
+                       CountWidth = 2145;
+/// Milliseconds: long enough for the window to be painted first, and too short to be seen.
+constexpr std::int32_t StartDelay = 100;
 
 void DesignBar(PictureBox& oBar, std::int32_t nPointer) {
   oBar.SetBorderStyle(BorderStyle::None);

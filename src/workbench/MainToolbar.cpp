@@ -19,6 +19,9 @@ constexpr ButtonRow Buttons[MainToolbar::lButtons] = {
     {u"Star", u"Apply Pending Properties...", true},
     {u"Help", u"Help", false}};
 
+// Twips. A button is a picture of 16 pixels with two on each side, 300; buttons of a group stand
+// three pixels apart. A groove is four pixels behind the last button of a group, the next group
+// five behind that.
 constexpr std::int32_t ButtonTop = 60, ButtonSize = 300, FirstLeft = 15, NextInGroup = 345,
                        NextGroup = 435, Groove = 360, Grooves = 4, OnePixel = 15;
 

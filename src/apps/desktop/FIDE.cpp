@@ -13,6 +13,9 @@ namespace {
 
 using namespace Forms;
 
+// Twips; all are choices. The bar is five pixels wide, easy to hit; a pane keeps a hundred pixels,
+// and the panel holds the number of changed files. A window that was kept smaller than the
+// least one is given the usual size, which fits a screen of 1024 by 768 pixels.
 constexpr std::int32_t lBarWidth = 75, lLeastPane = 1500, lStatusPanel = 3000, lLeastWindow = 2400;
 constexpr std::int32_t lUsualWidth = 12000, lUsualHeight = 8400;
 constexpr std::int32_t lRecentCount = 9;

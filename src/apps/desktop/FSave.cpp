@@ -4,6 +4,8 @@
 
 namespace {
 
+// Twips. Choices: a margin of 12 pixels, buttons of 97 by 29 that hold "Discard" on all renderers,
+// and room for a dozen files with paths of some sixty letters.
 constexpr std::int32_t lMargin = 180, lButtonWidth = 1455, lButtonHeight = 435;
 constexpr std::int32_t lWidth = 7200, lHeight = 4200;
 
