@@ -37,9 +37,12 @@ std::optional<std::int64_t> FileModified(TextView file) {
   return state.lModified / NanosecondsPerSecond;
 }
 
-void FileBinaryRead(TextView sFile, std::string& sContents) {
-  Guard({u"MXFile", u"FileBinaryRead"},
-        [&](GuardScope&) { sContents = AtomicFile::Read(PathOfText(sFile)); });
+bool FileBinaryRead(TextView sFile, std::string& sContents) {
+  bool isRead = false;
+  Guard({u"MXFile", u"FileBinaryRead"}, [&](GuardScope& scope) {
+    isRead = scope.Step([&] { sContents = AtomicFile::Read(PathOfText(sFile)); });
+  });
+  return isRead;
 }
 
 }  // namespace MXFile

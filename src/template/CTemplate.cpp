@@ -22,10 +22,10 @@ void GetTemplatesOfType(const std::vector<TemplateRow>& templates, TemplateType 
 CTemplate::CTemplate(const MRules::Values& rules) : mRules(rules) {}
 
 void CTemplate::LoadTemplateFile(TextView sTemplateFile) {
-  Guard({u"CTemplate", u"LoadTemplateFile"}, [&](GuardScope& scope) {
+  Guard({u"CTemplate", u"LoadTemplateFile"}, [&](GuardScope&) {
     TemplateLoader loader(*this, sTemplateFile);
     std::string bytes;
-    if (scope.Step([&] { MXFile::FileBinaryRead(sTemplateFile, bytes); })) {
+    if (MXFile::FileBinaryRead(sTemplateFile, bytes)) {
       loader.LoadBytes(bytes);
     } else {
       loader.ReportUnread();

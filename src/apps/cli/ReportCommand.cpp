@@ -59,6 +59,15 @@ std::vector<Document> DocumentsOf(Session& oSession) {
   return oDocuments;
 }
 
+/// The summary itself only counts the files that are missing.
+void TellMissingFiles(Session& session, ProjectHandle project) {
+  const auto rows = session.oHandler.EnumComponentsExProc.Connect([&](const ComponentRow& row) {
+    if (row.isMissing)
+      session.oConsole.Error(ShownFile(PathOfText(row.sFileName)) + ": missing on disk");
+  });
+  session.oHandler.EnumComponentsEx(project, 0);
+}
+
 void PrintAll(Session& oSession, const std::vector<Document>& oDocuments,
               Paper::IPrintDevice& oDevice) {
   Paper::SeveralDocuments oTogether(
@@ -72,6 +81,8 @@ void PrintAll(Session& oSession, const std::vector<Document>& oDocuments,
                              o.hComponent);
   }
   oTogether.Close();
+  if (!IsSummary(oSession)) return;
+  for (const Document& o : oDocuments) TellMissingFiles(oSession, o.hProject);
 }
 
 void PrintToFile(Session& oSession, const std::vector<Document>& oDocuments) {
