@@ -53,6 +53,9 @@ _quillon_value() {
     --codepage) _quillon_words 1252 utf-8 932 936 949 950 1250 1251 ;;
     --type) _quillon_words Sub Function 'Property *' declarations ;;
     --procedure) _quillon_words '(declarations)' ;;
+    --allow)
+      _quillon_words err-read name-clash clean-up number-twice line-length continuations \
+        procedure-size module-lines ;;
     --root) COMPREPLY=(); compopt -o dirnames 2>/dev/null ;;
     --select | --ignore) _quillon_words "${_quillon_rules[@]}" ;;
     --project | --component | --define | --wait | --run) COMPREPLY=() ;;
@@ -71,7 +74,7 @@ _quillon_value() {
 _quillon_options() {
   local common=(-h --help -t --template --settings --log --color -q --quiet -v --verbose --trace)
   local scope=(--project --component --procedure --type --codepage --root --define)
-  local rewriting=(-n --dry-run --diff --wait --exit-code --no-verify)
+  local rewriting=(-n --dry-run --diff --wait --exit-code --no-verify --allow)
   case $1 in
     list) _quillon_words "${common[@]}" "${scope[@]}" --suggested --pending --format ;;
     check) _quillon_words "${common[@]}" "${scope[@]}" --select --ignore --format ;;
@@ -108,7 +111,7 @@ _quillon() {
     case $word in
       -t | --template | --settings | --log | --pdf | --color | --codepage | --type | --procedure | \
         --project | --component | --root | --format | --set | --define | --select | --ignore | --wait | \
-        --run)
+        --run | --allow)
         if [[ ${COMP_WORDS[i + 1]} == = ]]; then i=$((i + 1)); fi  # --option=value
         if ((i + 1 >= COMP_CWORD)); then last=$word; fi
         i=$((i + 1))

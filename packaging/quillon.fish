@@ -48,6 +48,9 @@ complete -c quillon -n "$in $writing undo" -l diff -d "Print the changes as a un
 complete -c quillon -n "$in $writing undo" -l wait -x -d "Seconds to wait for another run"
 complete -c quillon -n "$in $writing" -l exit-code -d "With -n: status 1 when files would change"
 complete -c quillon -n "$in $writing" -l no-verify -d "Leave out the proof of each insertion"
+complete -c quillon -n "$in $writing" -l allow \
+    -xa "err-read name-clash clean-up number-twice line-length continuations procedure-size module-lines" \
+    -d "Let a rule of the proof pass"
 
 complete -c quillon -n "$in list apply" -l suggested -d "What is suggested"
 complete -c quillon -n "$in list" -l pending -d "What is asked for"

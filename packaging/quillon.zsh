@@ -53,6 +53,7 @@ _quillon_program() {
     $changing
     '--exit-code[with -n: status 1 when files would change]'
     '--no-verify[leave out the proof of each insertion]'
+    '*--allow[let a rule of the proof pass]:rule:(err-read name-clash clean-up number-twice line-length continuations procedure-size module-lines)'
   )
   commands=(
     'list:list the procedures and their properties'

@@ -109,6 +109,7 @@ void Applier::ApplyPending(const ModelScope& scope, bool refresh, LineNumAction 
   Guard(Named(u"ApplyPendingSettings"), [&](GuardScope&) {
     if (numbering == LineNumAction::AsRule) numbering = MRules::oRules.eLineNumAction;
     Run run{.refresh = refresh, .numbering = numbering};
+    mPrivateNames = {};
     const ScopeWalk walk(mModel, refresh ? &mLoader : nullptr);
     walk.Visit(scope, [&](ProcedureHandle h) { ApplyTo(h, run); });
   });
@@ -145,7 +146,7 @@ void Applier::RewriteOne(GuardScope& scope, ProcedureHandle handle, Run& run) {
   if (!run.CallsFor(record)) return;
   engine.BatchItem(module, run.name);
   run.counted = true;
-  Rewrite rewrite = RewriteAsPending(record, procedure, run);
+  Rewrite rewrite = RewriteAsPending(scope, record, procedure, run);
   run.refusals = std::move(rewrite.refusals);
   if (!run.refusals.empty()) return;
   if (rewrite.changed && !WriteBack(record, run.name, procedure, rewrite)) {
@@ -155,29 +156,65 @@ void Applier::RewriteOne(GuardScope& scope, ProcedureHandle handle, Run& run) {
   TakeOver(record, run);
 }
 
-Rewrite Applier::RewriteAsPending(const ProcedureRecord& record, const ParsedProcedure& procedure,
-                                  const Run& run) const {
+Rewrite Applier::RewriteAsPending(GuardScope& scope, const ProcedureRecord& record,
+                                  const ParsedProcedure& procedure, const Run& run) const {
   const CProcSettings& wanted = run.refresh ? record.oCurrent : record.oPending;
   const ProcedureHandle module = mModel.Component(record.hComponent).lFirstProcedure;
   const StatedValues stated(
       wanted, InheritsModule(record, wanted) ? &mModel.Procedure(module).oPending : nullptr);
-  Rewrite rewrite = RewriteProcedure(procedure,
-                                     {.templateName = wanted.sTemplate(),
-                                      .hasTemplate = run.refresh || !wanted.sTemplate().empty(),
-                                      .locked = wanted.eLocked() == TriState::True,
-                                      .boundary = stated.boundary,
-                                      .severity = stated.severity,
-                                      .retry = stated.retry,
-                                      .trace = wanted.eTrace() == TriState::True},
-                                     {.numbering = run.numbering,
-                                      .prove = mOptions.bProve && !run.unproved,
-                                      .listChanges = run.listChanges},
-                                     MRules::oRules);
+  const bool prove = mOptions.bProve && !run.unproved;
+  Rewrite rewrite =
+      RewriteProcedure(procedure,
+                       {.templateName = wanted.sTemplate(),
+                        .hasTemplate = run.refresh || !wanted.sTemplate().empty(),
+                        .locked = wanted.eLocked() == TriState::True,
+                        .boundary = stated.boundary,
+                        .severity = stated.severity,
+                        .retry = stated.retry,
+                        .trace = wanted.eTrace() == TriState::True},
+                       {.numbering = run.numbering,
+                        .prove = prove,
+                        .listChanges = run.listChanges,
+                        .allowed = mOptions.allowed,
+                        .moduleNames = prove ? &PrivateNamesOf(scope, record) : nullptr},
+                       MRules::oRules);
+  if (prove && rewrite.changed) CheckModuleLines(scope, record, procedure, rewrite);
   const Text& readOnly = mModel.Component(record.hComponent).readOnlyReason;
   if (rewrite.changed && !readOnly.empty()) {
     rewrite.refusals.push_back({RefusalKind::HostFailure, 0, readOnly});
   }
   return rewrite;
+}
+
+const Meaning::ModuleNames& Applier::PrivateNamesOf(GuardScope& scope,
+                                                    const ProcedureRecord& record) const {
+  if (mPrivateNames.component == record.hComponent) return mPrivateNames.names;
+  mPrivateNames = {record.hComponent, {}};
+  const SteppedMembers members(
+      scope, SteppedModule(scope, mModel.ModuleOf(scope, record.hComponent)).Members());
+  const std::int32_t count = members.Count();
+  for (std::int32_t i = 1; i <= count; ++i) {
+    const SteppedMember member(scope, members.Item(i));
+    if (member.Scope() == MemberScope::Private) {
+      mPrivateNames.names.insert(LowerCase(member.Name()));
+    }
+  }
+  return mPrivateNames.names;
+}
+
+void Applier::CheckModuleLines(GuardScope& scope, const ProcedureRecord& record,
+                               const ParsedProcedure& procedure, Rewrite& rewrite) const {
+  const auto lines = static_cast<std::size_t>(
+      SteppedModule(scope, mModel.ModuleOf(scope, record.hComponent)).CountOfLines());
+  // Two units make a line at least: most modules are far from the limit.
+  if (lines + rewrite.text.size() / CrLf.size() < Meaning::ModuleLines) return;
+  const std::size_t before = procedure.Code().Count();
+  const std::size_t after =
+      ProcText(rewrite.text).Count() + static_cast<std::size_t>(rewrite.blankLines);
+  const std::size_t now = lines - std::min(lines, before) + after;
+  if (after <= before || now <= Meaning::ModuleLines) return;
+  if (mOptions.allowed.Has(RefusalKind::ModuleTooLong)) return;
+  rewrite.refusals.push_back({RefusalKind::ModuleTooLong, 0, ToText(static_cast<long long>(now))});
 }
 
 template <class Use>
@@ -201,7 +238,7 @@ Rewrite Applier::PendingRewrite(ProcedureHandle handle, bool listChanges) {
           Rewrite rewrite;
           rewrite.text = procedure.Source();
           if (!IsPassedOver(mModel.Component(record.hComponent)) && run.CallsFor(record)) {
-            rewrite = RewriteAsPending(record, procedure, run);
+            rewrite = RewriteAsPending(scope, record, procedure, run);
           }
           for (; rewrite.blankLines > 0; --rewrite.blankLines) rewrite.text.append(CrLf);
           rewrite.text.append(code.text, procedure.Source().size());
@@ -217,7 +254,7 @@ Trial Applier::TryOut(ProcedureHandle handle, const TrialWants& wants) {
         [&](const ProcedureRecord& record, const auto& procedure, const ProcedureCode&) {
           Trial trial;
           const auto attempt = [&](std::optional<Rewrite>& rewrite, const Run& run) {
-            rewrite = RewriteAsPending(record, procedure, run);
+            rewrite = RewriteAsPending(scope, record, procedure, run);
             if (run.listChanges && rewrite->changed) trial.source = procedure.Source();
           };
           const LineNumAction numbering = MRules::oRules.eLineNumAction;

@@ -50,8 +50,14 @@ class Applier {
   auto WithCode(GuardScope& scope, ProcedureHandle procedure, Use&& use) const;
   void ApplyTo(ProcedureHandle procedure, Run& run);
   void RewriteOne(GuardScope& scope, ProcedureHandle procedure, Run& run);
-  Rewrite RewriteAsPending(const ProcedureRecord& record, const ParsedProcedure& procedure,
-                           const Run& run) const;
+  Rewrite RewriteAsPending(GuardScope& scope, const ProcedureRecord& record,
+                           const ParsedProcedure& procedure, const Run& run) const;
+  /// What the record's module declares for itself alone.
+  const Meaning::ModuleNames& PrivateNamesOf(GuardScope& scope,
+                                             const ProcedureRecord& record) const;
+  /// Refuses a rewrite by which the module would get more lines than it can hold.
+  void CheckModuleLines(GuardScope& scope, const ProcedureRecord& record,
+                        const ParsedProcedure& procedure, Rewrite& rewrite) const;
   /// Settings that were read from the code take the place of Current when they differ.
   void TakeInCode(ProcedureRecord& record, const CProcSettings& read) const;
   void CompareDeclarations(GuardScope& scope, const ProcedureRecord& record, Run& run);
@@ -68,4 +74,9 @@ class Applier {
   GroupModel& mModel;
   GroupLoader& mLoader;
   Refused& mRefused;
+  /// Of the component that was asked for last.
+  mutable struct {
+    ComponentHandle component{};
+    Meaning::ModuleNames names{};
+  } mPrivateNames;
 };

@@ -98,6 +98,7 @@ class TemplateInsertion {
   void WriteProcedure(const ProcPlaces& places) {
     constexpr std::size_t TemplateUnits = 2048;  // more than most templates take
     mWriter.Reserve(mCode.Units() + TemplateUnits);
+    mResult.body = {places.firstBody, places.end};
     mWriter.Add(mCode, 0, places.firstBody);
     WriteSignature();
     try {
@@ -120,6 +121,7 @@ class TemplateInsertion {
       return WriteSection(Section::BodyEnd, Section::End);
     }
     const CleanUpBlock block = FindCleanUp(mCode, places);
+    if (block.Found()) mResult.cleanUp = {block.first, block.end};
     WriteBody(places.firstBody, block.Found() ? block.first : places.end);
     if (block.Found()) mWriter.Add(mCode, block.end, places.end);
     WriteSection(Section::BodyEnd, Section::FireStart);

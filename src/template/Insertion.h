@@ -37,6 +37,9 @@ struct Insertion {
   Text text;
   /// The lines that come from the template: signature and sections, in their order.
   std::vector<Stretch> templateLines;
+  /// Lines of the code that it was put around: a procedure's body, and in it the waiting clean-up
+  /// code that the template takes; both empty in declarations.
+  Stretch body{0, 0}, cleanUp{0, 0};
   /// What stands ahead of each Exit of a traced body; empty for none.
   Text traceExit;
   std::vector<Refusal> refusals;  ///< with one, the rest is of no use

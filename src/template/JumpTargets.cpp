@@ -6,35 +6,12 @@
 #include <vector>
 
 #include "LogicalLine.h"
+#include "StatementWords.h"
 
 namespace {
 
-bool IsSpace(char16_t unit) {
-  return unit == u' ' || unit == u'\t';
-}
 bool IsDigit(char16_t unit) {
   return unit >= u'0' && unit <= u'9';
-}
-
-/// The words and single signs of a statement, in lower case.
-std::vector<TextView> Words(TextView statement) {
-  std::vector<TextView> words;
-  std::size_t i = 0;
-  const auto IsWord = [](char16_t c) {
-    return c == u'_' || c >= 0x80 || IsDigit(c) || (c >= u'a' && c <= u'z');
-  };
-  while (i < statement.size()) {
-    if (IsSpace(statement[i])) {
-      ++i;
-      continue;
-    }
-    const std::size_t start = i++;
-    if (IsWord(statement[start])) {
-      while (i < statement.size() && IsWord(statement[i])) ++i;
-    }
-    words.push_back(statement.substr(start, i - start));
-  }
-  return words;
 }
 
 bool IsNumber(TextView word) {

@@ -59,6 +59,39 @@ TextView FormOf(RefusalKind kind) {
       return u"A line of the template would begin another procedure; Line=%l [%n]";
     case RefusalKind::RowEndsProcedure:
       return u"A line of the template would end the procedure; Line=%l [%n]";
+    case RefusalKind::ErrRead:
+      return u"The template would clear Err ahead of the code that reads it (err-read); give the "
+             u"procedure no template; Line=%l [%n]";
+    case RefusalKind::NameClash:
+      return u"The template uses the name %n with another meaning (name-clash); rename one of "
+             u"them; Line=%l [%o]";
+    case RefusalKind::NameClashInModule:
+      return u"The template uses the name %n, which this module gives another meaning "
+             u"(name-clash); "
+             u"rename one of them";
+    case RefusalKind::HandlerOff:
+      return u"The template's handler is off behind this line (handler-off); Line=%l [%n]";
+    case RefusalKind::CleanUpSplit:
+      return u"Clean-up code stands in two places (clean-up); write all 'FireExit: lines one "
+             u"behind "
+             u"the other at the end; Line=%l [%n]";
+    case RefusalKind::CleanUpNotLast:
+      return u"Code stands behind the clean-up code (clean-up); move the 'FireExit: lines to the "
+             u"end; Line=%l [%n]";
+    case RefusalKind::CleanUpPassedBy:
+      return u"This exit passes the template's clean-up code by (clean-up); Line=%l [%n]";
+    case RefusalKind::NumberTwice:
+      return u"Line number %n would stand twice in the procedure (number-twice); take it out by "
+             u"hand";
+    case RefusalKind::LineTooLong:
+      return u"A line would grow beyond 1,023 characters (line-length); break it up [%n]";
+    case RefusalKind::TooManyContinuations:
+      return u"A statement of the template would have more than 24 continuations (continuations) "
+             u"[%n]";
+    case RefusalKind::ProcedureTooLong:
+      return u"The procedure would grow beyond 64 KB (procedure-size), to %n characters; split it";
+    case RefusalKind::ModuleTooLong:
+      return u"The module would grow beyond 65,534 lines (module-lines), to %n; split it";
     case RefusalKind::LinesFallToProcedure:
       return u"These lines would fall to the first procedure: no declaration keeps them from it";
   }
@@ -86,6 +119,7 @@ std::size_t SourceLine(const Refusal& refusal) {
     case RefusalKind::TemplateThere:
     case RefusalKind::LineMismatch:
     case RefusalKind::PlaceAmbiguous:
+    case RefusalKind::ErrRead:
       return refusal.line;
     default:
       return 0;

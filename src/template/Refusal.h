@@ -38,6 +38,19 @@ enum class RefusalKind : std::uint8_t {
   RowIsAttribute,
   RowBeginsProcedure,
   RowEndsProcedure,
+  // By the proof of meaning; notes that refuse nothing among them.
+  ErrRead,               ///< line, name: the line that reads Err
+  NameClash,             ///< line; name: the name; other: the line
+  NameClashInModule,     ///< name
+  HandlerOff,            ///< a note; line, name: the line
+  CleanUpSplit,          ///< line, name: the line
+  CleanUpNotLast,        ///< line, name: the line
+  CleanUpPassedBy,       ///< a note; line, name: the line
+  NumberTwice,           ///< name: the number
+  LineTooLong,           ///< name: its beginning
+  TooManyContinuations,  ///< name: the line
+  ProcedureTooLong,      ///< name: its characters
+  ModuleTooLong,         ///< name: its lines
   // By the module.
   LinesFallToProcedure,
   HostFailure  ///< name: the failure's description

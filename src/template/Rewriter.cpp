@@ -47,6 +47,7 @@ class Rewriting {
     if (!IsTemplateName(name)) return true;
     const TemplateRow* const row = mTemplates.Find(name);
     if (!row) return Refuse({RefusalKind::TemplateNotFound, 0, Text(name)});
+    mOld = row;
     Removal removal = RemoveTemplate(mProcedure, *row, mRules);
     mResult.refusals = std::move(removal.refusals);
     mResult.stuck = mResult.Refused();
@@ -114,7 +115,17 @@ class Rewriting {
     const bool numbered =
         mOptions.numbering != LineNumAction::Leave || mRules.eLineNumAction != LineNumAction::Leave;
     auto fault = Proof::FirstFault(*mLines, insertion, after, row, mRules, numbered);
-    return !fault || Refuse(std::move(*fault));
+    return fault ? Refuse(std::move(*fault)) : KeepsMeaning(insertion, after.Code(), row);
+  }
+
+  bool KeepsMeaning(const Insertion& insertion, const ProcText& after, const TemplateRow& row) {
+    const Meaning::Put put{mProcedure, *mLines,
+                           insertion,  after,
+                           row,        mOld,
+                           mHeadLine,  mOptions.moduleNames};
+    if (auto fault = Meaning::FirstFault(put, mOptions.allowed)) return Refuse(std::move(*fault));
+    mResult.notes = Meaning::Notes(put);
+    return true;
   }
 
   void Finish() {
@@ -146,6 +157,7 @@ class Rewriting {
   const ProcText* mLines;  ///< what the next step starts from
   ProcText mBare;          ///< without the old template
   ProcText mUnlocked;      ///< with other locks than mBare
+  const TemplateRow* mOld = nullptr;  ///< the template that was taken out
   std::int32_t mHeadLine = 1;
   Rewrite mResult;
 };

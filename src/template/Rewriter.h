@@ -17,6 +17,7 @@
 #include "Choices.h"
 #include "LineDifferences.h"
 #include "MRules.h"
+#include "Meaning.h"
 #include "ParsedProcedure.h"
 #include "Refusal.h"
 #include "Sections.h"
@@ -38,6 +39,9 @@ struct RewriteOptions {
   /// names, and what the module would read as something else.
   bool prove = false;
   bool listChanges = false;
+  /// What the proof lets pass, and the private names of the module, where they are known.
+  AllowedRules allowed{};
+  const Meaning::ModuleNames* moduleNames = nullptr;
 };
 
 struct Rewrite {
@@ -46,6 +50,7 @@ struct Rewrite {
   bool changed = false;             ///< the text differs, or blank lines stand behind it
   std::vector<Refusal> refusals;    ///< with one, the text is the old one
   bool stuck = false;               ///< refused, since the old template can't be taken out
+  std::vector<Refusal> notes;       ///< by the proof: what is to be known and refuses nothing
   std::vector<LineChange> changes;  ///< by lines of the old and the new text, where asked for
 
   bool Refused() const { return !refusals.empty(); }

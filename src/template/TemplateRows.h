@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "LikePattern.h"
+#include "NamesInTemplate.h"
 #include "Text.h"
 #include "TokenReader.h"
 
@@ -71,6 +72,7 @@ struct TemplateRow {
   LikePattern traceExitLike;  ///< pattern of lTraceExit without its comment
   Text traceExitBegin;        ///< the text that every line with a trace exit holds; may be empty
   TokenReader boundaryReader, severityReader, retryReader;  ///< of lBoundary, lSeverity, lRetry
+  NamesInTemplate names;
 };
 
 /// One row of matLine: a directive or a script line.

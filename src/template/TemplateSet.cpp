@@ -101,9 +101,23 @@ void TemplateSet::Prepare() {
       row.traceExitBegin = Trim(pattern.substr(0, pattern.find_first_of(u"*?#[")));
     }
   }
+  mModuleNames.clear();
+  for (TemplateRow& row : templates) {
+    row.names = NamesOf(RowsOf(row));
+    if (row.eType != TemplateType::Module) continue;
+    mModuleNames.insert(row.names.declared.begin(), row.names.declared.end());
+  }
   mHoldsLineEnd =
       std::any_of(lines.begin(), lines.end(), [](const LineRow& row) { return row.holdsLineEnd; });
   mSignature = std::make_unique<Signature>(templates, lines);
+}
+
+std::span<const LineRow> TemplateSet::RowsOf(const TemplateRow& row) const {
+  const std::int32_t first = row.lStart[Section::Start], end = row.lStart[Section::End];
+  const bool sound = first >= 0 && first < end && static_cast<std::size_t>(end) < lines.size();
+  if (!sound) return {};
+  return std::span(lines).subspan(static_cast<std::size_t>(first),
+                                  static_cast<std::size_t>(end - first));
 }
 
 const TemplateRow* TemplateSet::Find(TextView name) const {

@@ -10,6 +10,8 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
+#include <unordered_set>
 #include <vector>
 
 #include "Signature.h"
@@ -27,6 +29,8 @@ class TemplateSet {
   const LineRow& Row(std::int32_t row) const { return lines[static_cast<std::size_t>(row)]; }
   const Signature& Signatures() const { return *mSignature; }
 
+  /// True for a name, in lower case, that a module template declares.
+  bool IsModuleName(const Text& name) const { return mModuleNames.contains(name); }
   /// True when a row holds a CR or LF of its own.
   bool HoldsLineEnd() const { return mHoldsLineEnd; }
 
@@ -34,6 +38,10 @@ class TemplateSet {
   std::vector<LineRow> lines;
 
  private:
+  /// Between #Start and #End; none of a template that lacks one of them.
+  std::span<const LineRow> RowsOf(const TemplateRow& row) const;
+
   bool mHoldsLineEnd = false;
+  std::unordered_set<Text> mModuleNames;
   std::unique_ptr<Signature> mSignature;
 };

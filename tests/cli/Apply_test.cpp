@@ -26,6 +26,33 @@ TEST(Apply, WritesTheCodeThatWasAskedForAndTellsTheAccount) {
                                "    Trap.Caught \"modMain\", \"Main\"\nEnd Sub\n\n"));
 }
 
+TEST(Apply, ARewriteThatChangesTheMeaningIsRefusedUnlessItIsAllowed) {
+  WorkFolder place;
+  const std::string module = "Attribute VB_Name = \"modMain\"\nPrivate Trap As Object\n";
+  const auto write = [&](const std::string& code) {
+    place.Write("src/App/modMain.bas", WorkFolder::Dos(module + code));
+  };
+  const std::string apply = "apply --set Template=Main -n --procedure Main --component modMain ";
+  write("Sub Main()\n    MsgBox Err.Description\nEnd Sub\n");
+  ExpectRuns(place, {
+                        {"name", apply + "Demo.vbg", 1, "", "the name trap, which this module"},
+                        {"Err", apply + "--allow name-clash Demo.vbg", 1, "",
+                         "modMain.bas:4: The template would clear Err"},
+                        {"both", apply + "--allow name-clash --allow err-read Demo.vbg", 0, "",
+                         "No Failures"},
+                        {"no proof", apply + "--no-verify Demo.vbg", 0, "", "No Failures"},
+                    });
+  std::string code;
+  for (int i = 0; i < 65527; ++i) code += "'\n";
+  write(code + "Sub Main()\nEnd Sub\n");
+  ExpectRuns(place, {
+                        {"lines", apply + "--allow name-clash Demo.vbg", 1, "",
+                         "beyond 65,534 lines (module-lines), to 65535"},
+                        {"allowed", apply + "--allow name-clash --allow module-lines Demo.vbg", 0,
+                         "", "No Failures"},
+                    });
+}
+
 TEST(Apply, AFileOfTwoProjectsFollowsTheFirst) {
   WorkFolder oPlace;
   const std::string sEntry = "Class=CPub; ..\\Core\\CPub.cls\r\n";

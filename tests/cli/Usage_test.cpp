@@ -35,6 +35,8 @@ TEST(Usage, WrongUsageAndBadInputAreToldAndChangeNothing) {
           {"constant of another kind", "list --define TRIAL=x .", 2, s,
            "number, True or False: TRIAL=x"},
           {"constant with no name", "list --define 1=1 .", 2, s, "False: 1=1"},
+          {"unknown rule", "apply --suggested --allow err Demo.vbg", 2, s,
+           "knows no rule err: err-read, name-clash, clean-up, number-twice, line-length,"},
           {"path missing", "list Nowhere.vbg", 2, s, "Nowhere.vbg"},
           {"folder without projects", "list -t TEMPLATE.DAT empty", 2, s, "empty"},
           {"empty group", "list Nothing.vbg", 2, s, "Nothing.vbg"},

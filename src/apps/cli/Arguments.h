@@ -23,6 +23,7 @@ struct Arguments {
   std::vector<std::string> asProject, asComponent, asProcedure, asType;
 
   std::vector<std::string> roots;     ///< folders below which components may be written
+  std::vector<std::string> allowed;   ///< ids of --allow
   std::vector<std::string> asDefine;  ///< NAME=VALUE of --define
 
   std::string sPdfFile;  ///< of report; empty: plain text

@@ -108,6 +108,11 @@ constexpr Option Rewriting[] = {
      .target = &Arguments::bNoVerify,
      .help = "Don't prove each insertion by taking it out again",
      .group = RewritingGroup},
+    {.names = "--allow",
+     .target = &Arguments::allowed,
+     .help = "Let what the proof of meaning refuses pass by its id, such as err-read (repeatable)",
+     .valueName = "ID",
+     .group = RewritingGroup},
 };
 
 constexpr Option Format(Words words) {

@@ -74,6 +74,20 @@ std::vector<CondConstant> ConstantsOf(const std::vector<std::string>& defined) {
   return constants;
 }
 
+AllowedRules RulesAllowedBy(const std::vector<std::string>& ids) {
+  AllowedRules allowed;
+  for (const std::string& id : ids) {
+    if (allowed.Allow(FromUtf8(id))) continue;
+    Text known;
+    for (const MeaningRule& rule : MeaningRules()) {
+      if (rule.isNote || known.find(rule.id) != Text::npos) continue;
+      known.append(known.empty() ? u"" : u", ").append(rule.id);
+    }
+    throw Stop{"--allow knows no rule " + id + ": " + ToUtf8(known)};
+  }
+  return allowed;
+}
+
 Text FirstFile(const ComponentRecord& record) {
   const VBComponent& o = *record.oComponent;
   return o.FileCount() > 0 ? o.FileNames(1) : Text();
@@ -160,6 +174,7 @@ void Session::OpenGroup(Use use) {
   oHandler.LoadProjects(pIDE->Root());
   oHandler.oTemplate = &oTemplate;
   oHandler.bProve = !oArguments.bNoVerify;
+  oHandler.allowed = RulesAllowedBy(oArguments.allowed);
 }
 
 void Session::TellNotes() {
