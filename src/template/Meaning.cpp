@@ -149,6 +149,10 @@ class NameSearch {
 
   void SearchHead() {
     const auto head = static_cast<std::size_t>(mPut.headLine) - 1;
+    // Few heads hold such a name anywhere: most need not be taken apart.
+    const auto inHead = [&](const Text& name) { return mCode.MayHold(head, mBody.first, name); };
+    if (std::ranges::none_of(mNames.used, inHead) && std::ranges::none_of(mNames.declared, inHead))
+      return;
     AnyStatement(mCode, head, mBody.first, [&](std::span<const TextView> words, std::size_t line) {
       EachParameter(words, [&](TextView name) { TakeLocal(name, line); });
       return mFound.has_value();
