@@ -37,6 +37,7 @@ TEST(SourceIndex, LinesOfTheFileCountWhateverEndsThem) {
     const auto pDocument = Opened(szText, "1252", szEnd);
     EXPECT_EQ(pDocument->FileLine(1), 5);
     EXPECT_EQ(pDocument->FileLine(2), 7);
+    EXPECT_EQ(pDocument->FileLine(1), 5) << "behind a later one";
   }
 }
 
