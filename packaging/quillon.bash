@@ -2,7 +2,7 @@
 
 # The rules of check.
 _quillon_rules=(missing-template settings-differ drifted stale-name broken-template unknown-template
-  own-handling numbered would-refuse read-only unreadable conflicting-constants)
+  own-handling numbered would-refuse read-only unreadable unproved-meaning conflicting-constants)
 
 # _quillon_words WORD...: the words that begin like the one under the cursor, quoted for the shell.
 _quillon_words() {
@@ -77,7 +77,7 @@ _quillon_options() {
   local rewriting=(-n --dry-run --diff --wait --exit-code --no-verify --allow)
   case $1 in
     list) _quillon_words "${common[@]}" "${scope[@]}" --suggested --pending --format ;;
-    check) _quillon_words "${common[@]}" "${scope[@]}" --select --ignore --format ;;
+    check) _quillon_words "${common[@]}" "${scope[@]}" --select --ignore --allow --format ;;
     apply) _quillon_words "${common[@]}" "${scope[@]}" "${rewriting[@]}" --set --suggested ;;
     refresh | number | unnumber) _quillon_words "${common[@]}" "${scope[@]}" "${rewriting[@]}" ;;
     undo) _quillon_words "${common[@]}" -n --dry-run --diff --wait --list --run ;;

@@ -48,7 +48,7 @@ complete -c quillon -n "$in $writing undo" -l diff -d "Print the changes as a un
 complete -c quillon -n "$in $writing undo" -l wait -x -d "Seconds to wait for another run"
 complete -c quillon -n "$in $writing" -l exit-code -d "With -n: status 1 when files would change"
 complete -c quillon -n "$in $writing" -l no-verify -d "Leave out the proof of each insertion"
-complete -c quillon -n "$in $writing" -l allow \
+complete -c quillon -n "$in $writing check" -l allow \
     -xa "err-read name-clash clean-up number-twice line-length continuations procedure-size module-lines" \
     -d "Let a rule of the proof pass"
 
@@ -56,7 +56,7 @@ complete -c quillon -n "$in list apply" -l suggested -d "What is suggested"
 complete -c quillon -n "$in list" -l pending -d "What is asked for"
 complete -c quillon -n "$in list" -l format -xa "table csv json" -d "Form of the result"
 set -l rules missing-template settings-differ drifted stale-name broken-template unknown-template \
-    own-handling numbered would-refuse read-only unreadable conflicting-constants
+    own-handling numbered would-refuse read-only unreadable unproved-meaning conflicting-constants
 complete -c quillon -n "$in explain" -a "$rules"
 complete -c quillon -n "$in check" -l select -xa "$rules" -d "Find by these rules"
 complete -c quillon -n "$in check" -l ignore -xa "$rules" -d "Leave these rules out"

@@ -70,7 +70,7 @@ _quillon_program() {
     'rules:show or change the rules in the settings file'
   )
   local rules='missing-template settings-differ drifted stale-name broken-template unknown-template
-    own-handling numbered would-refuse read-only unreadable conflicting-constants'
+    own-handling numbered would-refuse read-only unreadable unproved-meaning conflicting-constants'
   _arguments -C $common $scope $rewriting '--version[print the version]' \
     '1:command:->command' '*::argument:->argument'
   case $state in
@@ -83,7 +83,8 @@ _quillon_program() {
             '*:path:_quillon_projects' ;;
         check)
           _arguments $common $scope "*--select[find by these rules]:rule:($rules)" \
-            "*--ignore[leave these rules out]:rule:($rules)" '--format[form]:form:(text json)' \
+            "*--ignore[leave these rules out]:rule:($rules)" '*--allow[let a rule of the proof pass]:rule:(err-read name-clash clean-up number-twice line-length continuations procedure-size module-lines)' \
+            '--format[form]:form:(text json)' \
             '*:path:_quillon_projects' ;;
         explain) _arguments $common $scope "1:rule:($rules)" '*:path:_quillon_projects' ;;
         apply)

@@ -85,6 +85,16 @@ constexpr std::array Table = {
             "that several projects name is told once.\n",
             "App/FJob.frm: FJob: can't be read: File not found [unreadable]\n"},
     RuleRow{
+        CheckRule::UnprovedMeaning, "unproved-meaning", CheckSeverity::Error, Mend::None, true,
+        "With the template, the code would do something else than it does or is meant to do.",
+        "The message holds the id of the rule of meaning; docs/meaning.md tells each, and what to\n"
+        "do. apply refuses most of them; --allow ID lets one pass here as there. Of a template\n"
+        "that is there already, handlers that are off and exits that pass clean-up code by are\n"
+        "told.\n",
+        "Core/CPrices.cls:48: CPrices.Warn: The template would clear Err ahead of the code that "
+        "reads it (err-read); give the procedure no template; Line=3 [    MsgBox "
+        "Err.Description] [unproved-meaning]\n"},
+    RuleRow{
         CheckRule::ConflictingConstants, "conflicting-constants", CheckSeverity::Warning,
         Mend::None, true,
         "Two projects read a file with different constants of conditional compilation.",

@@ -22,6 +22,7 @@ enum class CheckRule : std::uint8_t {
   WouldRefuse,
   ReadOnly,
   Unreadable,
+  UnprovedMeaning,
   ConflictingConstants
 };
 

@@ -5,6 +5,7 @@
 
 #include "MXString.h"
 #include "MXStringVB.h"
+#include "MeaningRules.h"
 #include "ProcText.h"
 
 namespace {
@@ -135,20 +136,27 @@ bool AddNumbered(const Trial& trial, std::vector<TrialFinding>& findings) {
 CheckRule RuleOf(const Refusal& refusal, bool stuck) {
   // Nothing is asked of the host in a trial but whether it would write.
   if (refusal.kind == RefusalKind::HostFailure) return CheckRule::ReadOnly;
+  if (!MeaningIdOf(refusal.kind).empty()) return CheckRule::UnprovedMeaning;
   return stuck ? CheckRule::BrokenTemplate : CheckRule::WouldRefuse;
 }
 
-void AddRefusals(const Rewrite& rewrite, std::vector<TrialFinding>& findings) {
-  for (const Refusal& refusal : rewrite.refusals) {
+void AddRefusals(const std::vector<Refusal>& refusals, bool stuck,
+                 std::vector<TrialFinding>& findings) {
+  for (const Refusal& refusal : refusals) {
     const std::size_t line = SourceLine(refusal);
-    TrialFinding finding{RuleOf(refusal, rewrite.stuck), line, line,
-                         ToUtf8(Trim(MessageOf(refusal)))};
+    TrialFinding finding{RuleOf(refusal, stuck), line, line, ToUtf8(Trim(MessageOf(refusal)))};
     // A refresh and what is asked for are refused for the same reason more often than not.
     const bool isThere = std::any_of(findings.begin(), findings.end(), [&](const auto& other) {
       return other.rule == finding.rule && other.line == line && other.message == finding.message;
     });
     if (!isThere) findings.push_back(std::move(finding));
   }
+}
+
+/// What refuses a rewrite, and what is to be known of it.
+void AddRefusals(const Rewrite& rewrite, std::vector<TrialFinding>& findings) {
+  AddRefusals(rewrite.refusals, rewrite.stuck, findings);
+  AddRefusals(rewrite.notes, false, findings);
 }
 
 }  // namespace

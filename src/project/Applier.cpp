@@ -175,6 +175,7 @@ Rewrite Applier::RewriteAsPending(GuardScope& scope, const ProcedureRecord& reco
                        {.numbering = run.numbering,
                         .prove = prove,
                         .listChanges = run.listChanges,
+                        .noteUnchanged = run.listChanges,
                         .allowed = mOptions.allowed,
                         .moduleNames = prove ? &PrivateNamesOf(scope, record) : nullptr},
                        MRules::oRules);

@@ -106,7 +106,12 @@ class Rewriting {
     mResult.refusals = std::move(insertion.refusals);
     if (mResult.Refused()) return false;
     mResult.text = std::move(insertion.text);
-    return !mOptions.prove || Same(mResult.text, mProcedure.Source()) || IsProved(insertion, *row);
+    if (!mOptions.prove) return true;
+    if (!Same(mResult.text, mProcedure.Source())) return IsProved(insertion, *row);
+    if (mOptions.noteUnchanged) {
+      Note(PutOf(insertion, mProcedure.Code(), *row));
+    }
+    return true;
   }
 
   bool IsProved(const Insertion& insertion, const TemplateRow& row) {
@@ -118,14 +123,22 @@ class Rewriting {
     return fault ? Refuse(std::move(*fault)) : KeepsMeaning(insertion, after.Code(), row);
   }
 
+  Meaning::Put PutOf(const Insertion& insertion, const ProcText& after,
+                     const TemplateRow& row) const {
+    return {mProcedure, *mLines, insertion, after, row, mOld, mHeadLine, mOptions.moduleNames};
+  }
+
   bool KeepsMeaning(const Insertion& insertion, const ProcText& after, const TemplateRow& row) {
-    const Meaning::Put put{mProcedure, *mLines,
-                           insertion,  after,
-                           row,        mOld,
-                           mHeadLine,  mOptions.moduleNames};
+    const Meaning::Put put = PutOf(insertion, after, row);
     if (auto fault = Meaning::FirstFault(put, mOptions.allowed)) return Refuse(std::move(*fault));
-    mResult.notes = Meaning::Notes(put);
+    Note(put);
     return true;
+  }
+
+  void Note(const Meaning::Put& put) {
+    mResult.notes = Meaning::Notes(put);
+    std::erase_if(mResult.notes,
+                  [&](const Refusal& note) { return mOptions.allowed.Has(note.kind); });
   }
 
   void Finish() {
@@ -154,9 +167,9 @@ class Rewriting {
   const WantedSettings& mWanted;
   const RewriteOptions& mOptions;
   const MRules::Values& mRules;
-  const ProcText* mLines;  ///< what the next step starts from
-  ProcText mBare;          ///< without the old template
-  ProcText mUnlocked;      ///< with other locks than mBare
+  const ProcText* mLines;             ///< what the next step starts from
+  ProcText mBare;                     ///< without the old template
+  ProcText mUnlocked;                 ///< with other locks than mBare
   const TemplateRow* mOld = nullptr;  ///< the template that was taken out
   std::int32_t mHeadLine = 1;
   Rewrite mResult;

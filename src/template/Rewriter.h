@@ -39,6 +39,7 @@ struct RewriteOptions {
   /// names, and what the module would read as something else.
   bool prove = false;
   bool listChanges = false;
+  bool noteUnchanged = false;  ///< notes also of a text that stays as it is
   /// What the proof lets pass, and the private names of the module, where they are known.
   AllowedRules allowed{};
   const Meaning::ModuleNames* moduleNames = nullptr;

@@ -41,6 +41,8 @@ TEST(Apply, ARewriteThatChangesTheMeaningIsRefusedUnlessItIsAllowed) {
                         {"both", apply + "--allow name-clash --allow err-read Demo.vbg", 0, "",
                          "No Failures"},
                         {"no proof", apply + "--no-verify Demo.vbg", 0, "", "No Failures"},
+                        {"check", "check --allow name-clash --component modMain Demo.vbg", 1,
+                         "[unproved-meaning]", Any},
                     });
   std::string code;
   for (int i = 0; i < 65527; ++i) code += "'\n";

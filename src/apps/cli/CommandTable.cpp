@@ -86,6 +86,8 @@ constexpr Option Paths[] = {
 };
 
 constexpr const char* RewritingGroup = "Rewriting";
+constexpr const char* AllowHelp =
+    "Let what the proof of meaning refuses pass by its id, such as err-read (repeatable)";
 constexpr Option Rewriting[] = {
     {.names = "-n,--dry-run",
      .target = &Arguments::bDryRun,
@@ -110,7 +112,7 @@ constexpr Option Rewriting[] = {
      .group = RewritingGroup},
     {.names = "--allow",
      .target = &Arguments::allowed,
-     .help = "Let what the proof of meaning refuses pass by its id, such as err-read (repeatable)",
+     .help = AllowHelp,
      .valueName = "ID",
      .group = RewritingGroup},
 };
@@ -154,6 +156,11 @@ constexpr Option CheckOptions[] = {
      .target = &Arguments::asIgnore,
      .help = "Leave these rules out",
      .valueName = "RULE",
+     .group = RulesGroup},
+    {.names = "--allow",
+     .target = &Arguments::allowed,
+     .help = AllowHelp,
+     .valueName = "ID",
      .group = RulesGroup},
     Format(CheckFormats),
 };
