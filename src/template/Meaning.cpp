@@ -2,7 +2,7 @@
 #include "Meaning.h"
 
 #include <algorithm>
-#include <set>
+#include <functional>
 
 #include "LogicalLine.h"
 #include "MQuillon.h"
@@ -229,19 +229,35 @@ Found CleanUp(const Put& put) {
 
 // Numbers.
 
-Found NumberTwice(const Put& put) {
-  std::set<TextView> numbers;
-  for (std::size_t i = 0; i < put.after.Count(); ++i) {
-    const TextView folded = put.after.Folded(i);
+bool IsLess(TextView number, TextView other) {
+  return number.size() != other.size() ? number.size() < other.size() : number < other;
+}
+
+/// The numbers of the lines in their order, without leading zeros.
+std::vector<TextView> NumbersIn(const ProcText& code) {
+  std::vector<TextView> numbers;
+  for (std::size_t i = 0; i < code.Count(); ++i) {
+    const TextView folded = code.Folded(i);
     if (folded.empty() || folded.front() < u'0' || folded.front() > u'9') continue;
-    if (put.after.IsContinued(i)) continue;
+    if (code.IsContinued(i)) continue;
     TextView number =
         folded.substr(0, std::min(folded.find_first_not_of(u"0123456789"), folded.size()));
     while (number.size() > 1 && number.front() == u'0') number.remove_prefix(1);
-    if (numbers.insert(number).second) continue;
-    return Refusal{RefusalKind::NumberTwice, 0, Text(number)};
+    numbers.push_back(number);
   }
-  return std::nullopt;
+  return numbers;
+}
+
+Found NumberTwice(const Put& put) {
+  std::vector<TextView> numbers = NumbersIn(put.after);
+  // Mostly each one is greater than the one ahead, and then none is there twice.
+  const auto ascends = [](TextView number, TextView next) { return IsLess(number, next); };
+  if (std::ranges::adjacent_find(numbers, std::not_fn(ascends)) == numbers.end())
+    return std::nullopt;
+  std::ranges::sort(numbers, IsLess);
+  const auto twice = std::ranges::adjacent_find(numbers);
+  if (twice == numbers.end()) return std::nullopt;
+  return Refusal{RefusalKind::NumberTwice, 0, Text(*twice)};
 }
 
 // Limits. What was beyond them before may stay as it is.

@@ -160,6 +160,7 @@ TEST_F(MeaningTest, NumbersStandOnce) {
   const Case cases[] = {
       {"twice", u"Sub Run()|10  x = 1|20  y = 2|010 z = 3|End Sub", "number-twice"},
       {"indented and with a colon", u"Sub Run()|  10 x = 1|10: y = 2|End Sub", "number-twice"},
+      {"out of order", u"Sub Run()|20  x = 1|9   y = 2|100 z = 3|End Sub", "accepted"},
       {"once, and in a continued line", u"Sub Run()|10  x = 1 + _|10 + 2|100 y = 2|End Sub",
        "accepted"},
   };
