@@ -159,6 +159,13 @@ class NameSearch {
     });
   }
 
+  /// False when a declaration on a line of its own surely holds no name of the template's: most
+  /// hold none, and need not be taken apart.
+  bool MayDeclare(std::size_t i, TextView folded) const {
+    if (mCode.MayHoldMore(i) || Continues(mCode.Line(i))) return true;
+    return std::ranges::any_of(Words(folded), [&](TextView word) { return IsOfTemplate(word); });
+  }
+
   /// A label, or what a declaration names.
   void SearchLine(std::size_t i) {
     const TextView folded = TrimWhite(mCode.Folded(i));
@@ -168,7 +175,7 @@ class NameSearch {
         mFound = At(RefusalKind::NameClash, mCode, i, label);
       }
     }
-    if (!BeginsDeclaration(folded)) return;
+    if (!BeginsDeclaration(folded) || !MayDeclare(i, folded)) return;
     std::size_t end = i;
     while (end < mBody.end && Continues(mCode.Line(end))) ++end;
     AnyStatement(mCode, i, std::min(end + 1, mBody.end),

@@ -4,9 +4,11 @@
 #include <wctype.h>
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 
 #include "Failure.h"
+#include "UnitBlock.h"
 
 namespace {
 
@@ -84,8 +86,35 @@ std::size_t FindUnit(TextView text, char16_t unit, std::size_t from) {
   return TextView::npos;
 }
 
+namespace {
+
+bool IsAsciiSign(char16_t unit) {
+  return unit != 0 && unit < 0x80;
+}
+
+/// For parts that begin with two ASCII signs: the two beside each other are far rarer than one.
+std::size_t FindByTwoSigns(TextView text, TextView part, std::size_t from) {
+  UnitBits before = 0;  // the block ahead ends in the first sign
+  for (std::size_t at = from; at < text.size(); at += UnitBlock::Size) {
+    const UnitBlock block(text, at);
+    const UnitBits first = block.Equal(static_cast<char>(part[0]));
+    UnitBits bits = block.Equal(static_cast<char>(part[1])) & (first << 1U | before);
+    for (; bits != 0; bits &= bits - 1) {
+      const std::size_t l = at + static_cast<std::size_t>(std::countr_zero(bits)) - 1;
+      if (Same(text.substr(l, part.size()), part)) return l;
+    }
+    before = first >> (UnitBlock::Size - 1);
+  }
+  return TextView::npos;
+}
+
+}  // namespace
+
 std::size_t FindText(TextView text, TextView part, std::size_t from) {
   if (part.empty()) return from <= text.size() ? from : TextView::npos;
+  if (part.size() > 1 && IsAsciiSign(part[0]) && IsAsciiSign(part[1])) {
+    return FindByTwoSigns(text, part, from);
+  }
   std::size_t l = FindUnit(text, part.front(), from);
   while (l != TextView::npos && !Same(text.substr(l, part.size()), part)) {
     l = FindUnit(text, part.front(), l + 1);

@@ -1,5 +1,7 @@
 #include "MXString.h"
 
+#include <random>
+
 #include "Failure.h"
 #include "TextRows.h"
 
@@ -23,6 +25,22 @@ TEST(MXString, CutsAroundAMarkAndFindsOverlaps) {
   EXPECT_FALSE(StringStarts(u"", u"a") || StringEnds(u"", u"a"));
   EXPECT_TRUE(StringStarts(u"", u"") && StringEnds(u"", u""));
   EXPECT_EQ(StringReplace(u"aaa.", u"aa", u"aaaa"), u"aaaaa.");
+}
+
+TEST(MXString, FindsAPartWhereverItStands) {
+  std::mt19937 random(3);
+  const auto text = [&](std::size_t size) {
+    constexpr TextView Signs = {u"aab\0\u0161\u6161", 6};
+    Text made(random() % size, u' ');
+    for (char16_t& unit : made) unit = Signs[random() % Signs.size()];
+    return made;
+  };
+  for (int i = 0; i < 20000; ++i) {
+    const Text whole = text(100), part = text(5);
+    const std::size_t from = random() % 40;
+    ASSERT_EQ(FindText(whole, part, from), whole.find(part, from))
+        << whole.size() << ' ' << part.size() << ' ' << from;
+  }
 }
 
 TEST(MXString, TokenizesWithTheRightNumberOfEmptyTokens) {
