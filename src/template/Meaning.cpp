@@ -162,7 +162,7 @@ class NameSearch {
   /// False when a declaration on a line of its own surely holds no name of the template's: most
   /// hold none, and need not be taken apart.
   bool MayDeclare(std::size_t i, TextView folded) const {
-    if (mCode.MayHoldMore(i) || Continues(mCode.Line(i))) return true;
+    if (Continues(mCode.Line(i))) return true;
     return std::ranges::any_of(Words(folded), [&](TextView word) { return IsOfTemplate(word); });
   }
 
@@ -353,8 +353,4 @@ std::vector<Refusal> Meaning::Notes(const Put& put) {
                  return false;
                });
   return notes;
-}
-
-bool Meaning::ReadsErr(const ProcText& code) {
-  return FirstErrRead(code, 0, code.Count()).has_value();
 }

@@ -41,9 +41,6 @@ std::optional<Refusal> FirstFault(const Put& put, const AllowedRules& allowed);
 /// the clean-up code by.
 std::vector<Refusal> Notes(const Put& put);
 
-/// True when the code reads Err before any handler of its own cleared it.
-bool ReadsErr(const ProcText& code);
-
 /// The most lines that a module can hold.
 inline constexpr std::size_t ModuleLines = 65534;
 

@@ -97,6 +97,8 @@ TEST_F(MeaningTest, NamesOfTheTemplateMeanSomethingElse) {
       {"second parameter", u"Sub Run(a() As Long, _|    Optional gtrap = 1)|End Sub", "name-clash"},
       {"variable", u"Sub Run()|    x = 1|    Dim a(1 To 3, 2), gTrap As Long|End Sub",
        "name-clash"},
+      {"variable in a continued line", u"Sub Run()|    Dim a, _|        gTrap|End Sub",
+       "name-clash"},
       {"constant behind a colon", u"Sub Run()|    Const a = 1: Static TrapEdge$|End Sub",
        "name-clash"},
       {"label", u"Sub Run()|    GoTo caught|Caught: x = 1|End Sub", "name-clash"},
