@@ -17,11 +17,26 @@ if(QUILLON_FUZZ)
   target_compile_options(quillon_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+# quillon_sources(<variable> [<folder>]): the sources of a folder for the system that the build is for.
+# X_win.cpp and X_posix.cpp are twins behind one header; what they share is in X.cpp, if anything.
+function(quillon_sources variable)
+  file(GLOB sources CONFIGURE_DEPENDS ${ARGN}*.cpp)
+  if(WIN32)
+    list(FILTER sources EXCLUDE REGEX "_posix\\.cpp$")
+    foreach(file ${QUILLON_NOT_YET_ON_WINDOWS})
+      list(FILTER sources EXCLUDE REGEX "/${file}\\.cpp$")
+    endforeach()
+  else()
+    list(FILTER sources EXCLUDE REGEX "_win\\.cpp$")
+  endif()
+  set(${variable} ${sources} PARENT_SCOPE)
+endfunction()
+
 # quillon_layer(<name> [LINKS <layer>...] [PRIVATE <library>...])
 # Sources are those of the calling folder. LINKS names the layers whose headers it may include.
 function(quillon_layer name)
   cmake_parse_arguments(ARG "" "" "LINKS;PRIVATE" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+  quillon_sources(sources)
   file(GLOB headers CONFIGURE_DEPENDS *.h)
   if(sources)
     add_library(${name} STATIC ${sources} ${headers})
