@@ -63,7 +63,7 @@ _quillon_value() {
     --format)
       case $2 in
         list) _quillon_words table csv json ;;
-        check) _quillon_words text json ;;
+        check) _quillon_words text json sarif github junit gitlab ;;
         *) _quillon_words text ;;
       esac ;;
     *) return 1 ;;

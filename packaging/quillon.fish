@@ -60,7 +60,7 @@ set -l rules missing-template settings-differ drifted stale-name broken-template
 complete -c quillon -n "$in explain" -a "$rules"
 complete -c quillon -n "$in check" -l select -xa "$rules" -d "Find by these rules"
 complete -c quillon -n "$in check" -l ignore -xa "$rules" -d "Leave these rules out"
-complete -c quillon -n "$in check" -l format -xa "text json" -d "Form of the result"
+complete -c quillon -n "$in check" -l format -xa "text json sarif github junit gitlab" -d "Form of the result"
 complete -c quillon -n "$in report" -l format -xa text -d "Form of the result"
 complete -c quillon -n "$in report" -l pdf -rka "(__fish_complete_suffix .pdf)" -d "File to write"
 complete -c quillon -n "$in report" -a "summary properties"

@@ -84,7 +84,7 @@ _quillon_program() {
         check)
           _arguments $common $scope "*--select[find by these rules]:rule:($rules)" \
             "*--ignore[leave these rules out]:rule:($rules)" '*--allow[let a rule of the proof pass]:rule:(err-read name-clash clean-up number-twice line-length continuations procedure-size module-lines)' \
-            '--format[form]:form:(text json)' \
+            '--format[form]:form:(text json sarif github junit gitlab)' \
             '*:path:_quillon_projects' ;;
         explain) _arguments $common $scope "1:rule:($rules)" '*:path:_quillon_projects' ;;
         apply)

@@ -22,6 +22,8 @@ struct Finding {
   std::int32_t line = 0, endLine = 0;  ///< in the file, from 1, both included; 0: the whole file
   ComponentHandle component{};         ///< none: a project
   ProcedureHandle procedure{};         ///< none: the component as a whole
+  /// The same in the procedure's text, from 1; 0: its head, or no procedure.
+  std::size_t textLine = 0, textEndLine = 0;
   /// Without the procedure's name. Empty where settings say it.
   std::string message{};
   /// The settings that the code has and those that are suggested.

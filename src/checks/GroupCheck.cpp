@@ -1,5 +1,7 @@
 #include "GroupCheck.h"
 
+#include <algorithm>
+
 #include "MQuillon.h"
 
 using MQuillon::TriState;
@@ -133,6 +135,8 @@ void GroupCheck::AddAt(ProcedureHandle procedure, const TrialFinding& found) {
   Finding finding = At(found.rule, mHandler.Procedure(procedure).hComponent);
   finding.procedure = procedure;
   finding.message = found.message;
+  finding.textLine = found.line;
+  finding.textEndLine = std::max(found.line, found.endLine);
   if (mRules.Has(found.rule)) {
     finding.line = mPlaces.LineOf(procedure, found.line);
     finding.endLine =

@@ -3,8 +3,10 @@
 
 #include <fstream>
 #include <iterator>
+#include <set>
 
 #include "Finding.h"
+#include "Fingerprints.h"
 #include "RuleSelection.h"
 
 namespace {
@@ -97,6 +99,28 @@ TEST(CheckResult, IsToldInOrderAndNeverInSilence) {
                 "Passed over, in branches that conditional compilation leaves out: 4",
                 "Passed over, files that are read-only: 1", "Ignored, drifted: 3",
                 found + passed + ignored}));
+}
+
+TEST(Fingerprints, StayWhereOnlyPlacesChange) {
+  const std::vector<Fingerprints::Subject> before = {
+      {"drifted", "COrder", "Load", u"10  Call  Trail(1)\r\n"},
+      {"drifted", "COrder", "Load", u"    Call Trail(1)\n"},
+      {"drifted", "COrder", "Load", u"20\tCall Trail(1) "}};
+  Fingerprints one, other;
+  for (const Fingerprints::Subject& subject : before)
+    EXPECT_EQ(one.Of(subject), other.Of({"drifted", "COrder", "Load", u"Call Trail(1)"}));
+  std::set<std::string> names;
+  for (const Fingerprints::Subject& subject :
+       std::initializer_list<Fingerprints::Subject>{{"drifted", "COrder", "Load", u"x"},
+                                                    {"drifted", "COrder", "Load", u"x"},
+                                                    {"drifted", "COrder", "Load", u"X"},
+                                                    {"drifted", "COrderLoad", "", u"x"},
+                                                    {"drifted", "COrder", "LoadX", u""},
+                                                    {"numbered", "COrder", "Load", u"x"}})
+    names.insert(one.Of(subject));
+  EXPECT_EQ(names.size(), 6u);
+  // What stands in files of teams must stay what it is.
+  EXPECT_EQ(Fingerprints().Of({"drifted", "COrder", "Load", u""}), "941c79f0bdd37488");
 }
 
 }  // namespace

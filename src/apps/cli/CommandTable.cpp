@@ -144,7 +144,7 @@ constexpr Option ListOptions[] = {
     Format(ListFormats),
 };
 
-constexpr const char* CheckFormats[] = {"text", "json"};
+constexpr const char* CheckFormats[] = {"text", "json", "sarif", "github", "junit", "gitlab"};
 constexpr const char* RulesGroup = "Rules (ids or patterns of ids, repeatable; explain tells each)";
 constexpr Option CheckOptions[] = {
     {.names = "--select",

@@ -5,16 +5,18 @@
 #include <string>
 #include <string_view>
 
-class Output {
+#include "TextSink.h"
+
+class Output : public TextSink {
  public:
-  ~Output() { Flush(); }
+  ~Output() override { Flush(); }
 
   /// Room for results; call Put or FlushWhenLarge when a row is done.
   std::string& Buffer() { return msPending; }
   void FlushWhenLarge() {
     if (msPending.size() >= (1u << 18)) Flush();
   }
-  void Put(std::string_view sText) {
+  void Put(std::string_view sText) override {
     msPending += sText;
     FlushWhenLarge();
   }

@@ -13,11 +13,11 @@
 #include <cstdint>
 #include <string_view>
 
-#include "Output.h"
+#include "TextSink.h"
 
 class JsonWriter : private rapidjson::Writer<rapidjson::StringBuffer> {
  public:
-  explicit JsonWriter(Output& output) : mOutput(output) { Reset(mBuffer); }
+  explicit JsonWriter(TextSink& sink) : mSink(sink) { Reset(mBuffer); }
 
   void BeginObject() { Lead(), StartObject(); }
   void BeginArray() { Lead(), StartArray(); }
@@ -42,7 +42,7 @@ class JsonWriter : private rapidjson::Writer<rapidjson::StringBuffer> {
   void StartArray();
   void LineEnd();
 
-  Output& mOutput;
+  TextSink& mSink;
   rapidjson::StringBuffer mBuffer;
   bool mBreak = false;
 };

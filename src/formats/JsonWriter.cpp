@@ -77,7 +77,7 @@ void JsonWriter::Null() {
 void JsonWriter::Break() {
   constexpr std::size_t Large = 1 << 16;
   if (mBuffer.GetSize() >= Large) {
-    mOutput.Put({mBuffer.GetString(), mBuffer.GetSize()});
+    mSink.Put({mBuffer.GetString(), mBuffer.GetSize()});
     mBuffer.Clear();
   }
   mBreak = true;
@@ -85,6 +85,6 @@ void JsonWriter::Break() {
 
 void JsonWriter::Finish() {
   mBuffer.Put('\n');
-  mOutput.Put({mBuffer.GetString(), mBuffer.GetSize()});
+  mSink.Put({mBuffer.GetString(), mBuffer.GetSize()});
   mBuffer.Clear();
 }
