@@ -2,6 +2,8 @@
 // no faster (the row ends in _BigO, which names the law that was measured).
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -40,16 +42,36 @@ void ManyEventSources(benchmark::State& state) {
   std::filesystem::remove_all(folder);
 }
 
-/// Drive paths of 200 parts, each part named like the folder around the project.
-void ManyDrivePaths(benchmark::State& state) {
+/// A thousand drive paths of so many parts, in which some are named like the folder around the
+/// project, some aren't there, and some lead up again.
+void LongDrivePaths(benchmark::State& state, TextView parts) {
   Text path = u"C:";
-  for (int i = 0; i < 199; ++i) path += u"\\tmp";
+  while (std::ranges::count(path, u'\\') + 1 < state.range(0)) path += parts;
   for (auto _ : state) {
     PathFinder finder(SystemFileOps());
-    for (std::int64_t i = 0; i < state.range(0); ++i)
+    for (int i = 0; i < 1'000; ++i)
       benchmark::DoNotOptimize(finder.Find("/tmp", path + u"\\x" + ToText(i) + u".bas"));
   }
   state.SetComplexityN(state.range(0));
+}
+
+/// One request of `quillon text` with that many fields, half of which stand twice. The start of the
+/// program is part of the time.
+void ManyRequestFields(benchmark::State& state) {
+  const auto requests = std::filesystem::temp_directory_path() / "quillon-bench-requests";
+  std::ofstream file(requests);
+  file << R"({"before": "Sub Run()\r\nEnd Sub")";
+  for (std::int64_t i = 0; i < state.range(0); ++i)
+    file << Numbered(", \"k", i * 2 % state.range(0)) << "\": " << i;
+  file << "}\n";
+  file.close();
+  const std::string command = QUILLON_BIN_DIR "/quillon text extract -t " QUILLON_SOURCE_DIR
+                                              "/samples/Template.dat <" +
+                              requests.string() + " >/dev/null";
+  for (auto _ : state)
+    if (std::system(command.c_str()) != 0) state.SkipWithError(command.c_str());
+  state.SetComplexityN(state.range(0));
+  std::filesystem::remove(requests);
 }
 
 /// A template with a fault in each of its rows.
@@ -67,7 +89,16 @@ void ManyTemplateFaults(benchmark::State& state) {
 }
 
 BENCHMARK(ManyEventSources)->RangeMultiplier(2)->Range(25'000, 200'000)->Complexity();
-BENCHMARK(ManyDrivePaths)->RangeMultiplier(2)->Range(250, 2'000)->Complexity();
+BENCHMARK_CAPTURE(LongDrivePaths, down, u"\\tmp")->RangeMultiplier(2)->Range(50, 400)->Complexity();
+BENCHMARK_CAPTURE(LongDrivePaths, up, u"\\tmp\\..\\lost\\tmp\\..\\..")
+    ->RangeMultiplier(2)
+    ->Range(50, 400)
+    ->Complexity();
+BENCHMARK(ManyRequestFields)
+    ->RangeMultiplier(2)
+    ->Range(100'000, 800'000)
+    ->UseRealTime()
+    ->Complexity();
 BENCHMARK(ManyTemplateFaults)->RangeMultiplier(2)->Range(3'750, 30'000)->Complexity();
 
 }  // namespace

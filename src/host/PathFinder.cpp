@@ -32,12 +32,6 @@ TextView TakePart(TextView& sRest) {
   return sPart;
 }
 
-std::vector<TextView> SplitParts(TextView path) {
-  std::vector<TextView> parts;
-  for (TextView part = TakePart(path); !part.empty(); part = TakePart(path)) parts.push_back(part);
-  return parts;
-}
-
 std::string Join(const std::string& sFolder, const std::string& sName) {
   return sFolder.ends_with('/') ? sFolder + sName : sFolder + '/' + sName;
 }
@@ -103,36 +97,47 @@ std::string PathFinder::Match(const std::string& sFolder, const std::string& sNa
   return bOne ? std::ranges::find_if(oListing.oFolded, Fits)->second : std::string();
 }
 
-PathFinder::Found PathFinder::Walk(std::string folder, Parts parts, Wanted wanted) {
-  std::size_t missing = 0;  // parts at the end of the path that aren't there
-  for (; !parts.empty(); parts = parts.subspan(1)) {
-    const TextView part = parts.front();
-    if (part == u".") continue;
-    const bool isNamed = missing == 0 || wanted == Wanted::Name;
-    if (part == u"..") {
-      if (isNamed) folder = FolderOf(folder);
-      if (missing > 0) --missing;
-      continue;
+// From the last part back: a name is taken back when the parts behind it lead further up.
+PathFinder::Path::Path(TextView path) {
+  for (TextView part = TakePart(path); !part.empty(); part = TakePart(path))
+    moParts.push_back({part, 0, 0});
+  std::size_t up = 0, name = moParts.size();
+  for (std::size_t i = moParts.size(); i-- > 0;) {
+    moParts[i].up = up;
+    moParts[i].next = name;
+    if (moParts[i].text == u".") continue;
+    if (moParts[i].text == u"..") {
+      ++up;
+    } else if (up > 0) {
+      --up;
+    } else {
+      name = i;
     }
-    const std::string name = isNamed ? PathOfText(part) : std::string();
-    const std::string match = missing == 0 ? Match(folder, name) : std::string();
-    if (match.empty()) ++missing;
-    if (missing > 0 && wanted == Wanted::File) {
-      if (std::ranges::find(parts, u"..") == parts.end()) return {};
-      continue;
-    }
-    if (!folder.ends_with('/')) folder += '/';
-    folder += match.empty() ? name : match;
   }
-  return {std::move(folder), missing == 0};
+  moWhole = {{}, up, name};
 }
 
-PathFinder::Found PathFinder::FindMoved(const std::string& folder, Parts parts) {
+PathFinder::Found PathFinder::Walk(std::string folder, const Path& path, const Path::Part& from,
+                                   Wanted wanted) {
+  for (std::size_t up = from.up; up > 0 && folder != "/"; --up) folder = FolderOf(folder);
+  bool exists = true;
+  for (const Path::Part* part = path.Behind(from); part != nullptr; part = path.Behind(*part)) {
+    const std::string name = PathOfText(part->text);
+    const std::string match = exists ? Match(folder, name) : std::string();
+    if (match.empty() && wanted == Wanted::File) return {};
+    exists = !match.empty();
+    if (!folder.ends_with('/')) folder += '/';
+    folder += exists ? match : name;
+  }
+  return {std::move(folder), exists};
+}
+
+PathFinder::Found PathFinder::FindMoved(const std::string& folder, const Path& path) {
   for (std::string around = folder; around != "/"; around = FolderOf(around)) {
     const Text name = TextOfPath(NameOf(around));
-    for (Parts rest = parts; !rest.empty(); rest = rest.subspan(1)) {
-      if (!EqualNoCase(rest.front(), name)) continue;
-      Found found = Walk(around, rest.subspan(1), Wanted::File);
+    for (const Path::Part& part : path.Parts()) {
+      if (!EqualNoCase(part.text, name)) continue;
+      Found found = Walk(around, path, part, Wanted::File);
       if (found.bExists) return found;
     }
   }
@@ -142,17 +147,19 @@ PathFinder::Found PathFinder::FindMoved(const std::string& folder, Parts parts) 
 PathFinder::Found PathFinder::Find(const std::string& sFolder, TextView sEntry) {
   const bool bDrive = HasDrive(sEntry);
   const bool bShare = sEntry.size() > 1 && IsSeparator(sEntry[0]) && IsSeparator(sEntry[1]);
-  const std::vector<TextView> parts = SplitParts(bDrive ? sEntry.substr(2) : sEntry);
-  if (!bDrive && !bShare)
-    return Walk(!sEntry.empty() && IsSeparator(sEntry[0]) ? "/" : sFolder, parts, Wanted::Name);
-  if (bDrive && !parts.empty()) {
-    const Text letter(1, LowerCase(sEntry[0]));
-    std::vector<TextView> mounted = {u"mnt", letter};
-    mounted.insert(mounted.end(), parts.begin(), parts.end());
-    for (const Parts tried : {Parts(mounted), Parts(parts)})
-      if (Found found = Walk("/", tried, Wanted::File); found.bExists) return found;
+  const Path path(bDrive ? sEntry.substr(2) : sEntry);
+  if (!bDrive && !bShare) {
+    const bool isRooted = !sEntry.empty() && IsSeparator(sEntry[0]);
+    return Walk(isRooted ? "/" : sFolder, path, path.Whole(), Wanted::Name);
   }
-  if (Found oFound = FindMoved(sFolder, parts); oFound.bExists) return oFound;
+  if (bDrive && !path.Parts().empty()) {
+    const Text inMount = Text(u"mnt/") + LowerCase(sEntry[0]) + u'/' + Text(sEntry.substr(2));
+    const Path mounted(inMount);
+    for (const Path* tried : {&mounted, &path})
+      if (Found found = Walk("/", *tried, tried->Whole(), Wanted::File); found.bExists)
+        return found;
+  }
+  if (Found oFound = FindMoved(sFolder, path); oFound.bExists) return oFound;
   return {PathOfText(sEntry), false};
 }
 

@@ -12,10 +12,10 @@
 #pragma once
 
 #include <memory>
-#include <span>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
 #include "IFileOps.h"
 #include "Text.h"
@@ -46,13 +46,32 @@ class PathFinder {
   };
   const Listing& List(const std::string& sFolder);
   std::string Match(const std::string& sFolder, const std::string& sName);
-  using Parts = std::span<const TextView>;
+  /// The parts of a path, each with what is left of the path behind it once every `..` has taken
+  /// back the part ahead of it: so many folders up, then names. Views of the text that was given.
+  class Path {
+   public:
+    struct Part {
+      TextView text;
+      std::size_t up, next;  ///< `next`: the place of the first name behind
+    };
+    explicit Path(TextView path);
+    const std::vector<Part>& Parts() const { return moParts; }
+    const Part& Whole() const { return moWhole; }  ///< as if behind a part ahead of the first
+    /// The first name behind a part, or null.
+    const Part* Behind(const Part& part) const {
+      return part.next < moParts.size() ? &moParts[part.next] : nullptr;
+    }
+
+   private:
+    std::vector<Part> moParts;
+    Part moWhole;
+  };
   enum class Wanted {
     Name,  ///< also of a file that isn't there
     File   ///< nothing for one that isn't there
   };
-  Found Walk(std::string folder, Parts parts, Wanted wanted);
-  Found FindMoved(const std::string& folder, Parts parts);
+  Found Walk(std::string folder, const Path& path, const Path::Part& from, Wanted wanted);
+  Found FindMoved(const std::string& folder, const Path& path);
 
   IFileOps& moFiles;
   std::unordered_map<std::string, Listing> moListings;

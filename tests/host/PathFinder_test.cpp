@@ -27,23 +27,26 @@ TEST_F(PathFinderTest, FindsWhatWindowsWouldFind) {
   // What is found stands below the root of the tree, which entries call ROOT; with "?" behind it:
   // it isn't there.
   for (const auto& as : Rows(R"(
-           same folder                       | Main.vbp                             | Orders/Main.vbp
-           exact case first                  | A.bas                                | Orders/A.bas
-           the other exact case              | a.bas                                | Orders/a.bas
-           case of every part                | SUB FOLDER\module.bas                | Orders/Sub Folder/Module.BAS
-           slashes of both kinds, repeated   | .\Sub Folder//Module.bas             | Orders/Sub Folder/Module.BAS
-           parent                            | ..\common\HELPERS.BAS                | Common/helpers.bas
-           parent of a part that isn't there | Gone\..\a.bas                        | Orders/a.bas
-           letters beyond ASCII              | CAFÉ.CLS                             | Orders/Café.cls
-           missing file                      | sub folder\Gone.bas                  | Orders/Sub Folder/Gone.bas?
-           missing folder                    | ..\Gone\x.bas                        | Gone/x.bas?
-           a file where a folder should be   | a.bas\b.bas                          | Orders/a.bas/b.bas?
-           short name                        | ..\Common\EXTRAO~1.FRM               | Common/Extraordinary.frm
-           short name that fits two          | ..\Common\LONGN~1.BAS                | Common/LONGN~1.BAS?
-           root of this machine              | ROOT/Orders/a.bas                    | Orders/a.bas
-           drive at the root                 | C:ROOT\Orders\main.vbp               | Orders/Main.vbp
-           drive of another machine          | d:\Work\ORDERS\Sub Folder\Module.bas | Orders/Sub Folder/Module.BAS
-           network path                      | \\server\d$\orders\Main.vbp          | Orders/Main.vbp)")) {
+           same folder                        | Main.vbp                                        | Orders/Main.vbp
+           exact case first                   | A.bas                                           | Orders/A.bas
+           the other exact case               | a.bas                                           | Orders/a.bas
+           case of every part                 | SUB FOLDER\module.bas                           | Orders/Sub Folder/Module.BAS
+           slashes of both kinds, repeated    | .\Sub Folder//Module.bas                        | Orders/Sub Folder/Module.BAS
+           parent                             | ..\common\HELPERS.BAS                           | Common/helpers.bas
+           parent of a part that isn't there  | Gone\..\a.bas                                   | Orders/a.bas
+           letters beyond ASCII               | CAFÉ.CLS                                        | Orders/Café.cls
+           missing file                       | sub folder\Gone.bas                             | Orders/Sub Folder/Gone.bas?
+           missing folder                     | ..\Gone\x.bas                                   | Gone/x.bas?
+           a file where a folder should be    | a.bas\b.bas                                     | Orders/a.bas/b.bas?
+           short name                         | ..\Common\EXTRAO~1.FRM                          | Common/Extraordinary.frm
+           short name that fits two           | ..\Common\LONGN~1.BAS                           | Common/LONGN~1.BAS?
+           parents of parts that aren't there | Gone\Lost\..\x\..\..\a.bas                      | Orders/a.bas
+           parents beyond the root            | ..\..\..\..\..\..\..\..\..\..ROOT\Orders\a.bas  | Orders/a.bas
+           root of this machine               | ROOT/Orders/a.bas                               | Orders/a.bas
+           drive at the root                  | C:ROOT\Orders\main.vbp                          | Orders/Main.vbp
+           drive of another machine           | d:\Work\ORDERS\Sub Folder\Module.bas            | Orders/Sub Folder/Module.BAS
+           drive, parent of the folder's name | d:\Gone\..\ORDERS\..\Common\Gone\..\helpers.bas | Common/helpers.bas
+           network path                       | \\server\d$\orders\Main.vbp                     | Orders/Main.vbp)")) {
     SCOPED_TRACE(as[0]);
     const Text sEntry = MXString::StringReplace(FromUtf8(as[1]), u"ROOT", sRoot);
     std::string sExpected = moTree.Path(as[2]);

@@ -39,6 +39,7 @@ void CheckValue(const Value& value, int depth) {
 /// Of fields with one name the last one holds, in the place of the first.
 void DropRepeatedFields(Document& object) {
   std::unordered_map<std::string_view, Value*> values;
+  values.reserve(object.MemberCount());
   std::unordered_set<const Value*> repeated;
   for (auto& field : object.GetObject()) {
     const auto [first, isNew] = values.try_emplace(View(field.name), &field.value);
