@@ -11,6 +11,7 @@
 #include "PathText.h"
 #include "ProjectTree.h"
 #include "TableRows.h"
+#include "WritingRun.h"
 
 namespace {
 
@@ -356,6 +357,31 @@ TEST_F(OpenFIDETest, LastSaveIsTakenBackOnTheUsersWord) {
   EXPECT_EQ(moTree.Read("Main.bas"), sModuleBytes);
   EXPECT_EQ(moTree.Read("Order.cls"), std::string(sClassBytes) + "' later\r\n");
   EXPECT_EQ(Tree(), sClean) << "the window has read them again";
+}
+
+TEST_F(FIDETest, RunThatWasKilledIsTakenBackAheadOfOpeningOnTheUsersWord) {
+  const std::string sNew = sModuleBytes + "' new\r\n";
+  moTree.Write("Main.bas", sNew);
+  const RunStore oStore = UserRuns();
+  {
+    RunJournal oJournal(oStore, {"quillon apply", 1, 1, {moTree.Path("Shop.vbp")}},
+                        SystemFileOps());
+    oJournal.Add(moTree.Path("Main.bas"), moTree.Path("gone"), sModuleBytes, sNew);
+    oJournal.Flush();
+  }
+  for (const bool bYes : {false, true}) {
+    SCOPED_TRACE(bYes);
+    User().MsgBox(bYes ? MsgBoxResult::Yes : MsgBoxResult::No);
+    if (bYes) User().MsgBox(MsgBoxResult::Ok);
+    Start();
+    ASSERT_FALSE(User().Boxes().empty());
+    ExpectHolds(ToUtf8(User().Boxes().front().sPrompt), {"quillon apply of ", "broken off"});
+    EXPECT_EQ(moTree.Read("Main.bas"), bYes ? sModuleBytes : sNew);
+    moIDE.UserClose();
+  }
+  ExpectHolds(ToUtf8(User().Boxes().back().sPrompt), {"1 file as before"});
+  Start();
+  EXPECT_EQ(Tree(), sClean) << "and asks no more";
 }
 
 TEST_F(OpenFIDETest, FilesOfOtherProgramsAreReadAgainOrTold) {

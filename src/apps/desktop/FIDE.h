@@ -129,6 +129,7 @@ class FIDE : public Forms::Form {
   // FIDE_Runs.
   /// Failure when nothing could be saved at all.
   DiskIDE::SaveResult SaveAsRun();
+  void OfferToMend(const std::string& group);
   void TellRun(const std::vector<std::string>& messages);
   void mnuFileUndo_Click();
   void TakeBackLast(WritingRun& own);
@@ -157,6 +158,7 @@ class FIDE : public Forms::Form {
   void TellConflicts(const std::vector<std::string>& asConflict);
   void TellProjects(const std::vector<std::string>& asProject);
   void Tell(TextView sText);
+  bool IsYes(TextView question);
 
   ButtonFaces& moFaces;
   MakeAddIn moMakeAddIn;

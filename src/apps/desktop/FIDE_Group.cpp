@@ -10,8 +10,6 @@
 #include "MXRegistry.h"
 #include "PathText.h"
 #include "RememberedRoots.h"
-#include "Toolkit.h"
-#include "VisibleText.h"
 
 namespace {
 
@@ -80,6 +78,7 @@ void FIDE::ShowRecent() {
 bool FIDE::OpenGroup(TextView sPath) {
   const Text sGroup(sPath);  // a copy: sPath may point into the list that is changed here
   if (sGroup.empty() || !MayLeaveGroup()) return false;
+  OfferToMend(PathOfText(sGroup));
   std::unique_ptr<DiskIDE> pNew;
   try {
     pNew = ReadGroup(PathOfText(sGroup));
@@ -117,8 +116,7 @@ bool FIDE::MayWriteIn(const std::vector<std::string>& folders) {
       u"written only if you allow it:\r\n";
   for (const std::string& folder : folders) question += u"\r\n" + TextOfPath(folder);
   question += u"\r\n\r\nMay modules in these folders be written?";
-  return App().MsgBox(FromUtf8(VisibleLines(ToUtf8(question))), Forms::MsgBoxButtons::YesNo,
-                      Forms::MsgBoxIcon::Question) == Forms::MsgBoxResult::Yes;
+  return IsYes(question);
 }
 
 void FIDE::TakeGroup(std::unique_ptr<DiskIDE> pNew, TextView sPath) {

@@ -7,7 +7,6 @@
 #include "LocalTime.h"
 #include "PathText.h"
 #include "SignalHold.h"
-#include "Toolkit.h"
 #include "WritingRun.h"
 
 namespace {
@@ -27,6 +26,22 @@ DiskIDE::SaveResult FIDE::SaveAsRun() {
   TellRun(run.Messages());
   const SignalHold hold;
   return mpIDE->Save(run.Journal());
+}
+
+// What such a run left is a mixture of old and new files, to be put right ahead of reading them.
+void FIDE::OfferToMend(const std::string& group) {
+  const std::vector<std::string> runs = TellKilledRuns({group});
+  if (runs.empty()) return;
+  Text question;
+  for (const std::string& run : runs) question += FromUtf8(run) + u".\r\n\r\n";
+  question += u"Some of its files may be new and others old. Take it back now, ahead of opening?";
+  if (!IsYes(question)) return;
+  try {
+    const WritingRun own({group}, "quillon-desktop " + group, WaitSeconds);
+    TellRun(own.Messages());
+  } catch (const Failure& failure) {
+    Tell(u"Nothing was taken back.\r\n\r\n" + failure.Description());
+  }
 }
 
 void FIDE::TellRun(const std::vector<std::string>& messages) {
@@ -56,9 +71,7 @@ void FIDE::TakeBackLast(WritingRun& own) {
   const Text question = u"This run wrote last:\r\n\r\n" + NameOf(*run) +
                         u"\r\n\r\nIts files get their text of before. Those that were changed "
                         u"since are left alone. Take it back?";
-  if (App().MsgBox(question, Forms::MsgBoxButtons::YesNo, Forms::MsgBoxIcon::Question) !=
-      Forms::MsgBoxResult::Yes)
-    return;
+  if (!IsYes(question)) return;
   const SignalHold hold;
   const TakenBack result = own.Undo(*run);
   if (result.left.empty()) return;

@@ -33,6 +33,11 @@ void FIDE::Tell(TextView sText) {
                Forms::MsgBoxIcon::Exclamation);
 }
 
+bool FIDE::IsYes(TextView question) {
+  return App().MsgBox(FromUtf8(VisibleLines(ToUtf8(question))), Forms::MsgBoxButtons::YesNo,
+                      Forms::MsgBoxIcon::Question) == Forms::MsgBoxResult::Yes;
+}
+
 void FIDE::ShowGroup() {
   moTree.Fill(mpIDE->Root().VBProjects());
   if (tvwGroup.Nodes().Count() > 0) tvwGroup.Nodes().Roots().front()->SetSelected(true);
