@@ -58,7 +58,8 @@ _quillon_value() {
         procedure-size module-lines ;;
     --root) COMPREPLY=(); compopt -o dirnames 2>/dev/null ;;
     --select | --ignore) _quillon_words "${_quillon_rules[@]}" ;;
-    --project | --component | --define | --wait | --run) COMPREPLY=() ;;
+    --project | --component | --define | --wait | --run | --file | --exclude | --since) COMPREPLY=() ;;
+    --files-from | --baseline) _quillon_files 'json|txt' ;;
     --connect) _quillon_words startup external ;;
     --format)
       case $2 in
@@ -74,15 +75,20 @@ _quillon_value() {
 _quillon_options() {
   local common=(-h --help -t --template --settings --log --color -q --quiet -v --verbose --trace)
   local scope=(--project --component --procedure --type --codepage --root --define)
+  local files=(--file --exclude --since --staged --files-from)
   local rewriting=(-n --dry-run --diff --wait --exit-code --no-verify --allow)
   case $1 in
-    list) _quillon_words "${common[@]}" "${scope[@]}" --suggested --pending --format ;;
-    check) _quillon_words "${common[@]}" "${scope[@]}" --select --ignore --allow --format ;;
-    apply) _quillon_words "${common[@]}" "${scope[@]}" "${rewriting[@]}" --set --suggested ;;
-    refresh | number | unnumber) _quillon_words "${common[@]}" "${scope[@]}" "${rewriting[@]}" ;;
+    list) _quillon_words "${common[@]}" "${scope[@]}" "${files[@]}" --suggested --pending --format ;;
+    check)
+      _quillon_words "${common[@]}" "${scope[@]}" "${files[@]}" --select --ignore --allow --format \
+        --baseline --write-baseline ;;
+    apply)
+      _quillon_words "${common[@]}" "${scope[@]}" "${files[@]}" "${rewriting[@]}" --set --suggested ;;
+    refresh | number | unnumber)
+      _quillon_words "${common[@]}" "${scope[@]}" "${files[@]}" "${rewriting[@]}" ;;
     undo) _quillon_words "${common[@]}" -n --dry-run --diff --wait --list --run ;;
     report) _quillon_words "${common[@]}" --project --component --codepage --root --define --pdf --format ;;
-    explain) _quillon_words "${common[@]}" "${scope[@]}" ;;
+    explain) _quillon_words "${common[@]}" "${scope[@]}" "${files[@]}" ;;
     template | text | rules) _quillon_words "${common[@]}" ;;
     *) _quillon_words --version "${common[@]}" "${scope[@]}" "${rewriting[@]}" ;;
   esac
@@ -111,7 +117,7 @@ _quillon() {
     case $word in
       -t | --template | --settings | --log | --pdf | --color | --codepage | --type | --procedure | \
         --project | --component | --root | --format | --set | --define | --select | --ignore | --wait | \
-        --run | --allow)
+        --run | --allow | --file | --exclude | --since | --files-from | --baseline)
         if [[ ${COMP_WORDS[i + 1]} == = ]]; then i=$((i + 1)); fi  # --option=value
         if ((i + 1 >= COMP_CWORD)); then last=$word; fi
         i=$((i + 1))

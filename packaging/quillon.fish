@@ -42,6 +42,12 @@ complete -c quillon -n "$in $grouped" -l codepage -xa "1252 utf-8 932 936 949 95
     -d "Code page of the files"
 complete -c quillon -n "$in $grouped" -l define -x -d "Constant of conditional compilation, NAME=VALUE"
 
+complete -c quillon -n "$in $scoped" -l file -x -d "Files that fit a pattern"
+complete -c quillon -n "$in $scoped" -l exclude -x -d "Leave out files that fit a pattern"
+complete -c quillon -n "$in $scoped" -l since -x -d "Files that differ from a revision"
+complete -c quillon -n "$in $scoped" -l staged -d "Files that the next commit changes"
+complete -c quillon -n "$in $scoped" -l files-from -rF -d "Files that are listed there"
+
 set -l writing apply refresh number unnumber
 complete -c quillon -n "$in $writing undo" -s n -l dry-run -d "Write nothing"
 complete -c quillon -n "$in $writing undo" -l diff -d "Print the changes as a unified diff"
@@ -61,6 +67,8 @@ complete -c quillon -n "$in explain" -a "$rules"
 complete -c quillon -n "$in check" -l select -xa "$rules" -d "Find by these rules"
 complete -c quillon -n "$in check" -l ignore -xa "$rules" -d "Leave these rules out"
 complete -c quillon -n "$in check" -l format -xa "text json sarif github junit gitlab" -d "Form of the result"
+complete -c quillon -n "$in check" -l baseline -rF -d "Leave out what this file holds"
+complete -c quillon -n "$in check" -l write-baseline -d "Write the findings into the baseline"
 complete -c quillon -n "$in report" -l format -xa text -d "Form of the result"
 complete -c quillon -n "$in report" -l pdf -rka "(__fish_complete_suffix .pdf)" -d "File to write"
 complete -c quillon -n "$in report" -a "summary properties"

@@ -20,7 +20,7 @@ _quillon_property() {
 }
 
 _quillon_program() {
-  local -a common reading scope changing rewriting commands
+  local -a common reading files scope changing rewriting commands
   local state line
   common=(
     '(-h --help)'{-h,--help}'[print help]'
@@ -43,6 +43,13 @@ _quillon_program() {
     '*--component[components by name]:pattern:'
     '*--procedure[procedures by name]:pattern:{compadd -- "(declarations)"}'
     '*--type[types as list shows them]:pattern:(Sub Function Property\ \* declarations)'
+  )
+  files=(
+    '*--file[files that fit a pattern]:pattern:'
+    '*--exclude[leave out files that fit a pattern]:pattern:'
+    '--since[files that differ from a revision]:revision:'
+    '--staged[files that the next commit changes]'
+    '--files-from[files that are listed there]:list:_files'
   )
   changing=(
     '(-n --dry-run)'{-n,--dry-run}'[write nothing]'
@@ -78,20 +85,22 @@ _quillon_program() {
     argument)
       case $line[1] in
         list)
-          _arguments $common $scope '(--pending)--suggested[what is suggested]' \
+          _arguments $common $scope $files '(--pending)--suggested[what is suggested]' \
             '(--suggested)--pending[what is asked for]' '--format[form]:form:(table csv json)' \
             '*:path:_quillon_projects' ;;
         check)
-          _arguments $common $scope "*--select[find by these rules]:rule:($rules)" \
+          _arguments $common $scope $files "*--select[find by these rules]:rule:($rules)" \
             "*--ignore[leave these rules out]:rule:($rules)" '*--allow[let a rule of the proof pass]:rule:(err-read name-clash clean-up number-twice line-length continuations procedure-size module-lines)' \
+            '--baseline[leave out what this file holds]:baseline:_files' \
+            '--write-baseline[write the findings into the baseline]' \
             '--format[form]:form:(text json sarif github junit gitlab)' \
             '*:path:_quillon_projects' ;;
-        explain) _arguments $common $scope "1:rule:($rules)" '*:path:_quillon_projects' ;;
+        explain) _arguments $common $scope $files "1:rule:($rules)" '*:path:_quillon_projects' ;;
         apply)
-          _arguments $common $scope $rewriting '*--set[set a property]:property:_quillon_property' \
+          _arguments $common $scope $files $rewriting '*--set[set a property]:property:_quillon_property' \
             '--suggested[take the suggested values over]' '*:path:_quillon_projects' ;;
         refresh | number | unnumber)
-          _arguments $common $scope $rewriting '*:path:_quillon_projects' ;;
+          _arguments $common $scope $files $rewriting '*:path:_quillon_projects' ;;
         undo)
           _arguments $common $changing '--list[list the runs, the latest first]' \
             '--run[number of the run in the list]:number:' '*:path:_quillon_projects' ;;

@@ -71,6 +71,7 @@ std::vector<std::string> TotalLines(const CheckResult& result, bool verbose) {
   if (!passed.empty()) total += "; passed over: " + passed + (verbose ? "" : " (-v tells why)");
   const std::string ignored = in(result.ignored);
   if (!ignored.empty()) total += "; ignored: " + ignored;
+  if (result.known > 0) total += "; in the baseline: " + std::to_string(result.known);
   for (const auto& [name, count] : result.judgedOtherwise)
     total += "; " + Count(count, "suggestion") + " would differ by the rule '" + name +
              "', which is off";

@@ -32,6 +32,7 @@ struct Finding {
     bool isTraced = false;  ///< false: a declarations section, which can't be traced
   };
   std::optional<Settings> settings{};
+  std::string fingerprint{};  ///< by which it is known again (Fingerprints.h)
 };
 
 /// What a check left aside, by cause.
@@ -51,6 +52,10 @@ struct CheckResult {
   std::array<std::size_t, 64> ignored{};
   /// By stored name: procedures that a rule about suggestions, which is off, would judge otherwise.
   std::map<std::string, std::size_t> judgedOtherwise{};
+  /// Findings that a baseline holds, and that were taken out; the fingerprints of its entries that
+  /// no longer occur.
+  std::size_t known = 0;
+  std::vector<std::string> gone{};
   /// Whether code names a template that the template file holds, and one that it doesn't.
   bool namesKnown = false, namesUnknown = false;
 

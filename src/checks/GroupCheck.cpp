@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Fingerprints.h"
 #include "MQuillon.h"
 
 using MQuillon::TriState;
@@ -17,6 +18,15 @@ bool MayLoseLines(const Rewrite& declarations) {
   }
   const TextView last = code.Folded(code.Count() - 1);
   return last.empty() || last.front() == u'#' || CommentStart(last) == 0;
+}
+
+/// Lines from 1, both included.
+Text LinesOf(const Text& text, std::size_t first, std::size_t last) {
+  const ProcText code(text);
+  Text lines;
+  for (std::size_t i = first; i <= last && i <= code.Count(); ++i)
+    lines.append(code.Line(i - 1)).append(u"\n");
+  return lines;
 }
 
 }  // namespace
@@ -165,8 +175,28 @@ const std::string* GroupCheck::Kept(const std::string& file) {
   return kept;
 }
 
+void GroupCheck::AddFingerprints() {
+  Fingerprints prints;
+  for (Finding& finding : mResult.findings) {
+    std::string component = *finding.file, procedure;
+    Text code;
+    if (finding.component) component = ToUtf8(mHandler.Component(finding.component).sName);
+    // Two halves of a property have one name.
+    if (finding.procedure)
+      procedure = ToUtf8(mHandler.ProcName(finding.procedure)) + ' ' +
+                  ToUtf8(mHandler.Procedure(finding.procedure).sProcType);
+    if (finding.textLine > 0) {
+      std::int32_t headLine = 0;
+      code = mHandler.GetProcCode(finding.procedure, headLine);
+      code = LinesOf(code, finding.textLine, finding.textEndLine);
+    }
+    finding.fingerprint = prints.Of({RowOf(finding.rule).id, component, procedure, code});
+  }
+}
+
 CheckResult GroupCheck::Finish() {
   for (const ProcedureHandle h : mDeclarations) TryInModule(h);
   SortFindings(mResult.findings);
+  AddFingerprints();
   return std::move(mResult);
 }

@@ -61,6 +61,7 @@ class GroupCheck {
   void AddAt(ProcedureHandle procedure, const TrialFinding& found);
   void Add(Finding finding);
   Finding At(CheckRule rule, ComponentHandle component);
+  void AddFingerprints();
   const std::string* Kept(const std::string& file);
 
   CIDEHandler& mHandler;

@@ -56,6 +56,12 @@ class JsonFormat : public FindingFormat {
     mJson.Break();
     mJson.EndArray();
     Count("procedures", result.procedures);
+    mJson.Key("baseline").BeginObject();
+    Count("known", result.known);
+    mJson.Key("gone").BeginArray();
+    for (const std::string& fingerprint : result.gone) mJson.String(fingerprint);
+    mJson.EndArray();
+    mJson.EndObject();
     Passed(result.passedOver);
     mJson.Key("ignored").BeginObject();
     for (const RuleRow& row : CheckRules())

@@ -22,6 +22,15 @@ struct Arguments {
   // The scope, Like patterns; an empty list takes all.
   std::vector<std::string> asProject, asComponent, asProcedure, asType;
 
+  // The files of the scope (FileScope.h).
+  std::vector<std::string> files, excluded;  ///< patterns as in .gitignore
+  std::string since;                         ///< a revision of git; empty: none
+  bool staged = false;
+  std::string filesFrom;  ///< a file of paths, - for standard input; empty: none
+
+  std::string baseline;  ///< of check; empty: none
+  bool writeBaseline = false;
+
   std::vector<std::string> roots;     ///< folders below which components may be written
   std::vector<std::string> allowed;   ///< ids of --allow
   std::vector<std::string> asDefine;  ///< NAME=VALUE of --define

@@ -1,5 +1,6 @@
 // check: what is wrong with templates and their settings, found in memory, and never saving. What
 // finds it is in checks/, what writes it in formats/.
+#include "BaselineFile.h"
 #include "Commands.h"
 #include "ExplainCommand.h"
 #include "FindingFormat.h"
@@ -60,7 +61,12 @@ int CheckCommand(Session& session) {
   if (!rules.Unknown().empty()) throw Stop{UnknownRule(rules.Unknown())};
   session.OpenGroup(Session::Use::Check);
   session.LoadScope();
-  const CheckResult result = Find(session, rules);
+  CheckResult result = Find(session, rules);
+  if (session.oArguments.writeBaseline) {
+    WriteBaseline(session, result);
+    return 0;
+  }
+  if (!session.oArguments.baseline.empty()) LeaveOutKnown(session, rules, result);
   Report(session, result);
   for (const std::string& line : TotalLines(result, session.oConsole.IsVerbose()))
     session.oConsole.Say(line);

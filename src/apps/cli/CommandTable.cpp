@@ -77,10 +77,38 @@ constexpr Option Scope[] = {
 };
 constexpr Options ComponentScope = Options(Scope).first(5);
 
+constexpr const char* FilesGroup = "Files (every option that is given has to fit)";
+constexpr Option FileScope[] = {
+    {.names = "--file",
+     .target = &Arguments::files,
+     .help = "Files that fit, as in .gitignore, from the current folder on (repeatable)",
+     .valueName = "GLOB",
+     .group = FilesGroup},
+    {.names = "--exclude",
+     .target = &Arguments::excluded,
+     .help = "Leave out files and folders that fit (repeatable)",
+     .valueName = "GLOB",
+     .group = FilesGroup},
+    {.names = "--since",
+     .target = &Arguments::since,
+     .help = "Files that differ from where the branch left this revision",
+     .valueName = "REV",
+     .group = FilesGroup},
+    {.names = "--staged",
+     .target = &Arguments::staged,
+     .help = "Files that the next commit changes",
+     .group = FilesGroup},
+    {.names = "--files-from",
+     .target = &Arguments::filesFrom,
+     .help = "Files that are listed there, a line each; - is standard input",
+     .valueName = "FILE",
+     .group = FilesGroup},
+};
+
 constexpr Option Paths[] = {
     {.names = "PATH",
      .target = &Arguments::asPath,
-     .help = "Project groups (.vbg), projects (.vbp), folders",
+     .help = "Project groups (.vbg), projects (.vbp), folders, or source files",
      .isPath = true,
      .isRequired = true},
 };
@@ -146,7 +174,18 @@ constexpr Option ListOptions[] = {
 
 constexpr const char* CheckFormats[] = {"text", "json", "sarif", "github", "junit", "gitlab"};
 constexpr const char* RulesGroup = "Rules (ids or patterns of ids, repeatable; explain tells each)";
+constexpr const char* BaselineGroup = "Baseline";
 constexpr Option CheckOptions[] = {
+    {.names = "--baseline",
+     .target = &Arguments::baseline,
+     .help = "Leave out what this file of findings holds",
+     .valueName = "FILE",
+     .group = BaselineGroup,
+     .isPath = true},
+    {.names = "--write-baseline",
+     .target = &Arguments::writeBaseline,
+     .help = "Write the findings into the file of --baseline",
+     .group = BaselineGroup},
     {.names = "--select",
      .target = &Arguments::asSelect,
      .help = "Find by these rules, instead of those that are on by themselves",
@@ -236,6 +275,16 @@ constexpr Option RulesOptions[] = {
      .help = "Rules to set, by their registry names"},
 };
 
+std::string CheckContradiction(const Arguments& arguments) {
+  if (!arguments.writeBaseline) return {};
+  if (arguments.baseline.empty()) return "--write-baseline needs --baseline FILE";
+  const bool isPart = !arguments.asProject.empty() || !arguments.asComponent.empty() ||
+                      !arguments.asProcedure.empty() || !arguments.asType.empty() ||
+                      !arguments.files.empty() || !arguments.since.empty() || arguments.staged ||
+                      !arguments.filesFrom.empty();
+  return isPart ? "--write-baseline writes the findings of the whole group: give it no scope" : "";
+}
+
 std::string ApplyContradiction(const Arguments& arguments) {
   if (!arguments.asSet.empty() || arguments.bSuggested) return {};
   return "apply needs --set NAME=VALUE or --suggested";
@@ -266,7 +315,7 @@ constexpr Command Table[] = {
      .examples = "  quillon list Orders.vbg\n"
                  "  quillon list --suggested --component 'frm*' Orders.vbg\n"
                  "  quillon list --format csv src > procedures.csv",
-     .options = {Common, Scope, Paths, ListOptions}},
+     .options = {Common, Scope, FileScope, Paths, ListOptions}},
     {.run = CheckCommand,
      .name = "check",
      .help = "Tell what is wrong with templates and their settings",
@@ -275,14 +324,15 @@ constexpr Command Table[] = {
          "  quillon check --ignore read-only --settings team.reg -t Template.dat Orders.vbg\n"
          "  quillon check --select '*' --ignore own-handling Orders.vbg\n"
          "  quillon check --format json --type 'Property *' Orders.vbg",
-     .options = {Common, Scope, Paths, CheckOptions}},
+     .options = {Common, Scope, FileScope, Paths, CheckOptions},
+     .contradiction = CheckContradiction},
     {.run = ExplainCommand,
      .name = "explain",
      .help = "Tell what a rule of check finds, or why properties are suggested for a procedure",
      .examples = "  quillon explain drifted\n"
                  "  quillon explain '*'\n"
                  "  quillon explain cmdOK_Click Orders.vbg",
-     .options = {Common, Scope, ExplainOptions}},
+     .options = {Common, Scope, FileScope, ExplainOptions}},
     {.run = ApplyCommand,
      .name = "apply",
      .help = "Set properties and make the code agree with them",
@@ -290,26 +340,26 @@ constexpr Command Table[] = {
                  "  quillon apply --set Template=Light --set Severity=Fatal --component modMain "
                  "Orders.vbg\n"
                  "  quillon apply --set 'Template=(none)' -n --diff Orders.vbg",
-     .options = {Common, Scope, Paths, Rewriting, ApplyOptions},
+     .options = {Common, Scope, FileScope, Paths, Rewriting, ApplyOptions},
      .contradiction = ApplyContradiction},
     {.run = RefreshCommand,
      .name = "refresh",
      .help = "Write the error handlers anew from the template file",
      .examples = "  quillon refresh Orders.vbg\n"
                  "  quillon refresh -n --diff --project Orders Orders.vbg",
-     .options = {Common, Scope, Paths, Rewriting}},
+     .options = {Common, Scope, FileScope, Paths, Rewriting}},
     {.run = NumberCommand,
      .name = "number",
      .help = "Put line numbers in, or renew them",
      .examples = "  quillon number Orders.vbg\n"
                  "  quillon number --component clsOrder Orders.vbg",
-     .options = {Common, Scope, Paths, Rewriting}},
+     .options = {Common, Scope, FileScope, Paths, Rewriting}},
     {.run = UnnumberCommand,
      .name = "unnumber",
      .help = "Take line numbers out",
      .examples = "  quillon unnumber Orders.vbg\n"
                  "  quillon unnumber -n --diff Orders.vbg",
-     .options = {Common, Scope, Paths, Rewriting}},
+     .options = {Common, Scope, FileScope, Paths, Rewriting}},
     {.run = UndoCommand,
      .name = "undo",
      .help = "Take back what the last run wrote",

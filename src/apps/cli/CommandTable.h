@@ -42,7 +42,7 @@ struct Command {
   /// A reference, so that a row without a function doesn't compile. Gives the exit status.
   int (&run)(Session&);
   const char *name, *help, *examples;
-  std::array<Options, 5> options = {};
+  std::array<Options, 6> options = {};
   /// What the options can't say of themselves; empty: all is well.
   std::string (*contradiction)(const Arguments&) = nullptr;
   /// The command makes the settings file that was named, so that a missing one isn't told.

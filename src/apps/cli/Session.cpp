@@ -15,6 +15,7 @@
 #include "ReadOnlyRule.h"
 #include "RememberedRoots.h"
 #include "UnifiedDiff.h"
+#include "WriteRoots.h"
 
 namespace {
 
@@ -50,13 +51,14 @@ std::vector<Text> Names(const TextArray& sparse) {
 }
 
 /// What the options name and what the user allowed for these groups in the window.
-std::vector<std::string> WriteRootsOf(const Arguments& arguments) {
+std::vector<std::string> WriteRootsOf(const Arguments& arguments,
+                                      const std::vector<std::string>& groups) {
   std::vector<std::string> roots = arguments.roots;
   for (const std::string& root : roots) {
     if (!MXFile::PathExists(TextOfPath(root)))
       throw Stop{"There is no folder " + ShownPath(root) + ": --root names one that is there"};
   }
-  for (const std::string& group : arguments.asPath)
+  for (const std::string& group : groups)
     for (std::string& folder : RememberedRoots(group).Allowed()) roots.push_back(std::move(folder));
   return roots;
 }
@@ -95,6 +97,12 @@ Text FirstFile(const ComponentRecord& record) {
 
 }  // namespace
 
+std::string FolderOfPath(const std::string& path) {
+  const std::string real = RealPath(path);
+  std::error_code error;
+  return fs::is_directory(real, error) ? real : fs::path(real).parent_path().string();
+}
+
 std::string ShownFile(const std::string& path) {
   return ShownPath(RelativePath(path));
 }
@@ -116,12 +124,18 @@ bool Session::IsColored() const {
   return Output::IsTerminal() && !(noColor && *noColor);
 }
 
-std::string Session::FindTemplate() const {
+const std::vector<std::string>& Session::Groups() {
+  if (!mPaths) mPaths = Resolved(oArguments);
+  return mPaths->groups;
+}
+
+std::string Session::FindTemplate() {
   if (!oArguments.sTemplateFile.empty()) return oArguments.sTemplateFile;
   // The group's own file comes first: what a person opened last must not decide about its code.
-  std::string beside =
-      oArguments.asPath.empty() ? std::string() : TemplateBeside(oArguments.asPath.front());
-  if (!beside.empty()) return beside;
+  for (const auto* paths : {&oArguments.asPath, &Groups()}) {
+    if (paths->empty()) break;
+    if (std::string beside = TemplateBeside(paths->front()); !beside.empty()) return beside;
+  }
   Text recent = RecentFiles().Item(1);
   if (!recent.empty() && MXFile::FileExists(recent)) return PathOfText(recent);
   throw Stop{
@@ -152,8 +166,8 @@ void Session::OpenTemplate() {
 
 void Session::BeginRun() {
   const bool writes = mUse == Use::Rewrite && !oArguments.bDryRun;
-  if (writes) mRun.emplace(oArguments.asPath, oArguments.sCommandLine, oArguments.WaitSeconds());
-  const auto messages = writes ? mRun->Messages() : TellKilledRuns(oArguments.asPath);
+  if (writes) mRun.emplace(Groups(), oArguments.sCommandLine, oArguments.WaitSeconds());
+  const auto messages = writes ? mRun->Messages() : TellKilledRuns(Groups());
   for (const std::string& message : messages) oConsole.Error("quillon: " + message);
 }
 
@@ -163,10 +177,11 @@ void Session::OpenGroup(Use use) {
   BeginRun();
   DiskIDE::Options options;
   options.sCodePage = oArguments.sCodePage;
-  options.roots = WriteRootsOf(oArguments);
+  options.roots = WriteRootsOf(oArguments, Groups());
   options.constants = ConstantsOf(oArguments.asDefine);
   options.isInScope = [this](TextView project) { return mScope.TakesProject(project); };
-  pIDE = DiskIDE::Open(oArguments.asPath, options);
+  pIDE = DiskIDE::Open(Groups(), options);
+  mFiles = FileScope(oArguments, mPaths->sources, FolderOfPath(oArguments.asPath.front()));
   TellNotes();
   if (pIDE->Root().VBProjects().Count() == 0)
     throw Stop{"There is no project to read in " + ShownPath(oArguments.asPath.front()) +
@@ -201,6 +216,7 @@ void Session::LoadScope() {
       projectName = oHandler.ProjectName(project);
     }
     if (!mScope.TakesComponent(projectName, record.sName)) continue;
+    if (!mFiles.IsWhole() && !mFiles.Takes(PathOfText(FirstFile(record)))) continue;
     oConsole.Progress(static_cast<std::size_t>(h.Number()), static_cast<std::size_t>(last.Number()),
                       record.sName);
     if (record.bReadOnly && record.readOnlyReason.empty()) mReadOnly.push_back(h);
@@ -219,6 +235,8 @@ void Session::LoadScope() {
   oConsole.ProgressEnd();
   if (!mProcedures.empty() || !mUnreadable.empty()) return;
   if (mUse != Use::Show && (!mReadOnly.empty() || mShared > 0)) return;
+  if (mFiles.ComesFromChanges())
+    return oConsole.Say("None of the files that changed or are listed belongs to the scope.");
   constexpr const char* Nothing = "No procedure is in the scope that was given";
   if (mUse != Use::Show)
     throw Stop{std::string(Nothing) + ": list shows the names and types that there are"};

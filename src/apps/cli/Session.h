@@ -14,6 +14,8 @@
 #include "CTemplate.h"
 #include "Console.h"
 #include "DiskIDE.h"
+#include "FileScope.h"
+#include "GivenPaths.h"
 #include "GroupCheck.h"
 #include "Output.h"
 #include "PathText.h"
@@ -49,7 +51,11 @@ class Session : public IFilePlaces {
 
   /// Ascending.
   const std::vector<ProcedureHandle>& Procedures() const { return mProcedures; }
-  bool IsWholeGroup() const { return mScope.IsWholeGroup(); }
+  bool IsWholeGroup() const { return mScope.IsWholeGroup() && mFiles.IsWhole(); }
+  /// The same, but for what --exclude leaves out.
+  bool IsWholeScope() const { return mScope.IsWholeGroup() && mFiles.IsWholeButExcluded(); }
+  /// The groups, projects and folders that the PATHs stand for; empty without a PATH.
+  const std::vector<std::string>& Groups();
   /// Components of the scope whose code can't be read.
   const std::vector<ComponentHandle>& Unreadable() const { return mUnreadable; }
   /// Components of the scope in files that are read-only.
@@ -93,7 +99,7 @@ class Session : public IFilePlaces {
   std::unique_ptr<DiskIDE> pIDE;
 
  private:
-  std::string FindTemplate() const;
+  std::string FindTemplate();
   void BeginRun();
   void TellNotes();
   bool IsPassed(const ComponentRecord& record, const Text& file);
@@ -103,6 +109,8 @@ class Session : public IFilePlaces {
 
   std::optional<WritingRun> mRun;
   Scope mScope;
+  std::optional<GivenPaths> mPaths;
+  FileScope mFiles;
   std::string mTemplateFile;
   std::vector<Text> mModuleTemplates, mProcedureTemplates;
   std::vector<ProcedureHandle> mProcedures;
@@ -115,6 +123,9 @@ class Session : public IFilePlaces {
   std::size_t mShared = 0;
   std::vector<DiskIDE::Note> mMissingProjects;
 };
+
+/// The path if it is a folder, else the folder that holds it; links resolved.
+std::string FolderOfPath(const std::string& path);
 
 /// A file of the group as it is shown: relative to the current folder.
 std::string ShownFile(const std::string& path);

@@ -4,19 +4,12 @@
 
 #include "Display.h"
 #include "IFileOps.h"
-#include "ProcText.h"
 #include "ShellWord.h"
 #include "WriteRoots.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string Folder(const std::string& path) {
-  const std::string real = RealPath(path);
-  std::error_code error;
-  return fs::is_directory(real, error) ? real : fs::path(real).parent_path().string();
-}
 
 std::vector<ReviewFinding::Change> ChangesOf(const Finding::Settings& settings) {
   std::vector<ReviewFinding::Change> changes;
@@ -44,7 +37,9 @@ std::string TextOf(const std::vector<ReviewFinding::Change>& changes) {
 ToldFindings::ToldFindings(Session& session)
     : mSession(session),
       mHandler(session.oHandler),
-      mTree(WorkTreeOf(Folder(session.oArguments.asPath.front()), SystemFileOps()) + '/') {}
+      mTree(WorkTreeOf(FolderOfPath(session.Groups().front()), SystemFileOps())) {
+  if (!mTree.ends_with('/')) mTree += '/';
+}
 
 const ReviewFinding& ToldFindings::Tell(const Finding& finding) {
   mTold.rule = &RowOf(finding.rule);
@@ -56,7 +51,7 @@ const ReviewFinding& ToldFindings::Tell(const Finding& finding) {
   mTold.changes.clear();
   if (finding.settings) Changes(*finding.settings);
   mTold.mend = MendFor(finding);
-  mTold.fingerprint = Print(finding);
+  mTold.fingerprint = finding.fingerprint;
   return mTold;
 }
 
@@ -104,19 +99,6 @@ std::string ToldFindings::MendFor(const Finding& finding) const {
   if (arguments.oSettingsFile) add("--settings", *arguments.oSettingsFile);
   add("--component", mTold.component);
   add("--procedure", mTold.procedure);
-  for (const std::string& path : arguments.asPath) command.append(" ").append(ShellWord(path));
+  for (const std::string& path : mSession.Groups()) command.append(" ").append(ShellWord(path));
   return command;
-}
-
-std::string ToldFindings::Print(const Finding& finding) {
-  Text code;
-  if (finding.textLine > 0) {
-    std::int32_t headLine = 0;
-    const Text text = mHandler.GetProcCode(finding.procedure, headLine);
-    const ProcText lines(text);
-    for (std::size_t i = finding.textLine; i <= finding.textEndLine && i <= lines.Count(); ++i)
-      code.append(lines.Line(i - 1)).append(u"\n");
-  }
-  return mPrints.Of({mTold.rule->id, mTold.component.empty() ? mTold.file : mTold.component,
-                     mTold.procedure, code});
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Finding.h"
-#include "Fingerprints.h"
 #include "ReviewFinding.h"
 #include "Session.h"
 
@@ -11,7 +10,7 @@ class ToldFindings {
   /// The session outlives this object.
   explicit ToldFindings(Session& session);
 
-  /// Findings in their order, each once: equal ones are numbered.
+  /// Holds until the next one is told.
   const ReviewFinding& Tell(const Finding& finding);
 
  private:
@@ -19,11 +18,9 @@ class ToldFindings {
   void Place(const Finding& finding);
   void Changes(const Finding::Settings& settings);
   std::string MendFor(const Finding& finding) const;
-  std::string Print(const Finding& finding);
 
   Session& mSession;
   CIDEHandler& mHandler;
-  Fingerprints mPrints;
   std::string mTree;  // the work tree, a slash behind it
   ReviewFinding mTold;
   const std::string* mFile = nullptr;          // whose places mTold has

@@ -1,0 +1,110 @@
+// check and the others as build servers and hooks run them: parts of a group, a baseline, paths
+// that are looked for.
+#include "WorkFolder.h"
+
+namespace {
+
+/// The group in a repository of its own, all of it committed.
+class Repository : public WorkFolder {
+ public:
+  Repository() {
+    Write("src/.gitignore", "old/\n");
+    for (const char* words : {"init -q .", "add -A", "commit -qm Begin"}) Git(words);
+  }
+  void Git(const std::string& words) {
+    const std::string line = "cd " + Folder().string() +
+                             "/src && git -c user.name=a -c user.email=a@b.c " + words +
+                             " >../io/git 2>&1";
+    EXPECT_EQ(std::system(line.c_str()), 0) << words << Read("io/git");
+  }
+  void Append(const std::string& path, const std::string& text) { Write(path, Read(path) + text); }
+};
+
+const std::string None, Known = "check --baseline known.json ";
+
+TEST(Pipeline, FilesNarrowTheScope) {
+  Repository place;
+  place.Write("src/old/Old.vbp", "Type=Exe\r\nModule=Gone; Gone.bas\r\n");
+  place.Write("src/lonely.bas", "Sub x()\r\nEnd Sub\r\n");
+  const std::string nothing = "None of the files", stock = "Core/clsStock.cls:9: ",
+                    main = "App/modMain.bas:5: ", one = " in 1 procedure";
+  ExpectRuns(
+      place,
+      {
+          {"glob", "check --file Core/ .", 1, stock, "2 findings (2 missing-template)"},
+          {"leaving out", "check --exclude *.cls .", 1, main, "3 findings (3 missing-template)"},
+          {"nothing fits", "check --file nix .", 2, None, "in the scope"},
+          {"nothing staged", "check --staged Demo.vbg", 0, None, nothing},
+          {"nothing to write", "apply --suggested --staged .", 0, None, "0 files written"},
+          {"a list", "check --files-from - . <<< $'Core/clsStock.cls\\r\\nREADME'", 1, stock, Any},
+          {"a list with NUL", "check --files-from <(printf 'App/modMain.bas\\0x') .", 1, main, Any},
+          {"list is missing", "check --files-from none .", 2, None, "none can't be read"},
+          {"a source", "check Core/clsStock.cls", 1, stock, "2 findings"},
+          {"a source of nobody", "check lonely.bas", 2, None, "lonely.bas: no project names this"},
+          {"sources and groups", "check Core/clsStock.cls .", 2, None, "but not both"},
+          {"no such revision", "check --since nope .", 2, None, "git knows no such revision"},
+          {"no option", "check --since=--output=../io/x .", 2, None, "git knows no such revision"},
+      });
+  EXPECT_FALSE(std::filesystem::exists(place.Folder() / "io/x"));
+  place.Append("src/Core/clsStock.cls", "Private Sub z()\r\nEnd Sub\r\n");
+  ExpectRuns(place, {{"changed", "check --since HEAD .", 1, stock, "in 3 procedures"},
+                     {"not staged yet", "check --staged .", 0, None, nothing}});
+  place.Git("add -A");
+  ExpectRuns(place, {{"staged", "check --staged --procedure z .", 1, "clsStock.z", one},
+                     {"both have to fit", "check --staged --file *.bas .", 0, None, nothing},
+                     {"as code scanning wants it",
+                      "check --format sarif --procedure z . | grep -o Core.*SRCROOT", 1,
+                      "Core/clsStock.cls\",\"uriBaseId\": \"%SRCROOT", Any}});
+}
+
+TEST(Pipeline, FoldersAreSearchedDownwards) {
+  Repository place;
+  std::filesystem::rename(place.Folder() / "src/Demo.vbg", place.Folder() / "src/App/Demo.vbg");
+  place.Write("src/App/Demo.vbg", "VBGROUP 5.0\r\nProject=Demo.vbp\r\n");
+  place.Write("src/old/Old.vbp", "Type=Exe\r\nModule=Gone; Gone.bas\r\n");
+  place.Write("src/new/New.VBP", "Type=Exe\r\nModule=Fresh; Fresh.bas\r\nName=\"New\"\r\n");
+  place.Write("src/new/Fresh.bas", "Attribute VB_Name = \"Fresh\"\r\n");
+  const std::string list = "list -q -t TEMPLATE.DAT --format csv ";
+  const WorkFolder::Result all = place.Run(list + ". | cut -d, -f1,2 | sort -u | xargs");
+  EXPECT_EQ(all.sOut, "Demo,clsStock Demo,modMain New,Fresh project,component\n") << all.sErr;
+  const WorkFolder::Result part =
+      place.Run(list + "--exclude new/ . | cut -d, -f1 | sort -u | xargs");
+  EXPECT_EQ(part.sOut, "Demo project\n") << part.sErr;
+  std::filesystem::remove_all(place.Folder() / "src/.git");
+  const WorkFolder::Result bare = place.Run(list + ". | cut -d, -f1 | sort -u | xargs");
+  EXPECT_EQ(bare.sOut, "Demo New project\n") << bare.sErr;
+}
+
+TEST(Pipeline, ABaselineHoldsWhatIsKnown) {
+  Repository place;
+  ExpectRuns(
+      place,
+      {{"written", Known + "--write-baseline .", 0, None, "known.json: baseline of 5 findings"},
+       {"known", Known + ".", 0, None, "in the baseline: 5"},
+       {"part of it", Known + "--file Core/ .", 0, None, "in the baseline: 2"},
+       {"of a part", Known + "--write-baseline --file Core/ .", 2, None, "whole group"},
+       {"nowhere to write", "check --write-baseline .", 2, None, "needs --baseline FILE"}});
+  // Lines move, a finding goes, another comes.
+  std::string code = place.Read("src/App/modMain.bas");
+  code = std::regex_replace(code, std::regex("Option Explicit"), "Option Explicit\r\n\r\n' More");
+  code = std::regex_replace(code, std::regex("Jumps"), "Leaps");
+  place.Write("src/App/modMain.bas", code);
+  ExpectRuns(place, {{"moved", Known + ".", 1, "modMain.Leaps", "1 entry no longer occurs"},
+                     {"named", Known + "-v .", 1, "modMain.Leaps",
+                      "No longer occurs: App/modMain.bas: modMain.Jumps [missing-template]"},
+                     {"not asked for", Known + "--select drifted .", 0, None,
+                      "TEMPLATE.DAT\nNo findings in 5 procedures; ignored: 5 missing-template\n"},
+                     {"as JSON", Known + "--format json .", 1,
+                      "\"baseline\": {\"known\": 4,\"gone\": [\"", Any}});
+  for (const auto& [text, why] : std::map<std::string, std::string>{
+           {"", "known.json:1: this is no JSON"},
+           {"{}", "known.json:1: this is no baseline"},
+           {"{\"quillonBaseline\": 2}", "of schema 2, and this program reads schema 1"},
+           {"{\"quillonBaseline\": 1,\n\"findings\": [\n", "known.json:3: this is no JSON"},
+           {"{\"quillonBaseline\": 1,\"findings\": [\n7]}", "known.json:2: a finding"}}) {
+    place.Write("src/known.json", text);
+    ExpectRuns(place, {{text.c_str(), Known + ".", 2, None, why}});
+  }
+}
+
+}  // namespace
