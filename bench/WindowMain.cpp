@@ -133,7 +133,7 @@ class Bench {
     moSteps.Add(
         [this] {
           FIDE* const po = Shown<FIDE>(moToolkit);
-          return po && po->mnuAddInsLoad.Checked();
+          return po && po->oMenu[u"mnuAddInsLoad"].Checked();
         },
         [] {});
     moSteps.AddDrawn(moWatch,

@@ -79,7 +79,7 @@ class FIDETest : public FormsTest {
   /// Clicks the add-in's menu entry, which runs this.
   void InAddIn(std::function<void(VBE&)> oDeed) {
     moOnClick = std::move(oDeed);
-    EXPECT_TRUE(moIDE.mnuAddInsItem(1).UserPick());
+    EXPECT_TRUE(moIDE.oMenu.Array(u"mnuAddInsItem")(1).UserPick());
   }
   /// Puts a line ahead of the code of the project's component of that number.
   void Edit(std::int32_t lComponent = 1) {
@@ -157,9 +157,9 @@ TEST_F(FIDETest, DamagedPlacesAndAMissingHelpFileLeaveAWindowThatWorks) {
   }
   Start();
   MXHTMLHelp::SetHelpFile(PathText("gone.htb"));
-  ExpectHolds(Told([&] { moIDE.mnuHelpContents.UserPick(); }), {"gone.htb"});
+  ExpectHolds(Told([&] { moIDE.oMenu[u"mnuHelpContents"].UserPick(); }), {"gone.htb"});
   MXHTMLHelp::SetHelpFile(PathText("Main.bas"));
-  EXPECT_TRUE(moIDE.mnuHelpContents.UserPick());
+  EXPECT_TRUE(moIDE.oMenu[u"mnuHelpContents"].UserPick());
   EXPECT_EQ(moRenderer.Opened().size(), 1U);
 }
 
@@ -172,11 +172,11 @@ TEST_F(FIDETest, WithoutAGroupAsksAndTheNextTimeTakesTheLastOne) {
     oDialog.asPath = {PathText("Shop.vbp")};
     return DialogAnswer{true, 0};
   });
-  EXPECT_TRUE(moIDE.mnuFileOpen.UserPick());
+  EXPECT_TRUE(moIDE.oMenu[u"mnuFileOpen"].UserPick());
   EXPECT_EQ(Tree(), sClean);
   // The add-in holds on to its IDE, which is another one for each group.
   EXPECT_EQ(msLog, "connect1 startup update disconnect gone connect0 update ");
-  EXPECT_EQ(moIDE.mnuFileRecent(1).Caption(), u"&1 " + PathText("Shop.vbp"));
+  EXPECT_EQ(moIDE.oMenu.Array(u"mnuFileRecent")(1).Caption(), u"&1 " + PathText("Shop.vbp"));
   EXPECT_TRUE(moIDE.UserClose());
   Start("");
   EXPECT_EQ(moIDE.Caption(), u"Shop.vbp - Tarvane Quillon");
@@ -199,7 +199,7 @@ TEST_F(FIDETest, GroupThatCanNotBeReadIsToldAndTheOpenOneStays) {
 }
 
 TEST_F(OpenFIDETest, MenuAndToolBarsAreThoseOfTheAddIn) {
-  EXPECT_EQ(moIDE.mnuAddInsItem(1).Caption(), u"&Test...");
+  EXPECT_EQ(moIDE.oMenu.Array(u"mnuAddInsItem")(1).Caption(), u"&Test...");
   ASSERT_EQ(moIDE.cmdTool.Count(), 2);
   EXPECT_EQ(moToolkit.Picture(moIDE.cmdTool(1).Picture(), 16), "picture16");
   EXPECT_EQ(moIDE.cmdTool(1).ToolTipText(), u"Tests");
@@ -208,16 +208,16 @@ TEST_F(OpenFIDETest, MenuAndToolBarsAreThoseOfTheAddIn) {
   int lClicks = 0;
   moOnClick = [&](VBE&) { ++lClicks; };
   EXPECT_TRUE(moIDE.cmdTool(1).UserClick());
-  EXPECT_TRUE(moIDE.mnuAddInsItem(1).UserPick());
+  EXPECT_TRUE(moIDE.oMenu.Array(u"mnuAddInsItem")(1).UserPick());
   EXPECT_EQ(lClicks, 2);
-  EXPECT_TRUE(moIDE.mnuViewToolBar(1).UserPick());
+  EXPECT_TRUE(moIDE.oMenu.Array(u"mnuViewToolBar")(1).UserPick());
   EXPECT_EQ(moIDE.cmdTool.Count(), 1);
   EXPECT_LT(moIDE.tvwGroup.Top(), lBelow);
-  EXPECT_TRUE(moIDE.mnuAddInsLoad.UserPick());
-  EXPECT_EQ(moIDE.mnuAddInsItem.Count(), 1);
-  EXPECT_FALSE(moIDE.mnuAddInsBar1.Visible());
+  EXPECT_TRUE(moIDE.oMenu[u"mnuAddInsLoad"].UserPick());
+  EXPECT_EQ(moIDE.oMenu.Array(u"mnuAddInsItem").Count(), 1);
+  EXPECT_FALSE(moIDE.oMenu[u"mnuAddInsBar1"].Visible());
   msLog.clear();
-  EXPECT_TRUE(moIDE.mnuAddInsLoad.UserPick());
+  EXPECT_TRUE(moIDE.oMenu[u"mnuAddInsLoad"].UserPick());
   EXPECT_EQ(msLog, "connect0 update ");
   EXPECT_EQ(moIDE.cmdTool.Count(), 2);
 }
@@ -269,19 +269,19 @@ TEST_F(FIDETest, SelectedComponentIsTheActiveCodePane) {
 
 TEST_F(OpenFIDETest, ChangesOfTheAddInAreShownAndSavedOnTheUsersWord) {
   Select(u"MMain");
-  EXPECT_FALSE(moIDE.mnuFileSave.Enabled());
+  EXPECT_FALSE(moIDE.oMenu[u"mnuFileSave"].Enabled());
   Edit();
   EXPECT_EQ(Tree(), sDirty);
   EXPECT_EQ(moIDE.staBar.Panels(2).Text(), u"1 file is not saved");
   EXPECT_EQ(moIDE.paneCode.Line(1), u"' edited");
-  EXPECT_TRUE(moIDE.mnuViewChanges.UserPick());
+  EXPECT_TRUE(moIDE.oMenu[u"mnuViewChanges"].UserPick());
   EXPECT_TRUE(moIDE.paneChanges.Visible() && !moIDE.paneCode.Visible());
   EXPECT_EQ(moIDE.paneChanges.Line(3), u"' edited");
   EXPECT_EQ(moIDE.paneChanges.Mark(3), LineMark::Added);
   Select(u"COrder");
   EXPECT_EQ(moIDE.paneChanges.Text(), u"No changes.");
   EXPECT_EQ(moTree.Read("Main.bas"), sModuleBytes);
-  EXPECT_TRUE(moIDE.mnuFileSave.UserPick());
+  EXPECT_TRUE(moIDE.oMenu[u"mnuFileSave"].UserPick());
   EXPECT_EQ(moTree.Read("Main.bas"), sHead + "' edited\r\nSub Main()\r\nEnd Sub\r\n");
   EXPECT_EQ(Tree(), sClean);
   EXPECT_EQ(moIDE.paneChanges.Text(), u"No changes.");
@@ -318,7 +318,7 @@ TEST_F(FIDETest, LeavingAsksWhatBecomesOfChanges) {
       AnswerSave(sButton);
       EXPECT_EQ(bClose ? moIDE.UserClose() : moIDE.OpenGroup(PathText("Shop.vbp")), bLeaves);
       EXPECT_EQ(moTree.Read("Main.bas") != sModuleBytes, sButton == "cmdSave");
-      EXPECT_EQ(moIDE.mnuFileSave.Enabled() && moIDE.Loaded(), !bLeaves);
+      EXPECT_EQ(moIDE.oMenu[u"mnuFileSave"].Enabled() && moIDE.Loaded(), !bLeaves);
       if (!bLeaves) AnswerSave("cmdDiscard");
       if (moIDE.Loaded()) moIDE.UserClose();
     }
@@ -343,17 +343,17 @@ TEST_F(OpenFIDETest, SaveThatFailsIsToldAndNothingIsLost) {
 }
 
 TEST_F(OpenFIDETest, LastSaveIsTakenBackOnTheUsersWord) {
-  ExpectHolds(Told([&] { moIDE.mnuFileUndo.UserPick(); }), {"There is no run"});
+  ExpectHolds(Told([&] { moIDE.oMenu[u"mnuFileUndo"].UserPick(); }), {"There is no run"});
   Edit(1);
   Edit(2);
   ASSERT_TRUE(moIDE.SaveAll());
   const std::string sSaved = moTree.Read("Main.bas");
   User().MsgBox(MsgBoxResult::No);
-  EXPECT_TRUE(moIDE.mnuFileUndo.UserPick());
+  EXPECT_TRUE(moIDE.oMenu[u"mnuFileUndo"].UserPick());
   EXPECT_EQ(moTree.Read("Main.bas"), sSaved);
   moTree.Write("Order.cls", std::string(sClassBytes) + "' later\r\n");
   User().MsgBox(MsgBoxResult::Yes);
-  ExpectHolds(Told([&] { moIDE.mnuFileUndo.UserPick(); }), {"left alone", "Order.cls"});
+  ExpectHolds(Told([&] { moIDE.oMenu[u"mnuFileUndo"].UserPick(); }), {"left alone", "Order.cls"});
   EXPECT_EQ(moTree.Read("Main.bas"), sModuleBytes);
   EXPECT_EQ(moTree.Read("Order.cls"), std::string(sClassBytes) + "' later\r\n");
   EXPECT_EQ(Tree(), sClean) << "the window has read them again";
@@ -400,7 +400,7 @@ TEST_F(OpenFIDETest, FilesOfOtherProgramsAreReadAgainOrTold) {
   const auto Changes = [&](VBE&) { moTree.Write("Shop.vbp", moTree.Read("Shop.vbp") + "\r\n"); };
   ExpectHolds(Told([&] { InAddIn(Changes); }), {"Shop.vbp", "File, Reload Group"});
   AnswerSave("cmdDiscard");
-  EXPECT_TRUE(moIDE.mnuFileReload.UserPick());
+  EXPECT_TRUE(moIDE.oMenu[u"mnuFileReload"].UserPick());
   Select(u"MMain");
   EXPECT_EQ(moIDE.paneCode.Line(1), u"' theirs, longer");
 }

@@ -122,7 +122,7 @@ class RoadTest : public testing::Test, public Hand {
   }
   /// Opens the main window from the stand-in with CPrices selected.
   void OpenMain() {
-    Await("the add-in is loaded", [this] { return IDE() && IDE()->mnuAddInsLoad.Checked(); });
+    Await("the add-in is loaded", [this] { return IDE() && IDE()->oMenu[u"mnuAddInsLoad"].Checked(); });
     Do("a component", [this] {
       const auto oNodes = IDE()->tvwGroup.VisibleNodes();
       for (std::size_t i = 0; i < oNodes.size(); ++i)
@@ -186,9 +186,9 @@ TEST_F(RoadTest, RequestByMouseAndKeysGivesTheFilesOfTheCommandLine) {
     Press("the selection", WXK_RETURN);
     Await("the results", [this] { return !Shown(u"FApplyPending") && Results(u"2 Procedures"); });
     Press("back", 'Q', wxMOD_CONTROL);
-    Await("what changed", [this] { return !Main() && IDE()->mnuFileSave.Enabled(); });
+    Await("what changed", [this] { return !Main() && IDE()->oMenu[u"mnuFileSave"].Enabled(); });
     Pick('F', 'S');
-    Await("all is saved", [this] { return !IDE()->mnuFileSave.Enabled(); });
+    Await("all is saved", [this] { return !IDE()->oMenu[u"mnuFileSave"].Enabled(); });
     Pick('F', 'X');
   });
   const std::string sCommand =

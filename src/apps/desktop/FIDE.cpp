@@ -2,10 +2,8 @@
 
 #include <algorithm>
 
-#include "FAbout.h"
 #include "Failure.h"
 #include "MXForm.h"
-#include "MXHTMLHelp.h"
 #include "MXRegistry.h"
 #include "Toolkit.h"
 
@@ -40,11 +38,13 @@ void SetCodeFont(Forms::CodePane& oPane) {
 
 FIDE::FIDE(Forms::Toolkit& oToolkit, ButtonFaces& oFaces, MakeAddIn oMakeAddIn)
     : Form(oToolkit, u"FIDE"),
+      oMenu(
+          *this, [this](TextView routine, bool, const auto& work) { Handle(routine, work); },
+          Menus()),
       moFaces(oFaces),
       moMakeAddIn(std::move(oMakeAddIn)),
       mpIDE(DiskIDE::Open(std::vector<std::string>(), {})) {
   ConnectEvents();
-  ConnectFileMenu();
 }
 
 FIDE::~FIDE() = default;
@@ -63,43 +63,10 @@ void FIDE::ConnectEvents() {
      [this](Node&) { Handle(u"tvwGroup_NodeClick", [&] { tvwGroup_NodeClick(); }); });
   On(tabView.Click,
      [this] { Handle(u"tabView_Click", [&] { ShowView(tabView.SelectedItem()->Key()); }); });
-  On(mnuViewCode.Click, [this] { Handle(u"mnuViewCode_Click", [&] { ShowView(u"Code"); }); });
-  On(mnuViewChanges.Click,
-     [this] { Handle(u"mnuViewChanges_Click", [&] { ShowView(u"Changes"); }); });
-  mnuViewToolBar.OnElement([this](Menu& o) {
-    o.On(o.Click,
-         [this, &o] { Handle(u"mnuViewToolBar_Click", [&] { mnuViewToolBar_Click(o.Index()); }); });
-  });
-  mnuAddInsItem.OnElement([this](Menu& o) {
-    o.On(o.Click, [this, &o] {
-      Handle(u"mnuAddInsItem_Click", [&] { Clicked(moBarMenu.ControlOf(o.Index())); });
-    });
-  });
   cmdTool.OnElement([this](CommandButton& o) {
     o.On(o.Click, [this, &o] {
       Handle(u"cmdTool_Click", [&] { Clicked(moToolBars.ControlOf(o.Index())); });
     });
-  });
-  On(mnuAddInsLoad.Click, [this] {
-    Handle(u"mnuAddInsLoad_Click",
-           [&] { mpAddIn ? DisconnectAddIn() : ConnectAddIn(ConnectMode::AfterStartup); });
-  });
-  On(mnuHelpContents.Click,
-     [this] { Handle(u"mnuHelpContents_Click", [&] { mnuHelpContents_Click(); }); });
-  On(mnuHelpAbout.Click,
-     [this] { Handle(u"mnuHelpAbout_Click", [&] { FAbout(App()).Display(this); }); });
-}
-
-void FIDE::ConnectFileMenu() {
-  On(mnuFileOpen.Click, [this] { Handle(u"mnuFileOpen_Click", [&] { mnuFileOpen_Click(); }); });
-  On(mnuFileReload.Click,
-     [this] { Handle(u"mnuFileReload_Click", [&] { OpenGroup(Text(msGroup)); }); });
-  On(mnuFileSave.Click, [this] { Handle(u"mnuFileSave_Click", [&] { SaveAll(); }); });
-  On(mnuFileUndo.Click, [this] { Handle(u"mnuFileUndo_Click", [&] { mnuFileUndo_Click(); }); });
-  On(mnuFileExit.Click, [this] { Handle(u"mnuFileExit_Click", [&] { Unload(); }); });
-  mnuFileRecent.OnElement([this](Menu& o) {
-    o.On(o.Click,
-         [this, &o] { Handle(u"mnuFileRecent_Click", [&] { mnuFileRecent_Click(o.Index()); }); });
   });
 }
 
@@ -109,44 +76,11 @@ void FIDE::Design() {
   Move(0, 0, lUsualWidth, lUsualHeight);
   tmrStart.SetEnabled(false);
   tmrStart.SetInterval(10);
-  DesignMenus();
+  oMenu.Design();
   DesignPanes();
   moTree.DesignImages();
   tvwGroup.SetImages(&imlGroup);
   cmdTool(0).SetVisible(false);
-}
-
-void FIDE::DesignMenus() {
-  struct Item {
-    Menu& oMenu;
-    TextView sCaption;
-    std::int32_t nKey = 0, nShift = 0;
-  };
-  const Item aoItem[] = {
-      {mnuFile, u"&File"},
-      {mnuFileOpen, u"&Open Group...", 'O', Shift::Ctrl},
-      {mnuFileReload, u"&Reload Group", Key::F1 + 4},
-      {mnuFileSave, u"&Save All", 'S', Shift::Ctrl},
-      {mnuFileUndo, u"&Take Back Last Run..."},
-      {mnuFileBar1, u"-"},
-      {mnuFileExit, u"E&xit"},
-      {mnuView, u"&View"},
-      {mnuViewCode, u"&Code", Key::F1 + 6},
-      {mnuViewChanges, u"C&hanges", Key::F1 + 7},
-      {mnuViewBar1, u"-"},
-      {mnuAddIns, u"&Add-Ins"},
-      {mnuAddInsBar1, u"-"},
-      {mnuAddInsLoad, u"&Load Tarvane Quillon"},
-      {mnuHelp, u"&Help"},
-      {mnuHelpContents, u"&Contents"},
-      {mnuHelpAbout, u"&About Tarvane Quillon..."},
-  };
-  for (const Item& oItem : aoItem) {
-    oItem.oMenu.SetCaption(oItem.sCaption);
-    if (oItem.nKey) oItem.oMenu.SetShortcut(oItem.nKey, oItem.nShift);
-  }
-  for (auto* poArray : {&mnuFileRecent, &mnuViewToolBar, &mnuAddInsItem})
-    (*poArray)(0).SetVisible(false);
 }
 
 void FIDE::DesignPanes() {
@@ -170,8 +104,9 @@ void FIDE::Form_Load() {
   mhRegRecent = OpenKey(u"FIDE\\Recent Groups");
   RestorePlaces();
   moRecent.Initialize(mhRegRecent);
-  for (std::int32_t i = 1; i <= lRecentCount + 1; ++i) mnuFileRecent.Load(i);
-  mnuFileRecent(lRecentCount + 1).SetCaption(u"-");
+  auto& recent = oMenu.Array(u"mnuFileRecent");
+  for (std::int32_t i = 1; i <= lRecentCount + 1; ++i) recent.Load(i);
+  recent(lRecentCount + 1).SetCaption(u"-");
   ShowRecent();
   mpSplit = std::make_unique<CXSplit>();
   mpSplit->AddASide(tvwGroup);
@@ -198,13 +133,6 @@ void FIDE::RestorePlaces() {
   if (MXRegistry::GetRegLong(mhReg, u"State", 0) ==
       static_cast<std::int32_t>(Forms::WindowState::Maximized))
     SetWindowState(Forms::WindowState::Maximized);
-}
-
-void FIDE::mnuHelpContents_Click() {
-  if (MXHTMLHelp::HelpExists()) return MXHTMLHelp::ShowHelpTOC(App(), 0);
-  App().MsgBox(u"The help can't be shown: there is no file " + MXHTMLHelp::HelpFile() +
-                   u".\r\n\r\nInstall Tarvane Quillon again to get it back.",
-               MsgBoxButtons::OkOnly, MsgBoxIcon::Exclamation);
 }
 
 void FIDE::Form_Resize() {

@@ -10,9 +10,9 @@
 // again, when the window comes to the front and around everything that the add-in does; one with
 // unsaved changes is a conflict: the user is told, and Save All refuses to overwrite it.
 //
-// Subjects: FIDE (design and layout), FIDE_Group (opening, saving, leaving), FIDE_Runs (a save
-// as a run, and taking one back), FIDE_AddIn (the add-in and its bars), FIDE_View (tree, code and
-// changes).
+// Subjects: FIDE (design and layout), FIDE_Menus (the commands), FIDE_Group (opening, saving,
+// leaving), FIDE_Runs (a save as a run, and taking one back), FIDE_AddIn (the add-in and its bars),
+// FIDE_View (tree, code and changes).
 #pragma once
 
 #include <functional>
@@ -23,6 +23,7 @@
 #include "CXRecent.h"
 #include "CXSplit.h"
 #include "CodePane.h"
+#include "CommandTable.h"
 #include "DiskIDE.h"
 #include "Form.h"
 #include "GroupTree.h"
@@ -60,25 +61,10 @@ class FIDE : public Forms::Form {
   /// Tells what couldn't be saved, and why. True when nothing is left to save.
   bool SaveAll();
 
-  Forms::Menu mnuFile{*this, u"mnuFile"};
-  Forms::Menu mnuFileOpen{mnuFile, u"mnuFileOpen"}, mnuFileReload{mnuFile, u"mnuFileReload"},
-      mnuFileSave{mnuFile, u"mnuFileSave"}, mnuFileUndo{mnuFile, u"mnuFileUndo"},
-      mnuFileBar1{mnuFile, u"mnuFileBar1"};
-  /// 1 to 9 are the groups that were opened last; 10 is the separator below them.
-  Forms::ControlArray<Forms::Menu> mnuFileRecent{mnuFile, u"mnuFileRecent"};
-  Forms::Menu mnuFileExit{mnuFile, u"mnuFileExit"};
-  Forms::Menu mnuView{*this, u"mnuView"};
-  Forms::Menu mnuViewCode{mnuView, u"mnuViewCode"}, mnuViewChanges{mnuView, u"mnuViewChanges"},
-      mnuViewBar1{mnuView, u"mnuViewBar1"};
-  /// From 1: one for each tool bar.
-  Forms::ControlArray<Forms::Menu> mnuViewToolBar{mnuView, u"mnuViewToolBar"};
-  Forms::Menu mnuAddIns{*this, u"mnuAddIns"};
-  /// From 1: what add-ins put into the menu.
-  Forms::ControlArray<Forms::Menu> mnuAddInsItem{mnuAddIns, u"mnuAddInsItem"};
-  Forms::Menu mnuAddInsBar1{mnuAddIns, u"mnuAddInsBar1"},
-      mnuAddInsLoad{mnuAddIns, u"mnuAddInsLoad"};
-  Forms::Menu mnuHelp{*this, u"mnuHelp"};
-  Forms::Menu mnuHelpContents{mnuHelp, u"mnuHelpContents"}, mnuHelpAbout{mnuHelp, u"mnuHelpAbout"};
+  /// Menus by their names, such as `mnuFileSave`. Arrays: of mnuFileRecent, 1 to 9 are the groups
+  /// that were opened last and 10 is the separator below them; mnuViewToolBar has one from 1 for
+  /// each tool bar, mnuAddInsItem one for each entry of an add-in.
+  CommandTable oMenu;
 
   Forms::ImageList imlGroup{*this, u"imlGroup"};
   Forms::Timer tmrStart{*this, u"tmrStart"};
@@ -99,21 +85,18 @@ class FIDE : public Forms::Form {
   }
 
   // FIDE.
+  std::vector<CommandMenu> Menus();
   void ConnectEvents();
-  void ConnectFileMenu();
   void Design() override;
-  void DesignMenus();
   void DesignPanes();
   void Form_Load();
   void RestorePlaces();
   void Form_Resize();
   void LayOutRight();
-  void mnuHelpContents_Click();
 
   // FIDE_Group.
   void tmrStart_Tick();
   void mnuFileOpen_Click();
-  void mnuFileRecent_Click(std::int32_t lIndex);
   void ShowRecent();
   /// Reads a group; asks about folders outside of its work tree, once for each.
   std::unique_ptr<DiskIDE> ReadGroup(const std::string& path);
@@ -168,7 +151,7 @@ class FIDE : public Forms::Form {
   std::unique_ptr<DiskIDE> mpIDE;
   std::unique_ptr<IDTExtensibility> mpAddIn;
   GroupTree moTree{tvwGroup, imlGroup};
-  BarMenu moBarMenu{mnuAddInsItem};
+  BarMenu moBarMenu{oMenu.Array(u"mnuAddInsItem")};
   ToolBars moToolBars{cmdTool, moFaces};
   CXRecent moRecent;
   std::unique_ptr<CXSplit> mpSplit;

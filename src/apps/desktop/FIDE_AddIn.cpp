@@ -48,20 +48,21 @@ void FIDE::Clicked(CommandBarControl* poControl) {
 void FIDE::ShowBars() {
   if (!Loaded()) return;
   HostCommandBars& oBars = mpIDE->Bars();
-  mnuAddInsBar1.SetVisible(moBarMenu.Show(oBars.Item(u"Add-Ins")));
-  mnuAddInsLoad.SetChecked(mpAddIn != nullptr);
+  oMenu[u"mnuAddInsBar1"].SetVisible(moBarMenu.Show(oBars.Item(u"Add-Ins")));
+  oMenu.WorkOut(u"mnuAddIns");
   moToolBars.Show(oBars);
   const auto aoBar = ToolBarsOf(oBars);
   const auto lCount = static_cast<std::int32_t>(aoBar.size());
-  while (mnuViewToolBar.UBound() > lCount) mnuViewToolBar.Unload(mnuViewToolBar.UBound());
-  while (mnuViewToolBar.UBound() < lCount) mnuViewToolBar.Load(mnuViewToolBar.UBound() + 1);
+  auto& items = oMenu.Array(u"mnuViewToolBar");
+  while (items.UBound() > lCount) items.Unload(items.UBound());
+  while (items.UBound() < lCount) items.Load(items.UBound() + 1);
   for (std::int32_t i = 1; i <= lCount; ++i) {
     const HostCommandBar& oBar = *aoBar[static_cast<std::size_t>(i) - 1];
-    mnuViewToolBar(i).SetCaption(u"Toolbar &" + oBar.Name());
-    mnuViewToolBar(i).SetChecked(oBar.Visible());
-    mnuViewToolBar(i).SetVisible(true);
+    items(i).SetCaption(u"Toolbar &" + oBar.Name());
+    items(i).SetChecked(oBar.Visible());
+    items(i).SetVisible(true);
   }
-  mnuViewBar1.SetVisible(lCount > 0);
+  oMenu[u"mnuViewBar1"].SetVisible(lCount > 0);
   Form_Resize();
 }
 

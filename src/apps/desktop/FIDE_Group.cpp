@@ -62,17 +62,14 @@ void FIDE::mnuFileOpen_Click() {
   if (oChoose.Show(false)) OpenGroup(oChoose.FileName);
 }
 
-void FIDE::mnuFileRecent_Click(std::int32_t lIndex) {
-  OpenGroup(moRecent.Item(lIndex));
-}
-
 void FIDE::ShowRecent() {
+  auto& items = oMenu.Array(u"mnuFileRecent");
   for (std::int32_t i = 1; i <= lRecentCount; ++i) {
     const bool bThere = i <= moRecent.Count();
-    if (bThere) mnuFileRecent(i).SetCaption(RecentCaption(i, moRecent.Item(i)));
-    mnuFileRecent(i).SetVisible(bThere);
+    if (bThere) items(i).SetCaption(RecentCaption(i, moRecent.Item(i)));
+    items(i).SetVisible(bThere);
   }
-  mnuFileRecent(lRecentCount + 1).SetVisible(moRecent.Count() > 0);
+  items(lRecentCount + 1).SetVisible(moRecent.Count() > 0);
 }
 
 bool FIDE::OpenGroup(TextView sPath) {

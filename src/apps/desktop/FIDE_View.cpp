@@ -101,9 +101,8 @@ void FIDE::ShowChanges() {
 void FIDE::ShowGroupState() {
   const std::vector<std::string> asChanged = mpIDE->ChangedPaths();
   moTree.Mark(asChanged);
-  mnuFileSave.SetEnabled(!asChanged.empty());
-  mnuFileReload.SetEnabled(!msGroup.empty());
-  mnuFileUndo.SetEnabled(!msGroup.empty());
+  oMenu[u"mnuFileSave"].SetEnabled(!asChanged.empty());
+  oMenu.WorkOut(u"mnuFile");
   staBar.Panels(2).SetText(ChangedText(asChanged.size()));
   ShowChanges();
 }
