@@ -110,7 +110,7 @@ class Bench {
     moSteps.AddDrawn(moWatch, [this](auto oTime) {
       std::printf("%-44s %8d\n", "procedures", Main().lvwProcs.ListItems().Count());
       Say("the component is shown", Since(moMark, oTime));
-      Timed("all rows are selected", [this] { Main().oMenu.mnuSelectAll.Click(); });
+      Timed("all rows are selected", [this] { Main().oMenu[u"mnuSelectAll"].Click(); });
       Timed("their template is pending",
             [this] { Main().prlProperties.PropertyChange(u"Template", u"Standard"); });
     });
@@ -164,7 +164,7 @@ class Bench {
   }
 
   void ApplySelection() {
-    Main().oMenu.mnuToolsApplyPending.Click();
+    Main().oMenu[u"mnuToolsApplyPending"].Click();
     Say("applied", Since(moMark));
     const ScreenWatch::Result o = moWatch.Stop();
     std::printf("%-44s %8zu\n", "pictures of the status bar", o.lChanges + 1);

@@ -23,12 +23,18 @@ void DesignBar(PictureBox& oBar, std::int32_t nPointer) {
 
 }  // namespace
 
+MainForm::MainForm(Toolkit& oToolkit, CommandTable::Runner run)
+    : Form(oToolkit, u"FMain"), oMenu(*this, std::move(run)) {
+  On(oMenu.ButtonEnabled,
+     [this](std::int32_t nIndex, bool bEnabled) { oToolbar.SetButtonEnabled(nIndex, bEnabled); });
+}
+
 void MainForm::Design() {
   SetCaption(u"Tarvane Quillon");
   SetIcon(u"Quillon");
   Move(0, 0, 10800, 7200);
   oMenu.Design();
-  oToolbar.Design();
+  oToolbar.Design(oMenu.Buttons());
   Icons::Fill(imlProjects);
   tmrStartUp.SetEnabled(false);
   tmrStartUp.SetInterval(StartDelay);

@@ -4,13 +4,15 @@
 // drag between them; below the lists the pane of modules that can't be read, hidden at first.
 #pragma once
 
+#include <array>
+
 #include "Caption.h"
 #include "CodePane.h"
 #include "CommandButton.h"
+#include "CommandTable.h"
 #include "Form.h"
 #include "Frame.h"
 #include "ListView.h"
-#include "MainMenu.h"
 #include "MainToolbar.h"
 #include "PropertyList.h"
 #include "Scroller.h"
@@ -21,7 +23,7 @@
 
 class MainForm : public Forms::Form {
  public:
-  MainMenu oMenu{*this};
+  CommandTable oMenu;
   MainToolbar oToolbar{*this};
   Forms::ImageList imlProjects{*this, u"imlProjects"};
   Forms::Timer tmrStartUp{*this, u"tmrStartUp"};
@@ -48,8 +50,12 @@ class MainForm : public Forms::Form {
   Forms::StatusBar StatusBar1{*this, u"StatusBar1"};
   Forms::PictureBox picProgress{*this, u"picProgress"};
 
+  /// What stands between the bars: both lists, and the label in their place while they are hidden.
+  std::array<Forms::Control*, 3> Lists() { return {&lvwMods, &lvwProcs, &lblListViewSurrogate}; }
+
  protected:
-  explicit MainForm(Forms::Toolkit& oToolkit) : Form(oToolkit, u"FMain") {}
+  /// run: for the commands, which come with the window.
+  MainForm(Forms::Toolkit& oToolkit, CommandTable::Runner run);
 
   /// The title of the errors' pane looks as that of a window with the focus, or without.
   void ColorErrorsTitle(bool bFocus);

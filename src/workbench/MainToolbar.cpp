@@ -6,19 +6,6 @@ using namespace Forms;
 
 namespace {
 
-struct ButtonRow {
-  TextView sKey, sTip;
-  bool bEndsGroup;
-};
-constexpr ButtonRow Buttons[MainToolbar::lButtons] = {
-    {u"Open", u"Open Template File...", true},
-    {u"Print", u"Print...", true},
-    {u"Tree", u"Project Folders", false},
-    {u"List", u"No Project Folders", true},
-    {u"Wand", u"Copy Suggested Properties...", false},
-    {u"Star", u"Apply Pending Properties...", true},
-    {u"Help", u"Help", false}};
-
 // Twips. A button is a picture of 16 pixels with two on each side, 300; buttons of a group stand
 // three pixels apart. A groove is four pixels behind the last button of a group, the next group
 // five behind that.
@@ -53,15 +40,16 @@ MainToolbar::MainToolbar(Form& oForm)
   });
 }
 
-void MainToolbar::Design() {
+void MainToolbar::Design(const std::vector<const Command*>& rows) {
   mbButtonTracking = mbButtonDown = false;
   for (std::int32_t i = 0; i < lButtons; ++i) {
-    const ButtonRow& oRow = Buttons[i];
-    imlToolbar.Add(oRow.sKey);
-    imlToolbar.Add(Text(oRow.sKey) + u"X");
+    const ToolButton& row = *rows[At(i)]->button;
+    endsGroup[At(i)] = row.endsGroup;
+    imlToolbar.Add(row.picture);
+    imlToolbar.Add(Text(row.picture) + u"X");
     picButton(i).SetBorderStyle(BorderStyle::None);
-    picButton(i).SetToolTipText(oRow.sTip);
-    picButton(i).SetTag(oRow.sKey);
+    picButton(i).SetToolTipText(row.tip);
+    picButton(i).SetTag(row.picture);
     picButton(i).SetTabStop(false);
     picButton(i).Move(FirstLeft, ButtonTop, ButtonSize, ButtonSize);
   }
@@ -77,14 +65,14 @@ void MainToolbar::LayOut() {
   for (std::int32_t i = 0; i < lButtons; ++i) {
     malButtonLeft[At(i)] = lLeft;
     picButton(i).Move(lLeft, mlButtonTop);
-    if (Buttons[i].bEndsGroup) {
+    if (endsGroup[At(i)]) {
       const std::int32_t lX = lLeft + Groove, lBottom = mlButtonTop + ButtonSize;
       linSep1(nGroove).SetPoints(lX, mlButtonTop, lX, lBottom);
       linSep1(nGroove).SetBorderColor(Shadow);
       linSep2(nGroove).SetPoints(lX + OnePixel, mlButtonTop, lX + OnePixel, lBottom);
       linSep2(nGroove++).SetBorderColor(Light);
     }
-    lLeft += Buttons[i].bEndsGroup ? NextGroup : NextInGroup;
+    lLeft += endsGroup[At(i)] ? NextGroup : NextInGroup;
     SetButtonEnabled(i, true);
   }
 }
@@ -110,7 +98,7 @@ void MainToolbar::MouseUp(std::int32_t nIndex, std::int32_t nButton) {
   if (nButton != Button::Left) return;
   mbButtonTracking = false;
   if (!mbButtonDown) return;
-  ButtonClick(static_cast<ToolbarButton>(nIndex));
+  ButtonClick(nIndex);
   // The command may have closed the window; drawing would load it again.
   if (moForm.Loaded()) ButtonUp(nIndex);
 }

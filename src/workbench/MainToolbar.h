@@ -1,17 +1,15 @@
 // The main window's toolbar: seven flat pictures, the grooves between their groups, and the frame
 // of four lines that shows which one the pointer is over and whether it is pressed.
 //
-// All lengths are twips. A button counts from 0, in the order of ToolbarButton.
+// All lengths are twips. A button counts from 0.
 #pragma once
 
 #include <array>
 
-#include "ControlArray.h"
+#include "CommandTable.h"
 #include "ImageList.h"
 #include "Line.h"
 #include "PictureBox.h"
-
-enum class ToolbarButton : std::int32_t { Open, Print, Tree, List, Copy, Apply, Help };
 
 class MainToolbar {
  public:
@@ -20,8 +18,9 @@ class MainToolbar {
   /// Connects the events of the mouse; sets nothing.
   explicit MainToolbar(Forms::Form& oForm);
 
-  /// Values of design time: pictures, tips, sizes.
-  void Design();
+  /// Values of design time: pictures, tips, sizes. rows: a command for each button, with its
+  /// picture.
+  void Design(const std::vector<const Command*>& rows);
   /// Puts buttons and grooves in their places, with all buttons enabled.
   void LayOut();
   /// Runs the grooves' edge over the window's width.
@@ -30,13 +29,10 @@ class MainToolbar {
   bool ButtonEnabled(std::int32_t nIndex) const { return picButton(nIndex).Enabled(); }
   /// Changes the picture with it.
   void SetButtonEnabled(std::int32_t nIndex, bool bEnabled);
-  void SetButtonEnabled(ToolbarButton e, bool bEnabled) {
-    SetButtonEnabled(static_cast<std::int32_t>(e), bEnabled);
-  }
   void ButtonFrameHide();
 
   /// The button was pressed and let go over itself. It stays drawn pressed while the event runs.
-  Signal<ToolbarButton> ButtonClick;
+  Signal<std::int32_t> ButtonClick;
 
  private:
   Forms::Form& moForm;
@@ -58,6 +54,7 @@ class MainToolbar {
   void ButtonFrameShow(std::int32_t nIndex);
 
   std::array<std::int32_t, lButtons> malButtonLeft{};
+  std::array<bool, lButtons> endsGroup{};
   std::int32_t mlButtonTop = 0;
   bool mbButtonTracking = false, mbButtonDown = false;
 };

@@ -122,7 +122,8 @@ class RoadTest : public testing::Test, public Hand {
   }
   /// Opens the main window from the stand-in with CPrices selected.
   void OpenMain() {
-    Await("the add-in is loaded", [this] { return IDE() && IDE()->oMenu[u"mnuAddInsLoad"].Checked(); });
+    Await("the add-in is loaded",
+          [this] { return IDE() && IDE()->oMenu[u"mnuAddInsLoad"].Checked(); });
     Do("a component", [this] {
       const auto oNodes = IDE()->tvwGroup.VisibleNodes();
       for (std::size_t i = 0; i < oNodes.size(); ++i)

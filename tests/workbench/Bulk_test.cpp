@@ -104,7 +104,7 @@ TEST_F(BulkTest, CancelLeavesAZeroSummaryAndNoChange) {
   Run([&] {
     for (const char* s : {">MOne", "ViewProperties", "PropsCopySuggest(0)"}) Does(s);
     User().Modal<FCopySuggest>([](FCopySuggest& o) { o.UserClose(); });
-    Press(ToolbarButton::Copy);
+    Press(u"Wand");
     Play(R"(none yet | | tab | Properties
             shown    | ToolsRefresh(0) | tab | Results)");
     ExpectHolds(Lines(oMain.srlResults), "0 Procedures Processed - No Failures");
@@ -129,15 +129,15 @@ TEST_F(BulkTest, AFailingProcedureDoesNotStopTheOthers) {
 TEST_F(BulkTest, ProvingIsARuleThatLasts) {
   oIDE.AddProject(u"P");
   Run([&] {
-    EXPECT_FALSE(oMain.oMenu.mnuToolsProve.Checked() || oMain.Model()->bProve);
+    EXPECT_FALSE(oMain.oMenu[u"mnuToolsProve"].Checked() || oMain.Model()->bProve);
     Pick(u"ToolsProve");
     EXPECT_TRUE(oMain.Model()->bProve);
   });
   MRules::oRules = {};
   MRules::GetRules();
   Run([&] {
-    oMain.oMenu.mnuTools.UserDrop();
-    EXPECT_TRUE(oMain.oMenu.mnuToolsProve.Checked() && oMain.Model()->bProve);
+    oMain.oMenu[u"mnuTools"].UserDrop();
+    EXPECT_TRUE(oMain.oMenu[u"mnuToolsProve"].Checked() && oMain.Model()->bProve);
   });
 }
 
@@ -151,7 +151,7 @@ TEST_F(BulkTest, PrintsWhatWasTickedOfTheProject) {
         o.chkProcSettings.UserClick();
         (bOk ? o.cmdOK : o.cmdCancel).UserClick();
       });
-      bOk ? Press(ToolbarButton::Print) : Pick(u"FilePrint");
+      bOk ? Press(u"Print") : Pick(u"FilePrint");
       EXPECT_EQ(sPrinted, bOk ? "Project Summary - P;Procedure Properties - P;" : "");
       EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Default);
     }
@@ -169,7 +169,7 @@ TEST_F(BulkTest, PrintsWhatWasTickedOfTheProject) {
     EXPECT_FALSE(Printed() == sFirst) << "the summary has the widths of the list of modules";
     oQueues.bFails = true;
     EXPECT_EQ(FailureOf([&] { oPrinters.Refresh(); }), 482);
-    Press(ToolbarButton::Print);
+    Press(u"Print");
     EXPECT_FALSE(oMain.oToolbar.ButtonEnabled(1)) << "no dialog without a printer";
   });
   MXDate::fnNow = fnOldNow;

@@ -109,9 +109,11 @@ class FMainTest : public FormsTest {
         bPicked = bPicked || (po->Name() == u"mnu" + Text(sName) && po->UserPick());
     EXPECT_TRUE(bPicked) << ToUtf8(sName);
   }
-  /// A press of that button of the toolbar.
-  void Press(ToolbarButton eButton) {
-    auto& o = oMain.oToolbar.picButton(static_cast<std::int32_t>(eButton));
+  /// A press of the toolbar's button with that picture.
+  void Press(TextView sPicture) {
+    std::int32_t i = 0;
+    while (oMain.oToolbar.picButton(i).Tag() != sPicture) ++i;
+    auto& o = oMain.oToolbar.picButton(i);
     EXPECT_TRUE(o.UserMouseDown(Forms::Button::Left, 0, 0, 0));
     EXPECT_TRUE(o.UserMouseUp(Forms::Button::Left, 0, 0, 0));
   }
@@ -149,7 +151,7 @@ class FMainTest : public FormsTest {
       EXPECT_EQ(moRenderer.ShownPointer(), Forms::Pointer::Default);
       nButton == 0 ? o.cmdCancel.UserClick() : o.cmdAction(nButton).UserClick();
     });
-    sItem == u"!Apply" ? Press(ToolbarButton::Apply) : Pick(sItem);
+    sItem == u"!Apply" ? Press(u"Star") : Pick(sItem);
     EXPECT_EQ(moRenderer.ShownPointer(), Forms::Pointer::Default);
   }
   /// `>MOne` clicks a node, `#2 3` selects rows of the list in front, `Locked=True` edits the

@@ -1,4 +1,8 @@
 // What is enabled and checked in each state of the window, and the commands of the Help menu.
+#include <fstream>
+#include <regex>
+#include <set>
+
 #include "FAbout.h"
 #include "FMainTest.h"
 
@@ -24,6 +28,13 @@ class MenusTest : public FMainTest {
       EXPECT_EQ(sPicture.ends_with("X"), !oMain.oToolbar.ButtonEnabled(i)) << sPicture;
     }
     return s + (oMain.tvwProjects.Enabled() ? " " : " tree ") + Tabs();
+  }
+  static std::string KeyName(const Shortcut& o) {
+    const bool bFunction = o.nKeyCode >= Key::F1;
+    return std::string(o.nShift & Shift::Ctrl ? "Ctrl+" : "") +
+           std::string(o.nShift & Shift::Shift ? "Shift+" : "") +
+           (bFunction ? "F" + std::to_string(o.nKeyCode - Key::F1 + 1)
+                      : std::string(1, static_cast<char>(o.nKeyCode)));
   }
   std::string Tabs() {
     auto& oTabs = oMain.tabView.Tabs();
@@ -91,9 +102,9 @@ TEST_F(MenusTest, ViewChecksWhatIsShownAndClears) {
   oIDE.AddProject(u"P");
   Run([&] {
     const auto Checked = [&] {
-      oMain.oMenu.mnuView.UserDrop();
+      oMain.oMenu[u"mnuView"].UserDrop();
       std::string s;
-      for (const Menu* po : oMain.oMenu.mnuView.Items())
+      for (const Menu* po : oMain.oMenu[u"mnuView"].Items())
         if (po->Checked()) s += ToUtf8(po->Name().substr(7)) + " ";
       s += "|";
       for (const Control* po : oMain.picContainer.Controls())
@@ -113,10 +124,26 @@ TEST_F(MenusTest, ViewChecksWhatIsShownAndClears) {
     Pick(u"ViewProperties");
     EXPECT_EQ(Checked(), "ProjectList Properties Pending | tabView lblProperties prlProperties");
     EXPECT_TRUE(oMain.oToolbar.ButtonEnabled(2) && !oMain.oToolbar.ButtonEnabled(3));
-    Press(ToolbarButton::Tree);
+    Press(u"Tree");
     Pick(u"ViewResults");
     EXPECT_EQ(Checked(), "ProjectTree Results Pending | tabView lblResults srlResults");
   });
+}
+
+TEST_F(MenusTest, TheHelpNamesTheKeysOfAllCommands) {
+  std::ifstream oPage(QUILLON_SOURCE_DIR "/docs/help/keys.html");
+  const std::regex oRow("<tr><td>(.*)</td><td>main window</td><td>(.*)</td></tr>");
+  std::set<std::string> oTold, oKeys;
+  std::smatch oMatch;
+  for (std::string s; std::getline(oPage, s);)
+    if (std::regex_match(s, oMatch, oRow)) oTold.insert(oMatch.str(1) + " " + oMatch.str(2));
+  Run([&] {
+    for (const Menu* poTop : oMain.Menus())
+      for (const Menu* po : poTop->Items())
+        if (const Shortcut o = po->Shortcut(); o.nKeyCode)
+          oKeys.insert(KeyName(o) + " " + ToUtf8(PlainCaption(po->Caption())));
+  });
+  EXPECT_EQ(oTold, oKeys);
 }
 
 TEST_F(MenusTest, HelpOpensItsPages) {
@@ -124,13 +151,13 @@ TEST_F(MenusTest, HelpOpensItsPages) {
     for (const TextView s :
          {u"HelpTopics", u"HelpIndex", u"HelpSearch", u"HelpSupport", u"HelpWeb"})
       Pick(s);
-    Press(ToolbarButton::Help);
+    Press(u"Help");
     const Text s = MXHTMLHelp::HelpFile();
     EXPECT_EQ(moRenderer.Opened(),
               (std::vector<Text>{s + u"|0|0", s + u"|1|0", s + u"|2|0", s + u"|0|1800",
                                  u"https://tarvane.example/quillon", s + u"|0|0"}));
     SetHelp(false);
-    oMain.oMenu.mnuHelp.UserDrop();
+    oMain.oMenu[u"mnuHelp"].UserDrop();
     EXPECT_FALSE(oMain.oToolbar.ButtonEnabled(6)) << "the file has gone";
     User().Modal<FAbout>([](FAbout& o) { o.Hide(); });
     Pick(u"HelpAbout");

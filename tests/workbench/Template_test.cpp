@@ -73,10 +73,10 @@ TEST_F(FMainTest, ABadTemplateLeavesTheWindowToOpenAnother) {
       EXPECT_EQ(oMain.Model(), nullptr);
       EXPECT_EQ(Tree() + Tab() + Panel(1) + Panel(2) + Rows(oMain.lvwProcs), "Resultshidden");
       EXPECT_EQ(oMain.lblProperties.GetCaption() + oMain.txtCode.Text(), u"");
-      EXPECT_FALSE(oMain.tvwProjects.Enabled() || oMain.oMenu.mnuTools.Enabled());
+      EXPECT_FALSE(oMain.tvwProjects.Enabled() || oMain.oMenu[u"mnuTools"].Enabled());
     }
     ChooseTemplate("Template.dat", File(""));
-    Press(ToolbarButton::Open);
+    Press(u"Open");
     EXPECT_EQ(Tree(), "*P[Standard EXE](Modules[Closed Folder](MOne[Standard Module]))");
     EXPECT_EQ(oMain.tabView.Tabs().Count(), 3);
     EXPECT_EQ(MRules::oRules.sDefaultModTemplate + MRules::oRules.sDefaultProcTemplate, u"ModStd");
@@ -93,14 +93,14 @@ TEST_F(FMainTest, AGroupThatCantBeReadIsToldAndOpensFromARecentFileOnceItCan) {
     ChooseTemplate("Other.dat");
     Pick(u"FileOpenTemplate");
     ExpectHolds(Lines(oMain.srlResults), "The projects could not be read");
-    EXPECT_TRUE(oMain.oMenu.mnuFile.Enabled() && !oMain.oMenu.mnuTools.Enabled());
+    EXPECT_TRUE(oMain.oMenu[u"mnuFile"].Enabled() && !oMain.oMenu[u"mnuTools"].Enabled());
     EXPECT_EQ(moRenderer.ShownPointer(), Pointer::Default);
     oIDE.oLog.Fail("VBProjects", 1000000);
-    EXPECT_EQ(oMain.oMenu.mnuFileRecent(2).Tag(), File("Template.dat"));
-    EXPECT_TRUE(oMain.oMenu.mnuFileRecent(2).UserPick());
+    EXPECT_EQ(oMain.oMenu.Array(u"mnuFileRecent")(2).Tag(), File("Template.dat"));
+    EXPECT_TRUE(oMain.oMenu.Array(u"mnuFileRecent")(2).UserPick());
     EXPECT_EQ(Tree(), "*P[Standard EXE]");
     EXPECT_EQ(oMain.Caption(), u"Tarvane Quillon - " + File("Template.dat"));
-    EXPECT_EQ(oMain.oMenu.mnuFileRecent(1).Tag(), File("Template.dat"));
+    EXPECT_EQ(oMain.oMenu.Array(u"mnuFileRecent")(1).Tag(), File("Template.dat"));
   });
 }
 
@@ -118,7 +118,7 @@ TEST_F(FMainTest, EventsWhileAListFillsLeaveTheWindowWhole) {
   const std::vector<std::pair<const char*, std::function<void()>>> aoPoint = {
       {"start", {}},
       {"open", [&] { Opens("Template.dat"); }},
-      {"recent", [&] { EXPECT_TRUE(oMain.oMenu.mnuFileRecent(1).UserPick()); }},
+      {"recent", [&] { EXPECT_TRUE(oMain.oMenu.Array(u"mnuFileRecent")(1).UserPick()); }},
       {"component", [&] { Click(u"MOne"); }},
       {"project", [&] { Click(u"P"); }},
       {"folder", [&] { Click(u"Modules"); }},
@@ -130,14 +130,14 @@ TEST_F(FMainTest, EventsWhileAListFillsLeaveTheWindowWhole) {
       {"open a broken one", [&] { Opens("Broken.dat"); }},
       {"the other view", [&] {
          // Off while a template opens.
-         (oMain.tvwProjects.Tag() == u"Tree" ? oMain.oMenu.mnuViewProjectList
-                                             : oMain.oMenu.mnuViewProjectTree)
+         (oMain.tvwProjects.Tag() == u"Tree" ? oMain.oMenu[u"mnuViewProjectList"]
+                                             : oMain.oMenu[u"mnuViewProjectTree"])
              .UserPick();
        }}};
   const auto IsWhole = [&] {
     EXPECT_EQ(std::to_string(oMain.tabView.Tabs().Count()) +
                   (oMain.tvwProjects.Enabled() ? "t" : "") +
-                  (oMain.oMenu.mnuTools.Enabled() ? "m" : "") + (oMain.Model() ? "o" : "") +
+                  (oMain.oMenu[u"mnuTools"].Enabled() ? "m" : "") + (oMain.Model() ? "o" : "") +
                   std::to_string(moRenderer.ShownPointer()),
               "3tmo0");
     Click(u"P");
@@ -175,7 +175,7 @@ TEST_F(FMainTest, ATemplateMayBeClosedWhileAListFills) {
     User().DoEvents([&] { Pick(u"FileOpenTemplate"); });
     Click(u"MOne");
     EXPECT_FALSE(oMain.tvwProjects.Enabled()) << "there is nothing to click";
-    EXPECT_TRUE(oMain.oMenu.mnuFileRecent(2).UserPick());
+    EXPECT_TRUE(oMain.oMenu.Array(u"mnuFileRecent")(2).UserPick());
     for (const TextView sNode : {u"MOne", u"P", u"MOne"}) {
       User().Modal<FCopySuggest>([&](FCopySuggest& o) {
         EXPECT_EQ(o.cmdAction(2).Enabled(), sNode == u"MOne") << "of the node that was clicked";
