@@ -2,7 +2,7 @@
 // buttons, when they are enabled and checked, and what they do.
 #pragma once
 
-#include "CommandTable.h"
+#include "MenuTable.h"
 
 struct Workbench;
 

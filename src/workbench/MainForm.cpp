@@ -23,7 +23,7 @@ void DesignBar(PictureBox& oBar, std::int32_t nPointer) {
 
 }  // namespace
 
-MainForm::MainForm(Toolkit& oToolkit, CommandTable::Runner run)
+MainForm::MainForm(Toolkit& oToolkit, MenuTable::Runner run)
     : Form(oToolkit, u"FMain"), oMenu(*this, std::move(run)) {
   On(oMenu.ButtonEnabled,
      [this](std::int32_t nIndex, bool bEnabled) { oToolbar.SetButtonEnabled(nIndex, bEnabled); });

@@ -9,11 +9,11 @@
 #include "Caption.h"
 #include "CodePane.h"
 #include "CommandButton.h"
-#include "CommandTable.h"
 #include "Form.h"
 #include "Frame.h"
 #include "ListView.h"
 #include "MainToolbar.h"
+#include "MenuTable.h"
 #include "PropertyList.h"
 #include "Scroller.h"
 #include "StatusBar.h"
@@ -23,7 +23,7 @@
 
 class MainForm : public Forms::Form {
  public:
-  CommandTable oMenu;
+  MenuTable oMenu;
   MainToolbar oToolbar{*this};
   Forms::ImageList imlProjects{*this, u"imlProjects"};
   Forms::Timer tmrStartUp{*this, u"tmrStartUp"};
@@ -55,7 +55,7 @@ class MainForm : public Forms::Form {
 
  protected:
   /// run: for the commands, which come with the window.
-  MainForm(Forms::Toolkit& oToolkit, CommandTable::Runner run);
+  MainForm(Forms::Toolkit& oToolkit, MenuTable::Runner run);
 
   /// The title of the errors' pane looks as that of a window with the focus, or without.
   void ColorErrorsTitle(bool bFocus);

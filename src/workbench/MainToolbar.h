@@ -6,9 +6,9 @@
 
 #include <array>
 
-#include "CommandTable.h"
 #include "ImageList.h"
 #include "Line.h"
+#include "MenuTable.h"
 #include "PictureBox.h"
 
 class MainToolbar {

@@ -23,11 +23,11 @@
 #include "CXRecent.h"
 #include "CXSplit.h"
 #include "CodePane.h"
-#include "CommandTable.h"
 #include "DiskIDE.h"
 #include "Form.h"
 #include "GroupTree.h"
 #include "Guard.h"
+#include "MenuTable.h"
 #include "StatusBar.h"
 #include "TabStrip.h"
 #include "Timer.h"
@@ -64,7 +64,7 @@ class FIDE : public Forms::Form {
   /// Menus by their names, such as `mnuFileSave`. Arrays: of mnuFileRecent, 1 to 9 are the groups
   /// that were opened last and 10 is the separator below them; mnuViewToolBar has one from 1 for
   /// each tool bar, mnuAddInsItem one for each entry of an add-in.
-  CommandTable oMenu;
+  MenuTable oMenu;
 
   Forms::ImageList imlGroup{*this, u"imlGroup"};
   Forms::Timer tmrStart{*this, u"tmrStart"};

@@ -1,11 +1,11 @@
-#include "CommandTable.h"
+#include "MenuTable.h"
 
 #include "Failure.h"
 #include "Form.h"
 
 using namespace Forms;
 
-struct CommandTable::Entry {
+struct MenuTable::Entry {
   Command row;
   std::int32_t button = -1;  ///< its number
   std::unique_ptr<Menu> menu{};
@@ -13,7 +13,7 @@ struct CommandTable::Entry {
 };
 
 /// The entries end before the menu that they stand under.
-struct CommandTable::Title {
+struct MenuTable::Title {
   Title(Form& form, const CommandMenu& table)
       : menu(form, table.name), caption(table.caption), enabled(table.enabled) {}
   Menu menu;
@@ -22,14 +22,14 @@ struct CommandTable::Title {
   std::vector<Entry> entries{};
 };
 
-CommandTable::CommandTable(Form& owner, Runner runner, std::vector<CommandMenu> menus)
+MenuTable::MenuTable(Form& owner, Runner runner, std::vector<CommandMenu> menus)
     : form(owner), run(std::move(runner)) {
   for (CommandMenu& menu : menus) Add(std::move(menu));
 }
 
-CommandTable::~CommandTable() = default;
+MenuTable::~MenuTable() = default;
 
-void CommandTable::Add(CommandMenu menu) {
+void MenuTable::Add(CommandMenu menu) {
   Title& title = *titles.emplace_back(std::make_unique<Title>(form, menu));
   for (Command& row : menu.rows) title.entries.push_back({std::move(row)});
   for (Entry& entry : title.entries) MakeEntry(title, entry);
@@ -38,7 +38,7 @@ void CommandTable::Add(CommandMenu menu) {
   });
 }
 
-void CommandTable::MakeEntry(Title& title, Entry& entry) {
+void MenuTable::MakeEntry(Title& title, Entry& entry) {
   const Command& row = entry.row;
   if (row.button) entry.button = buttonCount++;
   if (!row.doesEach) {
@@ -53,7 +53,7 @@ void CommandTable::MakeEntry(Title& title, Entry& entry) {
   });
 }
 
-void CommandTable::Design() {
+void MenuTable::Design() {
   for (const auto& title : titles) {
     title->menu.SetCaption(title->caption);
     for (Entry& entry : title->entries) {
@@ -65,29 +65,29 @@ void CommandTable::Design() {
   }
 }
 
-const CommandTable::Entry& CommandTable::Find(TextView name) const {
+const MenuTable::Entry& MenuTable::Find(TextView name) const {
   for (const auto& title : titles)
     for (const Entry& entry : title->entries)
       if (entry.row.name == name) return entry;
   throw Failure(340, u"There is no menu " + Text(name));
 }
 
-Menu& CommandTable::operator[](TextView name) const {
+Menu& MenuTable::operator[](TextView name) const {
   for (const auto& title : titles)
     if (title->menu.Name() == name) return title->menu;
   return *Find(name).menu;
 }
 
-ControlArray<Menu>& CommandTable::Array(TextView name) const {
+ControlArray<Menu>& MenuTable::Array(TextView name) const {
   return *Find(name).array;
 }
 
-void CommandTable::WorkOut(TextView name) {
+void MenuTable::WorkOut(TextView name) {
   for (const auto& title : titles)
     if (title->menu.Name() == name) WorkOut(*title);
 }
 
-void CommandTable::WorkOut(Title& title) {
+void MenuTable::WorkOut(Title& title) {
   for (Entry& entry : title.entries) {
     const Command& row = entry.row;
     if (row.checked) entry.menu->SetChecked(row.checked());
@@ -98,12 +98,12 @@ void CommandTable::WorkOut(Title& title) {
   }
 }
 
-void CommandTable::WorkOutTitles() {
+void MenuTable::WorkOutTitles() {
   for (const auto& title : titles)
     if (title->enabled) title->menu.SetEnabled(title->enabled());
 }
 
-void CommandTable::WorkOutButtons() {
+void MenuTable::WorkOutButtons() {
   for (const auto& title : titles) {
     for (const Entry& entry : title->entries) {
       if (!entry.row.button) continue;
@@ -113,7 +113,7 @@ void CommandTable::WorkOutButtons() {
   }
 }
 
-std::vector<const Command*> CommandTable::Buttons() const {
+std::vector<const Command*> MenuTable::Buttons() const {
   std::vector<const Command*> rows;
   for (const auto& title : titles)
     for (const Entry& entry : title->entries)
@@ -121,7 +121,7 @@ std::vector<const Command*> CommandTable::Buttons() const {
   return rows;
 }
 
-void CommandTable::Run(const Command& command) const {
+void MenuTable::Run(const Command& command) const {
   run(Text(command.name) + u"_Click", command.takesTime, [&] {
     if (command.does) command.does();
   });

@@ -54,14 +54,14 @@ inline Command Separator(TextView name) {
   return {.name = name, .caption = u"-"};
 }
 
-class CommandTable {
+class MenuTable {
  public:
   /// Runs the work of a command as the routine of that name; no failure comes out of it.
   using Runner =
       std::function<void(TextView routine, bool takesTime, const std::function<void()>& work)>;
 
-  CommandTable(Forms::Form& owner, Runner runner, std::vector<CommandMenu> menus = {});
-  ~CommandTable();
+  MenuTable(Forms::Form& owner, Runner runner, std::vector<CommandMenu> menus = {});
+  ~MenuTable();
   /// Makes the menus, behind those that are there.
   void Add(CommandMenu menu);
   /// Sets the values of design time.
