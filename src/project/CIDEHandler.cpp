@@ -53,11 +53,12 @@ std::vector<TextView> CIDEHandler::RulesJudgingOtherwise(ProcedureHandle procedu
 }
 
 Suggestions::Suggestion CIDEHandler::SuggestionOf(ProcedureHandle procedure) const {
-  return ExpertFacts::SuggestionOf(mModel, mModel.Procedure(procedure));
+  return ExpertFacts::SuggestionOf(mModel, Template().Set(), mModel.Procedure(procedure));
 }
 
 void CIDEHandler::RefreshSuggestions() {
   Guard(Named(u"RefreshSuggestions"), [&](GuardScope&) {
-    for (const ProcedureHandle h : Procedures()) ExpertFacts::Suggest(mModel, mModel.Procedure(h));
+    for (const ProcedureHandle h : Procedures())
+      ExpertFacts::Suggest(mModel, Template().Set(), mModel.Procedure(h));
   });
 }

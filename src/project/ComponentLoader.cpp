@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "ErrRead.h"
 #include "ExpertFacts.h"
 #include "HandlerGuard.h"
 #include "LoadFailure.h"
@@ -235,7 +236,7 @@ void ComponentLoader::LoadDeclarations() {
   Guard(Named(u"LoadDeclarations"), [&](GuardScope& scope) {
     ProcedureRecord record{.hComponent = mComponent, .nKind = ProcKind::Declarations};
     ReadProcedure(scope, record, {});
-    ExpertFacts::Suggest(mModel, record);
+    ExpertFacts::Suggest(mModel, mOptions.Template().Set(), record);
     AddProcedure(record);
     mRecord.hDeclarations = mModel.LastProcedure();
   });
@@ -258,7 +259,7 @@ void ComponentLoader::LoadMethod(Member& member, std::int32_t location) {
       if (record.bEventHandler) record.sProcType = mModel.KeptTypeName(event);
     }
     record.bHandlerNoCase = type == u"Sub" && !record.bEventHandler && FitsSourceNoCase(name);
-    ExpertFacts::Suggest(mModel, record);
+    ExpertFacts::Suggest(mModel, mOptions.Template().Set(), record);
     AddProcedure(record);
   });
 }
@@ -274,14 +275,17 @@ void ComponentLoader::LoadProperty(Member& member, ProcKind kind) {
     if (type.empty()) return;
     record.headScope = HeadScope(module, body);
     ReadProcedure(scope, record, type);
-    ExpertFacts::Suggest(mModel, record);
+    ExpertFacts::Suggest(mModel, mOptions.Template().Set(), record);
     AddProcedure(record);
   });
 }
 
 void ComponentLoader::ReadProcedure(GuardScope& scope, ProcedureRecord& record, TextView type) {
   record.sProcType = record.sDeclType = mModel.KeptTypeName(type);
-  mOptions.Template().ExtractProcSettings(mModel.CodeOf(scope, record).text, record.oCurrent);
+  const ProcedureCode code = mModel.CodeOf(scope, record);
+  mOptions.Template().ExtractProcSettings(code.text, record.oCurrent);
+  record.bReadsErr =
+      record.oMember && record.oCurrent.sTemplate().empty() && ReadsErr(code.text, code.headLine);
   mModel.InheritFromModule(record, record.oCurrent);
   record.oPending.CopyFrom(record.oCurrent);
 }

@@ -48,6 +48,16 @@ Facts FactsOf(GuardScope& scope, const GroupModel& model, const ProcedureRecord&
   return facts;
 }
 
+/// As above, with what the template that would be suggested does to the code.
+Facts FactsOf(GuardScope& scope, const GroupModel& model, const TemplateSet& templates,
+              const ProcedureRecord& record, Text& name) {
+  Facts facts = FactsOf(scope, model, record, name);
+  if (!record.bReadsErr) return facts;
+  const TemplateRow* const row = templates.Find(MRules::oRules.sDefaultProcTemplate);
+  facts.bClearsErr = row && row->names.handles;
+  return facts;
+}
+
 /// Nearly all procedures are judged alike with and without those rules, and need not be asked for.
 bool MayDiffer(const Facts& component, const ProcedureRecord& record) {
   return record.oMember && (record.bHandlerNoCase ||
@@ -58,10 +68,10 @@ bool MayDiffer(const Facts& component, const ProcedureRecord& record) {
 
 }  // namespace
 
-void Suggest(const GroupModel& model, ProcedureRecord& record) {
+void Suggest(const GroupModel& model, const TemplateSet& templates, ProcedureRecord& record) {
   Guard(Named(RoutineFor(KindOf(record.nKind))), [&](GuardScope& scope) {
     Text name;
-    const Facts facts = FactsOf(scope, model, record, name);
+    const Facts facts = FactsOf(scope, model, templates, record, name);
     Suggestions::Suggest(facts, record.oCurrent, MRules::oRules, record.oSuggest);
   });
 }
@@ -76,10 +86,11 @@ std::vector<TextView> RulesJudgingOtherwise(const GroupModel& model,
   });
 }
 
-Suggestions::Suggestion SuggestionOf(const GroupModel& model, const ProcedureRecord& record) {
+Suggestions::Suggestion SuggestionOf(const GroupModel& model, const TemplateSet& templates,
+                                     const ProcedureRecord& record) {
   return Result(u"SuggestionOf", [&](GuardScope& scope) {
     Text name;
-    const Facts facts = FactsOf(scope, model, record, name);
+    const Facts facts = FactsOf(scope, model, templates, record, name);
     return Suggestions::SuggestionFor(facts, record.oCurrent, MRules::oRules,
                                       record.oSuggest.bForeign());
   });

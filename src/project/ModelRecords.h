@@ -51,6 +51,8 @@ struct ProcedureRecord {
   ProcKind nKind = ProcKind::Method;
   bool bEventHandler = false;
   bool bHandlerNoCase = false;  ///< its name fits an event source, but not in letter case
+  /// Without a template at the time of loading: the code reads Err and no On Error stands ahead.
+  bool bReadsErr = false;
   /// What a property's own head states: the member has one scope for its Let, Set and Get.
   MemberScope headScope = MemberScope::Unset;
   Member* oMember = nullptr;  ///< null for a declarations record

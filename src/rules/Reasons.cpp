@@ -17,6 +17,7 @@ Rule BoundaryRule(const CProcSettings& settings, bool isSelection, Rule otherwis
 
 void Write(const Suggestion& suggestion, CProcSettings& settings) {
   const Rule boundary = suggestion.boundary.reason.rule;
+  settings.bTemplateClearsErr = suggestion.templateName.reason.fact == Fact::ClearsErr;
   settings.bTemplateLeave = suggestion.templateName.reason.IsLeft();
   settings.bSeverityLeave = suggestion.severity.reason.IsLeft();
   settings.bRetryLeave = suggestion.retry.reason.IsLeft();
@@ -36,7 +37,9 @@ Suggestion SuggestionOf(const CProcSettings& settings, bool isSelection) {
   const Rule unset = isSelection ? Rule::Differs : Rule::Default;
   const Rule otherwise = settings.sTemplate().empty() && !isSelection ? Rule::NoTemplate : unset;
   const auto leave = [](bool flag, Rule other) { return Reason{flag ? Rule::Leave : other}; };
-  return {.templateName = {settings.sTemplate(), leave(settings.bTemplateLeave, unset)},
+  Reason byTemplate = leave(settings.bTemplateLeave, unset);
+  if (settings.bTemplateClearsErr) byTemplate.fact = Fact::ClearsErr;
+  return {.templateName = {settings.sTemplate(), byTemplate},
           .boundary = {settings.eBoundary(), {BoundaryRule(settings, isSelection, otherwise)}},
           .severity = {settings.eSeverity(), leave(settings.bSeverityLeave, otherwise)},
           .retry = {settings.eRetry(), leave(settings.bRetryLeave, otherwise)},
@@ -44,6 +47,7 @@ Suggestion SuggestionOf(const CProcSettings& settings, bool isSelection) {
 }
 
 TextView Note(const Reason& reason) {
+  if (reason.fact == Fact::ClearsErr) return u"[Clears Err]";
   switch (reason.rule) {
     case Rule::Leave:
       return u"[Leave]";

@@ -22,7 +22,8 @@ enum class Rule {
   Differs,        ///< the procedures of a selection have no reason in common
 };
 
-/// What the Property Expert goes by. It is told for a value that is left, too.
+/// What the Property Expert goes by; it is told for a value that is left, too. The last one goes
+/// with a template.
 enum class Fact {
   None,            ///< the Expert is off or has no say in the property; or read back from settings
   Inside,          ///< only the project's own code calls it
@@ -35,6 +36,7 @@ enum class Fact {
   HandlerNoCase,     ///< an event handler, by the rule that letter case doesn't count
   OwnInterfaceName,  ///< it implements such an interface, by the rule about the interface's own
                      ///< name
+  ClearsErr,         ///< the template would clear Err ahead of the code that reads it
 };
 
 struct Reason {
@@ -65,11 +67,12 @@ struct Suggestion {
 /// gets in: the flags tell what would have decided.
 void Write(const Suggestion& suggestion, CProcSettings& settings);
 
-/// Reads back what Write put in, without the facts. isSelection: the settings are what several
-/// procedures have in common.
+/// Reads back what Write put in, without the Property Expert's facts. isSelection: the settings are
+/// what several procedures have in common.
 Suggestion SuggestionOf(const CProcSettings& settings, bool isSelection = false);
 
-/// "[Leave]", "[Leave Boundary]", "[Leave Firewall]", "[Property Expert]" or nothing.
+/// "[Leave]", "[Leave Boundary]", "[Leave Firewall]", "[Property Expert]", "[Clears Err]" or
+/// nothing.
 TextView Note(const Reason& reason);
 
 }  // namespace Suggestions

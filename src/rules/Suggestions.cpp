@@ -122,6 +122,7 @@ Boundary BoundaryBy(Fact fact) {
     case Fact::None:
     case Fact::Inside:
     case Fact::NoEventHandler:
+    case Fact::ClearsErr:
       break;
   }
   return Boundary::None;
@@ -133,6 +134,8 @@ Suggestion SuggestionFor(const Facts& facts, const CProcSettings& current, const
   Suggestion suggestion;
   suggestion.templateName =
       LeftOrDefault(current.sTemplate(), rules.bTemplateReplace, defaults.templateName);
+  if (facts.bClearsErr && current.sTemplate().empty() && !suggestion.templateName.value.empty())
+    suggestion.templateName.reason.fact = Fact::ClearsErr;
   if (suggestion.templateName.value.empty() && !keepsForeign) {
     constexpr Reason None = {Rule::NoTemplate};
     suggestion.boundary.reason = suggestion.severity.reason = suggestion.retry.reason =

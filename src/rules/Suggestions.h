@@ -31,9 +31,12 @@ struct Facts {
   /// Lower-case names of the component's implemented interfaces from outside the group, with their
   /// library where the code states it: `excel.iview`.
   std::span<const Text> asForeignInterface = {};
+  /// The code reads Err, handles no errors itself, and the default template would.
+  bool bClearsErr = false;
 };
 
-/// What decides about the boundary when the Property Expert is asked; never Fact::None.
+/// What decides about the boundary when the Property Expert is asked; never Fact::None or
+/// Fact::ClearsErr.
 Fact DecidingFact(const Facts& facts, const MRules::Values& rules = {});
 /// None, VB or ActiveX.
 MQuillon::Boundary BoundaryBy(Fact fact);

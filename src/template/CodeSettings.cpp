@@ -1,30 +1,17 @@
 #include "CodeSettings.h"
 
-#include <bit>
-
+#include "ErrRead.h"
 #include "MQuillon.h"
 #include "MXString.h"
 #include "MXStringVB.h"
-#include "UnitBlock.h"
 
 using MQuillon::TriState;
 
 namespace {
 
-/// True when the text holds the word in any case. Most texts are long and don't: the two letters
-/// behind its first are rare.
+/// In any case.
 bool HoldsError(TextView text) {
-  UnitBits before = 0;  // the block ahead ends in the letter
-  for (std::size_t at = 0; at < text.size(); at += UnitBlock::Size) {
-    const UnitBlock block(text, at);
-    const UnitBits letters = block.Equal('r') | block.Equal('R');
-    for (UnitBits bits = letters & (letters << 1U | before); bits != 0; bits &= bits - 1) {
-      const std::size_t second = at + static_cast<std::size_t>(std::countr_zero(bits));
-      if (second >= 2 && EqualNoCase(text.substr(second - 2, 5), u"error")) return true;
-    }
-    before = letters >> (UnitBlock::Size - 1);
-  }
-  return false;
+  return AnyErr(text, [&](std::size_t at) { return EqualNoCase(text.substr(at, 5), u"error"); });
 }
 
 /// True when the code handles errors on its own: anything but balanced pairs of Resume Next and

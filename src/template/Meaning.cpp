@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "LogicalLine.h"
+#include "ErrRead.h"
 #include "MQuillon.h"
 #include "NamesInTemplate.h"
 #include "ProcPlaces.h"
@@ -26,63 +26,9 @@ Refusal At(RefusalKind kind, const ProcText& code, std::size_t i, TextView name 
   return refusal;
 }
 
-/// Calls take(words, line) for each statement of lines first up to and not including end, until
-/// it gives true; then true.
-template <class Take>
-bool AnyStatement(const ProcText& code, std::size_t first, std::size_t end, Take&& take) {
-  std::vector<TextView> lines;
-  for (std::size_t i = first; i < end; ++i) lines.push_back(code.Line(i));
-  LogicalLines logical(lines);
-  while (logical.Next()) {
-    const std::vector<TextView> words = Words(logical.Statement());
-    for (std::size_t from = 0; from < words.size();) {
-      std::size_t to = from;
-      // A named argument's := is no separator.
-      while (to < words.size() &&
-             (words[to] != u":" || (to + 1 < words.size() && words[to + 1] == u"="))) {
-        ++to;
-      }
-      const auto statement = std::span(words).subspan(from, to - from);
-      if (!statement.empty() && take(statement, first + logical.First())) return true;
-      from = to + 1;
-    }
-  }
-  return false;
-}
-
-bool IsMember(std::span<const TextView> words, std::size_t i) {
-  return i > 0 && (words[i - 1] == u"." || words[i - 1] == u"!");
-}
-
-bool Is(std::span<const TextView> words, std::size_t i, TextView word) {
-  return i < words.size() && words[i] == word;
-}
-
 // Err.
 
-/// Err.Raise, Err.Clear and an assignment at the start of a statement read nothing.
-bool ReadsErrAt(std::span<const TextView> words, std::size_t i) {
-  if (words[i] != u"err" || IsMember(words, i) || Is(words, i + 1, u":")) return false;
-  const bool member = Is(words, i + 1, u".");
-  if (member && (Is(words, i + 2, u"raise") || Is(words, i + 2, u"clear"))) return false;
-  return !(i == 0 && Is(words, member ? 3 : 1, u"="));
-}
-
-/// The line of the first read of Err that no On Error stands ahead of.
-std::optional<std::size_t> FirstErrRead(const ProcText& code, std::size_t first, std::size_t end) {
-  if (first >= end || !code.MayHold(first, end, u"err")) return std::nullopt;
-  std::optional<std::size_t> found;
-  AnyStatement(code, first, end, [&](std::span<const TextView> words, std::size_t line) {
-    if (Is(words, 0, u"on") && Is(words, 1, u"error")) return true;
-    for (std::size_t i = 0; i < words.size() && !found; ++i) {
-      if (ReadsErrAt(words, i)) found = line;
-    }
-    return found.has_value();
-  });
-  return found;
-}
-
-Found ErrRead(const Put& put) {
+Found ErrReadFault(const Put& put) {
   if (put.old || !put.row.names.handles) return std::nullopt;
   const auto line = FirstErrRead(put.bare, put.insertion.body.first, put.insertion.body.end);
   return line ? Found(At(RefusalKind::ErrRead, put.bare, *line)) : std::nullopt;
@@ -317,8 +263,8 @@ std::optional<Refusal> Meaning::FirstFault(const Put& put, const AllowedRules& a
   }
   if (put.procedure.IsDeclarations()) return std::nullopt;
   using Rule = Found (*)(const Put&);
-  constexpr Rule Rules[] = {
-      ErrRead, CleanUp, NumberTwice, LineTooLong, TooManyContinuations, ProcedureTooLong};
+  constexpr Rule Rules[] = {ErrReadFault,         CleanUp,         NumberTwice, LineTooLong,
+                            TooManyContinuations, ProcedureTooLong};
   for (const Rule rule : Rules) {
     if (finds([&] { return rule(put); })) return found;
   }

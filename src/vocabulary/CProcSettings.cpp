@@ -15,7 +15,8 @@ constexpr bool CProcSettings::*Flags[] = {
     &CProcSettings::RetryInherited,    &CProcSettings::bTemplateLeave,
     &CProcSettings::bSeverityLeave,    &CProcSettings::bRetryLeave,
     &CProcSettings::bTraceLeave,       &CProcSettings::bBoundaryExpert,
-    &CProcSettings::bFirewallLeave,    &CProcSettings::bBoundaryLeave};
+    &CProcSettings::bFirewallLeave,    &CProcSettings::bBoundaryLeave,
+    &CProcSettings::bTemplateClearsErr};
 
 // One copy of each name for the life of the process; names are never taken out.
 const Text* KeptName(TextView name) {

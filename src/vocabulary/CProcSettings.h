@@ -21,6 +21,7 @@ class CProcSettings {
   bool bBoundaryExpert = false;
   bool bFirewallLeave = false;
   bool bBoundaryLeave = false;
+  bool bTemplateClearsErr = false;
 
   void CopyFrom(const CProcSettings& oProcSettings);
   bool Equals(const CProcSettings& oProcSettings) const;

@@ -43,6 +43,12 @@ TEST(Apply, ARewriteThatChangesTheMeaningIsRefusedUnlessItIsAllowed) {
                         {"no proof", apply + "--no-verify Demo.vbg", 0, "", "No Failures"},
                         {"check", "check --allow name-clash --component modMain Demo.vbg", 1,
                          "[unproved-meaning]", Any},
+                        {"suggested", "list --suggested --component modMain Demo.vbg", 0,
+                         "Main [Clears Err]  ", Any},
+                        {"as a note", "list --format json --component modMain Demo.vbg", 0,
+                         R"("notes": {"template": "[Clears Err]")", Any},
+                        {"in words", "explain Main Demo.vbg", 0,
+                         "Template Main: the default of the rules, but it would clear Err ", Any},
                     });
   std::string code;
   for (int i = 0; i < 65527; ++i) code += "'\n";

@@ -32,7 +32,7 @@ constexpr std::pair<bool CProcSettings::*, char16_t> Flags[] = {
     {&CProcSettings::bTemplateLeave, 't'},  {&CProcSettings::bSeverityLeave, 's'},
     {&CProcSettings::bRetryLeave, 'r'},     {&CProcSettings::bTraceLeave, 'c'},
     {&CProcSettings::bBoundaryExpert, 'X'}, {&CProcSettings::bFirewallLeave, 'F'},
-    {&CProcSettings::bBoundaryLeave, 'B'}};
+    {&CProcSettings::bBoundaryLeave, 'B'},  {&CProcSettings::bTemplateClearsErr, 'E'}};
 
 /// Template, Boundary, Severity, Retry, Trace, and a letter for each flag.
 Text Shown(const CProcSettings& o) {
@@ -109,8 +109,8 @@ TEST(Suggestions, TwoRulesReadNamesAsTheLanguageDoes) {
 
 TEST(Suggestions, WeighsTheCodeAgainstTheRules) {
   // m method, p property, d declarations; R replace all, s r c one of them, O expert off and
-  // boundaries left, E no default template; Boundary in the code, the three other ids, its
-  // template.
+  // boundaries left, E no default template, C it clears Err; Boundary in the code, the three other
+  // ids, its template.
   ExpectRows(
       u"m00~P 1212X dxddd; p00~P 1212X dxddd; d00~M 1322X dxddd; m31A~A 3111tsrcXF lflll; "
       u"mR33A~P 1212X dxddd; m40A~A 1212tX lxddd; mO00~P 3212 ddddd; mO20~P 2212B dbddd; "
@@ -118,7 +118,8 @@ TEST(Suggestions, WeighsTheCodeAgainstTheRules) {
       u"d03A~A 1333tsrcX lxlll; m10A~A 1212tX lxddd; mRO31A~P 3212 ddddd; "
       u"mR00(bespoke)~P 1212X dxddd; m41(bespoke)~(bespoke) 0000tsrcX lxlll; "
       u"m00[Gone]~[Gone] 0000tX lxddd; ms03A~A 1233trcX lxdll; mr03A~A 1313tscX lxldl; "
-      u"mc03A~A 1332tsrX lxlld",
+      u"mc03A~A 1332tsrX lxlld; "
+      u"mC00~P 1212XE dxddd; mC00A~A 1212tX lxddd; mCE00~ 0000 dnnnn; mCR00A~P 1212X dxddd",
       [](TextView s) {
         const auto Has = [&](char16_t c) { return s.substr(0, 4).find(c) != TextView::npos; };
         const std::size_t lIds = s.find_first_of(u"01234");
@@ -135,7 +136,8 @@ TEST(Suggestions, WeighsTheCodeAgainstTheRules) {
         o.eBoundaryDefault = Id{3};
         const Facts oFacts = {.eKind = Has('m')   ? Kind::Method
                                        : Has('p') ? Kind::Property
-                                                  : Kind::Declarations};
+                                                  : Kind::Declarations,
+                              .bClearsErr = Has('C')};
         const auto oCurrent = Current(s.substr(lIds + 2), s[lIds] - u'0', s[lIds + 1] - u'0');
         CProcSettings oSuggest;
         Suggestions::Suggest(oFacts, oCurrent, o, oSuggest);
@@ -151,13 +153,14 @@ TEST(Suggestions, NotesWordTheReasonThatFlagsTell) {
       u"~ddddd ; XFB~dfddd [Leave Firewall]; XB~dbddd [Leave Boundary]; X~dxddd [Property Expert]; "
       u"s~ddldd [Leave]; tr~lddld ; c~ddddl ; S~sssss ; SXB~sssss ; SFX~sssss ; "
       u"SB~sbsss [Leave Boundary]; SF~sfsss [Leave Firewall]; SX~sxsss [Property Expert]; "
-      u"Strc~lssll ; Ss~sslss [Leave]",
+      u"Strc~lssll ; Ss~sslss [Leave]; E~ddddd [Clears Err]",
       [](TextView s) {
         const auto Has = [&](char16_t c) { return s.find(c) != TextView::npos; };
         CProcSettings o = Current(u"A");
         for (const auto& [oFlag, cFlag] : Flags) o.*oFlag = Has(cFlag);
         const Suggestions::Suggestion suggestion = Suggestions::SuggestionOf(o, Has('S'));
         return Reasons(suggestion) + u' ' + Text(Note(suggestion.boundary.reason)) +
+               Text(Has('E') ? Note(suggestion.templateName.reason) : TextView()) +
                Text(Note(suggestion.severity.reason));
       });
 }

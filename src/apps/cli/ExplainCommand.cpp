@@ -37,6 +37,10 @@ std::string Because(const Suggestions::Reason& reason) {
   const auto byRule = [](const char* what, TextView rule) {
     return what + (", by the rule '" + ToUtf8(rule) + "'");
   };
+  if (reason.fact == Fact::ClearsErr) {
+    return "the default of the rules, but it would clear Err ahead of the code that reads it "
+           "(err-read)";
+  }
   switch (reason.rule) {
     case Rule::Default:
       return "the default of the rules";
@@ -70,6 +74,7 @@ std::string Because(const Suggestions::Reason& reason) {
       return byRule("implements an interface from outside the group", MRules::InterfaceOwnNameName);
     case Fact::None:
     case Fact::Inside:
+    case Fact::ClearsErr:
       break;
   }
   return "only code of the project calls it";

@@ -25,13 +25,13 @@ class Lister {
     Heading(false);
     table.Measure(mRow);
     EachRow([&] {
-      for (std::string& cell : mRow) cell = VisibleText(cell);
+      MakeReadable();
       table.Measure(mRow);
     });
     Heading(false);
     table.Append(mRow, mOut);
     EachRow([&] {
-      for (std::string& cell : mRow) cell = VisibleText(cell);
+      MakeReadable();
       table.Append(mRow, mOut);
     });
   }
@@ -109,6 +109,15 @@ class Lister {
       mRow[FirstProperty + static_cast<std::size_t>(property)] = Shown(Settings(record), property);
     // A declarations section can't be traced.
     if (!record.oMember) mRow.back().clear();
+  }
+
+  /// For people: names in visible form, and behind a suggested template what speaks against it.
+  void MakeReadable() {
+    for (std::string& cell : mRow) cell = VisibleText(cell);
+    const CProcSettings& suggested = mHandler.Procedure(mProcedure).oSuggest;
+    if (!mSession.oArguments.bSuggested || !suggested.bTemplateClearsErr) return;
+    const auto reason = Suggestions::SuggestionOf(suggested).templateName.reason;
+    mRow[FirstProperty] += " " + ToUtf8(Suggestions::Note(reason));
   }
 
   void ProjectJson(ProjectHandle project, JsonWriter& json) {
