@@ -207,8 +207,7 @@ constexpr Option CheckOptions[] = {
 constexpr Option ExplainOptions[] = {
     {.names = "RULE",
      .target = &Arguments::sRule,
-     .help = "A rule of check, such as drifted; with a PATH, procedures by name. Or a pattern",
-     .isRequired = true},
+     .help = "A rule of check, such as drifted; with a PATH, procedures by name. Or a pattern"},
     {.names = "PATH",
      .target = &Arguments::asPath,
      .help = "Project groups (.vbg), projects (.vbp), folders, for procedures",
@@ -329,7 +328,8 @@ constexpr Command Table[] = {
     {.run = ExplainCommand,
      .name = "explain",
      .help = "Tell what a rule of check finds, or why properties are suggested for a procedure",
-     .examples = "  quillon explain drifted\n"
+     .examples = "  quillon explain\n"
+                 "  quillon explain drifted\n"
                  "  quillon explain '*'\n"
                  "  quillon explain cmdOK_Click Orders.vbg",
      .options = {Common, Scope, FileScope, ExplainOptions}},

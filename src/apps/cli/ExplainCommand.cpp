@@ -1,11 +1,15 @@
 // explain: what a user is told about a rule of check, or about the suggestions for a procedure.
 #include "ExplainCommand.h"
+
+#include <array>
+
 #include "CheckRules.h"
 #include "Commands.h"
 #include "Display.h"
 #include "LikePattern.h"
 #include "MRules.h"
 #include "Reasons.h"
+#include "Table.h"
 #include "VisibleText.h"
 
 namespace {
@@ -28,6 +32,21 @@ std::string Explanation(const RuleRow& row) {
   text.append(Indented(row.example));
   if (row.mend != Mend::None)
     text.append("\nWhat mends it: quillon ").append(MendCommand(row.mend)).append("\n");
+  return text;
+}
+
+std::string RuleList() {
+  TextTable table(3);
+  std::string text;
+  const auto forEachRule = [](auto&& use) {
+    for (const RuleRow& row : CheckRules()) {
+      const std::string severity(SeverityName(row.severity));
+      use(std::array{std::string(row.id), severity + (row.byDefault ? "" : ", off"),
+                     std::string(row.summary)});
+    }
+  };
+  forEachRule([&](const auto& cells) { table.Measure(cells); });
+  forEachRule([&](const auto& cells) { table.Append(cells, text); });
   return text;
 }
 
@@ -128,6 +147,10 @@ std::string UnknownRule(const std::string& word) {
 }
 
 int ExplainCommand(Session& session) {
+  if (session.oArguments.sRule.empty()) {
+    session.oOutput.Put(RuleList());
+    return 0;
+  }
   if (!session.oArguments.asPath.empty()) return ExplainProcedures(session);
   const LikePattern pattern(LowerCase(FromUtf8(session.oArguments.sRule)));
   std::string text;
