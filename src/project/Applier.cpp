@@ -67,11 +67,13 @@ struct Applier::Run {
   bool counted = false;  ///< the procedure's line stands in the account
   Text name{};           ///< as soon as it is known
   std::vector<Refusal> refusals{};
+  Text note{};  ///< what went wrong though the code was replaced
 
   void Begin() {
     counted = false;
     name.clear();
     refusals.clear();
+    note.clear();
   }
 
   /// Whether the procedure's settings call for a rewrite.
@@ -127,8 +129,12 @@ void Applier::ApplyTo(ProcedureHandle procedure, Run& run) {
     if (!run.counted) account.BatchItem(mModel.Component(record.hComponent).sName, run.name);
     run.refusals = {{RefusalKind::HostFailure, 0, Text(failure.Description())}};
   }
-  if (run.refusals.empty()) return;
   // The signal first: who tells the messages of the account knows then whose they are.
+  if (!run.note.empty()) {
+    mRefused(procedure, {{RefusalKind::HostFailure, 0, run.note}});
+    account.BatchNote(run.note);
+  }
+  if (run.refusals.empty()) return;
   mRefused(procedure, run.refusals);
   account.BatchRefused(run.refusals);
 }
@@ -149,7 +155,7 @@ void Applier::RewriteOne(GuardScope& scope, ProcedureHandle handle, Run& run) {
   Rewrite rewrite = RewriteAsPending(scope, record, procedure, run);
   run.refusals = std::move(rewrite.refusals);
   if (!run.refusals.empty()) return;
-  if (rewrite.changed && !WriteBack(record, run.name, procedure, rewrite)) {
+  if (rewrite.changed && !WriteBack(record, procedure, rewrite, run)) {
     run.refusals.push_back({RefusalKind::LinesFallToProcedure});
     return;
   }
@@ -341,12 +347,12 @@ void Applier::TakeOver(ProcedureRecord& record, const Run& run) {
   current.RetryInherited = current.eRetry() == module.eRetry();
 }
 
-bool Applier::WriteBack(const ProcedureRecord& record, TextView name,
-                        const ParsedProcedure& procedure, const Rewrite& rewrite) {
+bool Applier::WriteBack(const ProcedureRecord& record, const ParsedProcedure& procedure,
+                        const Rewrite& rewrite, Run& run) {
   bool stands = true;
   Guard(Named(u"ReplaceProcedure"), [&](GuardScope& scope) {
     if (record.oMember) {
-      ReplaceMember(scope, record, name, procedure, rewrite);
+      ReplaceMember(scope, record, procedure, rewrite, run);
     } else {
       stands =
           ModuleEdit::ReplaceDeclarations(scope, mModel.ModuleOf(scope, record.hComponent),
@@ -356,10 +362,10 @@ bool Applier::WriteBack(const ProcedureRecord& record, TextView name,
   return stands;
 }
 
-void Applier::ReplaceMember(GuardScope& scope, const ProcedureRecord& record, TextView name,
-                            const ParsedProcedure& procedure, const Rewrite& rewrite) {
+void Applier::ReplaceMember(GuardScope& scope, const ProcedureRecord& record,
+                            const ParsedProcedure& procedure, const Rewrite& rewrite, Run& run) {
   CodeModule& module = mModel.ModuleOf(scope, record.hComponent);
-  const auto start = SteppedModule(scope, module).ProcStartLine(name, record.nKind);
+  const auto start = SteppedModule(scope, module).ProcStartLine(run.name, record.nKind);
   const ModuleEdit::Attributes saved = ModuleEdit::Save(scope, *record.oMember);
   std::exception_ptr failure;
   try {
@@ -369,8 +375,6 @@ void Applier::ReplaceMember(GuardScope& scope, const ProcedureRecord& record, Te
     failure = std::current_exception();
   }
   const Text notSet = ModuleEdit::Restore(*record.oMember, saved);
-  if (!notSet.empty()) {
-    mOptions.Template().BatchNote(u"Attributes could not be set again: " + notSet);
-  }
+  if (!notSet.empty()) run.note = u"Attributes could not be set again: " + notSet;
   if (failure) std::rethrow_exception(failure);
 }

@@ -65,10 +65,10 @@ class Applier {
   /// Current takes what was written.
   void TakeOver(ProcedureRecord& record, const Run& run);
   /// False: the lines don't stay in the declarations; the module has its old ones.
-  bool WriteBack(const ProcedureRecord& record, TextView name, const ParsedProcedure& procedure,
-                 const Rewrite& rewrite);
-  void ReplaceMember(GuardScope& scope, const ProcedureRecord& record, TextView name,
-                     const ParsedProcedure& procedure, const Rewrite& rewrite);
+  bool WriteBack(const ProcedureRecord& record, const ParsedProcedure& procedure,
+                 const Rewrite& rewrite, Run& run);
+  void ReplaceMember(GuardScope& scope, const ProcedureRecord& record,
+                     const ParsedProcedure& procedure, const Rewrite& rewrite, Run& run);
 
   const ModelOptions& mOptions;
   GroupModel& mModel;

@@ -139,7 +139,8 @@ class CIDEHandler : public ModelOptions {
   Signal<> EnumProceduresBOF;
   Signal<> EnumProceduresEOF;
   Signal<const ProcedureRow&> EnumProceduresProc;
-  /// One procedure could not be rewritten: handle and reasons, beside the engine's own messages.
+  /// One procedure could not be rewritten, or not in all: handle and reasons, each ahead of the
+  /// engine's own message about it.
   Signal<ProcedureHandle, const std::vector<Refusal>&> ProcedureRefused;
 
  private:

@@ -40,6 +40,9 @@ class CTemplate {
 
   Signal<TextView> ReportError;
   Signal<TextView> ReportDump;
+  /// Raised ahead of ReportError for each fault of a template file: its line there and what it is,
+  /// for programs that tell places in another way.
+  Signal<std::int32_t, TextView> ReportFault;
   /// Raised beside ReportError for each line of a batch's account, for programs that show some of
   /// them in another way.
   Signal<BatchLine, TextView> ReportBatch;

@@ -186,17 +186,23 @@ bool IsLess(TextView number, TextView other) {
   return number.size() != other.size() ? number.size() < other.size() : number < other;
 }
 
-/// The numbers of the lines in their order, without leading zeros.
+/// The number of a line without leading zeros; empty for none.
+TextView NumberOf(const ProcText& code, std::size_t i) {
+  const TextView folded = code.Folded(i);
+  if (folded.empty() || folded.front() < u'0' || folded.front() > u'9') return {};
+  if (code.IsContinued(i)) return {};
+  TextView number =
+      folded.substr(0, std::min(folded.find_first_not_of(u"0123456789"), folded.size()));
+  while (number.size() > 1 && number.front() == u'0') number.remove_prefix(1);
+  return number;
+}
+
+/// In their order.
 std::vector<TextView> NumbersIn(const ProcText& code) {
   std::vector<TextView> numbers;
   for (std::size_t i = 0; i < code.Count(); ++i) {
-    const TextView folded = code.Folded(i);
-    if (folded.empty() || folded.front() < u'0' || folded.front() > u'9') continue;
-    if (code.IsContinued(i)) continue;
-    TextView number =
-        folded.substr(0, std::min(folded.find_first_not_of(u"0123456789"), folded.size()));
-    while (number.size() > 1 && number.front() == u'0') number.remove_prefix(1);
-    numbers.push_back(number);
+    const TextView number = NumberOf(code, i);
+    if (!number.empty()) numbers.push_back(number);
   }
   return numbers;
 }
@@ -210,7 +216,12 @@ Found NumberTwice(const Put& put) {
   std::ranges::sort(numbers, IsLess);
   const auto twice = std::ranges::adjacent_find(numbers);
   if (twice == numbers.end()) return std::nullopt;
-  return Refusal{RefusalKind::NumberTwice, 0, Text(*twice)};
+  Refusal refusal{RefusalKind::NumberTwice, 0, Text(*twice)};
+  const ProcText& code = put.procedure.Code();
+  for (std::size_t i = 0; i < code.Count(); ++i) {
+    if (NumberOf(code, i) == *twice) refusal.sourceLine = i + 1;
+  }
+  return refusal;
 }
 
 // Limits. What was beyond them before may stay as it is.
@@ -227,7 +238,14 @@ Found LineTooLong(const Put& put) {
     const TextView line = put.after.Line(i);
     if (line.size() <= LineUnits || HoldsLine(put.procedure.Code(), line)) continue;
     constexpr std::size_t Shown = 40;
-    return Refusal{RefusalKind::LineTooLong, 0, Text(TrimWhite(line).substr(0, Shown)) + u"..."};
+    Refusal refusal{RefusalKind::LineTooLong, 0, Text(TrimWhite(line).substr(0, Shown)) + u"..."};
+    // A number at its beginning is what makes it longer, or a trace exit in it.
+    const ProcText& code = put.procedure.Code();
+    const auto tail = line.substr(line.size() - LineUnits / 2);
+    for (std::size_t k = 0; k < code.Count() && refusal.sourceLine == 0; ++k) {
+      if (code.Line(k).ends_with(tail)) refusal.sourceLine = k + 1;
+    }
+    return refusal;
   }
   return std::nullopt;
 }

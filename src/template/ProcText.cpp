@@ -189,6 +189,21 @@ std::size_t ProcText::RunEnd(std::size_t first, std::size_t end) const {
   return i;
 }
 
+std::size_t ProcText::LineIn(const ProcText& source, std::size_t i) const {
+  std::size_t next = 0, found = source.Count();
+  for (std::size_t own = 0; own <= i; ++own) {
+    const TextView line = TrimWhite(Line(own));
+    const auto isIt = [&](std::size_t k) {
+      const TextView other = TrimWhite(source.Line(k));
+      return line.empty() ? other.empty() : other.ends_with(line);
+    };
+    found = next;
+    while (found < source.Count() && !isIt(found)) ++found;
+    if (found < source.Count()) next = found + 1;
+  }
+  return found;
+}
+
 void ProcText::Keep(const ProcText& other, std::size_t first, std::size_t end) {
   const auto begin = other.mLines.begin();
   mLines.insert(mLines.end(), begin + static_cast<std::ptrdiff_t>(first),

@@ -62,6 +62,10 @@ class ProcText {
   /// behind it. All of the run is one stretch of that text.
   std::size_t RunEnd(std::size_t first, std::size_t end) const;
 
+  /// Index of the line of `source` that line i was made from, when this text is that one with lines
+  /// taken out and others shortened at their beginning; Count() of source when none is found.
+  std::size_t LineIn(const ProcText& source, std::size_t i) const;
+
   /// Takes over lines first up to and not including end. The other text must outlive this one.
   void Keep(const ProcText& other, std::size_t first, std::size_t end);
   /// Takes a copy of one line.

@@ -119,9 +119,8 @@ std::size_t SourceLine(const Refusal& refusal) {
     case RefusalKind::TemplateThere:
     case RefusalKind::LineMismatch:
     case RefusalKind::PlaceAmbiguous:
-    case RefusalKind::ErrRead:
       return refusal.line;
     default:
-      return 0;
+      return refusal.sourceLine;
   }
 }

@@ -61,10 +61,13 @@ struct Refusal {
   std::size_t line = 0;  ///< from 1 within the text; 0: the procedure as a whole
   Text name{};
   Text other{};
+  /// The line of the text as it stands in the module, where the other one is of a text in between;
+  /// 0: not known.
+  std::size_t sourceLine = 0;
 };
 
 /// The line, from 1, of the procedure's text as it stands in the module, where the refusal is about
-/// one; 0 for the procedure as a whole, and where the line is one of a text in between.
+/// one that is known; else 0 for the procedure as a whole.
 std::size_t SourceLine(const Refusal& refusal);
 
 /// The message without the blanks that it is indented by in an account.

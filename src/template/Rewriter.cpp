@@ -120,7 +120,18 @@ class Rewriting {
     const bool numbered =
         mOptions.numbering != LineNumAction::Leave || mRules.eLineNumAction != LineNumAction::Leave;
     auto fault = Proof::FirstFault(*mLines, insertion, after, row, mRules, numbered);
-    return fault ? Refuse(std::move(*fault)) : KeepsMeaning(insertion, after.Code(), row);
+    return fault ? Refuse(Located(std::move(*fault))) : KeepsMeaning(insertion, after.Code(), row);
+  }
+
+  /// With the line as it stands in the module, for one that counts in the text without template.
+  Refusal Located(Refusal refusal) const {
+    const bool countsThere = !MeaningIdOf(refusal.kind).empty() ||
+                             refusal.kind == RefusalKind::LineChanged ||
+                             refusal.kind == RefusalKind::LineLost;
+    if (!countsThere || refusal.line == 0 || refusal.line > mLines->Count()) return refusal;
+    const std::size_t line = mLines->LineIn(mProcedure.Code(), refusal.line - 1);
+    if (line < mProcedure.Code().Count()) refusal.line = refusal.sourceLine = line + 1;
+    return refusal;
   }
 
   Meaning::Put PutOf(const Insertion& insertion, const ProcText& after,
@@ -130,7 +141,8 @@ class Rewriting {
 
   bool KeepsMeaning(const Insertion& insertion, const ProcText& after, const TemplateRow& row) {
     const Meaning::Put put = PutOf(insertion, after, row);
-    if (auto fault = Meaning::FirstFault(put, mOptions.allowed)) return Refuse(std::move(*fault));
+    if (auto fault = Meaning::FirstFault(put, mOptions.allowed))
+      return Refuse(Located(std::move(*fault)));
     Note(put);
     return true;
   }
@@ -139,6 +151,7 @@ class Rewriting {
     mResult.notes = Meaning::Notes(put);
     std::erase_if(mResult.notes,
                   [&](const Refusal& note) { return mOptions.allowed.Has(note.kind); });
+    for (Refusal& note : mResult.notes) note = Located(std::move(note));
   }
 
   void Finish() {

@@ -267,6 +267,7 @@ void TemplateLoader::RememberPattern(const LikePattern& pattern) {
 
 void TemplateLoader::ReportError(std::int32_t lineNumber, TextView message) {
   if (message.empty()) return;
+  mEngine.ReportFault(lineNumber, message);
   mEngine.ReportError(u"    Line " + ToText(lineNumber) + u' ' + Text(message));
   goError->CloseError(1);
   ++mEngine.mLoadErrors;

@@ -292,6 +292,10 @@ TEST(Check, TellsWhatWouldChangeAndWhatIsRefused) {
   EXPECT_EQ(oApply.nExit, 1);
   EXPECT_HOLDS(oApply.sErr,
                std::string("Processing modMain.Jumps\nApp/modMain.bas:22: Line number 10"));
+  oPlace.Write("src/App/modMain.bas",  // the Let is rewritten first
+               WorkFolder::Dos("Option Explicit\nProperty Get P()\n10  GoTo 10\nEnd Property\n"
+                               "Property Let P(v)\nEnd Property\n"));
+  EXPECT_HOLDS(oPlace.Run(sApply + " -n").sErr, std::string("App/modMain.bas:2: Line number 10"));
 }
 
 TEST(Check, DeclarationsThatLoseTheirLinesAreFoundAsApplyFindsThem) {

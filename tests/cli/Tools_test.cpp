@@ -13,17 +13,18 @@ TEST(Template, CheckAndListTellAboutAFile) {
                    "<#Template name=Lost type=procedure>\r\n<#Start>\r\n"
                    "    Trap.Call #1\r\n<#BodyStart>\r\n<#BodyEnd>\r\nQ:\r\n<#End>\r\n");
   oPlace.Write("src/bad.dat", "<#Template name=X>\r\n");
-  ExpectRuns(oPlace,
-             {
-                 {"sound", "template check " QUILLON_SOURCE_DIR "/samples/Template.dat", 0,
-                  "No Errors - Template File Loaded\r\n", Any},
-                 {"can't be found again", "template check lost.dat", 1, "lost.dat:34: ", Any},
-                 {"errors", "template check bad.dat", 2, "    Line 1 ", Any},
-                 {"list", "template list TEMPLATE.DAT", 0,
-                  "Signature\tsignature\nModule\tmodule\nMain\tprocedure\nOdd\tprocedure\n", Any},
-                 {"dump", "template dump TEMPLATE.DAT", 0, "   .sName=[Main]\n   .eType=3\n", Any},
-                 {"missing", "template list none.dat", 2, "", Any},
-             });
+  ExpectRuns(
+      oPlace,
+      {
+          {"sound", "template check " QUILLON_SOURCE_DIR "/samples/Template.dat", 0,
+           "No Errors - Template File Loaded\r\n", Any},
+          {"can't be found again", "template check lost.dat", 1, "lost.dat:34: ", Any},
+          {"errors", "template check bad.dat", 2, "\nbad.dat:1: Type Parameter Missing", Any},
+          {"list", "template list TEMPLATE.DAT", 0,
+           "Signature\tsignature\nModule\tmodule\nMain\tprocedure\nOdd\tprocedure\n", Any},
+          {"dump", "template dump TEMPLATE.DAT", 0, "   .sName=[Main]\n   .eType=3\n", Any},
+          {"missing", "template list none.dat", 2, "", Any},
+      });
 }
 
 TEST(Text, AnswersEachRequestInItsOrder) {

@@ -86,6 +86,7 @@ TEST(ReplaceProcedure, SetsTheAttributesThatItCouldRead) {
   EXPECT_EQ(m.oIDE.oLog.Count("SetAttribute") - nBefore, 10);
   EXPECT_EQ(oMember.Attribute(MemberAttribute::Description).sText, u"text");
   EXPECT_EQ(m.sAccount, "Processing MMain.A|    Attributes could not be set again: PropertyPage|");
+  EXPECT_EQ(m.sRefused, "2 Attributes could not be set again: PropertyPage|") << "tells the place";
   EXPECT_FALSE(m.oHandler.GroupIsDirty());
 }
 

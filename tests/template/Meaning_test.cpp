@@ -178,6 +178,7 @@ TEST_F(MeaningTest, NothingGrowsBeyondTheLimitsOfTheLanguage) {
   mEngine.oRules.bLineNumSkipShort = false;
   EXPECT_EQ(told(wide), "accepted");
   EXPECT_EQ(told(wide, numbered), "line-length");
+  EXPECT_EQ(SourceLine(Put(u"Sub Run()|" + wide + u"|End Sub", u"Std", numbered).refusals[0]), 2u);
   EXPECT_EQ(told(wide + u"xxxx"), "accepted") << "was too long before";
   Text large;
   for (int i = 0; i < 5945; ++i) large += u"    x = 1|";  // 11 units a line, with its line end
@@ -222,6 +223,38 @@ TEST_F(MeaningTest, NotesTellWhatRefusesNothing) {
     std::string told;
     for (const Refusal& note : rewrite.notes) told += ToUtf8(MessageOf(note));
     EXPECT_EQ(told, row.notes);
+  }
+}
+
+TEST_F(MeaningTest, PlacesAreThoseOfTheTextAsItStands) {
+  using MQuillon::LineNumAction;
+  const struct {
+    const char* name;
+    TextView code;
+    std::size_t line;
+    LineNumAction numbering = LineNumAction::Leave;
+  } rows[] = {
+      {"ahead of a template", u"Sub Run()|    MsgBox Err|End Sub", 2},
+      {"behind a lock's signature", u"Sub Run()|'Sig:|    MsgBox Err|End Sub", 3},
+      {"in a template's body",
+       u"Sub Run()|'Sig: Other|    Dim other As Long|    Trace|    kept = 1|Leave:|End Sub", 5},
+      {"a note in a template's body",
+       u"Sub Run()|'Sig: Other|    Dim other As Long|    Trace|    On Error GoTo 0|    y|Leave:|"
+       u"End Sub",
+       5},
+      {"a line whose number goes",
+       u"Sub Run()|'Sig: Other|    Dim other As Long|    Trace|10  x = 1|20  kept = 2|Leave:|"
+       u"End Sub",
+       6, LineNumAction::Insert},
+      {"a number twice", u"Sub Run()|10  x = 1|20  y = 2|10  z = 3|End Sub", 4},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    mEngine.oRules.eLineNumAction = row.numbering;
+    const Rewrite rewrite = Put(row.code, u"Std", {.numbering = row.numbering, .prove = true});
+    const auto& told = rewrite.Refused() ? rewrite.refusals : rewrite.notes;
+    ASSERT_EQ(told.size(), 1u);
+    EXPECT_EQ(SourceLine(told.front()), row.line) << ToUtf8(MessageOf(told.front()));
   }
 }
 

@@ -10,36 +10,36 @@
 namespace {
 
 /// Where the procedures of a run stand in the files. Without writing, the files stay as they are
-/// while modules grow: what was added above a procedure doesn't count then.
+/// while modules grow: then a procedure stands where it stood before the run, wherever in its file
+/// those stand that were rewritten ahead of it.
 class Places {
  public:
   explicit Places(Session& session) : mSession(session) {
     if (!session.oArguments.bDryRun) return;
     for (const ProcedureHandle h : session.Procedures())
-      mLinesBefore.try_emplace(ComponentOf(h).Number(), 0);
-    for (auto& [component, lines] : mLinesBefore) lines = LinesOf(ComponentHandle(component));
+      mBefore.emplace(h.Number(), Lines{session.LineOf(h, 1), session.LineOf(h, 0)});
   }
 
   /// "file:line: " of what is refused; empty for a component without a file.
   std::string Of(ProcedureHandle procedure, const Refusal& refusal) {
-    const ComponentHandle component = ComponentOf(procedure);
-    const std::string file = mSession.FileOf(component);
-    std::int32_t line = mSession.LineOf(procedure, SourceLine(refusal));
-    const auto before = mLinesBefore.find(component.Number());
-    if (before != mLinesBefore.end()) line -= LinesOf(component) - before->second;
-    return file.empty() ? file : Placed(file, line, "");
+    const std::string file = mSession.FileOf(mSession.oHandler.Procedure(procedure).hComponent);
+    return file.empty() ? file : Placed(file, LineOf(procedure, SourceLine(refusal)), "");
   }
 
  private:
-  ComponentHandle ComponentOf(ProcedureHandle procedure) const {
-    return mSession.oHandler.Procedure(procedure).hComponent;
-  }
-  std::int32_t LinesOf(ComponentHandle component) const {
-    return mSession.oHandler.Component(component).oComponent->CodeModule()->CountOfLines();
+  struct Lines {
+    std::int32_t first, head;
+  };
+
+  std::int32_t LineOf(ProcedureHandle procedure, std::size_t textLine) const {
+    const auto before = mBefore.find(procedure.Number());
+    if (before == mBefore.end()) return mSession.LineOf(procedure, textLine);
+    const Lines& lines = before->second;
+    return textLine == 0 ? lines.head : lines.first + static_cast<std::int32_t>(textLine) - 1;
   }
 
   Session& mSession;
-  std::unordered_map<std::int32_t, std::int32_t> mLinesBefore;  // by component
+  std::unordered_map<std::int32_t, Lines> mBefore;  // by procedure
 };
 
 /// The account of a batch as it comes. The line of a procedure is held back until something follows

@@ -14,6 +14,7 @@
 #include "ProjectFile.h"
 #include "ReadOnlyRule.h"
 #include "RememberedRoots.h"
+#include "TemplateReport.h"
 #include "UnifiedDiff.h"
 #include "WriteRoots.h"
 
@@ -146,12 +147,7 @@ std::string Session::FindTemplate() {
 void Session::OpenTemplate() {
   mTemplateFile = FindTemplate();
   if (oArguments.sTemplateFile.empty()) oConsole.Say("Template file: " + ShownFile(mTemplateFile));
-  std::vector<std::string> report;
-  {
-    auto link =
-        oTemplate.ReportError.Connect([&](TextView message) { report.push_back(ToUtf8(message)); });
-    oTemplate.LoadTemplateFile(TextOfPath(mTemplateFile));
-  }
+  const std::vector<std::string> report = LoadTemplateReported(oTemplate, mTemplateFile);
   bool hasErrors = oTemplate.LoadErrors() != 0;
   for (const std::string& line : report) hasErrors ? oConsole.Error(line) : oConsole.Detail(line);
   if (hasErrors) throw Stop{"The template file has errors, nothing was changed: " + TemplateFile()};

@@ -2,18 +2,10 @@
 #include "Commands.h"
 #include "PathText.h"
 #include "TemplateCheck.h"
+#include "TemplateReport.h"
 #include "VisibleText.h"
 
 namespace {
-
-/// Loads the file and gives its report; Failure when it can't be read.
-std::vector<std::string> Load(Session& oSession) {
-  std::vector<std::string> asReport;
-  auto oLink = oSession.oTemplate.ReportError.Connect(
-      [&](TextView sMessage) { asReport.push_back(ToUtf8(sMessage)); });
-  oSession.oTemplate.LoadTemplateFile(TextOfPath(oSession.oArguments.sFile));
-  return asReport;
-}
 
 int Check(Session& oSession, const std::vector<std::string>& asReport) {
   for (const std::string& sLine : asReport) oSession.oOutput.Put(VisibleLines(sLine) + '\n');
@@ -55,7 +47,8 @@ void List(Session& oSession) {
 }  // namespace
 
 int TemplateCommand(Session& oSession) {
-  std::vector<std::string> asReport = Load(oSession);
+  std::vector<std::string> asReport =
+      LoadTemplateReported(oSession.oTemplate, oSession.oArguments.sFile);
   const std::string& sAction = oSession.oArguments.sAction;
   if (sAction == "check") return Check(oSession, asReport);
   bool bErrors = oSession.oTemplate.LoadErrors() != 0;
