@@ -33,7 +33,9 @@ bool DifferInNumber(const LinePair& pair) {
 
 bool HoldsName(const LineRow& row) {
   return std::any_of(row.pieces.begin(), row.pieces.end(), [](const RowPiece& piece) {
-    return piece.token == Token::ModuleName || piece.token == Token::ProcName;
+    return piece.token == Token::ModuleName || piece.token == Token::ProcName ||
+           piece.token == Token::Name || piece.token == Token::Project ||
+           piece.token == Token::File;
   });
 }
 

@@ -35,6 +35,13 @@ TextView WithoutEmptyTail(TextView text) {
   return text;
 }
 
+/// A path's last part. Paths with slashes may show a byte as \xE9: there a backslash separates
+/// nothing.
+Text FileTitle(TextView path) {
+  const bool hasSlash = path.find(u'/') != TextView::npos;
+  return Text(path.substr(path.find_last_of(hasSlash ? u'/' : u'\\') + 1));
+}
+
 /// The names of the values that a procedure states in its code. Under an inheriting template these
 /// are only those that differ from its module's.
 struct StatedValues {
@@ -147,7 +154,7 @@ void Applier::RewriteOne(GuardScope& scope, ProcedureHandle handle, Run& run) {
   const ProcedureCode code = mModel.CodeOf(scope, record);
   CompareDeclarations(scope, record, run);
   const ParsedProcedure procedure(engine.Set(), WithoutEmptyTail(code.text),
-                                  {module, run.name, record.sDeclType}, code.headLine);
+                                  NameOf(scope, record, run.name), code.headLine);
   TakeInCode(record, procedure.Settings());
   if (!run.CallsFor(record)) return;
   engine.BatchItem(module, run.name);
@@ -193,6 +200,21 @@ Rewrite Applier::RewriteAsPending(GuardScope& scope, const ProcedureRecord& reco
   return rewrite;
 }
 
+ProcedureName Applier::NameOf(GuardScope& scope, const ProcedureRecord& record,
+                              TextView name) const {
+  const ComponentRecord& component = mModel.Component(record.hComponent);
+  ProcedureName full{component.sName, name, record.sDeclType};
+  if (!mOptions.Template().Set().NamesOrigin()) return full;
+  if (mOrigin.component != record.hComponent) {
+    mOrigin = {record.hComponent,
+               SteppedProject(scope, *mModel.Project(component.hProject).oProject).Name(),
+               FileTitle(SteppedComponent(scope, *component.oComponent).FirstFile())};
+  }
+  full.project = mOrigin.project;
+  full.file = mOrigin.file;
+  return full;
+}
+
 const Meaning::ModuleNames& Applier::PrivateNamesOf(GuardScope& scope,
                                                     const ProcedureRecord& record) const {
   if (mPrivateNames.component == record.hComponent) return mPrivateNames.names;
@@ -230,9 +252,8 @@ auto Applier::WithCode(GuardScope& scope, ProcedureHandle handle, Use&& use) con
   ProcedureRecord record = mModel.Procedure(handle);
   const Text name = mModel.NameOf(scope, record);
   const ProcedureCode code = mModel.CodeOf(scope, record);
-  const ParsedProcedure procedure(
-      mOptions.Template().Set(), WithoutEmptyTail(code.text),
-      {mModel.Component(record.hComponent).sName, name, record.sDeclType}, code.headLine);
+  const ParsedProcedure procedure(mOptions.Template().Set(), WithoutEmptyTail(code.text),
+                                  NameOf(scope, record, name), code.headLine);
   TakeInCode(record, procedure.Settings());
   return use(std::as_const(record), procedure, code);
 }

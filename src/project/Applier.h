@@ -52,6 +52,9 @@ class Applier {
   void RewriteOne(GuardScope& scope, ProcedureHandle procedure, Run& run);
   Rewrite RewriteAsPending(GuardScope& scope, const ProcedureRecord& record,
                            const ParsedProcedure& procedure, const Run& run) const;
+  /// name: of the record's member. The views are those of the model and of this object; those of
+  /// the project and the file hold until a procedure of another component is asked for.
+  ProcedureName NameOf(GuardScope& scope, const ProcedureRecord& record, TextView name) const;
   /// What the record's module declares for itself alone.
   const Meaning::ModuleNames& PrivateNamesOf(GuardScope& scope,
                                              const ProcedureRecord& record) const;
@@ -79,4 +82,9 @@ class Applier {
     ComponentHandle component{};
     Meaning::ModuleNames names{};
   } mPrivateNames;
+  /// The same, for templates that name it.
+  mutable struct {
+    ComponentHandle component{};
+    Text project{}, file{};
+  } mOrigin;
 };

@@ -49,11 +49,12 @@ class CTemplate {
 
   /// Puts a template in. The text must hold no template. sProcType: "Sub", "Function",
   /// "Property Get|Let|Set", empty for "(declarations)". sBoundary, sSeverity, sRetry: constant
-  /// names, empty leaves their lines out.
+  /// names, empty leaves their lines out. sProject, sFile: for rows that name them.
   void InsertTemplate(TextView sModuleName, TextView sProcName, TextView sProcType, Text& sProcCode,
                       std::int32_t lBodyLine, TextView sTemplate, bool bLocked, TextView sBoundary,
                       TextView sSeverity, TextView sRetry, bool bTrace,
-                      MQuillon::LineNumAction eLineNumAction, bool& bErrors);
+                      MQuillon::LineNumAction eLineNumAction, bool& bErrors, TextView sProject = {},
+                      TextView sFile = {});
   /// Takes the named template out. Refuses when a line of the template's sections fits no row.
   void RemoveTemplate(TextView sModuleName, TextView sProcName, TextView sProcType, Text& sProcCode,
                       std::int32_t lBodyLine, TextView sTemplate, bool& bErrors);

@@ -37,15 +37,15 @@ void CTemplate::InsertTemplate(TextView sModuleName, TextView sProcName, TextVie
                                Text& sProcCode, std::int32_t lBodyLine, TextView sTemplate,
                                bool bLocked, TextView sBoundary, TextView sSeverity,
                                TextView sRetry, bool bTrace, MQuillon::LineNumAction eLineNumAction,
-                               bool& bErrors) {
+                               bool& bErrors, TextView sProject, TextView sFile) {
   bErrors = true;  // until the work has come to its end
   Guard({u"CTemplate", u"InsertTemplate"}, [&](GuardScope&) {
     bErrors = false;
     std::vector<Refusal> refusals;
     const TemplateRow* const row = FindTemplate(mSet, sTemplate, refusals);
     if (!row) return Tell(refusals, bErrors);
-    const ParsedProcedure procedure(mSet, sProcCode, {sModuleName, sProcName, sProcType},
-                                    lBodyLine);
+    const ParsedProcedure procedure(
+        mSet, sProcCode, {sModuleName, sProcName, sProcType, sProject, sFile}, lBodyLine);
     const WantedSettings wanted{sTemplate, true, bLocked, sBoundary, sSeverity, sRetry, bTrace};
     const ProcText clean = mSet.Signatures().WithoutLocks(procedure.Code(), lBodyLine);
     Insertion insertion = ::InsertTemplate({.templates = mSet,

@@ -68,7 +68,13 @@ bool BeginsDeclaration(TextView folded) {
 class NameSearch {
  public:
   explicit NameSearch(const Put& put)
-      : mCode(put.bare), mNames(put.row.names), mBody(put.insertion.body), mPut(put) {}
+      : mCode(put.bare),
+        mVarying(put.row.namesVary
+                     ? put.procedure.Templates().NamesFor(put.row, put.procedure.NameValues())
+                     : NamesInTemplate()),
+        mNames(put.row.namesVary ? mVarying : put.row.names),
+        mBody(put.insertion.body),
+        mPut(put) {}
 
   Found First() {
     if (!mPut.procedure.IsDeclarations()) {
@@ -154,6 +160,7 @@ class NameSearch {
   }
 
   const ProcText& mCode;
+  const NamesInTemplate mVarying;
   const NamesInTemplate& mNames;
   const Insertion::Stretch mBody;
   const Put& mPut;

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "LogicalLine.h"
+#include "Sections.h"
 #include "StatementWords.h"
 #include "TemplateRows.h"
 
@@ -80,6 +81,14 @@ class Collector {
   NamesInTemplate names;
 };
 
+NamesInTemplate NamesIn(const std::vector<Text>& texts) {
+  const std::vector<TextView> lines(texts.begin(), texts.end());
+  Collector collector;
+  LogicalLines logical(lines);
+  while (logical.Next()) collector.Take(logical.Statement());
+  return collector.Finish();
+}
+
 }  // namespace
 
 NamesInTemplate NamesOf(std::span<const LineRow> rows) {
@@ -87,9 +96,16 @@ NamesInTemplate NamesOf(std::span<const LineRow> rows) {
   for (const LineRow& row : rows) {
     if (row.script) texts.push_back(WithoutTokens(row.sLine));
   }
-  const std::vector<TextView> lines(texts.begin(), texts.end());
-  Collector collector;
-  LogicalLines logical(lines);
-  while (logical.Next()) collector.Take(logical.Statement());
-  return collector.Finish();
+  return NamesIn(texts);
+}
+
+NamesInTemplate NamesOf(std::span<const LineRow> rows, const SectionValues& values) {
+  std::vector<Text> texts;
+  for (const LineRow& row : rows) {
+    if (!row.script) continue;
+    Text text;
+    RenderRow(row, values, text, Tokens::Names);
+    texts.push_back(WithoutTokens(std::move(text)));
+  }
+  return NamesIn(texts);
 }

@@ -15,14 +15,19 @@
 #include "Text.h"
 
 struct LineRow;
+struct SectionValues;
 
 struct NamesInTemplate {
   std::vector<Text> declared, labels;
   std::vector<Text> used;  ///< sorted; of types and members none
   bool handles = false;    ///< an On Error or Resume stands in it, which clears Err
+  bool operator==(const NamesInTemplate&) const = default;
 };
 
+/// A token is no part of a name: what stands in its place is left out.
 NamesInTemplate NamesOf(std::span<const LineRow> rows);
+/// The same with the tokens of procedure and project filled in.
+NamesInTemplate NamesOf(std::span<const LineRow> rows, const SectionValues& values);
 
 /// Calls take(name) for each name that a statement declares: Dim, Static, Const, and these behind
 /// Private, Public or Global.

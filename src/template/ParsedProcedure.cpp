@@ -2,7 +2,6 @@
 
 #include "CodeSettings.h"
 #include "MQuillon.h"
-#include "Sections.h"
 
 namespace {
 
@@ -25,8 +24,14 @@ TextView ParsedProcedure::BaseTypeName() const {
   return IsDeclarations() ? TextView() : BaseType(mName.type);
 }
 
-Text ParsedProcedure::ShownName() const {
-  return ::ShownName(mName.name, IsDeclarations() ? TextView() : PropertyKind(mName.type));
+SectionValues ParsedProcedure::NameValues() const {
+  const TextView kind = IsDeclarations() ? TextView() : PropertyKind(mName.type);
+  return {.moduleName = mName.module,
+          .shownName = ShownName(mName.name, kind),
+          .baseType = BaseTypeName(),
+          .name = mName.name,
+          .project = mName.project,
+          .file = mName.file};
 }
 
 std::size_t ParsedProcedure::Count() {

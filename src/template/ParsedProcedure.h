@@ -12,6 +12,7 @@
 #include "CProcSettings.h"
 #include "ProcPlaces.h"
 #include "ProcText.h"
+#include "Sections.h"
 #include "TemplateSet.h"
 
 /// Which procedure a text is. The views outlive what is made with them.
@@ -19,6 +20,8 @@ struct ProcedureName {
   TextView module;
   TextView name;  ///< "(declarations)" for a declarations section
   TextView type;  ///< Sub, Function, Property Get, Property Let or Property Set
+  TextView project = {};
+  TextView file = {};  ///< of the module, without its folder
 };
 
 class ParsedProcedure {
@@ -35,7 +38,8 @@ class ParsedProcedure {
   std::int32_t HeadLine() const { return mHeadLine; }
   bool IsDeclarations() const;
   TextView BaseTypeName() const;  ///< empty for declarations
-  Text ShownName() const;         ///< `Total [Get]` for a property, else the name
+  /// What names the procedure; the template's name and the settings are left empty.
+  SectionValues NameValues() const;
 
   /// What the code holds, nothing inherited.
   const CProcSettings& Settings() const { return mSettings; }

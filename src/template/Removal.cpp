@@ -9,6 +9,7 @@
 #include "MXStringVB.h"
 #include "RowMatch.h"
 #include "Sections.h"
+#include "TailSearch.h"
 #include "TraceExits.h"
 
 namespace {
@@ -27,14 +28,12 @@ struct ValuesInCode {
       CodeSettings::ReadValues(procedure.Templates(), row, procedure.Code(), read);
       settings = &read;
     }
-    values = {row.sName,
-              procedure.Name().module,
-              procedure.ShownName(),
-              procedure.BaseTypeName(),
-              MQuillon::BoundaryName(settings->eBoundary()),
-              MQuillon::SeverityName(settings->eSeverity()),
-              MQuillon::RetryName(settings->eRetry()),
-              settings->eTrace() == MQuillon::TriState::True};
+    values = procedure.NameValues();
+    values.signature = row.sName;
+    values.boundary = MQuillon::BoundaryName(settings->eBoundary());
+    values.severity = MQuillon::SeverityName(settings->eSeverity());
+    values.retry = MQuillon::RetryName(settings->eRetry());
+    values.trace = settings->eTrace() == MQuillon::TriState::True;
   }
 };
 
@@ -87,9 +86,13 @@ class ProcedureRemoval {
   void Refuse(Refusal refusal) { mResult.refusals.push_back(std::move(refusal)); }
   const LineRow& Row(std::int32_t row) const { return mRows[static_cast<std::size_t>(row)]; }
 
-  std::size_t FindFirst(Section place) const {
+  std::size_t FindFirst(Section place) const { return FindFrom(place, mFirstBody); }
+  std::size_t FindBehind(Section place, std::size_t first) const {
+    return IsAtEnd(mTemplate, place) ? mProcEnd : FindFrom(place, first);
+  }
+  std::size_t FindFrom(Section place, std::size_t first) const {
     const LikePattern& like = mTemplate.sLike[place];
-    for (std::size_t i = mFirstBody; i < mCode.Count(); ++i) {
+    for (std::size_t i = first; i < mCode.Count(); ++i) {
       if (like.Matches(mCode.Folded(i))) return i;
     }
     return None;
@@ -97,10 +100,16 @@ class ProcedureRemoval {
 
   void FindBorders() {
     mBodyStart = FindFirst(Section::BodyStart);
-    mBodyEnd = FindFirst(Section::BodyEnd);
+    const auto tail =
+        mBodyStart < mProcEnd && mProcEnd != None
+            ? FindTail(mProcedure.Templates(), mTemplate, mCode, mBodyStart + 1, mProcEnd)
+            : std::nullopt;
+    mBodyEnd = tail ? tail->bodyEnd : FindBehind(Section::BodyEnd, mFirstBody);
     if (!mTemplate.bFire) return;
-    mFireStart = FindFirst(Section::FireStart);
-    mFireEnd = FindFirst(Section::FireEnd);
+    mFireStart = tail && tail->fireStart > 0
+                     ? tail->fireStart
+                     : FindFrom(Section::FireStart, tail ? mBodyEnd : mFirstBody);
+    mFireEnd = FindBehind(Section::FireEnd, tail ? mBodyEnd + 1 : mFirstBody);
   }
 
   struct Place {
@@ -131,10 +140,10 @@ class ProcedureRemoval {
     }
     // Lines behind the end are other code: a place found there isn't this procedure's.
     TestOrder(bodyStart, procEnd);
-    TestOrder(bodyEnd, procEnd);
+    if (!IsAtEnd(mTemplate, Section::BodyEnd)) TestOrder(bodyEnd, procEnd);
     if (!mTemplate.bFire) return;
     TestOrder(fireStart, procEnd);
-    TestOrder(fireEnd, procEnd);
+    if (!IsAtEnd(mTemplate, Section::FireEnd)) TestOrder(fireEnd, procEnd);
   }
 
   /// A row whose own text doesn't fit its pattern can't be found again: taking out the others would
@@ -212,6 +221,7 @@ class ProcedureRemoval {
   void CheckBorder(Section place, Section section, std::size_t line, std::size_t end,
                    TextView name) {
     const LikePattern& like = mTemplate.sLike[place];
+    if (like.IsEmpty()) return;
     std::size_t other = line + 1;
     while (other < end && !like.Matches(mCode.Folded(other))) ++other;
     if (other >= end) return;

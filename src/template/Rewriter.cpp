@@ -196,9 +196,13 @@ Rewrite RewriteProcedure(const ParsedProcedure& procedure, const WantedSettings&
 }
 
 SectionValues ValuesFor(const ParsedProcedure& procedure, const WantedSettings& wanted) {
-  return {
-      wanted.templateName, procedure.Name().module, procedure.ShownName(), procedure.BaseTypeName(),
-      wanted.boundary,     wanted.severity,         wanted.retry,          wanted.trace};
+  SectionValues values = procedure.NameValues();
+  values.signature = wanted.templateName;
+  values.boundary = wanted.boundary;
+  values.severity = wanted.severity;
+  values.retry = wanted.retry;
+  values.trace = wanted.trace;
+  return values;
 }
 
 LockedCode WithLock(const TemplateSet& templates, const ProcText& code, std::int32_t headLine,

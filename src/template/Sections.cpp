@@ -23,6 +23,12 @@ TextView ValueOf(Token token, const SectionValues& values) {
       return values.severity;
     case Token::Retry:
       return values.retry;
+    case Token::Name:
+      return values.name;
+    case Token::Project:
+      return values.project;
+    case Token::File:
+      return values.file;
     case Token::None:
       break;
   }
@@ -30,7 +36,8 @@ TextView ValueOf(Token token, const SectionValues& values) {
 }
 
 bool IsName(Token token) {
-  return token == Token::ModuleName || token == Token::ProcName || token == Token::ProcType;
+  return token != Token::Signature && token != Token::Boundary && token != Token::Severity &&
+         token != Token::Retry;
 }
 
 /// True for a text without blanks at its ends or side by side, which folding leaves as long.
@@ -51,6 +58,7 @@ bool IsWritten(const LineRow& row, const SectionValues& values) {
   if (!row.script) return false;
   switch (row.condition) {
     case RowCondition::None:
+    case RowCondition::Optional:
       return true;
     case RowCondition::Boundary:
       return !values.boundary.empty();

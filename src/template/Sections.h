@@ -12,12 +12,13 @@ class LineWriter;
 
 /// What a template's rows are filled with. The views outlive the call.
 struct SectionValues {
-  TextView signature;   ///< <%Signature>: the template's name
-  TextView moduleName;  ///< <%ModuleName>
-  Text shownName;       ///< <%ProcName>: the name, for a property with its kind: Total [Get]
-  TextView baseType;    ///< <%ProcType>
-  TextView boundary, severity, retry;  ///< empty: the lines with that condition are left out
+  TextView signature{};   ///< <%Signature>: the template's name
+  TextView moduleName{};  ///< <%ModuleName>
+  Text shownName{};       ///< <%ProcName>: the name, for a property with its kind: Total [Get]
+  TextView baseType{};    ///< <%ProcType>
+  TextView boundary{}, severity{}, retry{};  ///< empty: the lines with that condition are left out
   bool trace = false;
+  TextView name{}, project{}, file{};  ///< <%Name>, <%Project>, <%File>
 };
 
 /// The shown name of a procedure: `Total [Get]` for a property, else the name.
@@ -26,7 +27,7 @@ Text ShownName(TextView procName, TextView propertyKind);
 /// True when the row's condition lets it be written.
 bool IsWritten(const LineRow& row, const SectionValues& values);
 /// Appends the row's text with its tokens filled in, exact case.
-enum class Tokens { All, Names };  ///< Names: of module and procedure, and its type
+enum class Tokens { All, Names };  ///< Names: not the signature and the three values
 void RenderRow(const LineRow& row, const SectionValues& values, Text& text,
                Tokens tokens = Tokens::All);
 /// Writes the lines of rows first to last, both included, that are to be written.

@@ -77,6 +77,9 @@ SectionValues SampleValues(const TemplateRow& templateRow, std::uint32_t without
   if ((without & 2) == 0) values.severity = MQuillon::SeverityName(MQuillon::Severity::Normal);
   if ((without & 4) == 0) values.retry = MQuillon::RetryName(MQuillon::Retry::Line);
   values.trace = true;
+  values.name = values.shownName;
+  values.project = u"Project1";
+  values.file = u"Module1.bas";
   return values;
 }
 

@@ -19,5 +19,6 @@ struct TemplateFinding {
 /// taken out; a directive with no place by which to find it again; a border row whose pattern is
 /// so wide that it fits any line; a first template that isn't a signature template or whose first
 /// row has no <%Signature>, or whose written line can't be read back; a condition that is never
-/// met; a token that is none of the seven; duplicate template names.
+/// met; a token that is none of the ten, or that
+/// stands in code where its value can't; duplicate template names.
 std::vector<TemplateFinding> CheckTemplate(const CTemplate& engine);

@@ -3,6 +3,7 @@
 // the first line of the procedure that fits its pattern, whatever the procedure's settings are.
 #include <algorithm>
 
+#include "TailSearch.h"
 #include "TemplateChecks.h"
 
 namespace TemplateChecks {
@@ -63,16 +64,24 @@ class PlaceCheck {
  public:
   PlaceCheck(Findings& findings, const TemplateRow& templateRow, const Place& place)
       : mFindings(findings),
+        mRow(templateRow),
         mPlace(place),
         mPattern(templateRow.sLike[place.section]),
         mLine(findings.Line(templateRow.lStart[place.section]).fileLine) {}
 
   void Run(const std::vector<Written>& written) {
+    if (IsAtEnd(mRow, mPlace.section)) return;
     if (PatternIsSound()) FindIn(written);
   }
 
  private:
   TextView Side() const { return mPlace.ends ? u"ahead of" : u"behind"; }
+
+  /// Found by all of its stretch's rows together, whatever stands ahead of them.
+  bool IsFromEnd() const { return mRow.tailFromEnd && mPlace.part == 1; }
+  bool MayFit(TextView ordinary) const {
+    return ordinary.empty() || (IsFromEnd() && ordinary.starts_with(u"exit "));
+  }
 
   void Add(std::initializer_list<TextView> parts) { mFindings.Add(mLine, parts); }
 
@@ -89,7 +98,7 @@ class PlaceCheck {
       Add({u"The pattern [", pattern, u"] of ", mPlace.name,
            u" fits nothing, since code is compared in lower case; write [", LowerCase(pattern),
            u"]"});
-    } else if (const TextView ordinary = OrdinaryCodeFitting(mPattern); !ordinary.empty()) {
+    } else if (const TextView ordinary = OrdinaryCodeFitting(mPattern); !MayFit(ordinary)) {
       Add({u"The pattern [", pattern, u"] of ", mPlace.name, u" fits [", ordinary,
            u"] too, and such a line of the user's would be taken for it; write a line ", Side(),
            u" it that only the template has, such as a comment"});
@@ -105,8 +114,9 @@ class PlaceCheck {
     bool fits = false, fitsAlways = false;
     for (const Written& line : written) {
       const bool hit = mPattern.Matches(line.folded);
-      if (hit && first == nullptr) first = &line;
-      if (line.part != mPlace.part) continue;
+      const bool own = line.part == mPlace.part;
+      if (hit && first == nullptr && (own || !IsFromEnd())) first = &line;
+      if (!own) continue;
       if (mPlace.ends || border == nullptr) border = &line;
       fits = fits || hit;
       fitsAlways = fitsAlways || (hit && line.always);
@@ -134,6 +144,7 @@ class PlaceCheck {
   }
 
   Findings& mFindings;
+  const TemplateRow& mRow;
   const Place& mPlace;
   const LikePattern& mPattern;
   const std::int32_t mLine;

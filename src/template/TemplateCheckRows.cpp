@@ -10,12 +10,14 @@ namespace TemplateChecks {
 
 namespace {
 
-constexpr std::array<TextView, 4> Conditions = {u"boundary", u"severity", u"retry", u"trace"};
-constexpr std::array<TextView, 7> TokenNames = {u"<%Signature>", u"<%ModuleName>", u"<%ProcName>",
-                                                u"<%ProcType>",  u"<%Boundary>",   u"<%Severity>",
-                                                u"<%Retry>"};
+constexpr std::array<TextView, 5> Conditions = {u"boundary", u"severity", u"retry", u"trace",
+                                                u"optional"};
+constexpr std::array<TextView, 10> TokenNames = {
+    u"<%Signature>", u"<%ModuleName>", u"<%ProcName>", u"<%ProcType>", u"<%Boundary>",
+    u"<%Severity>",  u"<%Retry>",      u"<%Name>",     u"<%Project>",  u"<%File>"};
 /// The tokens that a trace exit is given.
-constexpr std::array<TextView, 3> TraceTokens = {u"<%ModuleName>", u"<%ProcName>", u"<%ProcType>"};
+constexpr std::array<TextView, 6> TraceTokens = {u"<%ModuleName>", u"<%ProcName>", u"<%ProcType>",
+                                                 u"<%Name>",       u"<%Project>",  u"<%File>"};
 
 bool Contains(std::span<const TextView> texts, TextView text) {
   return std::find(texts.begin(), texts.end(), text) != texts.end();
@@ -44,8 +46,9 @@ void CheckCondition(Findings& findings, const LineRow& row) {
                                 meant, u"> without further blanks"});
     return;
   }
-  findings.Add(row.fileLine, {u"The condition [", condition,
-                              u"] is never met; write boundary, severity, retry or trace"});
+  findings.Add(row.fileLine,
+               {u"The condition [", condition,
+                u"] is never met; write boundary, severity, retry, trace or optional"});
 }
 
 void CheckToken(Findings& findings, std::int32_t fileLine, TextView token) {
@@ -56,10 +59,11 @@ void CheckToken(Findings& findings, std::int32_t fileLine, TextView token) {
                             u" would stay in the code; its case counts: write ", meant});
     return;
   }
-  findings.Add(fileLine,
-               {u"The token ", token,
-                u" would stay in the code; there are <%Signature>, <%ModuleName>, <%ProcName>, "
-                u"<%ProcType>, <%Boundary>, <%Severity> and <%Retry>"});
+  findings.Add(
+      fileLine,
+      {u"The token ", token,
+       u" would stay in the code; there are <%Signature>, <%Project>, <%File>, <%ModuleName>, "
+       u"<%ProcName>, <%Name>, <%ProcType>, <%Boundary>, <%Severity> and <%Retry>"});
 }
 
 // Calls act for each <%...> of the line; false when the last isn't closed.
@@ -136,6 +140,37 @@ void CheckSelfFit(Findings& findings, const LineRow& row, const TemplateRow& tem
   }
 }
 
+/// Why a token can't stand in code, behind these words of its line; empty where it can. Texts and
+/// comments hold anything.
+TextView WhyNotInCode(TextView token, TextView ahead, bool isModule) {
+  if (token == TextOf(Token::File)) {
+    return u"holds a dot, as in Main.frm, and can stand in a text or a comment only";
+  }
+  if (isModule && (token == TextOf(Token::ProcName) || token == TextOf(Token::Name))) {
+    return u"is (declarations) in a module template, and can stand in a text or a comment only";
+  }
+  if (token == TextOf(Token::ProcName)) {
+    return u"reads Total [Get] on a property, which is no name; write <%Name>";
+  }
+  if (token == TextOf(Token::ProcType) && !LowerCase(ahead).ends_with(u"exit ") &&
+      !LowerCase(ahead).ends_with(u"end ")) {
+    return u"is a word of the language, such as Sub, and can stand behind Exit only";
+  }
+  return {};
+}
+
+void CheckTokenPlaces(Findings& findings, const LineRow& row, bool isModule) {
+  const TextView line = row.sLine;
+  const std::size_t comment = CommentStart(line);
+  ForEachToken(line, [&](TextView token) {
+    const TextView ahead = line.substr(0, static_cast<std::size_t>(token.data() - line.data()));
+    const bool inText = std::count(ahead.begin(), ahead.end(), u'"') % 2 != 0;
+    if (ahead.size() >= comment || inText) return;
+    const TextView reason = WhyNotInCode(token, ahead, isModule);
+    if (!reason.empty()) findings.Add(row.fileLine, {u"The token ", token, u" ", reason});
+  });
+}
+
 bool IsEndLine(TextView folded) {
   return folded == u"end sub" || folded == u"end function" || folded == u"end property";
 }
@@ -143,6 +178,7 @@ bool IsEndLine(TextView folded) {
 void CheckWrittenRow(Findings& findings, const LineRow& row, const TemplateRow& templateRow) {
   if (!row.script || IsBlankRow(row) || !row.sLike.IsValid()) return;
   CheckSelfFit(findings, row, templateRow);
+  CheckTokenPlaces(findings, row, templateRow.eType == TemplateType::Module);
   if (templateRow.eType == TemplateType::Module) {
     const TextView ordinary = OrdinaryDeclarationFitting(row.sLike);
     if (!ordinary.empty()) {
@@ -178,8 +214,8 @@ void CheckTraceExit(Findings& findings, const TemplateRow& templateRow) {
     if (!Contains(TokenNames, token) || Contains(TraceTokens, token)) return;
     findings.Add(row.fileLine, {u"The token ", token,
                                 u" would stay in the code where the line is put ahead of an "
-                                u"Exit; a trace exit is given <%ModuleName>, <%ProcName> and "
-                                u"<%ProcType>"});
+                                u"Exit; a trace exit is given <%Project>, <%File>, "
+                                u"<%ModuleName>, <%ProcName>, <%Name> and <%ProcType>"});
   });
   // A model in the Global section isn't among the written rows.
   const SectionValues values = SampleValues(templateRow, 0);

@@ -54,7 +54,9 @@ class TemplateTrial {
 
  private:
   Text Attempt(const Trial& trial) const {
-    const ProcedureName name{ModuleName, NameIn(trial), trial.procType};
+    const SectionValues sample = SampleValues(mRow, 0);
+    const ProcedureName name{ModuleName, NameIn(trial), trial.procType, sample.project,
+                             sample.file};
     const Text before = SampleCode(trial.procType);
     const ParsedProcedure procedure(mTemplates, before, name, 1);
     const Rewrite inserted = Insert(trial, procedure, false);

@@ -10,6 +10,7 @@
 #include "Failure.h"
 #include "IErrorRuntime.h"
 #include "MXString.h"
+#include "ProcText.h"
 
 namespace {
 
@@ -239,11 +240,20 @@ void TemplateLoader::LoadScriptLine(TextView line, TextView trimmedLower) {
   scriptRow.sLine = Text(line);
   Text folded;
   MXString::FoldLine(line, folded);
+  if (scriptRow.sIfCondition == u"optional") CheckOptional(folded);
   scriptRow.sLike = LikePattern(PatternOf(folded));
 
   mEngine.mSet.lines.push_back(scriptRow);
   NoteRoles(folded, scriptRow);
   if (!scriptRow.sLike.IsEmpty()) RememberPattern(scriptRow.sLike);
+}
+
+void TemplateLoader::CheckOptional(TextView folded) {
+  if (LastTemplate().eType == TemplateType::Signature) {
+    ReportError(mLine, u"Optional Line found in Signature type Template");
+  } else if (CommentStart(folded) > 0) {
+    ReportError(mLine, u"Optional Line holds Code; only a Comment or a blank Line may be optional");
+  }
 }
 
 void TemplateLoader::NoteRoles(const Text& folded, const LineRow& scriptRow) {

@@ -4,6 +4,7 @@
 //   <## text                         a comment, when the blank is there
 //   <#name key=value key='a value'>  a directive
 //   <#if condition>text              a script line that is written under that condition
+//   <#if optional>text               a script line that may be missing in code
 //   text                             a script line
 //
 // A fault is reported with its line and counted, and reading goes on, so that one load shows all
@@ -56,9 +57,13 @@ class TemplateLoader {
   static Section SectionOf(Directive directive);
   void LoadPlace(Directive directive);
   void LoadScriptLine(TextView line, TextView trimmedLower);
+  /// An optional row may be missing in code: only a row that does nothing can be.
+  void CheckOptional(TextView folded);
   void NoteRoles(const Text& folded, const LineRow& scriptRow);
   void RememberPattern(const LikePattern& pattern);
   void ValidateTemplate(std::int32_t number);
+  /// The rows beside body and clean-up code tell where these are, and must be there.
+  void CheckBorders(const TemplateRow& row);
   void ReportError(std::int32_t lineNumber, TextView message);
   void ReportResult();
 

@@ -37,7 +37,10 @@ enum class Token : std::uint8_t {
   Signature,
   Boundary,
   Severity,
-  Retry
+  Retry,
+  Name,
+  Project,
+  File
 };
 /// As a template file spells it, such as <%Retry>; empty for None.
 TextView TextOf(Token token);
@@ -48,8 +51,9 @@ struct RowPiece {
   Token token = Token::None;
 };
 
-/// What must be set for a row to be written; Never for a word that isn't one of the four.
-enum class RowCondition : std::uint8_t { None, Boundary, Severity, Retry, Trace, Never };
+/// What must be set for a row to be written; Never for a word that isn't among these. A row that is
+/// Optional is always written, and may be missing in code.
+enum class RowCondition : std::uint8_t { None, Boundary, Severity, Retry, Trace, Optional, Never };
 
 /// One row of matTemplate.
 struct TemplateRow {
@@ -72,7 +76,10 @@ struct TemplateRow {
   LikePattern traceExitLike;  ///< pattern of lTraceExit without its comment
   Text traceExitBegin;        ///< the text that every line with a trace exit holds; may be empty
   TokenReader boundaryReader, severityReader, retryReader;  ///< of lBoundary, lSeverity, lRetry
+  /// The first row behind the body is one that bodies hold as well: it is looked for upwards.
+  bool tailFromEnd = false;
   NamesInTemplate names;
+  bool namesVary = false;  ///< names hold a token: each procedure has names of its own
 };
 
 /// One row of matLine: a directive or a script line.

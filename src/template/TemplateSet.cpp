@@ -5,18 +5,22 @@
 
 #include "MXString.h"
 #include "ProcText.h"
+#include "Sections.h"
 
 namespace {
 
 /// In the order of Token.
-constexpr std::array<TextView, 8> TokenTexts = {u"",
-                                                u"<%ModuleName>",
-                                                u"<%ProcName>",
-                                                u"<%ProcType>",
-                                                u"<%Signature>",
-                                                u"<%Boundary>",
-                                                u"<%Severity>",
-                                                u"<%Retry>"};
+constexpr std::array<TextView, 11> TokenTexts = {u"",
+                                                 u"<%ModuleName>",
+                                                 u"<%ProcName>",
+                                                 u"<%ProcType>",
+                                                 u"<%Signature>",
+                                                 u"<%Boundary>",
+                                                 u"<%Severity>",
+                                                 u"<%Retry>",
+                                                 u"<%Name>",
+                                                 u"<%Project>",
+                                                 u"<%File>"};
 
 /// The token that the text begins with; None for an unknown one.
 Token TokenAt(TextView text) {
@@ -58,12 +62,18 @@ bool FitsAllValues(const LineRow& row) {
   return row.sLike.IsValid() && row.sLike.Pattern() == folded;
 }
 
+bool Holds(const LineRow& row, Token token) {
+  return std::any_of(row.pieces.begin(), row.pieces.end(),
+                     [&](const RowPiece& piece) { return piece.token == token; });
+}
+
 RowCondition ConditionOf(TextView word) {
   if (word.empty()) return RowCondition::None;
   if (word == u"boundary") return RowCondition::Boundary;
   if (word == u"severity") return RowCondition::Severity;
   if (word == u"retry") return RowCondition::Retry;
-  return word == u"trace" ? RowCondition::Trace : RowCondition::Never;
+  if (word == u"trace") return RowCondition::Trace;
+  return word == u"optional" ? RowCondition::Optional : RowCondition::Never;
 }
 
 void PrepareRow(LineRow& row) {
@@ -81,6 +91,13 @@ LikePattern TraceExitPattern(const LikePattern& pattern) {
   const TextView source = pattern.Pattern();
   const std::size_t comment = CommentStart(source);
   return comment == source.size() ? pattern : LikePattern(Trim(source.substr(0, comment)));
+}
+
+/// Jumps stand in many a body, and what begins with a token fits labels of the user's.
+bool MayStandInBody(const LikePattern& border) {
+  const TextView pattern = border.Pattern();
+  return pattern.starts_with(u"exit ") || pattern.starts_with(u"goto ") ||
+         pattern.starts_with(u"*");
 }
 
 }  // namespace
@@ -103,12 +120,18 @@ void TemplateSet::Prepare() {
   }
   mModuleNames.clear();
   for (TemplateRow& row : templates) {
+    row.tailFromEnd = MayStandInBody(row.sLike[Section::BodyEnd]);
     row.names = NamesOf(RowsOf(row));
+    row.namesVary = NamesOf(RowsOf(row), {.name = u"a", .project = u"a"}) !=
+                    NamesOf(RowsOf(row), {.name = u"b", .project = u"b"});
     if (row.eType != TemplateType::Module) continue;
     mModuleNames.insert(row.names.declared.begin(), row.names.declared.end());
   }
   mHoldsLineEnd =
       std::any_of(lines.begin(), lines.end(), [](const LineRow& row) { return row.holdsLineEnd; });
+  mNamesOrigin = std::any_of(lines.begin(), lines.end(), [](const LineRow& row) {
+    return Holds(row, Token::Project) || Holds(row, Token::File);
+  });
   mSignature = std::make_unique<Signature>(templates, lines);
 }
 
@@ -118,6 +141,10 @@ std::span<const LineRow> TemplateSet::RowsOf(const TemplateRow& row) const {
   if (!sound) return {};
   return std::span(lines).subspan(static_cast<std::size_t>(first),
                                   static_cast<std::size_t>(end - first));
+}
+
+NamesInTemplate TemplateSet::NamesFor(const TemplateRow& row, const SectionValues& values) const {
+  return NamesOf(RowsOf(row), values);
 }
 
 const TemplateRow* TemplateSet::Find(TextView name) const {

@@ -18,6 +18,8 @@
 #include "TemplateRows.h"
 #include "Text.h"
 
+struct SectionValues;
+
 class TemplateSet {
  public:
   TemplateSet() : templates(1), lines(1) { Prepare(); }
@@ -31,6 +33,10 @@ class TemplateSet {
 
   /// True for a name, in lower case, that a module template declares.
   bool IsModuleName(const Text& name) const { return mModuleNames.contains(name); }
+  /// True when a row names the project or the source file.
+  bool NamesOrigin() const { return mNamesOrigin; }
+  /// The names of a template whose names vary, as it is written with these values.
+  NamesInTemplate NamesFor(const TemplateRow& row, const SectionValues& values) const;
   /// True when a row holds a CR or LF of its own.
   bool HoldsLineEnd() const { return mHoldsLineEnd; }
 
@@ -42,6 +48,7 @@ class TemplateSet {
   std::span<const LineRow> RowsOf(const TemplateRow& row) const;
 
   bool mHoldsLineEnd = false;
+  bool mNamesOrigin = false;
   std::unordered_set<Text> mModuleNames;
   std::unique_ptr<Signature> mSignature;
 };

@@ -97,4 +97,22 @@ void TemplateLoader::ValidateTemplate(std::int32_t number) {
     const bool applies = rule.type == Any || rule.type == row.eType;
     if (applies && Breaks(row, rule)) ReportError(row.lDirectiveLine, rule.message);
   }
+  CheckBorders(row);
+}
+
+void TemplateLoader::CheckBorders(const TemplateRow& row) {
+  static constexpr std::pair<Section, std::int32_t> Borders[] = {{Section::BodyStart, -1},
+                                                                 {Section::BodyEnd, 1},
+                                                                 {Section::FireStart, -1},
+                                                                 {Section::FireEnd, 1}};
+  const std::vector<LineRow>& lines = mEngine.mSet.lines;
+  for (const auto& [place, step] : Borders) {
+    if (!Found(row, place)) continue;
+    auto i = static_cast<std::size_t>(row.lStart[place] + step);
+    while (i < lines.size() && lines[i].script && Trim(lines[i].sLine).empty()) {
+      i += static_cast<std::size_t>(step);
+    }
+    if (i >= lines.size() || lines[i].sIfCondition != u"optional") continue;
+    ReportError(lines[i].fileLine, u"Optional Line found beside the Body or the Clean-up Code");
+  }
 }

@@ -113,6 +113,14 @@ const Report atReport[] = {
          At(1, "#FireExitEnd Directive found before #FireExitStart Directive") +
          At(1, "#FireExitStart Directive found before #BodyEnd Directive") +
          At(1, "#FireExitEnd Directive found before #BodyEnd Directive")},
+    {"optional lines that must be there",
+     u"{procedure}|<#if optional>x|<#if optional>' c||<#BodyStart>|<#BodyEnd>|<#if optional>|"
+     u"<#if optional>Rem c|x|<#End>",
+     A + At(3, "Optional Line holds Code; only a Comment or a blank Line may be optional") +
+         At(4, "Optional Line found beside the Body or the Clean-up Code") +
+         At(9, "Optional Line found beside the Body or the Clean-up Code")},
+    {"optional line in a signature", u"{signature}|<#if optional>' c|<#End>",
+     A + At(3, "Optional Line found in Signature type Template")},
     {"half a pair", u"{procedure}|<#BodyStart>|<#BodyEnd>|<#FireExitEnd>|<#End>",
      A + At(1, "#FireExitEnd Directive found without corresponding #FireExitStart")},
     {"other half of a pair", u"{procedure}|<#BodyStart>|<#BodyEnd>|<#FireExitStart>|<#End>",

@@ -114,7 +114,7 @@ class Worker {
     if (mOperation == "insert") {
       mTemplate.InsertTemplate(r.sModule, r.sName, r.sType, code, r.lBodyLine, r.sTemplate,
                                r.bLocked, r.sBoundary, r.sSeverity, r.sRetry, r.bTrace,
-                               LineAction(r), errors);
+                               LineAction(r), errors, r.sProject, r.sFile);
     } else if (mOperation == "remove") {
       mTemplate.RemoveTemplate(r.sModule, r.sName, r.sType, code, r.lBodyLine, r.sTemplate, errors);
     } else if (mOperation == "number") {

@@ -150,6 +150,8 @@ TextRequest ReadTextRequest(std::string_view line) {
   oRequest.sName = TextField(oObject, "name");
   oRequest.sType = TextField(oObject, "type");
   oRequest.sTemplate = TextField(oObject, "template");
+  oRequest.sProject = TextField(oObject, "project");
+  oRequest.sFile = TextField(oObject, "file");
   oRequest.sBefore = TextField(oObject, "before");
   oRequest.lBodyLine = NumberField(oObject, "body_line", 1, 1, 1 << 30);
   oRequest.eLineAction = MQuillon::FromNumber<MQuillon::LineNumAction>(NumberField(

@@ -14,7 +14,7 @@
 struct TextRequest {
   /// The object as it came: it goes out again with its other fields and in its order.
   rapidjson::Document oObject;
-  Text sModule, sName, sType, sTemplate;
+  Text sModule, sName, sType, sTemplate, sProject, sFile;
   std::int32_t lBodyLine = 1;
   bool bLocked = false, bTrace = false;
   Text sBoundary, sSeverity, sRetry;  ///< constant names; empty: not stated
