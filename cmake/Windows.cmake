@@ -2,11 +2,8 @@
 
 # The wide calls throughout; times of 64 bits, and the functions for them that keep no state.
 add_compile_definitions(UNICODE _UNICODE _WIN32_WINNT=0x0601 WINVER=0x0601 NOMINMAX
-                        WIN32_LEAN_AND_MEAN STRICT __MINGW_USE_VC2005_COMPAT _POSIX_THREAD_SAFE_FUNCTIONS=200112L)
-
-# Sources that ask for a system of the other kind: a layer is built without them.
-set(QUILLON_NOT_YET_ON_WINDOWS Text FileAttributes SystemFileOps SignalHold StagedFile FileLock CodePageTable Sheet
-    CupsQueues PdfDevice DocumentFiles ExceptionFilter ErrorLog FileFailure StagedFiles RunStore WritingRun LocalTime MXDate)
+                        WIN32_LEAN_AND_MEAN STRICT __MINGW_USE_VC2005_COMPAT _POSIX_THREAD_SAFE_FUNCTIONS=200112L
+                        EDQUOT=10069)  # the number that newer headers give a full quota
 
 # Libraries that are headers alone serve every compiler. The compiler must see them without the rest
 # of the machine's headers, so that they get a folder of links to them.

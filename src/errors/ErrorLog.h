@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -30,7 +31,11 @@ class ErrorLog {
   int Problem() const { return mlProblem; }
 
  private:
-  bool Fails() noexcept;
+  bool Fails(int problem) noexcept;
+  bool MakeFolder() noexcept;
+  /// By the system's own calls.
+  bool OpenFile() noexcept;
+  bool WriteFile(std::string_view bytes) noexcept;
   void Close() noexcept;
   bool MakeRoom(std::size_t lBytes) noexcept;
   void ShiftFiles() const;
@@ -38,12 +43,14 @@ class ErrorLog {
   std::string msPath;
   std::size_t mlMaxBytes;
   int mlKept;
-  int mhFile = -1;
+  std::intptr_t mhFile = -1;
   int mlProblem = 0;
   std::string msBuffer;
 };
 
-/// $XDG_STATE_HOME/tarvane-quillon/quillon.log, or under ~/.local/state; empty without a home.
+/// $XDG_STATE_HOME/tarvane-quillon/quillon.log, or under ~/.local/state; on Windows
+/// tarvane-quillon\quillon.log in the user's folder for local data, unless XDG_STATE_HOME is set.
+/// Empty without a home.
 std::string DefaultLogPath();
 /// The beginning of a log line: time in UTC with milliseconds, a tab, the process id, a tab.
 /// Written to acBuffer, which has at least 64 bytes; gives the length. Safe in a signal handler.

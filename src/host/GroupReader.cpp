@@ -23,7 +23,7 @@ std::string Absolute(const std::string& sPath) {
   std::filesystem::path oPath = std::filesystem::absolute(sPath, oError).lexically_normal();
   if (!oPath.has_filename()) oPath = oPath.parent_path();
   std::filesystem::path oFolder = std::filesystem::canonical(oPath.parent_path(), oError);
-  return oError ? oPath.string() : (oFolder / oPath.filename()).string();
+  return oError ? oPath.generic_string() : (oFolder / oPath.filename()).generic_string();
 }
 
 [[noreturn]] void Reject(TextView sWhy, const std::string& sPath) {

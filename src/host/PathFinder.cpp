@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "PathText.h"
+#include "SystemPaths.h"
 
 namespace {
 
@@ -153,11 +154,8 @@ PathFinder::Found PathFinder::Find(const std::string& sFolder, TextView sEntry) 
     return Walk(isRooted ? "/" : sFolder, path, path.Whole(), Wanted::Name);
   }
   if (bDrive && !path.Parts().empty()) {
-    const Text inMount = Text(u"mnt/") + LowerCase(sEntry[0]) + u'/' + Text(sEntry.substr(2));
-    const Path mounted(inMount);
-    for (const Path* tried : {&mounted, &path})
-      if (Found found = Walk("/", *tried, tried->Whole(), Wanted::File); found.bExists)
-        return found;
+    for (const std::string& root : RootsOfDrive(static_cast<char>(LowerCase(sEntry[0]))))
+      if (Found found = Walk(root, path, path.Whole(), Wanted::File); found.bExists) return found;
   }
   if (Found oFound = FindMoved(sFolder, path); oFound.bExists) return oFound;
   return {PathOfText(sEntry), false};
@@ -168,12 +166,12 @@ std::string PathFinder::Identity(const std::string& sPath) {
   std::error_code oError;
   if (fs::is_symlink(fs::symlink_status(sPath, oError))) {
     fs::path oReal = fs::canonical(sPath, oError);
-    return oError ? sPath : oReal.string();
+    return oError ? sPath : oReal.generic_string();
   }
   auto [it, bNew] = moRealFolders.try_emplace(FolderOf(sPath));
   if (bNew) {
     fs::path oReal = fs::canonical(it->first, oError);
-    it->second = oError ? it->first : oReal.string();
+    it->second = oError ? it->first : oReal.generic_string();
   }
   return Join(it->second, NameOf(sPath));
 }

@@ -75,5 +75,5 @@ std::string WorkTreeOf(const std::string& folder, IFileOps& files) {
 std::string RealPath(const std::string& path) {
   std::error_code error;
   const auto real = std::filesystem::canonical(path, error);
-  return error ? path : real.string();
+  return error ? path : real.generic_string();
 }

@@ -62,7 +62,7 @@ std::string Pack(std::string_view bytes) {
 std::string Unpack(std::string_view packed, const ContentMark& mark) {
   std::string bytes;
   if (mark.size <= LongestFile) {
-    bytes.resize(mark.size);
+    bytes.resize(static_cast<std::size_t>(mark.size));
     const std::size_t size =
         ZSTD_decompress(bytes.data(), bytes.size(), packed.data(), packed.size());
     if (size == mark.size && MarkOf(bytes) == mark) return bytes;

@@ -41,8 +41,9 @@ class Reader {
   std::string_view Bytes(std::uint64_t count) {
     mIsShort |= count > mRest.size();
     if (mIsShort) return {};
-    const std::string_view bytes = mRest.substr(0, count);
-    mRest.remove_prefix(count);
+    const auto length = static_cast<std::size_t>(count);
+    const std::string_view bytes = mRest.substr(0, length);
+    mRest.remove_prefix(length);
     return bytes;
   }
   std::uint64_t Number() {

@@ -1,11 +1,7 @@
 #include "RunStore.h"
 
-#include <signal.h>
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <chrono>
 #include <filesystem>
 #include <map>
@@ -15,6 +11,7 @@
 #include "FileFailure.h"
 #include "MXRegistry.h"
 #include "PathText.h"
+#include "Process.h"
 
 namespace {
 
@@ -53,8 +50,7 @@ bool IsKept(State state) {
 
 /// By the process number in the name of a record.
 bool IsOfDeadProcess(const std::string& path) {
-  const long process = std::strtol(path.c_str() + path.rfind('-') + 1, nullptr, 10);
-  return process > 0 && kill(static_cast<pid_t>(process), 0) != 0 && errno == ESRCH;
+  return IsProcessGone(std::strtoll(path.c_str() + path.rfind('-') + 1, nullptr, 10));
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "WritingRun.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <ctime>
 #include <filesystem>
@@ -9,7 +7,9 @@
 #include "Failure.h"
 #include "LocalTime.h"
 #include "PathText.h"
+#include "Process.h"
 #include "SignalHold.h"
+#include "SystemPaths.h"
 
 namespace {
 
@@ -27,7 +27,7 @@ std::vector<std::string> RealPaths(const std::vector<std::string>& paths) {
   for (const std::string& path : paths) {
     std::error_code error;
     const auto found = std::filesystem::weakly_canonical(path, error);
-    real.push_back(error ? path : found.string());
+    real.push_back(error ? path : found.generic_string());
     if (real.back().size() > 1 && real.back().back() == '/') real.back().pop_back();
   }
   return real;
@@ -62,7 +62,7 @@ RunStore UserRuns(IFileOps& files) {
 WritingRun::WritingRun(const std::vector<std::string>& paths, const std::string& command,
                        int seconds, IFileOps& files)
     : mFiles(files),
-      mHead{command, std::time(nullptr), getpid(), RealPaths(paths)},
+      mHead{command, std::time(nullptr), ProcessNumber(), RealPaths(paths)},
       mLimits(ReadUndoLimits()) {
   if (DefaultStateFolder().empty()) {
     mMessages.push_back("There is no home folder for records: this run can't be taken back");
@@ -75,7 +75,7 @@ WritingRun::WritingRun(const std::vector<std::string>& paths, const std::string&
 void WritingRun::Begin(int seconds) {
   std::error_code error;
   std::filesystem::create_directories(FolderOfLocks(), error);
-  if (error || access(FolderOfLocks().c_str(), W_OK) != 0) {
+  if (error || !IsWritableFolder(FolderOfLocks())) {
     mMessages.push_back(ShownPath(FolderOfLocks()) +
                         " can't be written: this run can't be taken back");
     return;

@@ -1,9 +1,11 @@
 // The print service of the machine: its queues, and documents handed to them.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "IPrintDevice.h"
 #include "Sheet.h"
 #include "Text.h"
 
@@ -27,9 +29,12 @@ class IPrintQueues {
   /// queue's name and the service's reason.
   virtual void Submit(const std::string& sQueue, const std::string& sFile, TextView sTitle,
                       std::int32_t ePaperSize) = 0;
+  /// What prints on a queue; this object outlives it. A QueueDevice, and on Windows one that draws
+  /// on the printer, which takes no documents there.
+  virtual std::unique_ptr<IPrintDevice> DeviceOf(const std::string& sQueue);
 };
 
-/// CUPS, at the server that the user's settings name.
+/// CUPS, at the server that the user's settings name; on Windows the user's printers.
 IPrintQueues& SystemPrintQueues();
 
 }  // namespace Paper

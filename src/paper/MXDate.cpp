@@ -1,8 +1,9 @@
 #include "MXDate.h"
 
-#include <array>
 #include <ctime>
 #include <string>
+
+#include "MonthName.h"
 
 namespace MXDate {
 
@@ -37,11 +38,8 @@ Text Clock(const std::tm& oTime) {
 std::function<std::int64_t()> fnNow = [] { return std::int64_t{std::time(nullptr)}; };
 
 Text MediumDate(std::int64_t lTime) {
-  // English, as all texts of the system are; the C library would take the language of the user.
-  static constexpr std::array Months = {u"Jan", u"Feb", u"Mar", u"Apr", u"May", u"Jun",
-                                        u"Jul", u"Aug", u"Sep", u"Oct", u"Nov", u"Dec"};
   const std::tm o = LocalTime(lTime);
-  return Digits(o.tm_mday, 2) + u"-" + Months[static_cast<std::size_t>(o.tm_mon)] + u"-" +
+  return Digits(o.tm_mday, 2) + u"-" + ShortMonthName(o.tm_mon + 1) + u"-" +
          Digits((o.tm_year + 1900) % 100, 2);
 }
 

@@ -28,7 +28,7 @@ void Printers::Fill() {
                                      [](const PrintQueue& oQueue) { return oQueue.bDefault; });
   mlCurrent = oDefault == oQueues.end() ? 0 : static_cast<std::size_t>(oDefault - oQueues.begin());
   for (const PrintQueue& oQueue : oQueues) {
-    moEntries.push_back({std::make_unique<QueueDevice>(moQueues, oQueue.sName), {}});
+    moEntries.push_back({moQueues.DeviceOf(oQueue.sName), {}});
   }
   moEntries.push_back({std::make_unique<FileDevice>(mfnAsk), {}});
 }

@@ -1,11 +1,7 @@
 #include "Sheet.h"
 
-#include <langinfo.h>
-#include <locale.h>
-
 #include <algorithm>
 #include <array>
-#include <cstdint>
 
 #include "Failure.h"
 
@@ -25,16 +21,6 @@ constexpr std::array Forms = {
     PaperForm{PaperB5, u"B5", "jis_b5_182x257mm", 10318, 14570},
 };
 
-/// In millimetres, as the user's settings name the country's paper; 0 when they don't.
-int PaperWidthOfCountry() {
-  const locale_t oLocale = newlocale(LC_PAPER_MASK, "", nullptr);
-  if (!oLocale) return 0;
-  // For this item the function returns the number itself in place of a pointer.
-  const auto lWidth = reinterpret_cast<std::uintptr_t>(nl_langinfo_l(_NL_PAPER_WIDTH, oLocale));
-  freelocale(oLocale);
-  return static_cast<int>(lWidth);
-}
-
 }  // namespace
 
 std::span<const PaperForm> PaperForms() {
@@ -46,11 +32,6 @@ const PaperForm& PaperFormOf(std::int32_t eSize) {
                                   [&](const PaperForm& o) { return o.eSize == eSize; });
   if (oForm == Forms.end()) throw Failure(380);
   return *oForm;
-}
-
-std::int32_t UsualPaperSize() {
-  constexpr int LetterWidth = 216;
-  return PaperWidthOfCountry() == LetterWidth ? PaperLetter : PaperA4;
 }
 
 Sheet MakeSheet(std::int32_t ePaperSize, std::int32_t eOrientation) {

@@ -1,16 +1,14 @@
-// Single-byte and double-byte ANSI pages by tables that are asked of the C library once, byte by
+// Single-byte and double-byte ANSI pages by tables that are asked of the system once, byte by
 // byte and pair by pair. What doesn't come back as the same bytes is carried as lone low
-// surrogates, so every page is lossless whatever the library's table says.
-#include <iconv.h>
-
+// surrogates, so every page is lossless whatever the system's table says.
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
 #include <vector>
 
 #include "AsciiBlocks.h"
+#include "CodePageConverter.h"
 #include "CodePageKinds.h"
-#include "Failure.h"
 
 namespace {
 
@@ -22,7 +20,6 @@ struct Range {
 /// Lead and trail bytes as Windows splits characters, with the ranges for user-defined characters.
 /// An empty range has its first above its last.
 struct PageRow {
-  const char* table;
   int number;
   Range lead[2];
   Range trail[3];
@@ -30,19 +27,19 @@ struct PageRow {
 
 constexpr Range None = {1, 0};
 constexpr PageRow Pages[] = {
-    {"WINDOWS-874", 874, {None, None}, {None, None, None}},
-    {"CP932", 932, {{0x81, 0x9F}, {0xE0, 0xFC}}, {{0x40, 0x7E}, {0x80, 0xFC}, None}},
-    {"CP936", 936, {{0x81, 0xFE}, None}, {{0x40, 0x7E}, {0x80, 0xFE}, None}},
-    {"CP949", 949, {{0x81, 0xFE}, None}, {{0x41, 0x5A}, {0x61, 0x7A}, {0x81, 0xFE}}},
-    {"CP950", 950, {{0x81, 0xFE}, None}, {{0x40, 0x7E}, {0x80, 0xFE}, None}},
-    {"CP1250", 1250, {None, None}, {None, None, None}},
-    {"CP1251", 1251, {None, None}, {None, None, None}},
-    {"CP1253", 1253, {None, None}, {None, None, None}},
-    {"CP1254", 1254, {None, None}, {None, None, None}},
-    {"CP1255", 1255, {None, None}, {None, None, None}},
-    {"CP1256", 1256, {None, None}, {None, None, None}},
-    {"CP1257", 1257, {None, None}, {None, None, None}},
-    {"CP1258", 1258, {None, None}, {None, None, None}},
+    {874, {None, None}, {None, None, None}},
+    {932, {{0x81, 0x9F}, {0xE0, 0xFC}}, {{0x40, 0x7E}, {0x80, 0xFC}, None}},
+    {936, {{0x81, 0xFE}, None}, {{0x40, 0x7E}, {0x80, 0xFE}, None}},
+    {949, {{0x81, 0xFE}, None}, {{0x41, 0x5A}, {0x61, 0x7A}, {0x81, 0xFE}}},
+    {950, {{0x81, 0xFE}, None}, {{0x40, 0x7E}, {0x80, 0xFE}, None}},
+    {1250, {None, None}, {None, None, None}},
+    {1251, {None, None}, {None, None, None}},
+    {1253, {None, None}, {None, None, None}},
+    {1254, {None, None}, {None, None, None}},
+    {1255, {None, None}, {None, None, None}},
+    {1256, {None, None}, {None, None, None}},
+    {1257, {None, None}, {None, None, None}},
+    {1258, {None, None}, {None, None, None}},
 };
 
 template <class Ranges>
@@ -50,36 +47,6 @@ bool AnyHolds(const Ranges& ranges, unsigned char byte) {
   return std::any_of(std::begin(ranges), std::end(ranges),
                      [&](const Range& range) { return range.Holds(byte); });
 }
-
-class Converter {
- public:
-  Converter(const char* to, const char* from) : mConverter(iconv_open(to, from)) {
-    if (!IsOpen()) {
-      throw Failure(5, u"The C library of this machine has no table for the code page " +
-                           FromUtf8(from) + u"; install its converters or name another page");
-    }
-  }
-  ~Converter() { iconv_close(mConverter); }
-  Converter(const Converter&) = delete;
-  Converter& operator=(const Converter&) = delete;
-
-  /// Converts the count bytes alone; false unless they give exactly the wanted bytes of output.
-  bool Convert(const void* input, std::size_t count, void* output, std::size_t wanted) {
-    // The converter holds back a character that may combine with the next one; this call flushes
-    // it.
-    iconv(mConverter, nullptr, nullptr, nullptr, nullptr);
-    char* from = const_cast<char*>(static_cast<const char*>(input));
-    char* to = static_cast<char*>(output);
-    std::size_t room = wanted;
-    if (iconv(mConverter, &from, &count, &to, &room) != 0) return false;
-    if (iconv(mConverter, nullptr, nullptr, &to, &room) != 0) return false;
-    return room == 0;
-  }
-
- private:
-  bool IsOpen() const { return reinterpret_cast<std::intptr_t>(mConverter) != -1; }
-  iconv_t mConverter;
-};
 
 bool IsSurrogate(char16_t unit) {
   return (unit & 0xF800) == 0xD800;
@@ -92,8 +59,8 @@ class CodePageTable final : public CodePage {
  public:
   explicit CodePageTable(const PageRow& page)
       : mPage(page), mName(std::to_string(page.number)), mBytes(0x10000) {
-    Converter toText("UTF-16LE", page.table), toBytes(page.table, "UTF-16LE");
-    for (unsigned code = 0x80; code < 0x100; ++code) AddByte(code, toText, toBytes);
+    CodePageConverter converter(page.number);
+    for (unsigned code = 0x80; code < 0x100; ++code) AddByte(code, converter);
   }
 
   using CodePage::Decode;
@@ -128,10 +95,10 @@ class CodePageTable final : public CodePage {
   }
 
  private:
-  void AddByte(unsigned code, Converter& toText, Converter& toBytes) {
+  void AddByte(unsigned code, CodePageConverter& converter) {
     const auto byte = static_cast<unsigned char>(code);
     if (!IsLeadByte(byte)) {
-      mSingle[code - 0x80] = UnitOf({static_cast<char>(byte)}, toText, toBytes);
+      mSingle[code - 0x80] = UnitOf(std::string{static_cast<char>(byte)}, converter);
       return;
     }
     mRows[code - 0x80] = mDouble.size();
@@ -139,17 +106,15 @@ class CodePageTable final : public CodePage {
     char16_t* row = &mDouble[mRows[code - 0x80]];
     for (unsigned trail = 0; trail < 0x100; ++trail) {
       if (!AnyHolds(mPage.trail, static_cast<unsigned char>(trail))) continue;
-      row[trail] = UnitOf({static_cast<char>(byte), static_cast<char>(trail)}, toText, toBytes);
+      row[trail] =
+          UnitOf(std::string{static_cast<char>(byte), static_cast<char>(trail)}, converter);
     }
   }
 
   /// The unit of one character that maps back to the same bytes, else 0.
-  char16_t UnitOf(std::string character, Converter& toText, Converter& toBytes) {
-    char16_t unit = 0;
-    std::string back(character.size(), '\0');
-    if (!toText.Convert(character.data(), character.size(), &unit, 2)) return 0;
-    if (unit < 0x80 || IsSurrogate(unit)) return 0;
-    if (!toBytes.Convert(&unit, 2, back.data(), back.size()) || back != character) return 0;
+  char16_t UnitOf(std::string_view character, CodePageConverter& converter) {
+    const char16_t unit = converter.UnitOf(character);
+    if (unit < 0x80 || IsSurrogate(unit) || converter.BytesOf(unit) != character) return 0;
     std::uint16_t packed = 0;
     for (const char byte : character) {
       packed = static_cast<std::uint16_t>(packed << 8 | static_cast<unsigned char>(byte));

@@ -1,9 +1,5 @@
 #include "FileLock.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <chrono>
 #include <cstring>
@@ -22,10 +18,8 @@ int NumberOf(int error) {
 
 }  // namespace
 
-FileLock::FileLock(Opened, const std::string& path)
-    : mFile(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666)) {
-  if (mFile < 0) {
-    const int error = errno;
+FileLock::FileLock(Opened, const std::string& path) {
+  if (const int error = Open(path)) {
     const std::int32_t number = NumberOf(error);
     throw Failure(number,
                   FailureText(number) + u": " + TextOfPath(path) + u" can't be opened (" +
@@ -49,19 +43,9 @@ std::unique_ptr<FileLock> FileLock::Try(const std::string& path, int millisecond
 
 bool FileLock::Take(int milliseconds) {
   const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
-  while (flock(mFile, LOCK_EX | LOCK_NB) != 0) {
+  while (!TryTake()) {
     if (std::chrono::steady_clock::now() >= end) return false;
     std::this_thread::sleep_for(std::chrono::milliseconds(2));
   }
   return true;
-}
-
-// Nothing depends on the text, so a failure counts for nothing.
-void FileLock::Note(std::string_view text) {
-  if (ftruncate(mFile, 0) != 0) return;
-  [[maybe_unused]] const ssize_t written = pwrite(mFile, text.data(), text.size(), 0);
-}
-
-FileLock::~FileLock() {
-  close(mFile);
 }

@@ -2,6 +2,7 @@
 // since removing it could take it away from under another program.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -24,6 +25,9 @@ class FileLock {
   struct Opened {};
   FileLock(Opened, const std::string& path);
   bool Take(int milliseconds);
+  /// By the system's own calls. Open gives its error number, errno's; TryTake doesn't wait.
+  int Open(const std::string& path);
+  bool TryTake();
 
-  int mFile;
+  std::intptr_t mFile = -1;
 };

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "IFileOps.h"
+#include "SystemPaths.h"
 #include "Utf8.h"
 
 namespace {
@@ -66,10 +67,12 @@ Text TextOfPath(std::string_view path) {
 
 std::string PathOfText(TextView text) {
   std::string shown;
-  return PathOfShown(Utf8::AppendBytes(text, shown) == text.size() ? shown : ToUtf8(text));
+  if (Utf8::AppendBytes(text, shown) != text.size()) shown = ToUtf8(text);
+  return PathOfShown(WithSlashes(std::move(shown)));
 }
 
 std::string PathOfArgument(const std::string& argument) {
   IFileOps::Stat state;
-  return SystemFileOps().GetStat(argument, state) == 0 ? argument : PathOfShown(argument);
+  const std::string path = WithSlashes(argument);
+  return SystemFileOps().GetStat(path, state) == 0 ? path : PathOfShown(path);
 }

@@ -1,11 +1,12 @@
-// Keeps the signals that ask a program to end (INT, TERM, HUP) waiting for the life of the object,
+// Keeps the signals that ask a program to end (INT, TERM, HUP; on
+// Windows the events of its console) waiting for the life of the object,
 // so that what has begun is ended in good order. Behind it the signal does what it always does.
 //
 //   const SignalHold hold;
 //   for (...) SignalHold::Check(), Write(...);   // throws when one waits: undo what was done
 #pragma once
 
-#include <signal.h>
+#include <memory>
 
 class SignalHold {
  public:
@@ -18,5 +19,6 @@ class SignalHold {
   static void Check();
 
  private:
-  sigset_t mBefore;
+  struct Before;
+  std::unique_ptr<Before> mBefore;
 };

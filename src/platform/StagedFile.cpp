@@ -1,13 +1,11 @@
 #include "StagedFile.h"
 
-#include <signal.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstdlib>
 #include <functional>
 
 #include "FileFailure.h"
+#include "Process.h"
 
 namespace {
 
@@ -22,7 +20,7 @@ std::string NewNameOf(const std::string& target) {
   if (name.size() > longest) {
     name = name.substr(0, cut) + '.' + std::to_string(std::hash<std::string>()(name));
   }
-  return target.substr(0, nameAt) + '.' + name + '.' + std::to_string(getpid()) +
+  return target.substr(0, nameAt) + '.' + name + '.' + std::to_string(ProcessNumber()) +
          std::string(NewEnd);
 }
 
@@ -33,8 +31,7 @@ bool IsOfDeadProcess(std::string_view name) {
   name.remove_suffix(NewEnd.size());
   const std::string digits(name.substr(name.rfind('.') + 1));
   if (digits.empty() || digits.find_first_not_of("0123456789") != std::string::npos) return false;
-  const long process = std::strtol(digits.c_str(), nullptr, 10);
-  return process > 0 && kill(static_cast<pid_t>(process), 0) != 0 && errno == ESRCH;
+  return IsProcessGone(std::strtoll(digits.c_str(), nullptr, 10));
 }
 
 /// Whether there is an old file, whose state goes to old; refuses what must not be replaced.

@@ -1,9 +1,5 @@
 #include "Diagnostics.h"
 
-#ifndef _WIN32
-#include <sys/utsname.h>
-#endif
-
 namespace {
 
 using Lines = std::vector<Text>;
@@ -34,16 +30,6 @@ void AddNT(const SystemVersion& oSystem, Lines& asLine) {
 
 TextView TrimAtNull(TextView sText) {
   return sText.substr(0, sText.find(u'\0'));
-}
-
-// Systems other than Windows answer, but have no platform number of their own.
-SystemVersion CurrentSystem() {
-  SystemVersion oSystem;
-#ifndef _WIN32
-  utsname oName;
-  oSystem.bKnown = uname(&oName) == 0;
-#endif
-  return oSystem;
 }
 
 ProgramVersion CurrentProgram() {

@@ -1,8 +1,4 @@
 // The command-line program: start-up in its order, one command, the exit status.
-#include <fcntl.h>
-#include <signal.h>
-#include <unistd.h>
-
 #include <cstring>
 #include <memory>
 
@@ -16,53 +12,11 @@
 #include "MRules.h"
 #include "MXFile.h"
 #include "PrintedErrorDialog.h"
+#include "ProgramStart.h"
 #include "RegistryStore.h"
 #include "Session.h"
 
 namespace {
-
-constexpr std::array FatalSignals = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT};
-std::array<struct sigaction, FatalSignals.size()> oldActions;
-
-/// Hands the end of the program to the error log, then to whoever handled it before.
-extern "C" void OnFatalSignal(int signalNumber) {
-  for (std::size_t i = 0; i < FatalSignals.size(); ++i)
-    if (FatalSignals[i] == signalNumber) sigaction(signalNumber, &oldActions[i], nullptr);
-  switch (signalNumber) {
-    case SIGSEGV:
-      goError->HandleException(u"Signal SIGSEGV");
-      break;
-    case SIGBUS:
-      goError->HandleException(u"Signal SIGBUS");
-      break;
-    case SIGFPE:
-      goError->HandleException(u"Signal SIGFPE");
-      break;
-    case SIGILL:
-      goError->HandleException(u"Signal SIGILL");
-      break;
-    default:
-      goError->HandleException(u"Signal SIGABRT");
-      break;
-  }
-  raise(signalNumber);
-}
-
-void InstallExceptionFilter() {
-  struct sigaction action = {};
-  action.sa_handler = OnFatalSignal;
-  for (std::size_t i = 0; i < FatalSignals.size(); ++i)
-    sigaction(FatalSignals[i], &action, &oldActions[i]);
-}
-
-/// A file that is opened while one of the three standard streams is closed would take its place,
-/// and messages would be written into it. Output to these stand-ins fails, as it has to.
-void KeepStandardStreams() {
-  for (int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-    if (fcntl(stream, F_GETFD) == -1 && errno == EBADF)
-      while (open("/dev/null", O_RDONLY) < stream && fcntl(stream, F_GETFD) == -1) {
-      }
-}
 
 /// Messages of the error run-time, in their place among those of the command.
 class ConsoleDialog : public PrintedErrorDialog {
@@ -146,8 +100,11 @@ int Main(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  KeepStandardStreams();
-  signal(SIGPIPE, SIG_IGN);
+  PrepareStreams();
   InstallExceptionFilter();
-  return Main(argc, argv);
+  std::vector<std::string> arguments = ProgramArguments(argc, argv);
+  std::vector<char*> pointers;
+  for (std::string& argument : arguments) pointers.push_back(argument.data());
+  pointers.push_back(nullptr);
+  return Main(static_cast<int>(arguments.size()), pointers.data());
 }

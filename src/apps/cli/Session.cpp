@@ -39,7 +39,7 @@ std::string TemplateBeside(const std::string& path) {
   for (fs::directory_iterator entry(GroupFolder(path), error), end; !error && entry != end;
        entry.increment(error)) {
     std::string name = entry->path().filename().string();
-    if (EqualNoCase(FromUtf8(name), DefaultTemplate)) found.push_back(entry->path().string());
+    if (EqualNoCase(FromUtf8(name), DefaultTemplate)) found.push_back(entry->path().generic_string());
   }
   return found.empty() ? std::string() : *std::min_element(found.begin(), found.end());
 }

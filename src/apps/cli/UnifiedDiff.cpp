@@ -116,5 +116,5 @@ std::string RelativePath(const std::string& sPath) {
   if (oError) return sPath;
   fs::path oAbsolute = (oFolder / sPath).lexically_normal();
   fs::path oRelative = oAbsolute.lexically_relative(oFolder);
-  return oRelative.empty() ? oAbsolute.string() : oRelative.string();
+  return oRelative.empty() ? oAbsolute.generic_string() : oRelative.generic_string();
 }

@@ -19,7 +19,7 @@ bool HasMarked(ComponentType nType) {
 std::string IdentityOf(const std::string& sPath) {
   std::error_code oError;
   const auto oCanonical = std::filesystem::weakly_canonical(sPath, oError);
-  return oError ? sPath : oCanonical.string();
+  return oError ? sPath : oCanonical.generic_string();
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include <signal.h>
+
 #include "SignalHold.h"
 
 #include "Failure.h"
@@ -8,15 +10,19 @@ constexpr int Kept[] = {SIGINT, SIGTERM, SIGHUP};
 
 }  // namespace
 
-SignalHold::SignalHold() {
+struct SignalHold::Before {
+  sigset_t signals;
+};
+
+SignalHold::SignalHold() : mBefore(std::make_unique<Before>()) {
   sigset_t kept;
   sigemptyset(&kept);
   for (const int number : Kept) sigaddset(&kept, number);
-  pthread_sigmask(SIG_BLOCK, &kept, &mBefore);
+  pthread_sigmask(SIG_BLOCK, &kept, &mBefore->signals);
 }
 
 SignalHold::~SignalHold() {
-  pthread_sigmask(SIG_SETMASK, &mBefore, nullptr);
+  pthread_sigmask(SIG_SETMASK, &mBefore->signals, nullptr);
 }
 
 void SignalHold::Check() {

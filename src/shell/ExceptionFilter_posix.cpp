@@ -3,11 +3,9 @@
 #include <signal.h>
 
 #include <array>
-#include <cstdlib>
-#include <exception>
 
 #include "IErrorRuntime.h"
-#include "Utf8.h"
+#include "UncaughtException.h"
 
 namespace {
 
@@ -32,25 +30,10 @@ extern "C" void OnFatal(int nSignal) {
   raise(nSignal);
 }
 
-[[noreturn]] void OnTerminate() {
-  std::u16string sRecord = u"Unhandled exception";
-  if (const std::exception_ptr pException = std::current_exception()) {
-    try {
-      std::rethrow_exception(pException);
-    } catch (const std::exception& oException) {
-      sRecord += u": " + FromUtf8(oException.what());
-    } catch (...) {
-    }
-  }
-  goError->HandleException(sRecord);
-  signal(SIGABRT, SIG_DFL);  // the record is written; abort must not write another one
-  std::abort();
-}
-
 }  // namespace
 
 void ExceptionFilter::Install() {
-  std::set_terminate(OnTerminate);
+  LogUncaughtExceptions();
   stack_t oStack = {};
   oStack.ss_sp = acStack.data();
   oStack.ss_size = acStack.size();
@@ -60,3 +43,6 @@ void ExceptionFilter::Install() {
   oAction.sa_flags = static_cast<int>(SA_ONSTACK | SA_RESETHAND | SA_NODEFER);
   for (const FatalSignal& oFatal : Fatal) sigaction(oFatal.nSignal, &oAction, nullptr);
 }
+
+// A program keeps its filter until it ends.
+void ExceptionFilter::Remove() {}
