@@ -12,6 +12,7 @@
 #include "IErrorRuntime.h"
 #include "IFileOps.h"
 #include "RegistryDocument.h"
+#include "SystemRegistry.h"
 
 namespace {
 
@@ -38,9 +39,11 @@ struct RegistryStore::Impl {
   std::vector<Change> changes;
   std::vector<Text> createdKeys;
   int batches = 0;
-  std::unique_ptr<FileLock> lock;  ///< held by a batch that rests on what it read
+  std::unique_ptr<FileLock> lock;               ///< held by a batch that rests on what it read
+  std::unique_ptr<SystemRegistry> system = {};  ///< in place of a file
 
   std::string ReadFile() const {
+    if (system) return system->Export();
     IFileOps::Stat stat;
     if (files.GetStat(path, stat) == ENOENT) return {};
     return AtomicFile::Read(path, files);
@@ -70,12 +73,20 @@ struct RegistryStore::Impl {
 
   std::unique_ptr<FileLock> Lock() const {
     std::string target;
+    if (system) {
+      const std::string file = system->LockFile();
+      return file.empty() ? nullptr : LockWithFolder(file);
+    }
     if (files.Resolve(path, target) != 0) target = path;
     AtomicFile::RefuseSpecial(target, files);
+    return LockWithFolder(target + ".lock");
+  }
+
+  static std::unique_ptr<FileLock> LockWithFolder(const std::string& file) {
     std::error_code ignored;
-    const auto folder = std::filesystem::path(target).parent_path();
+    const auto folder = std::filesystem::path(file).parent_path();
     if (!folder.empty()) std::filesystem::create_directories(folder, ignored);
-    return std::make_unique<FileLock>(target + ".lock");
+    return std::make_unique<FileLock>(file);
   }
 
   RegistryDocument Merged(const std::string& bytes) const {
@@ -85,11 +96,18 @@ struct RegistryStore::Impl {
   }
 
   void MergeIntoFile() {
+    if (system) return PutIntoSystem();
     const std::string oldBytes = ReadFile();
     RegistryDocument merged = Merged(oldBytes);
     const std::string newBytes = merged.Bytes();
     if (newBytes != oldBytes) AtomicFile::Replace(path, newBytes, files);
     document = std::move(merged);
+  }
+
+  void PutIntoSystem() {
+    for (const Change& change : changes)
+      system->Put(change.key, change.name, change.value ? &*change.value : nullptr);
+    document = RegistryDocument(ReadFile());
   }
 
   void LockAndRead() {
@@ -112,6 +130,7 @@ RegistryStore::RegistryStore(std::string path, IFileOps* files)
                      {},
                      0,
                      nullptr}) {
+  if (!Path().empty() && Path() == SystemRegistry::Path()) mImpl->system = SystemRegistry::Open();
   if (!Path().empty()) mImpl->document = RegistryDocument(mImpl->ReadFile());
 }
 
@@ -202,6 +221,7 @@ RegistryStore& CurrentRegistry() {
 }
 
 std::string DefaultSettingsPath() {
+  if (const std::string system = SystemRegistry::Path(); !system.empty()) return system;
   const char* config = std::getenv("XDG_CONFIG_HOME");
   const char* home = std::getenv("HOME");
   const std::string name = "/tarvane-quillon/settings.reg";

@@ -30,7 +30,9 @@ class RegistryStore {
 
   /// Opens the store in a file that need not exist yet; its folder is made at the first write.
   /// An empty path keeps everything in memory (tests, --settings ""). A file that is there and
-  /// can't be read is a Failure with the path. files: null means the system's files; not owned.
+  /// can't be read is a Failure with the path. On Windows, "HKEY_CURRENT_USER" is the system's own
+  /// registry, in which every write lands as the same type as in a file. files: null means the
+  /// system's files; not owned.
   explicit RegistryStore(std::string path = {}, IFileOps* files = nullptr);
   ~RegistryStore();
   RegistryStore(const RegistryStore&) = delete;
@@ -79,5 +81,6 @@ class RegistryStore {
 extern RegistryStore* goRegistry;
 /// The store in use; makes goRegistry when it is null.
 RegistryStore& CurrentRegistry();
-/// $XDG_CONFIG_HOME/tarvane-quillon/settings.reg, or under ~/.config; empty without a home.
+/// $XDG_CONFIG_HOME/tarvane-quillon/settings.reg, or under ~/.config; empty without a home. On
+/// Windows the path that stands for the system's own registry.
 std::string DefaultSettingsPath();
