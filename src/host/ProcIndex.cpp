@@ -89,6 +89,7 @@ void ProcIndex::NoteEdit(std::int32_t lLine, std::int32_t lRemoved, std::int32_t
 
 void ProcIndex::NotePlain(std::int32_t lFirst) {
   if (mbAllDirty || mbFaulty || mlDirty < 1 || mnEdits != 2) return;
+  if (moScopes[Index(mlDirty)].bStray) return;
   if (moConditions.Mode() != ConditionalCode::Reading::Values) return;
   if (lFirst > Start(mlDirty) + moScopes[Index(mlDirty)].lBody) mlDirty = -1;
 }

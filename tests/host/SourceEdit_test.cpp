@@ -162,6 +162,7 @@ TEST(SourceEdit, TheIndexFollows) {
     at the end                   ~ module ~ 21 ~ 0 ~ Sub Z()|End Sub
     all                          ~ module ~ 1 ~ 20 ~ Sub Z()|End Sub
     stray variable               ~ Sub A()|End Sub||Dim v|Sub B()|End Sub| ~ 3 ~ 4 ~ |Sub B()|End Sub
+    line ahead of a stray one    ~ Sub A()|End Sub||Dim v| ~ 1 ~ 4 ~ Sub A()|' x|End Sub||Dim v
     behind an open head          ~ Sub A()|x|Sub B()|End Sub| ~ 3 ~ 2 ~ |Sub B()|End Sub
     nothing ahead                ~ Sub A()|End Sub| ~ 1 ~ 0 ~ ' m|Dim a|)",
                              '~')) {
