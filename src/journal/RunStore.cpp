@@ -105,6 +105,20 @@ bool RunStore::ReadHead(Run& run) const {
   return record.hasHead;
 }
 
+// The whole head is on the disk ahead of the first rename.
+bool RunStore::IsBeginning(const Run& run) const {
+  std::string bytes;
+  return mFiles.ReadAll(run.path, bytes) == 0 && ReadRun(bytes).form == RunRecord::Form::CutOff;
+}
+
+std::vector<std::string> RunStore::Unreadable() const {
+  std::vector<std::string> paths;
+  for (Run& run : All())
+    if (IsKept(run.state) && IsOfDeadProcess(run.path) && !ReadHead(run) && !IsBeginning(run))
+      paths.push_back(run.path);
+  return paths;
+}
+
 std::vector<RunStore::Run> RunStore::RunsOf(const std::vector<std::string>& groups) const {
   std::vector<Run> runs;
   for (Run& run : All())
@@ -146,7 +160,8 @@ void RunStore::Prune(const UndoLimits& limits, std::int64_t now) const {
   std::uint64_t size = 0;
   for (Run& run : All()) {
     if (!ReadHead(run)) {
-      if (run.state == State::Writing && IsOfDeadProcess(run.path)) mFiles.Remove(run.path);
+      if (run.state == State::Writing && IsOfDeadProcess(run.path) && IsBeginning(run))
+        mFiles.Remove(run.path);
       continue;
     }
     if (IsKept(run.state)) continue;

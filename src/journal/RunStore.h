@@ -46,6 +46,9 @@ class RunStore {
   /// Those that had to do with one of the groups, the latest first: one that was given the same
   /// file or folder, or the folder of a file, or a file of the folder.
   std::vector<Run> RunsOf(const std::vector<std::string>& groups) const;
+  /// Records of runs that were broken off and whose groups can't be told: damaged from the start,
+  /// or of another version of the program.
+  std::vector<std::string> Unreadable() const;
   /// The record of a run that wrote. Failure with its path when not all of it can be read: of a
   /// complete run, or one of another version of the program, or damaged.
   RunRecord Read(const Run& run) const;
@@ -58,6 +61,8 @@ class RunStore {
  private:
   std::vector<Run> All() const;
   bool ReadHead(Run& run) const;
+  /// Its program was killed before it could have replaced anything.
+  bool IsBeginning(const Run& run) const;
 
   std::string mFolder;
   IFileOps& mFiles;

@@ -1,5 +1,8 @@
 #include "TakeBack.h"
 
+#include <filesystem>
+#include <optional>
+
 #include "AtomicFile.h"
 #include "FileStamp.h"
 #include "PathText.h"
@@ -8,6 +11,17 @@
 
 namespace {
 
+constexpr std::int32_t DiskFull = 61;
+
+/// Records name files by their real paths: a link that has come since leads to another file.
+void ExpectNoLink(const std::string& path) {
+  std::error_code error;
+  const auto real = std::filesystem::canonical(path, error);
+  if (error || real == path) return;
+  throw Failure(70, u"A link has come since the run and is left alone: " + TextOfPath(path),
+                u"TakeBack");
+}
+
 /// A file as it was found.
 struct Found {
   FileStamp stamp;  // ahead of the reading
@@ -15,6 +29,7 @@ struct Found {
 };
 
 Found Look(const std::string& path, IFileOps& files) {
+  ExpectNoLink(path);
   const FileStamp stamp = FileStamp::Of(path, files);
   return {stamp, AtomicFile::Read(path, files)};
 }
@@ -51,23 +66,24 @@ TakenBack Sort(const RunRecord& record, IFileOps& files, const Restore& restore)
 
 class Restoring {
  public:
-  explicit Restoring(IFileOps& files) : mFiles(files), mStaged(files) {}
+  explicit Restoring(IFileOps& files) : mFiles(files) {}
 
   void Add(const RunFile& file, const Found& found) {
-    mStaged.Stage(file.path, Unpack(file.packed, file.before));
-    mWaiting.push_back({&file, found.stamp});
+    try {
+      Stage(file, found);
+    } catch (const Failure& failure) {
+      if (failure.Number() != DiskFull || mWaiting.empty()) throw;
+      // New files that have taken the places of others leave room for more.
+      Replace();
+      Stage(file, found);
+    }
   }
 
   void Finish(TakenBack& result) {
-    mStaged.Flush();
-    SignalHold::Check();
-    for (std::size_t i = 0; i < mWaiting.size(); ++i) Commit(i);
-    mStaged.FlushFolders();
-    for (std::size_t i = 0; i < mWaiting.size(); ++i) {
-      if (const Failure* failure = mStaged.FailureOf(i)) {
-        std::erase(result.restored, mWaiting[i].file->path);
-        result.left.push_back({mWaiting[i].file->path, *failure});
-      }
+    Replace();
+    for (TakenBack::Left& file : mLeft) {
+      std::erase(result.restored, file.path);
+      result.left.push_back(std::move(file));
     }
   }
 
@@ -77,22 +93,44 @@ class Restoring {
     FileStamp stamp;
   };
 
+  void Stage(const RunFile& file, const Found& found) {
+    if (!mStaged) mStaged.emplace(mFiles);
+    mStaged->Stage(file.path, Unpack(file.packed, file.before));
+    mWaiting.push_back({&file, found.stamp});
+  }
+
+  void Replace() {
+    if (!mStaged) return;
+    mStaged->Flush();
+    SignalHold::Check();
+    for (std::size_t i = 0; i < mWaiting.size(); ++i) Commit(i);
+    mStaged->FlushFolders();
+    for (std::size_t i = 0; i < mWaiting.size(); ++i) {
+      if (const Failure* failure = mStaged->FailureOf(i))
+        mLeft.push_back({mWaiting[i].file->path, *failure});
+    }
+    mWaiting.clear();
+    mStaged.reset();
+  }
+
   // Another program may have written the file while the others were staged and flushed.
   void Commit(std::size_t number) {
     const auto& [file, stamp] = mWaiting[number];
     IFileOps::Stat now;
     try {
+      ExpectNoLink(file->path);
       if (mFiles.GetStat(file->path, now) != 0 || !stamp.VouchesFor(now))
         ExpectAfter(*file, AtomicFile::Read(file->path, mFiles));
-      mStaged.Commit(number);
+      mStaged->Commit(number);
     } catch (const Failure& failure) {
-      mStaged.Discard(number, failure);
+      mStaged->Discard(number, failure);
     }
   }
 
   IFileOps& mFiles;
-  StagedFiles mStaged;
+  std::optional<StagedFiles> mStaged;
   std::vector<Waiting> mWaiting;  // by their number in the staged files
+  std::vector<TakenBack::Left> mLeft;
 };
 
 }  // namespace

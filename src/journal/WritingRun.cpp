@@ -94,6 +94,11 @@ WritingRun::~WritingRun() {
 void WritingRun::MendKilled() {
   for (RunStore::Run& run : mStore->RunsOf(mHead.groups))
     if (IsBrokenOff(run)) Mend(run);
+  for (const std::string& path : mStore->Unreadable())
+    mMessages.push_back(
+        ShownPath(path) +
+        ": the record of a run that was broken off can't be read, not even of which "
+        "group; look whether the files are whole, then remove the record");
 }
 
 void WritingRun::Mend(RunStore::Run& run) {

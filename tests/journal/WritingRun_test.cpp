@@ -64,6 +64,9 @@ TEST_F(WritingRunTest, UndoLeavesAloneWhatWasChangedSince) {
       {"an edit of the same length", write("neW"), "neW old", 1, 1, 0},
       {"its old text", write("old"), "old old", 1, 0, 1},
       {"removed", [](auto& path) { fs::remove(path); }, " old", 1, 1, 0},
+      {"a link to the same text",
+       [](auto& path) { fs::rename(path, path + "2"), fs::create_symlink(path + "2", path); },
+       "new old", 1, 1, 0},
       {"read-only", [](auto& path) { fs::permissions(path, fs::perms::owner_read); }, "new old", 1,
        1, 0},
   };
@@ -107,6 +110,15 @@ TEST_F(WritingRunTest, AnEditorThatSavesWhileAnUndoIsFlushedKeepsItsText) {
   EXPECT_EQ(result.restored, std::vector{File("b")});
   ASSERT_EQ(result.left.size(), 1u);
   EXPECT_EQ(place.Entries(), 2u);
+}
+
+TEST_F(WritingRunTest, AnUndoOnAFullDiskPutsFilesInTheirPlacesToMakeRoom) {
+  Write("new");
+  FaultyFileOps files;
+  files.FailAt(2, ENOSPC, "Write");
+  const TakenBack result = TakeBack(UserRuns().Read(Run()->Runs().front()), files);
+  EXPECT_EQ(Both(), "old old");
+  EXPECT_TRUE(result.left.empty());
 }
 
 TEST_F(WritingRunTest, SecondRunWaitsAndSaysWhoHasTheGroup) {
@@ -185,6 +197,20 @@ TEST_F(WritingRunTest, RecordOfAKilledRunThatCantBeReadStaysAndStopsTheNext) {
   EXPECT_EQ(Run()->Messages().size(), 1u) << "without its end it was broken off";
   EXPECT_EQ(Both(), "old old");
   EXPECT_TRUE(Run()->Messages().empty());
+}
+
+TEST_F(WritingRunTest, RecordWhoseGroupCantBeToldStaysAndIsNamed) {
+  // Of a process that doesn't run any more; the number is above the system's highest.
+  const std::string path = place / "state/tarvane-quillon/runs/1-99999999.writing";
+  Write("new");
+  for (const auto& [text, stays] :
+       {std::pair("Tarvane Quillon run 2\nany", true),
+        std::pair("other text than a record's", true), std::pair("Tarvane Quil", false)}) {
+    SCOPED_TRACE(text);
+    TempFolder::Write(path, text);
+    EXPECT_EQ(Run()->Messages().size(), stays ? 1u : 0u);
+    EXPECT_EQ(fs::exists(path), stays);
+  }
 }
 
 TEST_F(WritingRunTest, RunsBelongToTheirGroupsAndFolders) {
