@@ -9,7 +9,7 @@ add_compile_definitions(UNICODE _UNICODE _WIN32_WINNT=0x0601 WINVER=0x0601 NOMIN
 # of the machine's headers, so that they get a folder of links to them.
 set(headers ${PROJECT_BINARY_DIR}/headers)
 file(MAKE_DIRECTORY ${headers})
-foreach(library CLI rapidjson)
+foreach(library CLI rapidjson toml++)
   if(NOT EXISTS /usr/include/${library})
     message(FATAL_ERROR "/usr/include/${library} is missing; ./windows installs it")
   endif()

@@ -89,7 +89,8 @@ _quillon_options() {
     undo) _quillon_words "${common[@]}" -n --dry-run --diff --wait --list --run ;;
     report) _quillon_words "${common[@]}" --project --component --codepage --root --define --pdf --format ;;
     explain) _quillon_words "${common[@]}" "${scope[@]}" "${files[@]}" ;;
-    template | text | rules) _quillon_words "${common[@]}" ;;
+    config) _quillon_words "${common[@]}" "${scope[@]}" "${files[@]}" ;;
+    template | text | rules | init) _quillon_words "${common[@]}" ;;
     *) _quillon_words --version "${common[@]}" "${scope[@]}" "${rewriting[@]}" ;;
   esac
 }
@@ -97,7 +98,7 @@ _quillon_options() {
 # _quillon_operand COMMAND NUMBER: what a command takes beside options; the first one has number 1.
 _quillon_operand() {
   case $1:$2 in
-    :*) _quillon_words list check explain apply refresh number unnumber undo report template text rules ;;
+    :*) _quillon_words list check explain apply refresh number unnumber undo report template text init config rules ;;
     explain:1) _quillon_words "${_quillon_rules[@]}" ;;
     report:1) _quillon_words summary properties ;;
     template:1) _quillon_words check dump list ;;

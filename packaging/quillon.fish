@@ -1,5 +1,5 @@
 # Completion of quillon's command line in fish.
-set -l commands list check explain apply refresh number unnumber undo report template text rules
+set -l commands list check explain apply refresh number unnumber undo report template text init config rules
 set -l in __fish_seen_subcommand_from
 set -l none "not $in $commands"
 set -l projects "__fish_complete_suffix .vbg; __fish_complete_suffix .vbp"
@@ -26,13 +26,15 @@ complete -c quillon -n "$none" -a undo -d "Take back what the last run wrote"
 complete -c quillon -n "$none" -a report -d "Write a report on a project"
 complete -c quillon -n "$none" -a template -d "Check or show a template file"
 complete -c quillon -n "$none" -a text -d "Rewrite procedure texts, JSON in and out"
+complete -c quillon -n "$none" -a init -d "Write a quillon.toml and a template file"
+complete -c quillon -n "$none" -a config -d "Tell what holds and where it comes from"
 complete -c quillon -n "$none" -a rules -d "Show or change the rules in the settings file"
 
-set -l grouped list check explain apply refresh number unnumber report
+set -l grouped list check explain apply refresh number unnumber report config
 complete -c quillon -n "$in $grouped" -ka "($projects)"
 complete -c quillon -n "$in $grouped" -l project -x -d "Projects by name"
 complete -c quillon -n "$in $grouped" -l component -x -d "Components by name"
-set -l scoped list check explain apply refresh number unnumber
+set -l scoped list check explain apply refresh number unnumber config
 complete -c quillon -n "$in $scoped" -l procedure -xa "'(declarations)'" -d "Procedures by name"
 complete -c quillon -n "$in $scoped" -l type -xa "Sub Function 'Property *' declarations" \
     -d "Types as list shows them"

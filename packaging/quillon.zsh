@@ -74,6 +74,8 @@ _quillon_program() {
     'report:write a report on a project'
     'template:check or show a template file'
     'text:rewrite procedure texts, JSON in and out'
+    'init:write a quillon.toml and a template file'
+    'config:tell what holds and where it comes from'
     'rules:show or change the rules in the settings file'
   )
   local rules='missing-template settings-differ drifted stale-name broken-template unknown-template
@@ -112,6 +114,8 @@ _quillon_program() {
         template)
           _arguments $common '1:action:(check dump list)' '2:file:_files -g "*.(#i)dat(-.)"' ;;
         text) _arguments $common '1:operation:(insert remove number extract signature unsignature)' ;;
+        init) _arguments $common '1:folder:_files -/' ;;
+        config) _arguments $common $scope $files '*:path:_quillon_projects' ;;
         rules) _arguments $common '1:action:(show set reset)' '*:rule:' ;;
       esac ;;
   esac

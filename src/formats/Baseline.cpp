@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* SchemaKey = "quillonBaseline";
 constexpr int Schema = 1;
-constexpr const char* Advice = "; write it anew with --write-baseline";
+constexpr const char* Advice = "; delete it and write it anew with --write-baseline";
 
 std::size_t LineAt(const std::string& text, std::size_t offset) {
   const auto end = text.begin() + static_cast<std::ptrdiff_t>(std::min(offset, text.size()));

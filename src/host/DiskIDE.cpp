@@ -40,7 +40,9 @@ class FileIDE : public DiskIDE, public VBE {
     moSources = std::move(oReader.Sources());
     for (const std::string& folder : oOptions.roots) mRoots.Add(RealPath(folder));
     for (const std::string& folder : oReader.Folders())
-      mRoots.Add(WorkTreeOf(folder, *moSettings.poFiles));
+      for (const std::string& root :
+           NarrowedRoots(WorkTreeOf(folder, *moSettings.poFiles), oOptions.within))
+        mRoots.Add(root);
     for (GroupReader::Project& oProject : oReader.Projects()) AddProject(oProject, oOptions);
   }
 

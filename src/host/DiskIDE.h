@@ -32,6 +32,9 @@ class DiskIDE {
     /// nearest folder upwards that holds .git, else the folder of the path). What lies elsewhere
     /// is read only, and its component tells why.
     std::vector<std::string> roots{};
+    /// Absolute, links resolved: of the work trees, only what is below one of these is written;
+    /// empty: all of them.
+    std::vector<std::string> within = {};
     /// Of conditional compilation, ahead of those of the projects.
     std::vector<CondConstant> constants = {};
     /// Whether a file of several projects may be read with this one's constants; null: with those

@@ -72,6 +72,18 @@ std::string WorkTreeOf(const std::string& folder, IFileOps& files) {
   }
 }
 
+std::vector<std::string> NarrowedRoots(const std::string& tree,
+                                       const std::vector<std::string>& folders) {
+  if (folders.empty()) return {tree};
+  std::vector<std::string> roots;
+  for (const std::string& folder : folders) {
+    const auto below = PartBelow(tree, folder);
+    if (below && !HasDotFolder(std::string(*below) + '/')) roots.push_back(folder);
+    if (folder == tree || PartBelow(folder, tree)) roots.push_back(tree);
+  }
+  return roots;
+}
+
 std::string RealPath(const std::string& path) {
   std::error_code error;
   const auto real = std::filesystem::canonical(path, error);

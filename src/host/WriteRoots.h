@@ -40,6 +40,11 @@ class WriteRoots {
 /// The nearest folder upwards that holds `.git`; without one the folder itself.
 std::string WorkTreeOf(const std::string& folder, IFileOps& files);
 
+/// The parts of the work tree that lie below one of the folders; all of it without folders. A
+/// folder beyond the work tree, or in one whose name begins with a dot, adds nothing.
+std::vector<std::string> NarrowedRoots(const std::string& tree,
+                                       const std::vector<std::string>& folders);
+
 /// The real path of a file as the disk has it now: no link in it, nothing remembered. The path
 /// itself where it leads to nothing.
 std::string RealPath(const std::string& path);

@@ -107,4 +107,57 @@ TEST(Pipeline, ABaselineHoldsWhatIsKnown) {
   }
 }
 
+TEST(Pipeline, TheTeamsFileHolds) {
+  Repository place;
+  place.Write("src/quillon.toml",
+              "groups = [\"Demo.vbg\"]\ntemplate = \"TEMPLATE.DAT\"\nroots = [\"App\"]\n"
+              "exclude = [\"*.frm\"]\n[check]\nselect = [\"missing-template\"]\n"
+              "baseline = \"known.json\"\n[rules]\n\"Severity Default\" = 3\n");
+  const std::string fatal = "Severity unset -> Fatal", start = "--baseline \"\" ";
+  ExpectRuns(
+      place,
+      {{"no path", "check " + start, 1, fatal, "5 findings"},
+       {"option first", "check " + start + "--select drifted", 0, None, "No findings"},
+       {"settings first", "check " + start + "--settings \"\"", 1, "unset -> Normal", Any},
+       {"excluded by option", "check " + start + "--exclude App", 1, fatal, "2 findings"},
+       {"from below", "check " + start + "App/Demo.vbp", 1, fatal, "5 findings"},
+       {"outside of the roots", "apply --suggested -n", 1, None,
+        "Core/clsStock.cls lies outside of the folders that may be written"},
+       {"an option may", "apply --suggested -n --root Core", 0, None, "2 files would"},
+       {"no baseline yet", "check", 2, None, "known.json"},
+       {"written", "check --write-baseline", 0, None, "baseline of 5"},
+       {"known", "check", 0, None, "in the baseline: 5"},
+       {"told", "config | tr -s \" \"", 0, "rules.Severity Default 3 quillon.toml:9\n", None},
+       {"told of an option", "config --exclude x | tr -s \" \"", 0, "exclude x option\n", None},
+       {"made once", "init", 2, None, "quillon.toml is there already"}});
+  place.Write("src/secret.txt", "mine");
+  std::filesystem::create_symlink("/tmp", place.Folder() / "src/away");
+  for (const auto& [line, why] : std::map<std::string, std::string>{
+           {"tempalte = \"x\"", ":2: there is no key tempalte (did you mean template?)"},
+           {"[check]\nrules = []", ":3: there is no key check.rules"},
+           {"roots = [\n\"App\", \"../..\"]", ":3: roots can't be ../..: it has to lie below"},
+           {"roots = [\"/\"]", ":2: roots can't be /: "},
+           {"roots = [\".git\"]", ":2: roots can't be .git: "},
+           {"exclude = \"Demo.vbg\"", ":2: exclude is a list of texts"},
+           {"template = 3", ":2: template takes texts"},
+           {"check = 3", ":2: check is a table"},
+           {"[rules]\n\"Retry Default\" = 9", ":3: Retry Default can't be 9: it is 1 to 3"},
+           {"[rules]\n\"Retry Default\" = \"x\"", ":3: Retry Default takes a number"},
+           {"template = \"x", "quillon.toml:2: "},
+           {"[check]\nbaseline = \".git/config\"", ":3: check.baseline can't be .git/config"},
+           {"[check]\nbaseline = \"away/b\"", ":3: the baseline leads out of the folder"},
+           {"[check]\nbaseline = \"secret.txt\"", "secret.txt:1: this is no JSON"}}) {
+    place.Write("src/quillon.toml", "groups = [\"Demo.vbg\"]\n" + line + '\n');
+    ExpectRuns(place, {{line.c_str(), "check --write-baseline", 2, None, why}});
+  }
+  std::filesystem::remove(place.Folder() / "src/quillon.toml");
+  place.Write("quillon.toml", "this = \"is above the work tree\"");
+  std::filesystem::remove(place.Folder() / "src/TEMPLATE.DAT");
+  ExpectRuns(place, {{"not found", "check", 2, None, "PATH is required"},
+                     {"made", "init", 0, "entry: quillon check --staged", "Written: quillon.toml"},
+                     {"of use", "check", 1, "Template (none) -> Standard", "5 findings"}});
+  EXPECT_EQ(place.Read("src/Template.dat"),
+            WorkFolder::Bytes(QUILLON_SOURCE_DIR "/samples/Template.dat"));
+}
+
 }  // namespace

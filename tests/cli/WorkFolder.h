@@ -45,9 +45,10 @@ class WorkFolder {
     std::filesystem::create_directories((moFolder / sPath).parent_path());
     std::ofstream(moFolder / sPath, std::ios::binary) << sBytes;
   }
-  std::string Read(const std::string& sPath) {
-    std::ifstream oFile(moFolder / sPath, std::ios::binary);
-    return {std::istreambuf_iterator<char>(oFile), {}};
+  std::string Read(const std::string& sPath) { return Bytes(moFolder / sPath); }
+  static std::string Bytes(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
   }
   const std::filesystem::path& Folder() const { return moFolder; }
 

@@ -141,4 +141,12 @@ TEST(WriteRoots, TheWorkTreeIsTheNearestOneUpwards) {
     EXPECT_EQ(WorkTreeOf(tree.Path(folder), SystemFileOps()), tree.Path(expected));
 }
 
+TEST(WriteRoots, AreNarrowedAndNeverWidened) {
+  using Folders = std::vector<std::string>;
+  EXPECT_EQ(NarrowedRoots("/w", {}), Folders{"/w"});
+  EXPECT_EQ(NarrowedRoots("/w", {"/w/a", "/x", "/wa", "/w/.git", "/w/a/.b/c"}), Folders{"/w/a"});
+  EXPECT_EQ(NarrowedRoots("/w/g", {"/w"}), Folders{"/w/g"});
+  EXPECT_EQ(NarrowedRoots("/w", {"/x"}), Folders{});
+}
+
 }  // namespace

@@ -2,6 +2,7 @@
 // anything. Options may stand ahead of the command and behind it.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -28,8 +29,15 @@ struct Arguments {
   bool staged = false;
   std::string filesFrom;  ///< a file of paths, - for standard input; empty: none
 
-  std::string baseline;  ///< of check; empty: none
+  std::string excludedFrom;  ///< folder that excluded is relative to; empty: the current one
+
+  std::optional<std::string> baseline;  ///< of check; an empty text: none
   bool writeBaseline = false;
+
+  /// Absolute; of what may be written without an option, only what is below these; empty: all.
+  std::vector<std::string> within;
+  /// Where values come from that no option gave, by key: "quillon.toml:3".
+  std::map<std::string, std::string> origins;
 
   std::vector<std::string> roots;     ///< folders below which components may be written
   std::vector<std::string> allowed;   ///< ids of --allow

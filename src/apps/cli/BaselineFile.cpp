@@ -2,6 +2,7 @@
 
 #include "AtomicFile.h"
 #include "Baseline.h"
+#include "MXFile.h"
 #include "ToldFindings.h"
 
 namespace {
@@ -12,6 +13,11 @@ Baseline ReadBaseline(const std::string& path) {
   } catch (const BaselineFault& fault) {
     throw Stop{Placed(ShownPath(path), static_cast<std::int64_t>(fault.line), fault.message)};
   }
+}
+
+/// A name that was mistyped, or that came with a repository, must not cost another file.
+void RefuseOther(const std::string& path) {
+  if (MXFile::FileExists(TextOfPath(path))) ReadBaseline(path);
 }
 
 void TellGone(Session& session, const RuleSelection& rules, const Baseline& baseline,
@@ -26,7 +32,7 @@ void TellGone(Session& session, const RuleSelection& rules, const Baseline& base
   }
   const std::size_t count = result.gone.size();
   if (count > 0)
-    session.oConsole.Say(ShownPath(session.oArguments.baseline) + ": " + std::to_string(count) +
+    session.oConsole.Say(ShownPath(*session.oArguments.baseline) + ": " + std::to_string(count) +
                          (count == 1 ? " entry no longer occurs" : " entries no longer occur") +
                          "; --write-baseline takes them out" +
                          (session.oConsole.IsVerbose() ? "" : " (-v names them)"));
@@ -35,20 +41,21 @@ void TellGone(Session& session, const RuleSelection& rules, const Baseline& base
 }  // namespace
 
 void LeaveOutKnown(Session& session, const RuleSelection& rules, CheckResult& result) {
-  Baseline baseline = ReadBaseline(session.oArguments.baseline);
+  Baseline baseline = ReadBaseline(*session.oArguments.baseline);
   result.known = std::erase_if(
       result.findings, [&](const Finding& finding) { return baseline.Knows(finding.fingerprint); });
   if (session.IsWholeScope()) TellGone(session, rules, baseline, result);
 }
 
 void WriteBaseline(Session& session, const CheckResult& result) {
+  RefuseOther(*session.oArguments.baseline);
   TextKeeper text;
   BaselineWriter writer(text);
   ToldFindings told(session);
   writer.Begin();
   for (const Finding& finding : result.findings) writer.Add(told.Tell(finding));
   writer.End();
-  const std::string& path = session.oArguments.baseline;
+  const std::string& path = *session.oArguments.baseline;
   AtomicFile::Replace(path, text.Text());
   session.oConsole.Say(ShownPath(path) + ": baseline of " + std::to_string(result.findings.size()) +
                        " findings written");

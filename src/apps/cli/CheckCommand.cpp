@@ -59,6 +59,8 @@ void Report(Session& session, const CheckResult& result) {
 int CheckCommand(Session& session) {
   const RuleSelection rules(session.oArguments.asSelect, session.oArguments.asIgnore);
   if (!rules.Unknown().empty()) throw Stop{UnknownRule(rules.Unknown())};
+  if (session.oArguments.writeBaseline && session.oArguments.baseline.value_or("").empty())
+    throw Stop{"--write-baseline needs --baseline FILE, or a baseline in quillon.toml"};
   session.OpenGroup(Session::Use::Check);
   session.LoadScope();
   CheckResult result = Find(session, rules);
@@ -66,7 +68,7 @@ int CheckCommand(Session& session) {
     WriteBaseline(session, result);
     return 0;
   }
-  if (!session.oArguments.baseline.empty()) LeaveOutKnown(session, rules, result);
+  if (!session.oArguments.baseline.value_or("").empty()) LeaveOutKnown(session, rules, result);
   Report(session, result);
   for (const std::string& line : TotalLines(result, session.oConsole.IsVerbose()))
     session.oConsole.Say(line);

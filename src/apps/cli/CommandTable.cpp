@@ -109,8 +109,14 @@ constexpr Option Paths[] = {
     {.names = "PATH",
      .target = &Arguments::asPath,
      .help = "Project groups (.vbg), projects (.vbp), folders, or source files",
-     .isPath = true,
-     .isRequired = true},
+     .isPath = true},
+};
+
+constexpr Option OptionalPaths[] = {
+    {.names = "PATH",
+     .target = &Arguments::asPath,
+     .help = "Project groups (.vbg), projects (.vbp), folders (the current one)",
+     .isPath = true},
 };
 
 constexpr const char* RewritingGroup = "Rewriting";
@@ -266,6 +272,11 @@ constexpr const char* TextActions[] = {"insert",  "remove",    "number",
 constexpr Option TextOptions[] = {
     Action("OP", "insert, remove, number, extract, signature or unsignature", TextActions)};
 
+constexpr Option Folder[] = {{.names = "FOLDER",
+                              .target = &Arguments::asPath,
+                              .help = "The folder, else the current one",
+                              .isPath = true}};
+
 constexpr const char* RulesActions[] = {"show", "set", "reset"};
 constexpr Option RulesOptions[] = {
     Action("ACTION", "show, set or reset", RulesActions),
@@ -276,7 +287,6 @@ constexpr Option RulesOptions[] = {
 
 std::string CheckContradiction(const Arguments& arguments) {
   if (!arguments.writeBaseline) return {};
-  if (arguments.baseline.empty()) return "--write-baseline needs --baseline FILE";
   const bool isPart = !arguments.asProject.empty() || !arguments.asComponent.empty() ||
                       !arguments.asProcedure.empty() || !arguments.asType.empty() ||
                       !arguments.files.empty() || !arguments.since.empty() || arguments.staged ||
@@ -310,6 +320,7 @@ std::string RulesContradiction(const Arguments& arguments) {
 constexpr Command Table[] = {
     {.run = ListCommand,
      .name = "list",
+     .group = Command::Group::Needed,
      .help = "List the procedures and their properties",
      .examples = "  quillon list Orders.vbg\n"
                  "  quillon list --suggested --component 'frm*' Orders.vbg\n"
@@ -317,6 +328,7 @@ constexpr Command Table[] = {
      .options = {Common, Scope, FileScope, Paths, ListOptions}},
     {.run = CheckCommand,
      .name = "check",
+     .group = Command::Group::Needed,
      .help = "Tell what is wrong with templates and their settings",
      .examples =
          "  quillon check Orders.vbg\n"
@@ -327,6 +339,7 @@ constexpr Command Table[] = {
      .contradiction = CheckContradiction},
     {.run = ExplainCommand,
      .name = "explain",
+     .group = Command::Group::Optional,
      .help = "Tell what a rule of check finds, or why properties are suggested for a procedure",
      .examples = "  quillon explain\n"
                  "  quillon explain drifted\n"
@@ -335,6 +348,7 @@ constexpr Command Table[] = {
      .options = {Common, Scope, FileScope, ExplainOptions}},
     {.run = ApplyCommand,
      .name = "apply",
+     .group = Command::Group::Needed,
      .help = "Set properties and make the code agree with them",
      .examples = "  quillon apply --suggested Orders.vbg\n"
                  "  quillon apply --set Template=Light --set Severity=Fatal --component modMain "
@@ -344,18 +358,21 @@ constexpr Command Table[] = {
      .contradiction = ApplyContradiction},
     {.run = RefreshCommand,
      .name = "refresh",
+     .group = Command::Group::Needed,
      .help = "Write the error handlers anew from the template file",
      .examples = "  quillon refresh Orders.vbg\n"
                  "  quillon refresh -n --diff --project Orders Orders.vbg",
      .options = {Common, Scope, FileScope, Paths, Rewriting}},
     {.run = NumberCommand,
      .name = "number",
+     .group = Command::Group::Needed,
      .help = "Put line numbers in, or renew them",
      .examples = "  quillon number Orders.vbg\n"
                  "  quillon number --component clsOrder Orders.vbg",
      .options = {Common, Scope, FileScope, Paths, Rewriting}},
     {.run = UnnumberCommand,
      .name = "unnumber",
+     .group = Command::Group::Needed,
      .help = "Take line numbers out",
      .examples = "  quillon unnumber Orders.vbg\n"
                  "  quillon unnumber -n --diff Orders.vbg",
@@ -369,6 +386,7 @@ constexpr Command Table[] = {
      .options = {Common, ChangingFiles, UndoOptions}},
     {.run = ReportCommand,
      .name = "report",
+     .group = Command::Group::Needed,
      .help = "Print a summary of the projects, or the procedures' properties",
      .examples = "  quillon report summary Orders.vbg\n"
                  "  quillon report properties --pdf properties.pdf Orders.vbg\n"
@@ -388,6 +406,19 @@ constexpr Command Table[] = {
      .examples = "  quillon text insert -t Template.dat < requests.jsonl > results.jsonl\n"
                  "  quillon text extract -t Template.dat < requests.jsonl",
      .options = {Common, TextOptions}},
+    {.run = InitCommand,
+     .name = "init",
+     .help = "Write a quillon.toml, and a template file where there is none",
+     .examples = "  quillon init\n"
+                 "  quillon init -t Team.dat src",
+     .options = {Common, Folder}},
+    {.run = ConfigCommand,
+     .name = "config",
+     .group = Command::Group::Here,
+     .help = "Tell what holds for a group, and where each value comes from",
+     .examples = "  quillon config\n"
+                 "  quillon config Orders.vbg",
+     .options = {Common, Scope, FileScope, OptionalPaths}},
     {.run = RulesCommand,
      .name = "rules",
      .help = "Show or change the rules in the settings file",

@@ -41,7 +41,11 @@ using Options = std::span<const Option>;
 struct Command {
   /// A reference, so that a row without a function doesn't compile. Gives the exit status.
   int (&run)(Session&);
-  const char *name, *help, *examples;
+  const char* name;
+  /// Whether it works on PATHs, of the command line or of quillon.toml. Here: the current folder
+  /// without any.
+  enum class Group { None, Optional, Here, Needed } group = Group::None;
+  const char *help, *examples;
   std::array<Options, 6> options = {};
   /// What the options can't say of themselves; empty: all is well.
   std::string (*contradiction)(const Arguments&) = nullptr;

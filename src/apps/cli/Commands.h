@@ -16,4 +16,6 @@ int TemplateCommand(Session& session);
 int UndoCommand(Session& session);
 int ReportCommand(Session& session);
 int TextCommand(Session& session);
+int InitCommand(Session& session);
+int ConfigCommand(Session& session);
 int RulesCommand(Session& session);

@@ -1,6 +1,7 @@
 #include "FileScope.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -57,8 +58,14 @@ Set Answer(const std::optional<GitTree::Paths>& paths, const std::string& refusa
 
 }  // namespace
 
+bool IsExcluded(const Arguments& arguments, const std::string& path) {
+  if (arguments.excludedFrom.empty()) return AnyFits(arguments.excluded, RelativePath(path));
+  const std::filesystem::path real = RealPath(path);
+  return AnyFits(arguments.excluded, real.lexically_relative(arguments.excludedFrom).string());
+}
+
 FileScope::FileScope(const Arguments& arguments, Files sources, const std::string& folder)
-    : mFitting(arguments.files), mExcluded(arguments.excluded), mSources(std::move(sources)) {
+    : mArguments(&arguments), mSources(std::move(sources)) {
   const std::string top = WorkTreeOf(folder, SystemFileOps());
   const GitTree tree(top);
   if (!arguments.since.empty())
@@ -69,15 +76,16 @@ FileScope::FileScope(const Arguments& arguments, Files sources, const std::strin
     mStaged = Answer(tree.Staged(), "--staged: git can't tell what is staged in " + ShownPath(top) +
                                         " (is it a work tree?)");
   if (!arguments.filesFrom.empty()) mNamed = Real(Listed(TextOfList(arguments.filesFrom)));
-  mIsWhole = mFitting.empty() && mExcluded.empty() && !mSources && !mChanges && !mStaged && !mNamed;
+  mIsWhole = arguments.files.empty() && arguments.excluded.empty() && !mSources && !mChanges &&
+             !mStaged && !mNamed;
 }
 
 bool FileScope::Takes(const std::string& path) const {
   if (mIsWhole) return true;
   if (path.empty()) return false;
-  const std::string relative = RelativePath(path);
-  if (!mFitting.empty() && !AnyFits(mFitting, relative)) return false;
-  if (AnyFits(mExcluded, relative)) return false;
+  const auto& fitting = mArguments->files;
+  if (!fitting.empty() && !AnyFits(fitting, RelativePath(path))) return false;
+  if (IsExcluded(*mArguments, path)) return false;
   const std::string real = RealPath(path);
   return Has(mSources, real) && Has(mChanges, real) && Has(mStaged, real) && Has(mNamed, real);
 }

@@ -8,6 +8,9 @@
 
 #include "Arguments.h"
 
+/// True for what --exclude, or a team's file, leaves out.
+bool IsExcluded(const Arguments& arguments, const std::string& path);
+
 class FileScope {
  public:
   using Files = std::optional<std::set<std::string>>;
@@ -20,7 +23,7 @@ class FileScope {
 
   bool IsWhole() const { return mIsWhole; }
   bool IsWholeButExcluded() const {
-    return mIsWhole || (mFitting.empty() && !mSources && !ComesFromChanges());
+    return mIsWhole || (mArguments->files.empty() && !mSources && !ComesFromChanges());
   }
   /// True when other things than the user's words decide, so that it may be none at all.
   bool ComesFromChanges() const { return mChanges || mStaged || mNamed; }
@@ -33,6 +36,6 @@ class FileScope {
   }
 
   bool mIsWhole = true;
-  std::vector<std::string> mFitting, mExcluded;
+  const Arguments* mArguments = nullptr;  // null: takes all
   Files mSources, mChanges, mNamed, mStaged;
 };

@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "Console.h"
-#include "PathGlob.h"
+#include "FileScope.h"
 #include "PathText.h"
 #include "ProjectSearch.h"
 #include "UnifiedDiff.h"
@@ -47,23 +47,17 @@ class Resolver {
   }
 
  private:
-  bool IsLeftOut(const std::string& path) const {
-    return std::ranges::any_of(mArguments.excluded, [&](const std::string& pattern) {
-      return GlobFits(pattern, RelativePath(path));
-    });
-  }
-
   void Folder(const std::string& path) {
     const auto found =
-        ProjectsBelow(path, [&](const std::string& file) { return IsLeftOut(file); });
+        ProjectsBelow(path, [&](const std::string& file) { return IsExcluded(mArguments, file); });
     if (found.empty()) return Add(path);
     for (const std::string& file : found) Add(RelativePath(file));
   }
 
   void Source(const std::string& path) {
     const std::string source = RealPath(path);
-    const auto holding =
-        ProjectsHolding(source, [&](const std::string& file) { return IsLeftOut(file); });
+    const auto holding = ProjectsHolding(
+        source, [&](const std::string& file) { return IsExcluded(mArguments, file); });
     if (holding.empty())
       throw Stop{ShownPath(path) + ": no project names this file; name the group or project"};
     for (const std::string& file : holding) Add(RelativePath(file));

@@ -15,6 +15,7 @@
 #include "ProgramStart.h"
 #include "RegistryStore.h"
 #include "Session.h"
+#include "TeamFile.h"
 
 namespace {
 
@@ -54,11 +55,27 @@ void StartUp(const Arguments& arguments, const RegistryStore& store, Console& co
   MOptions::Initialize();
 }
 
-int Run(const Arguments& arguments, Console& console, Output& output) {
+/// What the file of the team adds. Explain without a path is about rules alone.
+void AddTeamFile(Arguments& arguments) {
+  using Group = Command::Group;
+  const Group group = arguments.command->group;
+  if (group == Group::None) return;
+  if (group == Group::Here && arguments.asPath.empty()) arguments.asPath = {"."};
+  if (group == Group::Optional && arguments.asPath.empty()) return;
+  const auto file = TeamFile::Find(arguments.asPath.empty() ? "." : arguments.asPath.front());
+  if (file) {
+    file->ApplyTo(arguments);
+    file->ApplyRules(arguments);
+  }
+  if (arguments.asPath.empty()) throw Stop{"PATH is required, or groups in quillon.toml"};
+}
+
+int Run(Arguments& arguments, Console& console, Output& output) {
   try {
     RegistryStore store(arguments.oSettingsFile.value_or(DefaultSettingsPath()));
     goRegistry = &store;
     StartUp(arguments, store, console);
+    AddTeamFile(arguments);
     // Never freed: a hundred thousand records would be taken apart one by one just before the end.
     static Session* const session = std::make_unique<Session>(arguments, console, output).release();
     return arguments.command->run(*session);

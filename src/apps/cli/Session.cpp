@@ -32,18 +32,6 @@ fs::path GroupFolder(const std::string& path) {
   return place.has_parent_path() ? place.parent_path() : fs::path(".");
 }
 
-/// Template.dat of that folder in any letter case; the first by name when there are several.
-std::string TemplateBeside(const std::string& path) {
-  std::vector<std::string> found;
-  std::error_code error;
-  for (fs::directory_iterator entry(GroupFolder(path), error), end; !error && entry != end;
-       entry.increment(error)) {
-    std::string name = entry->path().filename().string();
-    if (EqualNoCase(FromUtf8(name), DefaultTemplate)) found.push_back(entry->path().generic_string());
-  }
-  return found.empty() ? std::string() : *std::min_element(found.begin(), found.end());
-}
-
 std::vector<Text> Names(const TextArray& sparse) {
   std::vector<Text> names;
   for (const Text& name : sparse)
@@ -97,6 +85,18 @@ Text FirstFile(const ComponentRecord& record) {
 }
 
 }  // namespace
+
+std::string TemplateBeside(const std::string& path) {
+  std::vector<std::string> found;
+  std::error_code error;
+  for (fs::directory_iterator entry(GroupFolder(path), error), end; !error && entry != end;
+       entry.increment(error)) {
+    std::string name = entry->path().filename().string();
+    if (EqualNoCase(FromUtf8(name), DefaultTemplate))
+      found.push_back(entry->path().generic_string());
+  }
+  return found.empty() ? std::string() : *std::min_element(found.begin(), found.end());
+}
 
 std::string FolderOfPath(const std::string& path) {
   const std::string real = RealPath(path);
@@ -173,6 +173,7 @@ void Session::OpenGroup(Use use) {
   BeginRun();
   DiskIDE::Options options;
   options.sCodePage = oArguments.sCodePage;
+  options.within = oArguments.within;
   options.roots = WriteRootsOf(oArguments, Groups());
   options.constants = ConstantsOf(oArguments.asDefine);
   options.isInScope = [this](TextView project) { return mScope.TakesProject(project); };

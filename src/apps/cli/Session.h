@@ -33,6 +33,8 @@ class Session : public IFilePlaces {
 
   Session(const Arguments& arguments, Console& console, Output& output);
 
+  /// The path of the template file by options, group and recent list. Stop when there is none.
+  std::string FindTemplate();
   /// Loads the template and fills the lookups. Stop when there is none or it has errors.
   void OpenTemplate();
   /// Opens the template if that isn't done, then reads the group. Stop when a path holds no
@@ -99,7 +101,6 @@ class Session : public IFilePlaces {
   std::unique_ptr<DiskIDE> pIDE;
 
  private:
-  std::string FindTemplate();
   void BeginRun();
   void TellNotes();
   bool IsPassed(const ComponentRecord& record, const Text& file);
@@ -123,6 +124,10 @@ class Session : public IFilePlaces {
   std::size_t mShared = 0;
   std::vector<DiskIDE::Note> mMissingProjects;
 };
+
+/// Template.dat of that folder, or of the one that holds the file, in any letter case; the first by
+/// name when there are several. Empty when there is none.
+std::string TemplateBeside(const std::string& path);
 
 /// The path if it is a folder, else the folder that holds it; links resolved.
 std::string FolderOfPath(const std::string& path);
