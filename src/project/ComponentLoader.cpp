@@ -8,6 +8,7 @@
 #include "LoadFailure.h"
 #include "MQuillon.h"
 #include "MXStringVB.h"
+#include "ProcText.h"
 #include "SteppedIDE.h"
 
 using namespace HandlerGuard;
@@ -16,21 +17,25 @@ namespace {
 
 constexpr std::int32_t NoSuchProcedure = 35;
 constexpr TextView TerminateMethod = u"Class_Terminate";
-constexpr TextView ImplementsWord = u"implements ";
 
 /// Folders whose components have a designer with controls: forms, user controls, property pages.
 bool HasControls(std::int32_t folderType) {
   return folderType == 1 || folderType == 4 || folderType == 5;
 }
 
+/// The first word of line, which becomes what follows; empty behind the last.
+TextView TakeWord(TextView& line) {
+  constexpr TextView blanks = u" \t";
+  line.remove_prefix(std::min(line.find_first_not_of(blanks), line.size()));
+  const TextView word = line.substr(0, line.find_first_of(blanks));
+  line.remove_prefix(word.size());
+  return word;
+}
+
 /// The interface that a statement names, in lower case; empty for any other statement.
 Text ImplementedInterface(TextView statement) {
-  const TextView code = Trim(statement);
-  if (code.size() <= ImplementsWord.size() ||
-      !EqualNoCase(code.substr(0, ImplementsWord.size()), ImplementsWord)) {
-    return {};
-  }
-  return LowerCase(Trim(code.substr(ImplementsWord.size())));
+  if (!EqualNoCase(TakeWord(statement), u"Implements")) return {};
+  return LowerCase(TrimWhite(statement));
 }
 
 /// Calls visit for each statement of a line, comments cut. A colon ends a statement, with a blank
@@ -60,15 +65,6 @@ bool HasWithEvents(TextView line) {
       return true;
   }
   return false;
-}
-
-/// The first word of line, which becomes what follows; empty behind the last.
-TextView TakeWord(TextView& line) {
-  constexpr TextView blanks = u" \t";
-  line.remove_prefix(std::min(line.find_first_not_of(blanks), line.size()));
-  const TextView word = line.substr(0, line.find_first_of(blanks));
-  line.remove_prefix(word.size());
-  return word;
 }
 
 /// The words of line up to the name that it declares, in the letters of the editor, onto head.

@@ -66,7 +66,7 @@ const struct LoadRow {
      ComponentType::Class,
      u"",
      {},
-     u"Implements IOwn: Implements IFoo:Implements IBar ': Implements IGone\n"
+     u"Implements IOwn: Implements\tIFoo\t:\tImplements IBar ': Implements IGone\n"
      u"Const s = \"a: Implements ILit\"\nPrivate Sub IFoo_Do()\nEnd Sub\n"
      u"Private Sub IBar_Do()\nEnd Sub\nPrivate Sub IGone_Do()\nEnd Sub\n"
      u"Private Sub ILit_Do()\nEnd Sub",
