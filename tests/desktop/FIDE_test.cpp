@@ -307,6 +307,21 @@ TEST_F(FIDETest, AsksOnceWhetherFoldersOutsideMayBeWritten) {
   }
 }
 
+TEST_F(FIDETest, NamesEachFolderOutsideTwelveAtATime) {
+  const ProjectTree oOther;
+  std::string sProject = "Type=Exe\r\n", sPrompts;
+  for (const char c : std::string("abcdefghijklm"))
+    sProject +=
+        std::string("Module=M") + c + "; " + oOther.Write(c + std::string("/M.bas"), "") + "\r\n";
+  moTree.Write("Shop.vbp", sProject);
+  for (int i = 0; i < 2; ++i) User().MsgBox(MsgBoxResult::No);
+  Start();
+  EXPECT_EQ(User().Boxes().size(), 2u) << "twelve, and the thirteenth";
+  for (const auto& oBox : User().Boxes()) sPrompts += ToUtf8(oBox.sPrompt);
+  for (const char c : std::string("abcdefghijklm"))
+    EXPECT_NE(sPrompts.find("\r\n" + oOther.Path({c}) + "\r\n"), std::string::npos) << sPrompts;
+}
+
 TEST_F(FIDETest, LeavingAsksWhatBecomesOfChanges) {
   for (const bool bClose : {true, false})
     for (const std::string sButton : {"cmdCancel", "cmdDiscard", "cmdSave"}) {

@@ -25,9 +25,10 @@ class ScriptedRuntime : public AnswersWith {
     sCalls += "close" + std::to_string(nBoundary) + ' ';
   }
   void ReportError(const Failure& oFailure, std::u16string_view, std::u16string_view sProcedure,
-                   std::u16string_view, std::int32_t, std::int32_t, std::int32_t,
+                   std::u16string_view, std::int32_t, std::int32_t, std::int32_t eRetry,
                    std::int32_t& eAction) override {
     sCalls += std::to_string(oFailure.Number()) + " in " + Narrow(sProcedure);
+    if (eRetry == RetryNone) sCalls += "once ";
     eAction = malAnswer.empty() ? ActionLeave : malAnswer.front();
     if (!malAnswer.empty()) malAnswer.pop_front();
   }
@@ -74,7 +75,7 @@ TEST(Guard, FailureOutsideAStepCanNotBeRepeatedOrPassedOver) {
   for (const std::int32_t eAction : {ActionLeave, ActionRetry, ActionNext}) {
     ScriptedRuntime oRuntime({eAction});
     EXPECT_FALSE(Guard({u"M", u"P", BoundaryVB}, [](GuardScope&) { throw Failure(9); }));
-    EXPECT_EQ(oRuntime.sCalls, "9 in P close2 ");
+    EXPECT_EQ(oRuntime.sCalls, "9 in P once close2 ");
   }
 }
 

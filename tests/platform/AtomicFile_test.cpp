@@ -242,6 +242,8 @@ TEST_F(AtomicFileTest, ReadGivesAllBytesOrNamesThePath) {
   ASSERT_EQ(mkfifo((oFolder / "pipe").c_str(), 0600), 0);
   EXPECT_EQ(read(oFolder / "pipe"), 75) << "not an empty file";
   EXPECT_EQ(read("/dev/zero"), 75);
+  fs::resize_file(sPath, IFileOps::LargestFile);
+  EXPECT_EQ(AtomicFile::Read(sPath).size(), std::size_t{64} << 20);
   fs::resize_file(sPath, IFileOps::LargestFile + 1);
   EXPECT_EQ(FailureOf("a.bas is larger than 64 MB", [&] { AtomicFile::Read(sPath); }), 75);
   oFiles.FailAt(1, EACCES, "ReadAll");
