@@ -5,12 +5,27 @@
 
 namespace {
 
+/// Error$ without a number gives the text of Err.
+bool ReadsTextAt(std::span<const TextView> words, std::size_t i) {
+  return words[i] == u"error" && Is(words, i + 1, u"$") && !Is(words, i + 2, u"(");
+}
+
+/// True at the first word, behind a line number, and behind Then or Else.
+bool BeginsStatement(std::span<const TextView> words, std::size_t i) {
+  if (i == 0 || words[i - 1] == u"then" || words[i - 1] == u"else") return true;
+  return i == 1 && !IsNameWord(words[0]);
+}
+
 /// Err.Raise, Err.Clear and an assignment at the start of a statement read nothing.
 bool ReadsErrAt(std::span<const TextView> words, std::size_t i) {
-  if (words[i] != u"err" || IsMember(words, i) || Is(words, i + 1, u":")) return false;
+  if (ReadsTextAt(words, i)) return true;
+  const bool qualified = i > 1 && words[i - 2] == u"vba";
+  if (words[i] != u"err" || (IsMember(words, i) && !qualified) || Is(words, i + 1, u":")) {
+    return false;
+  }
   const bool member = Is(words, i + 1, u".");
   if (member && (Is(words, i + 2, u"raise") || Is(words, i + 2, u"clear"))) return false;
-  return !(i == 0 && Is(words, member ? 3 : 1, u"="));
+  return !(BeginsStatement(words, qualified ? i - 2 : i) && Is(words, i + (member ? 3 : 1), u"="));
 }
 
 bool IsWordUnit(char16_t unit) {
@@ -19,10 +34,12 @@ bool IsWordUnit(char16_t unit) {
          (lower >= u'a' && lower <= u'z');
 }
 
-/// True when the three units at `at` are a word of their own.
-bool IsWholeWord(TextView text, std::size_t at) {
-  return !(at > 0 && IsWordUnit(text[at - 1])) &&
-         !(at + 3 < text.size() && IsWordUnit(text[at + 3]));
+/// True when the units at `at` are Err or Error$, and not a part of another word.
+bool MayBeRead(TextView text, std::size_t at) {
+  constexpr TextView ErrorText = u"error$";
+  if (at > 0 && IsWordUnit(text[at - 1])) return false;
+  return at + 3 >= text.size() || !IsWordUnit(text[at + 3]) ||
+         EqualNoCase(text.substr(at, ErrorText.size()), ErrorText);
 }
 
 }  // namespace
@@ -41,7 +58,7 @@ std::optional<std::size_t> FirstErrRead(const ProcText& code, std::size_t first,
 }
 
 bool ReadsErr(TextView procCode, std::int32_t headLine) {
-  if (!AnyErr(procCode, [&](std::size_t at) { return IsWholeWord(procCode, at); })) return false;
+  if (!AnyErr(procCode, [&](std::size_t at) { return MayBeRead(procCode, at); })) return false;
   const ProcText code(procCode);
   return FirstErrRead(code, BehindHead(code, headLine), code.Count()).has_value();
 }

@@ -67,6 +67,8 @@ TEST_F(MeaningTest, ErrIsReadBeforeATemplateWouldClearIt) {
       {"behind a colon", u"Sub Run()|    a = 1: b = Err.Number|End Sub", "err-read"},
       {"over two lines", u"Sub Run()|    Log _|        Err.Number|End Sub", "err-read"},
       {"raised again with its number", u"Sub Run()|    Err.Raise Err.Number|End Sub", "err-read"},
+      {"with the library's name", u"Sub Run()|    x = 1: n = VBA.Err|End Sub", "err-read"},
+      {"by its text", u"Sub Run()|    MsgBox Error$|End Sub", "err-read"},
       {"ahead of handling of its own",
        u"Sub Run()|    n = Err.Number|    On Error Resume Next|    On Error GoTo 0|End Sub",
        "err-read"},
@@ -75,8 +77,10 @@ TEST_F(MeaningTest, ErrIsReadBeforeATemplateWouldClearIt) {
        u"0|"
        u"End Sub",
        "accepted"},
-      {"raised, cleared, set",
-       u"Sub Run()|    Err.Raise 5|    Err.Clear|    Err = 0|    Err.Number = 7|End Sub",
+      {"raised, cleared, set, a text by its number",
+       u"Sub Run()|10  Err = 1: If a Then Err.Number = 2 Else Err = 3|    s = Error$(5)|    "
+       u"VBA.Err.Number = 5|    VBA.Err.Raise 5|    Err.Raise 5|   "
+       u" Err.Clear|    Err = 0|    Err.Number = 7|End Sub",
        "accepted"},
       {"a member, a text, a comment, another name",
        u"Sub Run()|    x.Err = rs!Err|    s = \"Err\" ' Err|    Errors = Err1|    Do Err:=1|End "
