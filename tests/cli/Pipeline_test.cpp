@@ -160,4 +160,50 @@ TEST(Pipeline, TheTeamsFileHolds) {
             WorkFolder::Bytes(QUILLON_SOURCE_DIR "/samples/Template.dat"));
 }
 
+/// What stands behind the first "KEY: " of a file of the sources.
+std::string ValueIn(const std::string& file, const std::string& key) {
+  std::smatch found;
+  const std::string text = WorkFolder::Bytes(QUILLON_SOURCE_DIR "/" + file);
+  EXPECT_TRUE(std::regex_search(text, found, std::regex(key + " (quillon .*)"))) << file;
+  return found[1];
+}
+
+TEST(Pipeline, AHookStopsACommit) {
+  Repository place;
+  place.Run("apply --suggested -q . 2>&1; true");
+  const std::string shell = "true; export PATH=" QUILLON_BIN_DIR ":$PATH; ";
+  place.Write("src/.git/hooks/pre-commit",
+              "#!/bin/sh\nexec " + ValueIn(".pre-commit-hooks.yaml", "entry:") + "\n");
+  std::filesystem::permissions(place.Folder() / "src/.git/hooks/pre-commit",
+                               std::filesystem::perms::owner_all);
+  place.Git("init -q --bare ../bare.git");
+  place.Append("src/Core/clsStock.cls", "Private Sub z()\r\nEnd Sub\r\n");
+  const std::string commit = "git -c user.name=a -c user.email=a@b.c commit -qm More ";
+  const std::string add = "--version; " + shell + "git add -A; ";
+  ExpectRuns(
+      place,
+      {{"stopped", add + commit + "2>&1", 1, "clsStock.z: Template (none) -> Main", None},
+       {"nothing went in", "--version; git log --oneline | wc -l", 0, "\n1\n", None},
+       {"mended", "apply --suggested --staged -q Demo.vbg; " + add + commit + "2>&1", 0, Any, Any},
+       {"pushed",
+        "--version; git push -q ../bare.git HEAD:main && git -C ../bare.git log --oneline "
+        "main | wc -l",
+        0, "\n2\n", Any}});
+}
+
+TEST(Pipeline, BuildServersRunWhatTheirFilesSay) {
+  Repository place;
+  const std::string shell = "--version; export PATH=" QUILLON_BIN_DIR ":$PATH; ";
+  const std::string github = ValueIn("action.yml", "run:"),
+                    gitlab = ValueIn("packaging/quillon.gitlab-ci.yml", "-");
+  ExpectRuns(place,
+             {{"action", shell + "QUILLON_PATH=.; " + github, 1,
+               "::warning file=App/modMain.bas,line=5,endLine=5,title=missing-template::", Any},
+              {"since", shell + "QUILLON_PATH=. QUILLON_SINCE=HEAD; " + github, 0, Any,
+               "None of the files"},
+              {"report", shell + gitlab, 1, Any, "5 findings"}});
+  EXPECT_HOLDS(place.Read("src/gl-code-quality-report.json"),
+               std::string("\"path\": \"App/modMain.bas\",\"lines\": {\"begin\": 5"));
+}
+
 }  // namespace

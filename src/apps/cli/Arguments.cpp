@@ -9,6 +9,7 @@
 
 #include "CommandTable.h"
 #include "Display.h"
+#include "NearWord.h"
 #include "PathText.h"
 
 namespace {
@@ -51,6 +52,17 @@ struct Declare {
   }
 };
 
+CLI::Validator OneOf(const Strings& words) {
+  std::string all;
+  for (const std::string& word : words) all += (all.empty() ? "{" : ",") + word;
+  all += '}';
+  const auto refusal = [words, all](const std::string& value) {
+    const bool isKnown = std::find(words.begin(), words.end(), value) != words.end();
+    return isKnown ? std::string() : value + " not in " + all + DidYouMean(value, words);
+  };
+  return CLI::Validator(refusal, all);
+}
+
 void Add(CLI::App& app, Options options, Arguments& arguments) {
   for (const Option& option : options) {
     CLI::Option* declared = std::visit(Declare{app, option, arguments}, option.target);
@@ -58,7 +70,7 @@ void Add(CLI::App& app, Options options, Arguments& arguments) {
     if (IsPlace(option)) declared->type_name(" ");
     if (*option.valueName) declared->type_name(option.valueName);
     if (!option.words.empty())
-      declared->check(CLI::IsMember(Strings(option.words.begin(), option.words.end())));
+      declared->check(OneOf(Strings(option.words.begin(), option.words.end())));
     if (option.isPath) declared->transform(PathOfArgument);
     if (option.excludes) declared->excludes(option.excludes);
   }
@@ -81,10 +93,29 @@ class HelpForm : public CLI::Formatter {
   }
 };
 
-std::string CommandNames() {
+Strings CommandNames() {
   Strings names;
-  for (const Command& command : Commands()) names.push_back(command.name);
-  return ": " + Alternatives(names);
+  for (const Command& command : Commands()) names.emplace_back(command.name);
+  return names;
+}
+
+/// The long names of the options that may stand there.
+Strings OptionNames(const CLI::App& app) {
+  Strings names;
+  for (const CLI::App* place : {&app, app.get_subcommands().empty()
+                                          ? &app
+                                          : static_cast<const CLI::App*>(app.get_subcommands()[0])})
+    for (const CLI::Option* option : place->get_options())
+      for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+  return names;
+}
+
+/// What was meant by the first option that there is not; or empty.
+std::string MeantOption(const CLI::App& app) {
+  for (const std::string& word : app.remaining(true))
+    if (word.starts_with("--"))
+      return DidYouMean(std::string_view(word).substr(0, word.find('=')), OptionNames(app));
+  return {};
 }
 
 /// A word that should have been a command, among what the parser could do nothing with; or empty.
@@ -105,13 +136,25 @@ std::string CommandLine(int argc, char** argv) {
   return line;
 }
 
+/// In the order in which the parser takes them, which is the last one first. `help COMMAND` is
+/// `COMMAND --help`.
+Strings WordsOf(int argc, char** argv) {
+  Strings words(argv + std::min(argc, 1), argv + argc);
+  if (!words.empty() && words.front() == "help") {
+    words.erase(words.begin());
+    words.emplace_back("--help");
+  }
+  std::reverse(words.begin(), words.end());
+  return words;
+}
+
 bool IsSeconds(const std::string& text) {
   return text.size() <= 5 && text.find_first_not_of("0123456789") == std::string::npos;
 }
 
 /// What the declarations of the options can't say. Empty: all is well.
 std::string Contradiction(const Arguments& arguments) {
-  if (!arguments.command) return "a COMMAND is missing" + CommandNames();
+  if (!arguments.command) return "a COMMAND is missing: " + Alternatives(CommandNames());
   if (arguments.bExitCode && !arguments.bDryRun) return "--exit-code goes with -n";
   if (!IsSeconds(arguments.sWait)) return "--wait takes whole seconds, not " + arguments.sWait;
   const auto contradiction = arguments.command->contradiction;
@@ -120,8 +163,10 @@ std::string Contradiction(const Arguments& arguments) {
 
 std::string FailureText(const CLI::App* app, const CLI::Error& error) {
   const std::string command = UnknownCommand(*app);
-  const std::string what =
-      command.empty() ? error.what() : "there is no command " + command + CommandNames();
+  const std::string what = command.empty() ? error.what() + MeantOption(*app)
+                                           : "there is no command " + command +
+                                                 DidYouMean(command, CommandNames()) + ": " +
+                                                 Alternatives(CommandNames());
   return "quillon: " + ShownPath(what) + "\nquillon --help and quillon COMMAND --help tell more.\n";
 }
 
@@ -138,7 +183,7 @@ std::optional<int> ReadArguments(int argc, char** argv, Arguments& arguments) {
   for (Options options : LeadingOptions()) Add(app, options, arguments);
   for (const Command& command : Commands()) Add(app, command, arguments);
   try {
-    app.parse(argc, argv);
+    app.parse(WordsOf(argc, argv));
     if (std::string text = Contradiction(arguments); !text.empty())
       throw CLI::ValidationError(text, CLI::ExitCodes::ValidationError);
   } catch (const CLI::ParseError& error) {
