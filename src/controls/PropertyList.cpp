@@ -174,6 +174,7 @@ void PropertyList::ShowRow(std::int32_t lRow) {
   const std::int32_t lTop = RowTop(lRow);
   PlaceCell(Element(lblName, lRow), oRow.sName, {GapX(), lTop, NameWidth(), RowHeight});
   lblName(lRow).SetFontBold(oRow.nType == PropertyType::Heading);
+  lblName(lRow).SetForeColor(NameColor(lRow));
   PlaceCell(Element(lblValue, lRow), oRow.sValue, {ValueLeft(), lTop, ValueWidth(0), RowHeight});
   lblValue(lRow).SetEnabled(!oRow.bDisabled);
   PlaceCell(Element(lblNote, lRow), oRow.sNote,

@@ -99,6 +99,8 @@ class PropertyList : public Forms::UserControl {
   /// Gives the focus to the text box, or to the sheet when that doesn't show, so that the arrow
   /// keys go on.
   void TakeFocus();
+  /// Dim for a value that could be chosen but for a lock: its empty cell alone wouldn't tell.
+  Forms::Color NameColor(std::int32_t lRow) const;
   void ColorName(Forms::Color lBack, Forms::Color lFore);
   void EditText();
   void OfferList();

@@ -57,7 +57,7 @@ void PropertyList::SetRow(std::int16_t nRow) {
 void PropertyList::SelectRow(std::int32_t lRow) {
   mbSuspendChange = true;
   KeepFocus();
-  ColorName(SystemColor::WindowBackground, SystemColor::ButtonText);
+  if (mlRow != 0) ColorName(SystemColor::WindowBackground, NameColor(mlRow));
   txtValue.SetVisible(false);
   lstPopup.SetVisible(false);
   mlRow = lRow;
@@ -72,6 +72,12 @@ void PropertyList::SelectRow(std::int32_t lRow) {
 
 void PropertyList::KeepFocus() {
   if (HasFocus() && Usable()) Control::SetFocus();
+}
+
+Color PropertyList::NameColor(std::int32_t lRow) const {
+  const SheetRow& oRow = RowAt(lRow);
+  return oRow.nType == PropertyType::List && oRow.bDisabled ? SystemColor::GrayText
+                                                            : SystemColor::WindowText;
 }
 
 void PropertyList::ColorName(Color lBack, Color lFore) {

@@ -32,6 +32,7 @@ struct FormState {
   WindowState eWindowState = WindowState::Normal;
   FormBorder eBorder = FormBorder::Sizable;
   bool bKeyPreview = false, bMaxButton = true, bMinButton = true, bShowInTaskbar = true;
+  std::int32_t lLeastSize = 0;
 };
 
 class Form : public WithState<ControlContainer, FormState> {
@@ -71,6 +72,9 @@ class Form : public WithState<ControlContainer, FormState> {
   void SetMinButton(bool b) { mo.bMinButton = b; }  ///< design time
   bool KeyPreview() const { return mo.bKeyPreview; }
   void SetKeyPreview(bool b) { mo.bKeyPreview = b; }
+  /// The user can't make it narrower or lower; 0 for no limit.
+  std::int32_t LeastSize() const { return mo.lLeastSize; }
+  void SetLeastSize(std::int32_t l) { mo.lLeastSize = l; }  ///< design time
   std::int32_t ScaleWidth() const override;
   std::int32_t ScaleHeight() const override;
 
@@ -97,11 +101,11 @@ class Form : public WithState<ControlContainer, FormState> {
   bool UserWindowState(Forms::WindowState eState);
   bool UserActivate();
   /// A key pressed in this form, before the control with the focus gets it. In this order:
-  /// shortcuts of menus; Alt with an access key of a control; Tab; Return for the default button
-  /// (not from a multi-line text box, and a focused button takes its own); Escape for the cancel
-  /// button; then KeyDown, and arrows inside a group of option buttons. True when the key is used
-  /// up; otherwise the control does its own with it. Access keys of menus are left to the menu bar
-  /// that draws them.
+  /// shortcuts of menus; Alt with an access key of a control, unless a menu of the bar has the
+  /// same; Ctrl+Tab for the next tab; Tab; Return for the default button (not from a multi-line
+  /// text box, and a focused button takes its own); Escape for the cancel button; then KeyDown, and
+  /// arrows inside a group of option buttons. True when the key is used up; otherwise the control
+  /// does its own with it. Access keys of menus are left to the menu bar that draws them.
   bool UserKey(std::int32_t nKeyCode, std::int32_t nShift);
 
   // For this layer only.
@@ -148,7 +152,10 @@ class Form : public WithState<ControlContainer, FormState> {
   /// All controls of the form in tab order, those that Tab passes over included.
   std::vector<Control*> TabOrder() const;
   bool UseShortcut(const std::vector<Menu*>& oMenus, std::int32_t nKeyCode, std::int32_t nShift);
+  bool IsKeyOfMenu(char16_t cKey) const;
   bool UseAccessKey(char16_t cKey);
+  /// The next tab, cyclic, of the first tab strip that can be used.
+  bool TurnTabs(bool bForward);
   bool UseDialogKey(std::int32_t nKeyCode, std::int32_t nShift);
   bool UseArrowInGroup(std::int32_t nKeyCode);
   /// Its Click, with the focus where it is. False when it can't be pressed, or for null.

@@ -55,7 +55,7 @@ bool Form::UserKey(std::int32_t nKeyCode, std::int32_t nShift) {
   if (!UserEnabled()) return false;
   if (UseShortcut(moMenus, nKeyCode, nShift)) return true;
   const char16_t cKey = LowerCase(static_cast<char16_t>(nKeyCode));
-  if (nShift == Shift::Alt && UseAccessKey(cKey)) return true;
+  if (nShift == Shift::Alt && !IsKeyOfMenu(cKey) && UseAccessKey(cKey)) return true;
   if (UseDialogKey(nKeyCode, nShift)) return true;
   Control* po = mpoActive ? mpoActive : this;
   return po->UserKeyDown(nKeyCode, nShift) == 0 || UseArrowInGroup(nKeyCode);
@@ -67,6 +67,25 @@ bool Form::UseShortcut(const std::vector<Menu*>& oMenus, std::int32_t nKeyCode,
     const bool bIts = nKeyCode != 0 && po->Shortcut() == Shortcut{nKeyCode, nShift};
     return bIts ? po->UserPick() : UseShortcut(po->Items(), nKeyCode, nShift);
   });
+}
+
+bool Form::IsKeyOfMenu(char16_t cKey) const {
+  return cKey != 0 && std::any_of(moMenus.begin(), moMenus.end(), [&](const Menu* po) {
+           return po->Reachable() && AccessKey(po->Caption()) == cKey;
+         });
+}
+
+bool Form::TurnTabs(bool bForward) {
+  for (Control* po : TabOrder()) {
+    if (po->Kind() != ComponentKind::TabStrip || !po->UserEnabled()) continue;
+    auto& oStrip = static_cast<TabStrip&>(*po);
+    const std::int32_t lCount = oStrip.Tabs().Count();
+    const Tab* const poNow = oStrip.SelectedItem();
+    if (!poNow || lCount < 2) continue;
+    const std::int32_t lNext = (poNow->Index() - 1 + (bForward ? 1 : lCount - 1)) % lCount + 1;
+    return oStrip.UserSelect(lNext);
+  }
+  return false;
 }
 
 bool Form::UseAccessKey(char16_t cKey) {
@@ -94,6 +113,8 @@ bool Form::PressButton(CommandButton* poButton) {
 }
 
 bool Form::UseDialogKey(std::int32_t nKeyCode, std::int32_t nShift) {
+  if (nKeyCode == Key::Tab && (nShift & ~Shift::Shift) == Shift::Ctrl)
+    return TurnTabs(nShift == Shift::Ctrl);
   if (nKeyCode == Key::Tab && (nShift & ~Shift::Shift) == 0) {
     ChangeFocus(NextInTabOrder(mpoActive, nShift == Shift::None));
     return true;

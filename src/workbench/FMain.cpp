@@ -38,9 +38,8 @@ void FMain::ConnectList(ListView& oList, TextView sSelect, void (*Process)(Workb
     window.events.Busy(sSelect, [&] { Process(window); });
   };
   On(oList.MouseUp, [Select](auto, auto, auto, auto) { Select(); });
-  On(oList.KeyUp, [Select](std::int32_t& nKeyCode, auto) {
-    if (nKeyCode == Key::Up || nKeyCode == Key::Down) Select();
-  });
+  // Whichever key moved the selection; what the sheet names must be what its edits change.
+  On(oList.ItemClick, [Select](ListItem&) { Select(); });
   On(oList.ColumnClick, [this, &oList](ColumnHeader& oColumn) {
     window.events.Busy(oList.Name() + u"_ColumnClick",
                        [&] { window.lists.SortBy(oList, oColumn); });

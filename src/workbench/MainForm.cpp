@@ -33,6 +33,7 @@ void MainForm::Design() {
   SetCaption(u"Tarvane Quillon");
   SetIcon(u"Quillon");
   Move(0, 0, 10800, 7200);
+  SetLeastSize(2400);
   oMenu.Design();
   oToolbar.Design(oMenu.Buttons());
   Icons::Fill(imlProjects);

@@ -197,7 +197,7 @@ void ObjectLists::RefreshProcRow(ListItem& row) {
 
 void ObjectLists::RefreshProcList(bool bSelectedOnly, bool bReprocess) {
   EachRow(window.form.lvwProcs, bSelectedOnly, [&](ListItem& row) { RefreshProcRow(row); });
-  if (bReprocess) window.sheet.ProcessProcListSelection();
+  if (bReprocess) ShowsMods() ? ProcessModListSelection() : window.sheet.ProcessProcListSelection();
   window.tree.RefreshProjectTree();
 }
 

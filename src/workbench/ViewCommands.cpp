@@ -8,7 +8,12 @@ CommandMenu ViewCommands(Workbench& window) {
   const auto shows = [&](TextView tab) {
     return [&window, tab] { return window.panes.ShowsTab(tab); };
   };
-  const auto select = [&](TextView tab) { return [&window, tab] { window.panes.SelectTab(tab); }; };
+  const auto select = [&](TextView tab) {
+    return [&window, tab] {
+      window.layout.ShowTabs();
+      window.panes.SelectTab(tab);
+    };
+  };
   return {u"mnuView",
           u"&View",
           {{.name = u"mnuViewProjectTree",
@@ -30,17 +35,20 @@ CommandMenu ViewCommands(Workbench& window) {
            Separator(u"mnlViewLine1"),
            {.name = u"mnuViewProperties",
             .caption = u"&Properties",
+            .key = Ctrl(u'1'),
             .takesTime = true,
             .does = select(u"Properties"),
             .enabled = ready,
             .checked = shows(u"Properties")},
            {.name = u"mnuViewCode",
             .caption = u"&Code",
+            .key = Ctrl(u'2'),
             .does = select(u"Code"),
             .enabled = ready,
             .checked = shows(u"Code")},
            {.name = u"mnuViewResults",
             .caption = u"&Results",
+            .key = Ctrl(u'3'),
             .takesTime = true,
             .does = select(u"Results"),
             .checked = shows(u"Results")},

@@ -1,5 +1,7 @@
 #include "WindowLayout.h"
 
+#include <algorithm>
+
 #include "MXForm.h"
 #include "MXRegistry.h"
 #include "Toolkit.h"
@@ -25,6 +27,9 @@ constexpr std::int32_t LeastVertical = 3000, LeastPath = 2000;
 // Both choices: a pane keeps an icon and a few letters; a window that was kept smaller would show
 // nothing but its frame and the toolbar.
 constexpr std::int32_t SplitMargin = 600, LeastSize = 2400;
+/// What each side of a bar keeps of a window that is made smaller: a quarter of it, and no more
+/// than shows names with their values.
+constexpr std::int32_t LeastPart = 3000;
 
 std::int32_t AtLeast0(std::int32_t size) {
   return MXForm::MaskNegative(size, 0);
@@ -78,7 +83,9 @@ void WindowLayout::RestoreWindow() {
   const std::int32_t key = window.keys.mhRegForm;
   MXForm::FitToScreen(form);
   MXForm::RestorePosition(form, key, true);
-  if (form.Width() < LeastSize || form.Height() < LeastSize) MXForm::FitToScreen(form);
+  if (form.Width() < LeastSize || form.Height() < LeastSize)
+    form.Move(form.Left(), form.Top(), std::max(form.Width(), LeastSize),
+              std::max(form.Height(), LeastSize));
   // A window that was closed minimised is shown in its normal state, since a minimised modal window
   // would seem to hang.
   const auto state = static_cast<WindowState>(MXRegistry::GetRegLong(key, u"State", 0));
@@ -96,6 +103,27 @@ void WindowLayout::RestoreBars() {
   RestoreBar(form.picSplit2, window.keys.mhRegSplit2);
   RestoreBar(form.picSplit3, window.keys.mhRegSplit3);
   HoldBars(bar1, bar2, bar3);
+  KeepBarsInside();
+}
+
+bool WindowLayout::KeepBarsInside() {
+  MainForm& form = window.form;
+  const std::int32_t width = form.ScaleWidth(), bar = form.picSplit2.Width();
+  const std::int32_t part = std::clamp(width / 4, SplitMargin, LeastPart);
+  const std::int32_t old1 = form.picSplit1.Left(), old2 = form.picSplit2.Left();
+  const std::int32_t right = AtLeast0(std::min(old2, width - bar - part));
+  form.picSplit2.SetLeft(right);
+  form.picSplit1.SetLeft(AtLeast0(right == old2 ? old1 : std::min(old1, right - bar - part)));
+  return right != old2;
+}
+
+void WindowLayout::ShowTabs() {
+  MainForm& form = window.form;
+  if (form.picContainer.Width() >= std::min(LeastPart, form.ScaleWidth() / 4)) return;
+  form.picSplit2.SetLeft(form.ScaleWidth() / 3 * 2);
+  KeepBarsInside();
+  split1->DoSplit();
+  split2->DoSplit();
 }
 
 void WindowLayout::HoldBars(const Rect& bar1, const Rect& bar2, const Rect& bar3) {
@@ -169,6 +197,10 @@ void WindowLayout::Resize() {
   if (form.WindowState() == WindowState::Minimized) return;
   form.picProgress.SetTop(form.ScaleHeight() - form.StatusBar1.Height() + 45);
   form.oToolbar.Span(form.ScaleWidth());
+  if (!links.empty() && KeepBarsInside()) {
+    split1->DoSplit();
+    split2->DoSplit();
+  }
   form.picContainer.SetWidth(AtLeast0(form.ScaleWidth() - form.picContainer.Left()));
   const std::int32_t rest = form.StatusBar1.Width() - form.StatusBar1.Panels(1).Width();
   form.StatusBar1.Panels(2).SetWidth(MXForm::MaskNegative(rest, LeastPath));

@@ -31,6 +31,8 @@ class WindowLayout {
   /// The window, and the container of the tabs, has another size.
   void Resize();
   void ResizeTabs();
+  /// Brings back the tabs' pane when its bar was dragged to the window's edge.
+  void ShowTabs();
   /// Gives the pane of errors the room below its bar.
   void FitErrors();
 
@@ -39,6 +41,8 @@ class WindowLayout {
   void RestoreBars();
   /// Moves the bars to the given places if their kept ones are damaged.
   void HoldBars(const Forms::Rect& bar1, const Forms::Rect& bar2, const Forms::Rect& bar3);
+  /// Moves the bars so far that each part of the window has some room. True when they moved.
+  bool KeepBarsInside();
   void PlacePanes();
   void LayOutVertically();
   void AfterSplit2();

@@ -121,21 +121,21 @@ TEST_F(FMainTest, ProcedureRowsTellTypeScopeAndPendingValues) {
   });
 }
 
-TEST_F(FMainTest, TheSheetFollowsTheMouseAndTheArrowKeysAlone) {
+TEST_F(FMainTest, TheSheetFollowsEveryChangeOfTheSelection) {
   Add(u"MOne", u"Sub a()\nEnd Sub\nSub b()\nEnd Sub");
   Run([&] {
     Play("the processed node reloads nothing | >MOne; #2 3; >MOne | count | 2 Object(s) Selected");
     EXPECT_TRUE(oMain.tvwProjects.HasFocus());
     const auto Keyed = [&](ListView& oList, std::int32_t nKey, std::int32_t lRow) {
-      EXPECT_TRUE(oList.UserSelection({lRow}, lRow));
-      oList.UserKeyUp(nKey, 0);
+      EXPECT_TRUE(oList.SelectedItem() && oList.UserSelect(lRow));
+      oList.UserKey(nKey, 0);
       return Panel(1) + " " + Look("title");
     };
-    EXPECT_EQ(Keyed(oMain.lvwProcs, Key::Home, 2), "2 Object(s) Selected Selection");
-    EXPECT_EQ(Keyed(oMain.lvwProcs, Key::Down, 2), "1 Object(s) Selected MOne.a");
-    EXPECT_EQ(Keyed(oMain.lvwProcs, Key::Up, 3), "1 Object(s) Selected MOne.b");
+    EXPECT_EQ(Keyed(oMain.lvwProcs, Key::Home, 2), "1 Object(s) Selected MOne.(declarations)");
+    EXPECT_EQ(Keyed(oMain.lvwProcs, Key::Down, 1), "1 Object(s) Selected MOne.a");
+    EXPECT_EQ(Keyed(oMain.lvwProcs, Key::End, 1), "1 Object(s) Selected MOne.b");
+    EXPECT_EQ(Keyed(oMain.lvwProcs, Key::Up, 3), "1 Object(s) Selected MOne.a");
     Click(u"Modules");
-    EXPECT_EQ(Keyed(oMain.lvwMods, Key::Home, 1), "1 Object(s) ");
     EXPECT_EQ(Keyed(oMain.lvwMods, Key::Down, 1), "1 Object(s) Selected ");
   });
 }

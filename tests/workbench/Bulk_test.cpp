@@ -96,6 +96,7 @@ TEST_F(BulkTest, RefreshAndLineNumbersRewriteWhatHasATemplate) {
       MRules::oRules.eLineNumAction = eRule;
       Check("ToolsRefresh(3)", "FRefreshTemplates", eRule == MQuillon::LineNumAction::Insert);
     }
+    Play("over modules | >P; #1; ToolsLineAdd(3) | count | 1 Object(s) Selected");
   });
 }
 

@@ -124,8 +124,15 @@ TEST_F(MenusTest, ViewChecksWhatIsShownAndClears) {
     Pick(u"ViewProperties");
     EXPECT_EQ(Checked(), "ProjectList Properties Pending | tabView lblProperties prlProperties");
     EXPECT_TRUE(oMain.oToolbar.ButtonEnabled(2) && !oMain.oToolbar.ButtonEnabled(3));
+    EXPECT_FALSE(oMain.UserKey('R', Shift::Alt)) << "opens the menu Rules";
+    EXPECT_EQ(Tab(), "Properties");
+    for (const auto& [nShift, sTab] : {std::pair(Shift::Ctrl, "Code"),
+                                       {Shift::Ctrl | Shift::Shift, "Properties"},
+                                       {Shift::Ctrl | Shift::Shift, "Results"}}) {
+      EXPECT_TRUE(oMain.UserKey(Key::Tab, nShift));
+      EXPECT_EQ(Tab(), sTab);
+    }
     Press(u"Tree");
-    Pick(u"ViewResults");
     EXPECT_EQ(Checked(), "ProjectTree Results Pending | tabView lblResults srlResults");
   });
 }

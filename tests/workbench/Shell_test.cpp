@@ -78,7 +78,8 @@ TEST_F(FMainTest, DamagedPlacesGiveAUsableWindow) {
            o.picContainer.Width() >= 600 && o.picSplit1.Left() < o.picSplit2.Left() &&
            o.picContainer.Left() + o.picContainer.Width() <= o.ScaleWidth() &&
            o.picSplit3.Top() < o.ScaleHeight() && o.picSplit1.Width() < 100 && o.Left() >= 0 &&
-           o.Top() >= 0 && o.Left() + o.Width() <= 15360 && o.Top() + o.Height() <= 11520;
+           o.Top() >= 0 && o.Left() + o.Width() <= 15360 && o.Top() + o.Height() <= 11520 &&
+           o.Width() >= 2400 && o.Height() >= 2400;
   };
   const struct {
     TextView sKey, sName;
@@ -282,12 +283,21 @@ TEST_F(FMainTest, PartsFollowTheWindow) {
     const std::int32_t lTop = oMain.picSplit3.Top();
     Pick(u"ViewErrors");
     EXPECT_EQ(oMain.picSplit3.Top(), lTop) << "the list keeps its least height";
-    oMain.picSplit1.UserMouseDown(Button::Left, 0, 0, 0);
-    oMain.picSplit1.UserMouseMove(Button::Left, 0, -9000, 0);
-    oMain.picSplit1.UserMouseUp(Button::Left, 0, 0, 0);
+    const auto Drag = [](Control& oBar, std::int32_t lBy) {
+      oBar.UserMouseDown(Button::Left, 0, 0, 0);
+      oBar.UserMouseMove(Button::Left, 0, lBy, 0);
+      oBar.UserMouseUp(Button::Left, 0, 0, 0);
+    };
+    Drag(oMain.picSplit1, -9000);
     EXPECT_EQ(oMain.tvwProjects.Width(), 600) << "the margin";
     oMain.SetWidth(1000);
-    EXPECT_EQ(oMain.picContainer.Width(), 0);
+    EXPECT_EQ(Right(oMain.picContainer), oMain.ScaleWidth());
+    oMain.SetWidth(6120);
+    Drag(oMain.picSplit2, 9000);
+    EXPECT_EQ(oMain.picContainer.Width(), 600);
+    Pick(u"ViewProperties");
+    EXPECT_EQ(oMain.picContainer.Width(), 6000 - 4000 - oMain.picSplit2.Width());
+    oMain.SetWidth(1000);
     EXPECT_EQ(oMain.StatusBar1.Panels(2).Width(), 2000);
     oMain.picProgress.SetTop(7);
     oMain.SetWindowState(WindowState::Minimized);

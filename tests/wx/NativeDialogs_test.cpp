@@ -100,11 +100,13 @@ TEST_F(NativeDialogsTest, ThePageSetUpOffersPaperMarginsAndPrinters) {
   Play(R"(
     as it was | ends OK                           | 1234 777 1 -5 9 1 Hall & stairs |
     cancelled | ends Cancel S Down N Down A T Up  |                                 | no
-    changed   | ends OK S Down N Down A T Up      | 1234 877 1 -5 11 2 PDF file     |)");
+    changed   | ends OK S Down N Down A T Up      | 1234 817 1 -5 11 2 PDF file     |)");  // a mm
+  o.lPaperSize = 1;
+  Play("in inches | ends OK T Up | 1234 917 1 -5 1 2 PDF file |");
   o.bDisableMargins = o.bDisableOrientation = o.bDisablePaper = o.bDisablePrinter = true;
   o.eUnit = MarginUnit::HundredthsOfMillimeter;
   o.lPaperSize = 0;  // none of those offered
-  Play("disabled | ends OK S Up N Up | 1234 877 1 -5 0 2 PDF file |");
+  Play("disabled | ends OK S Up N Up | 1234 917 1 -5 0 2 PDF file |");
 }
 
 TEST_F(NativeDialogsTest, AnErrorThatNobodyMetIsShownAndTheFormGoesOn) {

@@ -9,6 +9,7 @@
 
 #include "CodePanePeer.h"
 #include "FormPeer.h"
+#include "NativeLook.h"
 #include "RowsPane.h"
 #include "WxTest.h"
 
@@ -287,6 +288,39 @@ TEST_F(WxTest, MenusDropCheckAndGrow) {
   moForm.mnuOpen.SetEnabled(false);
   moRobot.Settle();
   Play("one that the menu enables as it drops | key F Alt; key O | lvwRows | Open");
+}
+
+TEST_F(WxTest, AMenuThatTheMouseOpenedTakesTheKeys) {
+  moRobot.Click(moForm.lvwRows);
+  const wxPoint bar = moRobot.FrameOf(moForm).GetScreenPosition();
+  moRobot.ClickThere(bar + wxPoint(15, 8));
+  log.Take();
+  Play(R"(
+    leaves the list as it is | key Down; key Escape | lvwRows |
+    and gives the keys back  | key End              | lvwRows | Item)");
+  moRobot.ClickThere(bar + wxPoint(15, 8));
+  Play("and runs its entry | key P | lvwRows | Proof");
+}
+
+TEST_F(WxTest, ThePointerIsSeenToLeave) {
+  std::int32_t last = 0;
+  const auto link = moForm.picOpen.MouseMove.Connect(
+      [&](std::int32_t, std::int32_t, std::int32_t left, std::int32_t) { last = left; });
+  moRobot.Click(moForm.picOpen);
+  EXPECT_GT(last, 0);
+  moRobot.Click(moForm.lblName);
+  EXPECT_LT(last, 0);
+}
+
+TEST_F(WxTest, DimTextStaysReadable) {
+  const wxColour black(0, 0, 0), white(255, 255, 255), gray(146, 149, 149);
+  EXPECT_NEAR(Contrast(white, black), 21, 0.01);
+  EXPECT_GE(Contrast(Readable(gray, black, white), white), LeastContrast);
+  EXPECT_LT(Contrast(Readable(gray, black, white), white), LeastContrast + 1);
+  EXPECT_EQ(Readable(gray, white, black), gray);
+  EXPECT_GE(
+      Contrast(NativeColor(SystemColor::GrayText), NativeColor(SystemColor::WindowBackground)),
+      LeastContrast);
 }
 
 TEST_F(WxTest, AFormFollowsItsWindow) {

@@ -77,16 +77,18 @@ class Robot {
     return dynamic_cast<Forms::FormPeer&>(*oForm.Peer()).Frame();
   }
 
- private:
-  void GoTo(const wxPoint& place) {
-    moHands.MouseMove(place);
-    Settle();
-  }
+  /// At a place of the screen.
   void ClickThere(const wxPoint& place) {
     GoTo(place);
     moHands.MouseDown();
     Settle();
     moHands.MouseUp();
+    Settle();
+  }
+
+ private:
+  void GoTo(const wxPoint& place) {
+    moHands.MouseMove(place);
     Settle();
   }
 

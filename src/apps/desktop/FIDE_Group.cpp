@@ -149,8 +149,10 @@ bool FIDE::SaveAll() {
   ShowGroupState();
   if (oResult.oFailed.empty()) return true;
   Tell(
-      NoteText(u"These files could not be saved. They are as they were, and the changes stay in "
-               u"this window. Remove the cause, then choose File, Save All again:",
+      NoteText(u"These files could not be saved, and their changes stay in this window. Where the "
+               u"cause can be removed, remove it and choose File, Save All again. A file that "
+               u"another program has changed isn't overwritten: to go on with what is on disk, "
+               u"choose File, Reload Group; its changes here are lost then:",
                oResult.oFailed));
   return false;
 }

@@ -12,6 +12,7 @@ constexpr std::int32_t lWidth = 7200, lHeight = 4200;
 }  // namespace
 
 FSave::FSave(Forms::Toolkit& oToolkit) : FDialog(oToolkit, u"FSave", u"FSave") {
+  On(Resize, [this] { LayOut(); });
   On(cmdSave.Click, [this] { Answer(SaveAnswer::Save); });
   On(cmdDiscard.Click, [this] { Answer(SaveAnswer::Discard); });
   On(cmdCancel.Click, [this] { Answer(SaveAnswer::Cancel); });
@@ -19,9 +20,18 @@ FSave::FSave(Forms::Toolkit& oToolkit) : FDialog(oToolkit, u"FSave", u"FSave") {
 
 void FSave::Design() {
   DesignWindow(u"Save Changes", lWidth, lHeight);
+  lblPrompt.SetCaption(u"&These files have changes that aren't saved:");
+  cmdSave.SetCaption(u"&Save");
+  cmdDiscard.SetCaption(u"&Discard");
+  cmdCancel.SetCaption(u"Cancel");
+  cmdSave.SetDefault(true);
+  cmdCancel.SetCancel(true);
+}
+
+// The room inside is known only when the window has its frame.
+void FSave::LayOut() {
   const std::int32_t lInner = ScaleWidth() - 2 * lMargin;
   const std::int32_t lButtons = ScaleHeight() - lMargin - lButtonHeight;
-  lblPrompt.SetCaption(u"&These files have changes that aren't saved:");
   lblPrompt.Move(lMargin, lMargin, lInner, 285);
   lstFiles.Move(lMargin, lMargin + 345, lInner, lButtons - 2 * lMargin - 345);
   std::int32_t lLeft = lMargin + lInner - 3 * lButtonWidth - 2 * 120;
@@ -29,11 +39,6 @@ void FSave::Design() {
     po->Move(lLeft, lButtons, lButtonWidth, lButtonHeight);
     lLeft += lButtonWidth + 120;
   }
-  cmdSave.SetCaption(u"&Save");
-  cmdDiscard.SetCaption(u"&Discard");
-  cmdCancel.SetCaption(u"Cancel");
-  cmdSave.SetDefault(true);
-  cmdCancel.SetCancel(true);
 }
 
 SaveAnswer FSave::Display(const std::vector<std::string>& asPath) {

@@ -26,6 +26,7 @@ class FSave : public FDialog {
 
  private:
   void Design() override;
+  void LayOut();
   void Answer(SaveAnswer eAnswer);
 
   SaveAnswer meAnswer = SaveAnswer::Cancel;

@@ -56,6 +56,7 @@ void FormMenus::MakeBar(const Entries& oEntries) {
     moFrame.SetMenuBar(nullptr);
     delete poOld;
   }
+  mpoDropped = nullptr;
   moNatives.clear();
   moShown.clear();
   moTop = oEntries;
@@ -106,6 +107,7 @@ void FormMenus::Opened(const wxMenuEvent& oEvent) {
   if (it == moNatives.end()) return;
   it->second->UserDrop();
   Update();
+  mpoDropped = oEvent.GetMenu();
 }
 
 void FormMenus::Picked(const wxCommandEvent& oEvent) {

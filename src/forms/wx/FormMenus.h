@@ -25,6 +25,11 @@ class FormMenus {
   void Update();
   /// A menu is about to show: its own Click may enable, check and hide.
   void Opened(const wxMenuEvent& oEvent);
+  void Closed(const wxMenuEvent& oEvent) {
+    if (oEvent.GetMenu() == mpoDropped) mpoDropped = nullptr;
+  }
+  /// The menu that shows; null for none.
+  wxMenu* Dropped() const { return mpoDropped; }
   /// The form may be destroyed when this returns.
   void Picked(const wxCommandEvent& oEvent);
 
@@ -45,6 +50,7 @@ class FormMenus {
   Form& moForm;
   wxFrame& moFrame;
   wxMenuBar* mpoBar = nullptr;
+  wxMenu* mpoDropped = nullptr;
   std::map<const Menu*, int> moIds;
   std::map<int, Menu*> moItems;
   std::map<const wxMenu*, Menu*> moNatives;

@@ -48,6 +48,7 @@ FormPeer::FormPeer(WxRenderer& oRenderer, Form& oForm)
   Listen(moFrame, wxEVT_MAXIMIZE, [this](wxMaximizeEvent& o) { o.Skip(), OnPlace(); });
   Listen(moFrame, wxEVT_ICONIZE, [this](wxIconizeEvent& o) { o.Skip(), OnPlace(); });
   Listen(moFrame, wxEVT_MENU_OPEN, [this](wxMenuEvent& o) { o.Skip(), moMenus.Opened(o); });
+  Listen(moFrame, wxEVT_MENU_CLOSE, [this](wxMenuEvent& o) { o.Skip(), moMenus.Closed(o); });
   Listen(moFrame, wxEVT_MENU, [this](wxCommandEvent& o) {
     const auto pLife = Life();
     moMenus.Picked(o);
@@ -118,6 +119,8 @@ void FormPeer::ApplyIcon() {
 void FormPeer::ApplyBounds() {
   if (moForm.WindowState() != WindowState::Normal) return;
   const wxRect oPlace = moRenderer.Unit().Pixels(moForm.Bounds());
+  if (const int nLeast = moRenderer.Unit().Pixels(moForm.LeastSize()); nLeast > 0)
+    moFrame.SetMinSize({nLeast, nLeast});
   if (oPlace != moFrame.GetRect()) moFrame.SetSize(oPlace);
 }
 
@@ -146,6 +149,8 @@ void FormPeer::ApplyWindowState() {
 
 void FormPeer::OnKey(wxKeyEvent& oEvent) {
   WxRenderer& oRenderer = moRenderer;  // outlives the peer, which a handler may end
+  // The frame gets the keys though a menu that was opened by the mouse is in front of it.
+  if (wxMenu* const poMenu = moMenus.Dropped(); poMenu && NativeDetails::GiveKey(*poMenu)) return;
   oRenderer.CatchUp();
   const Stroke oStroke = StrokeOf(oEvent);
   if (oStroke.nKeyCode == 0) return oEvent.Skip();

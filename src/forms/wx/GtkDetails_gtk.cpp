@@ -11,6 +11,7 @@
 #include <gtk/gtk.h>
 #pragma GCC diagnostic pop
 #include <wx/choice.h>
+#include <wx/menu.h>
 #include <wx/toplevel.h>
 
 namespace Forms::NativeDetails {
@@ -56,6 +57,26 @@ void SetOwner(wxTopLevelWindow& oAbove, wxTopLevelWindow* poOwner) {
 
 void DropDown(wxChoice& oChoice) {
   gtk_combo_box_popup(GTK_COMBO_BOX(oChoice.GetHandle()));
+}
+
+bool GiveKey(wxMenu& oMenu) {
+  GdkEvent* const poEvent = gtk_get_current_event();
+  const bool bKey =
+      poEvent && poEvent->type == GDK_KEY_PRESS && gtk_widget_get_mapped(oMenu.m_menu);
+  if (bKey) {
+    GtkMenuShell* const poShell = GTK_MENU_SHELL(oMenu.m_menu);
+    // A menu without a selected entry would pass the key on to the bar, and wx back to here.
+    const bool bNone = !gtk_menu_shell_get_selected_item(poShell);
+    const guint nKey = poEvent->key.keyval;
+    if (bNone && nKey == GDK_KEY_Escape) {
+      gtk_menu_shell_cancel(poShell);
+    } else {
+      if (bNone) gtk_menu_shell_select_first(poShell, TRUE);
+      if (!bNone || nKey != GDK_KEY_Down) gtk_widget_event(oMenu.m_menu, poEvent);
+    }
+  }
+  if (poEvent) gdk_event_free(poEvent);
+  return bKey;
 }
 
 void FreeFromModal(wxTopLevelWindow& oWindow) {

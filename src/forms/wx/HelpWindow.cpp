@@ -7,6 +7,7 @@
 #include <wx/html/helpfrm.h>
 #include <wx/html/helpwnd.h>
 #include <wx/notebook.h>
+#include <wx/splitter.h>
 
 #include "NativeDetails.h"
 #include "NativeText.h"
@@ -16,6 +17,9 @@ namespace Forms {
 
 namespace {
 
+/// Pixels at 96 dpi, choices: a line of text as long as one reads with ease, beside the contents.
+constexpr int HelpWidth = 960, HelpHeight = 680;
+
 /// The book for a help file: the file itself, or the one of the same name with the extension that
 /// this window reads. Empty when neither exists.
 wxString BookOf(const wxString& sFile) {
@@ -24,14 +28,18 @@ wxString BookOf(const wxString& sFile) {
   return wxFileExists(oName.GetFullPath()) ? oName.GetFullPath() : wxString();
 }
 
-/// Shows the search page. The library shows it only with the results of a search, and only a
-/// derived class has access to the page's number.
-class SearchPage : public wxHtmlHelpWindow {
+/// Only a derived class has access to the window's parts.
+class HelpParts : public wxHtmlHelpWindow {
  public:
-  static void Show(wxHtmlHelpWindow& o) {
-    (o.*&SearchPage::m_NavigNotebook)
-        ->SetSelection(static_cast<std::size_t>(o.*&SearchPage::m_SearchPage));
-    (o.*&SearchPage::m_SearchText)->SetFocus();
+  /// Gives the side with contents, index and search the width that shows the tabs of all three.
+  static void Widen(wxHtmlHelpWindow& o, int nWidth) {
+    (o.*&HelpParts::m_Splitter)->SetSashPosition(nWidth);
+  }
+  /// Shows the search page, which the library does only with the results of a search.
+  static void ShowSearch(wxHtmlHelpWindow& o) {
+    (o.*&HelpParts::m_NavigNotebook)
+        ->SetSelection(static_cast<std::size_t>(o.*&HelpParts::m_SearchPage));
+    (o.*&HelpParts::m_SearchText)->SetFocus();
   }
 };
 
@@ -40,7 +48,8 @@ class SearchPage : public wxHtmlHelpWindow {
 bool WxRenderer::ShowHelp(TextView sFile, HelpCommand eCommand, std::int32_t lContext, Form*) {
   const wxString sBook = BookOf(ToWx(sFile));
   if (sBook.empty()) return false;
-  if (!mpHelp || sBook != ToWx(msHelpBook)) {
+  const bool bNew = !mpHelp || sBook != ToWx(msHelpBook);
+  if (bNew) {
     if (!wxFileSystem::HasHandlerForPath("a.zip#zip:b")) {
       wxFileSystem::AddHandler(new wxZipFSHandler);
     }
@@ -59,8 +68,13 @@ bool WxRenderer::ShowHelp(TextView sFile, HelpCommand eCommand, std::int32_t lCo
   }
   if (wxHtmlHelpFrame* const poFrame = mpHelp->GetFrame()) {
     NativeDetails::FreeFromModal(*poFrame);
+    if (bNew) {
+      poFrame->SetSize(moUnits.Scaled(HelpWidth), moUnits.Scaled(HelpHeight));
+      poFrame->CentreOnScreen();
+      HelpParts::Widen(*mpHelp->GetHelpWindow(), moUnits.Scaled(HelpWidth) / 3);
+    }
     poFrame->Raise();
-    if (bShown && eCommand == HelpCommand::Search) SearchPage::Show(*mpHelp->GetHelpWindow());
+    if (bShown && eCommand == HelpCommand::Search) HelpParts::ShowSearch(*mpHelp->GetHelpWindow());
   }
   return bShown;
 }

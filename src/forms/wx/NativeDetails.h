@@ -3,6 +3,7 @@
 #pragma once
 
 class wxChoice;
+class wxMenu;
 class wxTopLevelWindow;
 class wxWindow;
 
@@ -16,6 +17,8 @@ void MakeCompact();
 void SetOwner(wxTopLevelWindow& oAbove, wxTopLevelWindow* poOwner);
 /// Opens the list of a drop-down list.
 void DropDown(wxChoice& oChoice);
+/// Hands the key that is being handled to a menu that shows. False where menus get their keys.
+bool GiveKey(wxMenu& oMenu);
 /// Lets the window take input while a modal form is in front.
 void FreeFromModal(wxTopLevelWindow& oWindow);
 

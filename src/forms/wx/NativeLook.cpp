@@ -5,6 +5,7 @@
 #include <wx/mstream.h>
 #include <wx/settings.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "NativeText.h"
@@ -88,8 +89,37 @@ FontSpec FontSpecOf(const wxFont& oFont) {
   return o;
 }
 
+double Contrast(const wxColour& oOne, const wxColour& oOther) {
+  const auto Luminance = [](const wxColour& o) {
+    const auto Linear = [](unsigned char n) {
+      const double d = n / 255.0;
+      return d <= 0.04045 ? d / 12.92 : std::pow((d + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * Linear(o.Red()) + 0.7152 * Linear(o.Green()) + 0.0722 * Linear(o.Blue());
+  };
+  const double dOne = Luminance(oOne) + 0.05, dOther = Luminance(oOther) + 0.05;
+  return std::max(dOne, dOther) / std::min(dOne, dOther);
+}
+
+wxColour Readable(const wxColour& oDim, const wxColour& oText, const wxColour& oGround) {
+  wxColour oNow = oDim;
+  for (int n = 1; n <= 20 && Contrast(oNow, oGround) < LeastContrast; ++n) {
+    const auto Mix = [n](unsigned char nDim, unsigned char nText) {
+      return static_cast<unsigned char>(nDim + (nText - nDim) * n / 20);
+    };
+    oNow.Set(Mix(oDim.Red(), oText.Red()), Mix(oDim.Green(), oText.Green()),
+             Mix(oDim.Blue(), oText.Blue()));
+  }
+  return oNow;
+}
+
 wxColour NativeColor(Color lColor) {
   if (!IsSystemColor(lColor)) return wxColour(lColor & 0xFFFFFFU);
+  // Themes give text that can't be used a contrast of about 3; ours also tells values.
+  if (lColor == SystemColor::GrayText)
+    return Readable(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT),
+                    wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT),
+                    wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
   for (const SystemRow& o : SystemRows) {
     if (o.lColor == lColor) return wxSystemSettings::GetColour(o.eNative);
   }

@@ -21,6 +21,11 @@ wxFont NativeFont(const FontSpec& oFont);
 bool HasNativeFont(TextView sName);
 FontSpec FontSpecOf(const wxFont& oFont);
 
+inline constexpr double LeastContrast = 4.5;  ///< of text to its ground
+/// From 1, the same colour, to 21, black on white.
+double Contrast(const wxColour& oOne, const wxColour& oOther);
+/// A dim colour, brought as near to that of the text as the least contrast needs.
+wxColour Readable(const wxColour& oDim, const wxColour& oText, const wxColour& oGround);
 wxColour NativeColor(Color lColor);
 /// Result: a colour value, never the number of a system colour.
 Color ColorOf(const wxColour& oColour);

@@ -18,12 +18,18 @@ namespace {
 
 constexpr std::int32_t Across = 2;
 
-bool IsMetric(const PageDialog& o) {
-  return o.eUnit == MarginUnit::HundredthsOfMillimeter;
+/// A sheet whose size is a round number of millimetres: the A and B formats, by their numbers.
+bool IsMetricSheet(std::int32_t lPaperSize) {
+  return lPaperSize >= 8 && lPaperSize <= 13;
 }
-/// How many of the dialog's units make one of the shown ones: a millimetre or an inch.
-int PerUnit(const PageDialog& o) {
-  return IsMetric(o) ? 100 : 1000;
+/// Lengths are shown in millimetres; in inches otherwise.
+bool IsMetric(const PageDialog& o) {
+  return o.eUnit == MarginUnit::HundredthsOfMillimeter || IsMetricSheet(o.lPaperSize);
+}
+/// How many of the dialog's units make one of the shown ones.
+double PerUnit(const PageDialog& o) {
+  if (o.eUnit == MarginUnit::HundredthsOfMillimeter) return 100;
+  return IsMetric(o) ? 1000 / 25.4 : 1000;
 }
 
 wxStaticBoxSizer* NewBox(wxWindow& oDialog, const char* psCaption, bool bDisabled, int nDirection) {
@@ -91,7 +97,7 @@ wxSizer* PageSetupDialog::MarginBox(const PageDialog& o) {
       {"&Top:", &PageDialog::lTop},
       {"&Bottom:", &PageDialog::lBottom}};
   for (const auto& [psLabel, plLength] : aoRow) {
-    const double dNow = static_cast<double>(o.*plLength) / PerUnit(o);
+    const double dNow = o.*plLength / PerUnit(o);
     // Limits of the field (choices: about a metre, larger than any sheet). A stored margin beyond
     // them isn't changed.
     const double dMost = std::max(dNow, IsMetric(o) ? 999.0 : 40.0);
@@ -116,13 +122,14 @@ wxSizer* PageSetupDialog::PrinterBox(const PageDialog& o) {
 }
 
 void PageSetupDialog::Take(PageDialog& o) const {
+  const double dPerUnit = PerUnit(o);  // of the sheet that the fields were made for
   const int nPaper = mpoPaper->GetSelection(), nPrinter = mpoPrinter->GetSelection();
   if (nPaper >= 0) o.lPaperSize = o.aoPaper[static_cast<std::size_t>(nPaper)].lSize;
   if (nPrinter >= 0) o.sDeviceName = o.asDevice[static_cast<std::size_t>(nPrinter)];
   o.lOrientation = mpoAcross->GetValue() ? Across : 1;
   for (const Margin& oMargin : moMargins)
     o.*oMargin.plLength =
-        static_cast<std::int32_t>(std::lround(oMargin.poField->GetValue() * PerUnit(o)));
+        static_cast<std::int32_t>(std::lround(oMargin.poField->GetValue() * dPerUnit));
 }
 
 }  // namespace Forms

@@ -24,6 +24,10 @@ void SetOwner(wxTopLevelWindow& oAbove, wxTopLevelWindow*) {
 
 void DropDown(wxChoice&) {}
 
+bool GiveKey(wxMenu&) {
+  return false;
+}
+
 void FreeFromModal(wxTopLevelWindow& oWindow) {
   oWindow.Enable();
 }

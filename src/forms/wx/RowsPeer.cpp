@@ -73,14 +73,33 @@ void RowsPeer::Apply(const Changes& oChanges) {
   moPane.Reshape(RowPixels());
 }
 
+namespace {
+
+/// Between the ground and the text, so that it shows on light and on dark themes, with text as
+/// readable as before.
+void DrawQuietSelection(wxDC& oDC, const wxRect& oRect) {
+  const wxColour oGround = NativeColor(SystemColor::WindowBackground),
+                 oText = NativeColor(SystemColor::WindowText);
+  const auto Mix = [](unsigned char nFrom, unsigned char nTo) {
+    return static_cast<unsigned char>(nFrom + (nTo - nFrom) / 5);
+  };
+  oDC.SetBrush(wxColour(Mix(oGround.Red(), oText.Red()), Mix(oGround.Green(), oText.Green()),
+                        Mix(oGround.Blue(), oText.Blue())));
+  oDC.DrawRectangle(oRect);
+  oDC.SetTextForeground(oText);
+}
+
+}  // namespace
+
 void RowsPeer::DrawRowGround(wxDC& oDC, const wxRect& oRect, bool bSelected) const {
   const bool bFocus = moPane.HasFocus();
   Color lText = moControl.Enabled() ? moControl.ForeColor() : SystemColor::GrayText;
   if (bSelected) {
     oDC.SetPen(*wxTRANSPARENT_PEN);
-    oDC.SetBrush(NativeColor(bFocus ? SystemColor::Highlight : SystemColor::ButtonShadow));
+    if (!bFocus) return DrawQuietSelection(oDC, oRect);
+    oDC.SetBrush(NativeColor(SystemColor::Highlight));
     oDC.DrawRectangle(oRect);
-    if (bFocus) lText = SystemColor::HighlightText;
+    lText = SystemColor::HighlightText;
   }
   oDC.SetTextForeground(NativeColor(lText));
 }

@@ -23,6 +23,7 @@ Surface::Surface(wxWindow* poParent, ControlContainer& oContainer, WxRenderer& o
                            wxEVT_RIGHT_UP, wxEVT_MIDDLE_DOWN, wxEVT_MIDDLE_UP, wxEVT_MOTION}) {
     Bind(oTag, &Surface::OnMouse, this);
   }
+  Bind(wxEVT_LEAVE_WINDOW, &Surface::OnLeave, this);
   Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { mpoPressed = nullptr; });
 }
 
@@ -86,6 +87,15 @@ void Surface::OnMouse(wxMouseEvent& oEvent) {
   }
   ShowHints(oTarget);
   Tell(oEvent, oTarget);
+  moRenderer.CatchUp();
+}
+
+// Forms follow the pointer by its moves; one out of the window would stay unknown.
+void Surface::OnLeave(wxMouseEvent& oEvent) {
+  oEvent.Skip();
+  if (!mpoContainer || mpoPressed || mpoContainer->Kind() != ComponentKind::PictureBox) return;
+  const std::int32_t lOutside = moRenderer.Unit().Twips(-1);
+  mpoContainer->UserMouseMove(Button::None, ShiftOf(oEvent), lOutside, lOutside);
   moRenderer.CatchUp();
 }
 

@@ -47,6 +47,7 @@ class Surface : public wxWindow {
  private:
   void OnPaint(wxPaintEvent& oEvent);
   void OnMouse(wxMouseEvent& oEvent);
+  void OnLeave(wxMouseEvent& oEvent);
   Control* Hit(const wxPoint& oPlace) const;
   /// In pixels of the surface.
   wxRect PlaceOf(const Control& oControl) const;
