@@ -3,9 +3,9 @@
 // template ends before the session, which owns both, and all of them before the form.
 #pragma once
 
+#include "BrowserTree.h"
 #include "BulkCommands.h"
 #include "ObjectLists.h"
-#include "ProjectTree.h"
 #include "SelectionSheet.h"
 #include "TemplateSession.h"
 #include "WindowEvents.h"
@@ -28,7 +28,7 @@ struct Workbench {
   WindowPanes panes{*this};
   ObjectLists lists{*this};
   SelectionSheet sheet{*this};
-  ProjectTree tree{*this};
+  BrowserTree tree{*this};
   BulkCommands bulk{*this};
 
   /// A template is open, and the group has projects.

@@ -1,4 +1,4 @@
-#include "ProjectTree.h"
+#include "BrowserTree.h"
 
 #include "Icons.h"
 #include "MQuillon.h"
@@ -44,9 +44,9 @@ Text TextOrEmpty(Ask&& ask) {
 
 }  // namespace
 
-ProjectTree::ProjectTree(Workbench& owner) : window(owner), tree(owner.form.tvwProjects) {}
+BrowserTree::BrowserTree(Workbench& owner) : window(owner), tree(owner.form.tvwProjects) {}
 
-void ProjectTree::Connect(CIDEHandler& model, std::vector<Connection>& links) {
+void BrowserTree::Connect(CIDEHandler& model, std::vector<Connection>& links) {
   links.push_back(model.EnumProjectsProc.Connect(
       [this](ProjectHandle h, TextView title, auto type) { EnumProjectsProc(h, title, type); }));
   links.push_back(model.EnumComponentsProc.Connect(
@@ -57,7 +57,7 @@ void ProjectTree::Connect(CIDEHandler& model, std::vector<Connection>& links) {
       model.EnumComponentsEOF.Connect([this](ProjectHandle h) { EnumComponentsEOF(h); }));
 }
 
-void ProjectTree::Clear() {
+void BrowserTree::Clear() {
   mlLastNode = 0;
   mhProject = {};
   mhComponent = {};
@@ -66,11 +66,11 @@ void ProjectTree::Clear() {
   tree.Nodes().Clear();
 }
 
-bool ProjectTree::ShowsView(TextView view) const {
+bool BrowserTree::ShowsView(TextView view) const {
   return tree.Tag() == view;
 }
 
-void ProjectTree::EnumProjectsProc(ProjectHandle hProject, TextView sTitle, ProjectType nType) {
+void BrowserTree::EnumProjectsProc(ProjectHandle hProject, TextView sTitle, ProjectType nType) {
   const Text image =
       Icons::Marked(window.form.imlProjects, MQuillon::VBProjectTypeName(nType), false);
   Node& project = tree.Nodes().Add(NodeKey::Project(hProject), sTitle, image);
@@ -84,7 +84,7 @@ void ProjectTree::EnumProjectsProc(ProjectHandle hProject, TextView sTitle, Proj
   }
 }
 
-void ProjectTree::EnumComponentsProc(ProjectHandle hProject, ComponentHandle hComponent,
+void BrowserTree::EnumComponentsProc(ProjectHandle hProject, ComponentHandle hComponent,
                                      TextView sName, ComponentType nComponentType) {
   CIDEHandler& model = *window.session.Model();
   const std::int32_t folder = model.Component(hComponent).lFolderType;
@@ -100,7 +100,7 @@ void ProjectTree::EnumComponentsProc(ProjectHandle hProject, ComponentHandle hCo
   tree.Nodes().Add(above, key, sName, image).SetTag(hComponent.Number());
 }
 
-void ProjectTree::EnumComponentsEOF(ProjectHandle hProject) {
+void BrowserTree::EnumComponentsEOF(ProjectHandle hProject) {
   for (std::int32_t i = 1; i <= Folders && ShowsView(NodeKey::Tree); ++i) {
     Node& folder = tree.Nodes().Item(NodeKey::Folder(hProject, i));
     if (folder.Children().empty()) tree.Nodes().Remove(folder);
@@ -108,14 +108,14 @@ void ProjectTree::EnumComponentsEOF(ProjectHandle hProject) {
   tree.Nodes().Item(NodeKey::Project(hProject)).SetExpanded(true);
 }
 
-void ProjectTree::NodeClick() {
+void BrowserTree::NodeClick() {
   window.events.Busy(u"tvwProjects_NodeClick", [&] {
     Node* node = tree.SelectedItem();
     if (node && node->Index() != mlLastNode) ProcessNode(*node);
   });
 }
 
-void ProjectTree::ProcessNode(Node& node) {
+void BrowserTree::ProcessNode(Node& node) {
   const std::int32_t index = node.Index();
   ++nodesShown;
   DisabledTree disabled(tree, window.session.Model());
@@ -136,7 +136,7 @@ void ProjectTree::ProcessNode(Node& node) {
 }
 
 template <class Fill>
-bool ProjectTree::Filled(Fill&& fill) {
+bool BrowserTree::Filled(Fill&& fill) {
   // Filling handles waiting events; one of them may close the template or select another node.
   const auto model = window.session.Model();
   const auto keptTemplate = window.session.Template();
@@ -145,7 +145,7 @@ bool ProjectTree::Filled(Fill&& fill) {
   return window.session.Model() == model && nodesShown == shown;
 }
 
-bool ProjectTree::ShowComponent(TextView name) {
+bool BrowserTree::ShowComponent(TextView name) {
   if (!Filled([h = mhComponent](CIDEHandler& model) {
         model.LoadComponent(h);
         model.EnumProcedures(h);
@@ -163,7 +163,7 @@ bool ProjectTree::ShowComponent(TextView name) {
   return true;
 }
 
-bool ProjectTree::ShowModules(TextView name, std::int32_t folder) {
+bool BrowserTree::ShowModules(TextView name, std::int32_t folder) {
   if (!Filled([&](CIDEHandler& model) { model.EnumComponentsEx(mhProject, folder); })) return false;
   CIDEHandler& model = *window.session.Model();
   window.lists.ShowObjectCount();
@@ -174,7 +174,7 @@ bool ProjectTree::ShowModules(TextView name, std::int32_t folder) {
   return true;
 }
 
-void ProjectTree::ChooseFirst(TextView name) {
+void BrowserTree::ChooseFirst(TextView name) {
   Nodes& nodes = tree.Nodes();
   Node* first = nullptr;
   for (std::int32_t i = 1; i <= nodes.Count() && !first && !name.empty(); ++i) {
@@ -186,7 +186,7 @@ void ProjectTree::ChooseFirst(TextView name) {
   NodeClick();
 }
 
-void ProjectTree::SwitchView(TextView view) {
+void BrowserTree::SwitchView(TextView view) {
   tree.SetEnabled(false);
   ProjectHandle project;
   ComponentHandle component;
@@ -198,14 +198,14 @@ void ProjectTree::SwitchView(TextView view) {
   if (window.form.Loaded()) window.ManageControls();
 }
 
-void ProjectTree::SelectedNode(ProjectHandle& ihProject, ComponentHandle& ihComponent) const {
+void BrowserTree::SelectedNode(ProjectHandle& ihProject, ComponentHandle& ihComponent) const {
   const Node* node = tree.SelectedItem();
   const NodeKey::Fields fields = node ? NodeKey::Read(node->Key(), tree.Tag()) : NodeKey::Fields();
   ihProject = fields.hProject;
   ihComponent = fields.hComponent;
 }
 
-void ProjectTree::SelectNode(ProjectHandle ihProject, ComponentHandle ihComponent) {
+void BrowserTree::SelectNode(ProjectHandle ihProject, ComponentHandle ihComponent) {
   if (!ihProject && !ihComponent) return;
   Nodes& nodes = tree.Nodes();
   for (std::int32_t i = 1; i <= nodes.Count(); ++i) {
@@ -219,7 +219,7 @@ void ProjectTree::SelectNode(ProjectHandle ihProject, ComponentHandle ihComponen
   }
 }
 
-void ProjectTree::RefreshProjectTree() {
+void BrowserTree::RefreshProjectTree() {
   CIDEHandler& model = *window.session.Model();
   for (std::int32_t i = 1; i <= tree.Nodes().Count(); ++i) {
     Node& node = tree.Nodes().Item(i);

@@ -7,9 +7,9 @@
 
 struct Workbench;
 
-class ProjectTree {
+class BrowserTree {
  public:
-  explicit ProjectTree(Workbench& owner);
+  explicit BrowserTree(Workbench& owner);
   /// Links that fill the tree while the model tells its projects.
   void Connect(CIDEHandler& model, std::vector<Connection>& links);
   void Clear();
