@@ -9,6 +9,11 @@ TEST(Usage, WrongUsageAndBadInputAreToldAndChangeNothing) {
   oPlace.Write("src/Nothing.vbg", "VBGROUP 5.0\r\n");
   oPlace.Write("io/bad.dat", "<#Template name=X type=what>\r\n<#Stop>\r\n");
   oPlace.Write("io/damaged.reg", "Windows Registry Editor Version 5.00\n\n[HKEY_CURRENT_USER\\S\n");
+  oPlace.Write("io/recent.reg",
+               "Windows Registry Editor Version 5.00\r\n\r\n"
+               "[HKEY_CURRENT_USER\\Software\\Morvelle\\Tarvane\\Quillon\\FMain\\Recent Files]\r\n"
+               "\"1\"=\"" +
+                   (oPlace.Folder() / "src/App/modMain.bas").string() + "\"\r\n");
   const auto oBefore = oPlace.Files();
   const std::string s;
   ExpectRuns(
@@ -49,6 +54,10 @@ TEST(Usage, WrongUsageAndBadInputAreToldAndChangeNothing) {
           {"folder without projects", "list -t TEMPLATE.DAT empty", 2, s, "empty"},
           {"empty group", "list Nothing.vbg", 2, s, "Nothing.vbg"},
           {"no template", "list App", 2, s, "--template FILE"},
+          {"template beside the group", "list --settings ../io/recent.reg Demo.vbg", 0, "modMain",
+           "Template file: TEMPLATE.DAT"},
+          {"template that was used last", "list --settings ../io/recent.reg App", 2, s,
+           "App/modMain.bas:1: "},
           {"template missing", "list -t none.dat .", 2, s, "none.dat"},
           {"template with errors", "apply --suggested -t ../io/bad.dat .", 2, s,
            "\n../io/bad.dat:2: Unknown Directive"},
