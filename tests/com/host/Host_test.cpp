@@ -5,9 +5,13 @@
 #include <ocidl.h>
 #include <olectl.h>
 
+#include "CIDEHandler.h"
+#include "ComIDE.h"
 #include "Failure.h"
 #include "HostCommandBars.h"
 #include "IdeModel.h"
+#include "MQuillon.h"
+#include "MRules.h"
 #include "Retyped.h"
 
 namespace {
@@ -22,45 +26,14 @@ void AddTo(Listing& listing, TextView name, int number, TextView text = {}) {
   listing.push_back(ToUtf8(name) + ' ' + std::to_string(number) + ' ' + ToUtf8(text));
 }
 
-Listing ListedByName(const Late& ide) {
-  Listing out;
-  const Late projects = ide("VBProjects");
-  for (int p = 1; p <= projects("Count").Number(); ++p) {
-    const Late project = projects("Item", p), components = project("VBComponents");
-    AddTo(out, project("Name").AsText(), project("Type").Number(), project("FileName").AsText());
-    for (int c = 1; c <= components("Count").Number(); ++c) {
-      const Late component = components("Item", c), module = component("CodeModule");
-      AddTo(out, component("Name").AsText(), component("Type").Number(),
-            component("FileNames", 1).AsText());
-      AddTo(out, component("DesignerID").AsText(), component("FileCount").Number());
-      const Late designer = component("Designer");
-      const Late controls = designer.IsNothing() ? Late() : designer("VBControls");
-      for (int i = 1; !controls.IsNothing() && i <= controls("Count").Number(); ++i)
-        AddTo(out, controls("Item", i)("Properties")("Item", u"Name")("Value").AsText(), i);
-      if (module.IsNothing()) continue;
-      const int lines = module("CountOfLines").Number();
-      AddTo(out, module("Lines", 1, lines).AsText(), module("CountOfDeclarationLines").Number());
-      const Late members = module("Members");
-      for (int m = 1; m <= members("Count").Number(); ++m) {
-        const Late member = members("Item", m);
-        AddTo(out, member("Name").AsText(), member("Type").Number(),
-              member("Description").AsText());
-        AddTo(out, u"at", member("CodeLocation").Number());
-      }
-    }
-  }
-  return out;
-}
-
-Listing ListedOnDisk(VBE& ide) {
+Listing Listed(VBE& ide) {
   Listing out;
   for (int p = 1; p <= ide.VBProjects().Count(); ++p) {
     VBProject& project = ide.VBProjects().Item(p);
     AddTo(out, project.Name(), MQuillon::ToNumber(project.Type()), project.FileName());
     for (int c = 1; c <= project.VBComponents().Count(); ++c) {
       VBComponent& component = project.VBComponents().Item(c);
-      const int type = MQuillon::ToNumber(component.Type());
-      AddTo(out, component.Name(), type == 15 ? 5 : type, component.FileNames(1));
+      AddTo(out, component.Name(), MQuillon::ToNumber(component.Type()), component.FileNames(1));
       AddTo(out, component.DesignerID(), component.FileCount());
       VBControls* const controls = component.DesignerControls();
       for (int i = 1; controls && i <= controls->Count(); ++i) AddTo(out, controls->ItemName(i), i);
@@ -78,15 +51,25 @@ Listing ListedOnDisk(VBE& ide) {
   return out;
 }
 
-using HostTest = HostFixture;
+class HostTest : public HostFixture, protected IComEntry {
+ protected:
+  bool EnterAlone() noexcept override { return true; }
+  void Leave() noexcept override {}
+  ComPtr<IDispatch> Root() const {
+    return ComPtr<IUnknown>::Share(ide.Object()).As<IDispatch>(IID_IDispatch);
+  }
+  IComEntry& entry = *this;
+};
 
-TEST_F(HostTest, NamesLeadToAllThatIsOnDisk) {
-  const Listing listing = ListedByName(ide);
-  EXPECT_GT(listing.size(), 200U);
-  EXPECT_EQ(listing, ListedOnDisk(disk->Root()));
-  const Late child = Component(u"AtelierApp", u"FJob");
-  EXPECT_EQ(child("Properties")("Item", u"MDIChild")("Value").Number(), -1);
-  EXPECT_EQ(Module()("Parent")("Collection")("Parent")("Name").AsText(), u"AtelierCore");
+TEST_F(HostTest, AdaptersShowWhatIsOnDisk) {
+  for (const bool bare : {false, true}) {
+    world->manner.bareErrors = bare;
+    ComIDE adapters(Root(), entry);
+    const Listing listing = Listed(adapters);
+    EXPECT_GT(listing.size(), 200U);
+    EXPECT_EQ(listing, Listed(disk->Root()));
+  }
+  EXPECT_EQ(Component(u"AtelierApp", u"FJob")("Type").Number(), 5);
 }
 
 TEST_F(HostTest, WhatTheIdeRefusesIsRefused) {
@@ -251,6 +234,56 @@ class Sink : public IDispatch {
     return S_OK;
   }
 };
+
+/// Gives each procedure that isn't locked the handler of the samples' template file.
+void GiveHandlers(VBE& ide) {
+  MQuillon::Initialize();
+  CTemplate templates(MRules::oRules);
+  templates.LoadTemplateFile(FromUtf8(QUILLON_SOURCE_DIR "/samples/Template.dat"));
+  ASSERT_EQ(templates.LoadErrors(), 0);
+  TextArray ofModules, ofProcedures;
+  templates.GetModuleTemplates(ofModules);
+  templates.GetProcTemplates(ofProcedures);
+  MQuillon::LoadLookups(ofModules, ofProcedures);
+  CIDEHandler handler;
+  handler.LoadProjects(ide);
+  handler.oTemplate = &templates;
+  handler.ForceLoadGroupComponents();
+  for (const ProcedureHandle h : handler.Procedures())
+    if (handler.Locked(h) == MQuillon::TriState::False)
+      handler.SetProcTemplate(h, handler.ProcName(h).front() == u'(' ? u"Module" : u"Standard");
+  handler.ApplyPendingSettings(ModelScope::Group(), false, MQuillon::LineNumAction::AsRule);
+}
+
+using Files = std::map<std::string, std::string>;
+Files FilesOf(const std::filesystem::path& folder) {
+  Files files;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
+    if (entry.is_regular_file())
+      files[entry.path().lexically_relative(folder).string()] =
+          TempFolder::Read(entry.path().string());
+  return files;
+}
+
+TEST_F(HostTest, RequestThroughTheAdaptersGivesTheBytesOfTheDisk) {
+  const Files before = FilesOf(folder / "ide");
+  GiveHandlers(disk->Root());
+  EXPECT_TRUE(disk->Save().oFailed.empty());
+  const Files wanted = FilesOf(folder / "ide");
+  EXPECT_TRUE(wanted != before);
+  Close();
+  for (const bool retypes : {false, true}) {
+    SCOPED_TRACE(retypes);
+    const auto copy = CopyOfSamples(retypes ? "retyped" : "as written");
+    Open(copy / "Atelier.vbg");
+    world->manner.retypes = retypes;
+    ComIDE adapters(Root(), entry);
+    GiveHandlers(adapters);
+    adapters.LetGo();
+    EXPECT_TRUE(disk->Save().oFailed.empty());
+    for (const auto& [name, bytes] : FilesOf(copy)) EXPECT_EQ(bytes, wanted.at(name)) << name;
+  }
+}
 
 TEST_F(HostTest, ClicksReachTheSinksUntilTheyAreTakenBack) {
   for (const bool asDispatch : {false, true}) {

@@ -191,20 +191,26 @@ class ModuleObject : public Dual<ICodeModule> {
     mModule.InsertLines(line, mWorld.manner.retypes ? Retyped(TextOf(text)) : Text(TextOf(text)));
   }
   // The IDE keeps a member's attributes in lines that it doesn't show, and that go with the others.
+  // TODO: so do those of events and variables, when declarations are written anew; the add-in puts
+  // back only those of procedures.
   void Delete(LONG start, LONG count) {
     ::Members& members = mModule.Members();
     for (std::int32_t i = 1; mWorld.manner.forgetsAttributes && i <= members.Count(); ++i) {
       Member& member = members.Item(i);
-      if (const std::int32_t line = member.CodeLocation(); line >= start && line < start + count)
-        Forget(member);
+      const bool hasCode = member.Type() <= MemberType::Property;
+      const std::int32_t line = member.CodeLocation();
+      if (hasCode && line >= start && line < start + count) Forget(member);
     }
     mModule.DeleteLines(start, count);
   }
   static void Forget(Member& member) {
     for (int i = 0; i < MemberAttributeCount; ++i) {
       const auto attribute = static_cast<MemberAttribute>(i);
+      const std::int32_t none = attribute == MemberAttribute::StandardMethod ? 0x60030000
+                                : attribute == MemberAttribute::Browsable    ? -1
+                                                                             : 0;
       try {
-        if (member.Attribute(attribute) != AttributeValue()) member.SetAttribute(attribute, {});
+        member.SetAttribute(attribute, {{}, none});
       } catch (const Failure&) {  // one that this member can't have
       }
     }
