@@ -4,10 +4,22 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <map>
 
 #include "HostObjects.h"
 #include "Late.h"
 #include "TempFolder.h"
+
+using Files = std::map<std::string, std::string>;
+
+inline Files FilesOf(const std::filesystem::path& folder) {
+  Files files;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
+    if (entry.is_regular_file())
+      files[entry.path().lexically_relative(folder).string()] =
+          TempFolder::Read(entry.path().string());
+  return files;
+}
 
 class HostFixture : public testing::Test {
  protected:

@@ -255,16 +255,6 @@ void GiveHandlers(VBE& ide) {
   handler.ApplyPendingSettings(ModelScope::Group(), false, MQuillon::LineNumAction::AsRule);
 }
 
-using Files = std::map<std::string, std::string>;
-Files FilesOf(const std::filesystem::path& folder) {
-  Files files;
-  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
-    if (entry.is_regular_file())
-      files[entry.path().lexically_relative(folder).string()] =
-          TempFolder::Read(entry.path().string());
-  return files;
-}
-
 TEST_F(HostTest, RequestThroughTheAdaptersGivesTheBytesOfTheDisk) {
   const Files before = FilesOf(folder / "ide");
   GiveHandlers(disk->Root());

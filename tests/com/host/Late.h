@@ -35,6 +35,10 @@ class Late {
     mValue.vt = VT_DISPATCH, mValue.pdispVal = object;
     if (object) object->AddRef();
   }
+  /// A list of further arguments, by its place; it stays the caller's.
+  Late(SAFEARRAY** list) : Late() {
+    mValue.vt = VT_BYREF | VT_ARRAY | VT_VARIANT, mValue.pparray = list;
+  }
   Late(const Late& other) : Late() { VariantCopy(&mValue, const_cast<VARIANT*>(&other.mValue)); }
   Late(Late&& other) noexcept : mValue(other.mValue) { VariantInit(&other.mValue); }
   Late& operator=(Late other) noexcept { return std::swap(mValue, other.mValue), *this; }
