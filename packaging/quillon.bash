@@ -58,12 +58,13 @@ _quillon_value() {
         procedure-size module-lines ;;
     --root) COMPREPLY=(); compopt -o dirnames 2>/dev/null ;;
     --select | --ignore) _quillon_words "${_quillon_rules[@]}" ;;
-    --project | --component | --define | --wait | --run | --file | --exclude | --since) COMPREPLY=() ;;
+    --project | --component | --define | --wait | --run | --shape | --name | --file | --exclude | --since) COMPREPLY=() ;;
     --files-from | --baseline) _quillon_files 'json|txt' ;;
     --connect) _quillon_words startup external ;;
     --format)
       case $2 in
         list) _quillon_words table csv json ;;
+        survey) _quillon_words table json ;;
         check) _quillon_words text json sarif github junit gitlab ;;
         *) _quillon_words text ;;
       esac ;;
@@ -90,7 +91,9 @@ _quillon_options() {
     report) _quillon_words "${common[@]}" --project --component --codepage --root --define --pdf --format ;;
     explain) _quillon_words "${common[@]}" "${scope[@]}" "${files[@]}" ;;
     config) _quillon_words "${common[@]}" "${scope[@]}" "${files[@]}" ;;
-    template | text | rules | init) _quillon_words "${common[@]}" ;;
+    survey) _quillon_words "${common[@]}" "${scope[@]}" --shape --format ;;
+    template) _quillon_words "${common[@]}" --shape --name ;;
+    text | rules | init) _quillon_words "${common[@]}" ;;
     *) _quillon_words --version "${common[@]}" "${scope[@]}" "${rewriting[@]}" ;;
   esac
 }
@@ -98,13 +101,13 @@ _quillon_options() {
 # _quillon_operand COMMAND NUMBER: what a command takes beside options; the first one has number 1.
 _quillon_operand() {
   case $1:$2 in
-    :*) _quillon_words list check explain apply refresh number unnumber undo report template text init config rules ;;
+    :*) _quillon_words list check explain survey apply refresh number unnumber undo report template text init config rules ;;
     explain:1) _quillon_words "${_quillon_rules[@]}" ;;
     report:1) _quillon_words summary properties ;;
-    template:1) _quillon_words check dump list ;;
+    template:1) _quillon_words check dump list learn ;;
     text:1) _quillon_words insert remove number extract signature unsignature ;;
     rules:1) _quillon_words show set reset ;;
-    template:*) _quillon_files dat ;;
+    template:*) _quillon_files 'dat|vbg|vbp' ;;
     text:* | rules:*) COMPREPLY=() ;;
     *) _quillon_files 'vbg|vbp' ;;
   esac

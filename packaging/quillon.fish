@@ -1,5 +1,5 @@
 # Completion of quillon's command line in fish.
-set -l commands list check explain apply refresh number unnumber undo report template text init config rules
+set -l commands list check explain survey apply refresh number unnumber undo report template text init config rules
 set -l in __fish_seen_subcommand_from
 set -l none "not $in $commands"
 set -l projects "__fish_complete_suffix .vbg; __fish_complete_suffix .vbp"
@@ -18,23 +18,24 @@ complete -c quillon -l trace -d "Log entry and exit of the routines"
 complete -c quillon -n "$none" -a list -d "List the procedures and their properties"
 complete -c quillon -n "$none" -a check -d "Tell what is wrong with templates and their settings"
 complete -c quillon -n "$none" -a explain -d "Tell about a rule of check, or why properties are suggested"
+complete -c quillon -n "$none" -a survey -d "List hand-written error handlers by shape"
 complete -c quillon -n "$none" -a apply -d "Set properties and make the code agree with them"
 complete -c quillon -n "$none" -a refresh -d "Write the error handlers anew from the template file"
 complete -c quillon -n "$none" -a number -d "Put line numbers in, or renew them"
 complete -c quillon -n "$none" -a unnumber -d "Take line numbers out"
 complete -c quillon -n "$none" -a undo -d "Take back what the last run wrote"
 complete -c quillon -n "$none" -a report -d "Write a report on a project"
-complete -c quillon -n "$none" -a template -d "Check or show a template file"
+complete -c quillon -n "$none" -a template -d "Check or show a template file, or learn a template from code"
 complete -c quillon -n "$none" -a text -d "Rewrite procedure texts, JSON in and out"
 complete -c quillon -n "$none" -a init -d "Write a quillon.toml and a template file"
 complete -c quillon -n "$none" -a config -d "Tell what holds and where it comes from"
 complete -c quillon -n "$none" -a rules -d "Show or change the rules in the settings file"
 
-set -l grouped list check explain apply refresh number unnumber report config
+set -l grouped list check explain survey apply refresh number unnumber report config
 complete -c quillon -n "$in $grouped" -ka "($projects)"
 complete -c quillon -n "$in $grouped" -l project -x -d "Projects by name"
 complete -c quillon -n "$in $grouped" -l component -x -d "Components by name"
-set -l scoped list check explain apply refresh number unnumber config
+set -l scoped list check explain survey apply refresh number unnumber config
 complete -c quillon -n "$in $scoped" -l procedure -xa "'(declarations)'" -d "Procedures by name"
 complete -c quillon -n "$in $scoped" -l type -xa "Sub Function 'Property *' declarations" \
     -d "Types as list shows them"
@@ -82,7 +83,10 @@ complete -c quillon -n "$in undo" -ka "($projects)"
 complete -c quillon -n "$in undo" -l list -d "List the runs, the latest first"
 complete -c quillon -n "$in undo" -l run -x -d "Number of the run in the list"
 
-complete -c quillon -n "$in template" -a "check dump list"
+complete -c quillon -n "$in survey" -l format -xa "table json" -d "Form of the result"
+complete -c quillon -n "$in survey template" -l shape -x -d "Number of the shape"
+complete -c quillon -n "$in template" -l name -x -d "Name of the template"
+complete -c quillon -n "$in template" -a "check dump list learn"
 complete -c quillon -n "$in template" -ka "(__fish_complete_suffix .dat)"
 complete -c quillon -n "$in text" -a "insert remove number extract signature unsignature"
 complete -c quillon -n "$in rules" -a "show set reset"

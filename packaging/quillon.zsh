@@ -66,13 +66,14 @@ _quillon_program() {
     'list:list the procedures and their properties'
     'check:tell what is wrong with templates and their settings'
     'explain:tell about a rule of check, or why properties are suggested'
+    'survey:list hand-written error handlers by shape'
     'apply:set properties and make the code agree with them'
     'refresh:write the error handlers anew from the template file'
     'number:put line numbers in, or renew them'
     'unnumber:take line numbers out'
     'undo:take back what the last run wrote'
     'report:write a report on a project'
-    'template:check or show a template file'
+    'template:check or show a template file, or learn a template from code'
     'text:rewrite procedure texts, JSON in and out'
     'init:write a quillon.toml and a template file'
     'config:tell what holds and where it comes from'
@@ -98,6 +99,9 @@ _quillon_program() {
             '--format[form]:form:(text json sarif github junit gitlab)' \
             '*:path:_quillon_projects' ;;
         explain) _arguments $common $scope $files "1:rule:($rules)" '*:path:_quillon_projects' ;;
+        survey)
+          _arguments $common $scope '--shape[one shape in full]:number:' \
+            '--format[form]:form:(table json)' '*:path:_quillon_projects' ;;
         apply)
           _arguments $common $scope $files $rewriting '*--set[set a property]:property:_quillon_property' \
             '--suggested[take the suggested values over]' '*:path:_quillon_projects' ;;
@@ -112,7 +116,8 @@ _quillon_program() {
             '--pdf[file to write]:file:_files -g "*.(#i)pdf(-.)"' \
             '--format[form]:form:(text)' '1:report:(summary properties)' '*:path:_quillon_projects' ;;
         template)
-          _arguments $common '1:action:(check dump list)' '2:file:_files -g "*.(#i)dat(-.)"' ;;
+          _arguments $common '--shape[number of the shape]:number:' '--name[name of the template]:name:' \
+            '1:action:(check dump list learn)' '*:file:_files -g "*.(#i)(dat|vbg|vbp)(-.)"' ;;
         text) _arguments $common '1:operation:(insert remove number extract signature unsignature)' ;;
         init) _arguments $common '1:folder:_files -/' ;;
         config) _arguments $common $scope $files '*:path:_quillon_projects' ;;

@@ -27,6 +27,34 @@ TEST(Template, CheckAndListTellAboutAFile) {
       });
 }
 
+TEST(Survey, ListsShapesAndLearnsTemplates) {
+  WorkFolder oPlace;
+  std::filesystem::remove(oPlace.Folder() / "src/TEMPLATE.DAT");
+  oPlace.Write(
+      "src/App/MODMAIN.BAS",
+      oPlace.Dos("Attribute VB_Name = \"modMain\"\nSub Main()\n    On Error GoTo Main_Err\n"
+                 "    Exit Sub\nMain_Err:\n    Log \"modMain.Main\"\nEnd Sub\n"
+                 "Sub Two()\n    x\n    On Error Resume Next\nEnd Sub\n"));
+  ExpectRuns(
+      oPlace,
+      {
+          {"all", "survey --component modMain Demo.vbg", 0,
+           "1      1           50%    1                  App/MODMAIN.BAS:2: modMain.Main  On Error "
+           "GoTo <%Name>_Err | (body)",
+           "2 procedures handle errors on their own, in 2 shapes"},
+          {"one", "survey --shape 2 --component modMain Demo.vbg", 0,
+           "App/MODMAIN.BAS:9: modMain.Two: code stands ahead of On Error", Any},
+          {"as JSON", "survey --format json --shape 1 --component modMain Demo.vbg", 0,
+           "\"rows\": [\"On Error GoTo <%Name>_Err\",\"(body)\",\"Exit <%ProcType>\"", Any},
+          {"a shape that isn't there", "survey --shape 9 Demo.vbg", 2, "",
+           "--shape takes a number from 1 to "},
+          {"learned", "template learn --shape 1 --name Team Demo.vbg", 0,
+           "<#Template name=Team type=procedure>\r\n<#Start>\r\n", Any},
+          {"without a shape", "template learn Demo.vbg", 2, "", "needs --shape N"},
+          {"a shape for a file", "template list --shape 1 a.dat", 2, "", "go with template learn"},
+      });
+}
+
 TEST(Text, AnswersEachRequestInItsOrder) {
   WorkFolder oPlace;
   struct Row {

@@ -12,9 +12,8 @@ struct Command;
 struct Arguments {
   const Command* command = nullptr;  ///< never null once ReadArguments gave no value
   std::string sAction;               ///< the word behind report, template, text and rules
-  std::string sFile;                 ///< of template
   std::string sRule;                 ///< of explain: an id, or a name, or a pattern of them
-  std::vector<std::string> asPath;   ///< groups, projects, folders
+  std::vector<std::string> asPath;   ///< groups, projects, folders; of template its file
   std::vector<std::string> asValue;  ///< NAME=VALUE of rules set
   std::vector<std::string> asSet;    ///< NAME=VALUE of apply --set
 
@@ -42,6 +41,9 @@ struct Arguments {
   std::vector<std::string> roots;     ///< folders below which components may be written
   std::vector<std::string> allowed;   ///< ids of --allow
   std::vector<std::string> asDefine;  ///< NAME=VALUE of --define
+
+  std::string sShape;  ///< of survey and template learn: a number as survey lists it
+  std::string sName;   ///< of template learn; empty: by the number
 
   std::string sPdfFile;  ///< of report; empty: plain text
   std::string sFormat;   ///< table, csv, json, text; empty: the command's own default

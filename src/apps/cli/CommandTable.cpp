@@ -210,6 +210,15 @@ constexpr Option CheckOptions[] = {
     Format(CheckFormats),
 };
 
+constexpr const char* SurveyFormats[] = {"table", "json"};
+constexpr Option SurveyOptions[] = {
+    {.names = "--shape",
+     .target = &Arguments::sShape,
+     .help = "This one of the listed shapes in full, with the procedures that have it",
+     .valueName = "N"},
+    Format(SurveyFormats),
+};
+
 constexpr Option ExplainOptions[] = {
     {.names = "RULE",
      .target = &Arguments::sRule,
@@ -257,14 +266,22 @@ constexpr Option ReportOptions[] = {
     Format(ReportFormats),
 };
 
-constexpr const char* TemplateActions[] = {"check", "dump", "list"};
+constexpr const char* TemplateActions[] = {"check", "dump", "list", "learn"};
 constexpr Option TemplateOptions[] = {
-    Action("ACTION", "check, dump or list", TemplateActions),
+    Action("ACTION", "check, dump, list or learn", TemplateActions),
     {.names = "FILE",
-     .target = &Arguments::sFile,
-     .help = "The template file",
+     .target = &Arguments::asPath,
+     .help = "The template file; for learn, groups, projects or folders",
      .isPath = true,
      .isRequired = true},
+    {.names = "--shape",
+     .target = &Arguments::sShape,
+     .help = "For learn: the number of the shape, as survey lists it",
+     .valueName = "N"},
+    {.names = "--name",
+     .target = &Arguments::sName,
+     .help = "For learn: the name of the template (Shape and its number)",
+     .valueName = "NAME"},
 };
 
 constexpr const char* TextActions[] = {"insert",  "remove",    "number",
@@ -309,6 +326,17 @@ std::string ReportContradiction(const Arguments& arguments) {
   return {};
 }
 
+std::string TemplateContradiction(const Arguments& arguments) {
+  const bool learns = arguments.sAction == "learn";
+  if (learns && arguments.sShape.empty())
+    return "template learn needs --shape N; quillon survey lists the shapes";
+  if (!learns && !(arguments.sShape.empty() && arguments.sName.empty()))
+    return "--shape and --name go with template learn";
+  if (!learns && arguments.asPath.size() > 1)
+    return "template " + arguments.sAction + " takes one file";
+  return {};
+}
+
 std::string RulesContradiction(const Arguments& arguments) {
   const bool sets = arguments.sAction == "set";
   if (sets && arguments.asValue.empty())
@@ -346,6 +374,13 @@ constexpr Command Table[] = {
                  "  quillon explain '*'\n"
                  "  quillon explain cmdOK_Click Orders.vbg",
      .options = {Common, Scope, FileScope, ExplainOptions}},
+    {.run = SurveyCommand,
+     .name = "survey",
+     .help = "List hand-written error handlers by shape",
+     .examples = "  quillon survey Orders.vbg\n"
+                 "  quillon survey --shape 2 Orders.vbg\n"
+                 "  quillon survey --format json --component 'cls*' Orders.vbg",
+     .options = {Common, Scope, Paths, SurveyOptions}},
     {.run = ApplyCommand,
      .name = "apply",
      .group = Command::Group::Needed,
@@ -395,11 +430,13 @@ constexpr Command Table[] = {
      .contradiction = ReportContradiction},
     {.run = TemplateCommand,
      .name = "template",
-     .help = "Check or show a template file",
+     .help = "Check or show a template file, or learn a template from code",
      .examples = "  quillon template check Template.dat\n"
                  "  quillon template dump Template.dat\n"
-                 "  quillon template list Template.dat",
-     .options = {Common, TemplateOptions}},
+                 "  quillon template list Template.dat\n"
+                 "  quillon template learn Orders.vbg --shape 1 --name Team >> Template.dat",
+     .options = {Common, TemplateOptions},
+     .contradiction = TemplateContradiction},
     {.run = TextCommand,
      .name = "text",
      .help = "Rewrite procedure texts: a JSON object per line in and out",

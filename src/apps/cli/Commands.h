@@ -12,6 +12,7 @@ int NumberCommand(Session& session);
 int UnnumberCommand(Session& session);
 int CheckCommand(Session& session);
 int ExplainCommand(Session& session);
+int SurveyCommand(Session& session);
 int TemplateCommand(Session& session);
 int UndoCommand(Session& session);
 int ReportCommand(Session& session);

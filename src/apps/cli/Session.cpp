@@ -130,7 +130,7 @@ const std::vector<std::string>& Session::Groups() {
   return mPaths->groups;
 }
 
-std::string Session::FindTemplate() {
+std::string Session::TemplateOrNone() {
   if (!oArguments.sTemplateFile.empty()) return oArguments.sTemplateFile;
   // The group's own file comes first: what a person opened last must not decide about its code.
   for (const auto* paths : {&oArguments.asPath, &Groups()}) {
@@ -139,9 +139,21 @@ std::string Session::FindTemplate() {
   }
   Text recent = RecentFiles().Item(1);
   if (!recent.empty() && MXFile::FileExists(recent)) return PathOfText(recent);
+  return {};
+}
+
+std::string Session::FindTemplate() {
+  std::string found = TemplateOrNone();
+  if (!found.empty()) return found;
   throw Stop{
       "There is no template file: give one with --template FILE" +
       std::string(oArguments.asPath.empty() ? "" : ", or put Template.dat beside the group")};
+}
+
+void Session::OpenAnyTemplate() {
+  if (!TemplateOrNone().empty()) return OpenTemplate();
+  mTemplateFile = "(none)";
+  TakeTemplateNames();
 }
 
 void Session::OpenTemplate() {
@@ -151,6 +163,10 @@ void Session::OpenTemplate() {
   bool hasErrors = oTemplate.LoadErrors() != 0;
   for (const std::string& line : report) hasErrors ? oConsole.Error(line) : oConsole.Detail(line);
   if (hasErrors) throw Stop{"The template file has errors, nothing was changed: " + TemplateFile()};
+  TakeTemplateNames();
+}
+
+void Session::TakeTemplateNames() {
   TextArray moduleTemplates, procedureTemplates;
   oTemplate.GetModuleTemplates(moduleTemplates);
   oTemplate.GetProcTemplates(procedureTemplates);

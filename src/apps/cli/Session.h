@@ -37,6 +37,8 @@ class Session : public IFilePlaces {
   std::string FindTemplate();
   /// Loads the template and fills the lookups. Stop when there is none or it has errors.
   void OpenTemplate();
+  /// The same, but goes on where there is no template file: then all handlers are hand-written.
+  void OpenAnyTemplate();
   /// Opens the template if that isn't done, then reads the group. Stop when a path holds no
   /// project. A command that rewrites has the group to itself from here on, and what a killed run
   /// left in it is taken back first; any other tells of it.
@@ -101,6 +103,9 @@ class Session : public IFilePlaces {
   std::unique_ptr<DiskIDE> pIDE;
 
  private:
+  /// Empty when there is none.
+  std::string TemplateOrNone();
+  void TakeTemplateNames();
   void BeginRun();
   void TellNotes();
   bool IsPassed(const ComponentRecord& record, const Text& file);

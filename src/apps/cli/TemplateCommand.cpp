@@ -1,6 +1,8 @@
-// template check, dump and list: a template file without any project.
+// template check, dump and list: a template file without any project. What learn does is in
+// SurveyCommand.cpp.
 #include "Commands.h"
 #include "PathText.h"
+#include "SurveyCommand.h"
 #include "TemplateCheck.h"
 #include "TemplateReport.h"
 #include "VisibleText.h"
@@ -12,8 +14,8 @@ int Check(Session& oSession, const std::vector<std::string>& asReport) {
   if (oSession.oTemplate.LoadErrors() != 0) return 2;
   std::vector<TemplateFinding> oFindings = CheckTemplate(oSession.oTemplate);
   for (const TemplateFinding& oFinding : oFindings)
-    oSession.oOutput.Put(VisibleText(Placed(ShownPath(oSession.oArguments.sFile), oFinding.line,
-                                            ToUtf8(oFinding.message))) +
+    oSession.oOutput.Put(VisibleText(Placed(ShownPath(oSession.oArguments.asPath.front()),
+                                            oFinding.line, ToUtf8(oFinding.message))) +
                          '\n');
   return oFindings.empty() ? 0 : 1;
 }
@@ -47,8 +49,9 @@ void List(Session& oSession) {
 }  // namespace
 
 int TemplateCommand(Session& oSession) {
+  if (oSession.oArguments.sAction == "learn") return LearnTemplateCommand(oSession);
   std::vector<std::string> asReport =
-      LoadTemplateReported(oSession.oTemplate, oSession.oArguments.sFile);
+      LoadTemplateReported(oSession.oTemplate, oSession.oArguments.asPath.front());
   const std::string& sAction = oSession.oArguments.sAction;
   if (sAction == "check") return Check(oSession, asReport);
   bool bErrors = oSession.oTemplate.LoadErrors() != 0;
