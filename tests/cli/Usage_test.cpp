@@ -30,6 +30,8 @@ TEST(Usage, WrongUsageAndBadInputAreToldAndChangeNothing) {
           {"mistyped option", "list --tempalte=x .", 2, s, "did you mean --template?"},
           {"mistyped value", "check --format sarfi .", 2, s, "sarfi not in {text,json,sarif,"},
           {"value that was meant", "check --format sarfi .", 2, s, "did you mean sarif?"},
+          {"explained by scope", "explain Demo.vbg --procedure Main", 0,
+           "modMain.Main\n    Template", Any},
           {"no path", "list", 2, s, "PATH is required"},
           {"option of another command", "list --set Trace=True .", 2, s, "--set"},
           {"form of another command", "check --format csv .", 2, s, "csv not in"},

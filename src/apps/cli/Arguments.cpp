@@ -6,6 +6,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <filesystem>
 
 #include "CommandTable.h"
 #include "Display.h"
@@ -148,6 +149,15 @@ Strings WordsOf(int argc, char** argv) {
   return words;
 }
 
+/// `explain PATH --procedure X` asks for procedures, too: no rule is called like a file.
+void TakePathForRule(Arguments& arguments) {
+  std::error_code error;
+  if (arguments.sRule.empty() || !arguments.asPath.empty() || arguments.asProcedure.empty()) return;
+  if (!std::filesystem::exists(PathOfArgument(arguments.sRule), error)) return;
+  arguments.asPath = {PathOfArgument(arguments.sRule)};
+  arguments.sRule = "*";
+}
+
 bool IsSeconds(const std::string& text) {
   return text.size() <= 5 && text.find_first_not_of("0123456789") == std::string::npos;
 }
@@ -184,6 +194,7 @@ std::optional<int> ReadArguments(int argc, char** argv, Arguments& arguments) {
   for (const Command& command : Commands()) Add(app, command, arguments);
   try {
     app.parse(WordsOf(argc, argv));
+    TakePathForRule(arguments);
     if (std::string text = Contradiction(arguments); !text.empty())
       throw CLI::ValidationError(text, CLI::ExitCodes::ValidationError);
   } catch (const CLI::ParseError& error) {
