@@ -5,8 +5,6 @@
 #include "FAction.h"
 #include "MQuillon.h"
 
-class CIDEHandler;
-struct ModelScope;
 struct Workbench;
 
 class BulkCommands {
