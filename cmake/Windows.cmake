@@ -16,3 +16,15 @@ foreach(library CLI rapidjson toml++)
   file(CREATE_LINK /usr/include/${library} ${headers}/${library} SYMBOLIC)
 endforeach()
 include_directories(SYSTEM ${headers})
+
+# Tests that can't be of Windows, for what they need of another system: a program that goes on as two
+# and is killed in one of them (fork), limits of a process, owners, modes and pipes with names.
+set(QUILLON_TESTS_OF_OTHER_SYSTEMS
+    errors/ErrorRuntime_test.cpp     # fork: two programs on one log
+    platform/AtomicFile_test.cpp     # limits, owners, modes, hard and symbolic links, pipes
+    platform/RegistryStore_test.cpp  # fork: two programs on one file
+    journal/WritingRun_test.cpp      # fork: a run that is killed
+    host/SaveKill_test.cpp           # fork: a save that is killed at every call
+    shell/MStartUp_test.cpp          # fork: a crash and what is logged of it
+    paper/Printers_test.cpp          # queues and documents of CUPS, modes, pipes
+    printing/Reports_test.cpp)       # modes, the PDF library

@@ -65,10 +65,13 @@ Text WriteRoots::Reason(const std::string& path) const {
 }
 
 std::string WorkTreeOf(const std::string& folder, IFileOps& files) {
-  for (std::string place = folder;; place = FileFailure::FolderOf(place)) {
+  for (std::string place = folder;;) {
     IFileOps::Stat state;
     if (files.GetStat(place + (place == "/" ? "" : "/") + ".git", state) == 0) return place;
-    if (place == "/" || place == ".") return folder;
+    const std::string above = FileFailure::FolderOf(place);
+    // Above a drive of Windows is nothing; "." would be the folder of the program.
+    if (place == "/" || above == ".") return folder;
+    place = above;
   }
 }
 

@@ -7,8 +7,8 @@ namespace {
 
 /// The system gives undefined bytes a control character or one for private use; neither is the
 /// page's own.
-bool IsMadeUp(wchar_t unit, std::size_t bytes) {
-  return (unit >= 0x80 && unit < 0xA0) || (bytes == 1 && unit >= 0xE000 && unit <= 0xF8FF);
+bool IsMadeUp(wchar_t unit) {
+  return (unit >= 0x80 && unit < 0xA0) || (unit >= 0xE000 && unit <= 0xF8FF);
 }
 
 }  // namespace
@@ -33,7 +33,7 @@ char16_t CodePageConverter::UnitOf(std::string_view character) {
   wchar_t units[4] = {};
   const int count = MultiByteToWideChar(mTables->page, MB_ERR_INVALID_CHARS, character.data(),
                                         static_cast<int>(character.size()), units, 4);
-  return count == 1 && !IsMadeUp(units[0], character.size()) ? units[0] : u'\0';
+  return count == 1 && !IsMadeUp(units[0]) ? units[0] : u'\0';
 }
 
 std::string CodePageConverter::BytesOf(char16_t unit) {

@@ -11,5 +11,7 @@ Text LowerCaseTable() {
       LCMapStringW(LOCALE_INVARIANT, LCMAP_LOWERCASE, units.data(), static_cast<int>(units.size()),
                    lower.data(), static_cast<int>(lower.size()));
   const std::wstring& table = count == 0x10000 ? lower : units;
-  return Text(table.begin(), table.end());
+  Text letters(table.begin(), table.end());
+  letters[0x130] = u'i';  // the dotted capital, which the system leaves to languages
+  return letters;
 }

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "Failure.h"
+#include "NewFolder.h"
 
 /// The number that a call fails with, or 0. sInText has to stand in the failure's text.
 template <class Call>
@@ -26,22 +27,20 @@ std::int32_t FailureNumber(Call&& oCall, const char* sInText = "") {
 class ProjectTree {
  public:
   explicit ProjectTree(
-      const std::filesystem::path& oParent = std::filesystem::temp_directory_path()) {
-    std::string sName = (oParent / "projects-XXXXXX").string();
-    msRoot = std::filesystem::canonical(mkdtemp(sName.data())).string();
-  }
+      const std::filesystem::path& oParent = std::filesystem::temp_directory_path())
+      : msRoot(NewFolder(oParent)) {}
   ~ProjectTree() { std::filesystem::remove_all(msRoot); }
 
   const std::string& Root() const { return msRoot; }
   std::string Path(const std::string& sName) const { return msRoot + '/' + sName; }
   std::string Write(const std::string& sName, std::string_view sBytes) const {
     std::filesystem::create_directories(std::filesystem::path(Path(sName)).parent_path());
-    std::ofstream(Path(sName), std::ios::binary) << sBytes;
+    std::ofstream(std::filesystem::path(Path(sName)), std::ios::binary) << sBytes;
     return Path(sName);
   }
   std::string Read(const std::string& sName) const {
     std::ostringstream oBytes;
-    oBytes << std::ifstream(Path(sName), std::ios::binary).rdbuf();
+    oBytes << std::ifstream(std::filesystem::path(Path(sName)), std::ios::binary).rdbuf();
     return oBytes.str();
   }
 

@@ -8,12 +8,11 @@
 #include <iterator>
 #include <string>
 
+#include "NewFolder.h"
+
 class TempFolder {
  public:
-  TempFolder() {
-    std::string sTemplate = testing::TempDir() + "quillon-XXXXXX";
-    msPath = mkdtemp(sTemplate.data());
-  }
+  TempFolder() : msPath(NewFolder(testing::TempDir())) {}
   ~TempFolder() { std::filesystem::remove_all(msPath); }
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;
@@ -25,10 +24,11 @@ class TempFolder {
   }
 
   static void Write(const std::string& sPath, std::string_view sBytes) {
-    std::ofstream(sPath, std::ios::binary).write(sBytes.data(), std::ssize(sBytes));
+    std::ofstream(std::filesystem::path(sPath), std::ios::binary)
+        .write(sBytes.data(), std::ssize(sBytes));
   }
   static std::string Read(const std::string& sPath) {
-    std::ifstream oFile(sPath, std::ios::binary);
+    std::ifstream oFile(std::filesystem::path(sPath), std::ios::binary);
     return {std::istreambuf_iterator<char>(oFile), {}};
   }
 
