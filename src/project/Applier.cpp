@@ -166,6 +166,7 @@ void Applier::RewriteOne(GuardScope& scope, ProcedureHandle handle, Run& run) {
     run.refusals.push_back({RefusalKind::LinesFallToProcedure});
     return;
   }
+  if (rewrite.changed) mRewritten(handle);
   TakeOver(record, run);
 }
 

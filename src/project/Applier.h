@@ -21,10 +21,16 @@
 class Applier {
  public:
   using Refused = Signal<ProcedureHandle, const std::vector<Refusal>&>;
+  using Rewritten = Signal<ProcedureHandle>;
 
   /// All outlive this object.
-  Applier(const ModelOptions& options, GroupModel& model, GroupLoader& loader, Refused& refused)
-      : mOptions(options), mModel(model), mLoader(loader), mRefused(refused) {}
+  Applier(const ModelOptions& options, GroupModel& model, GroupLoader& loader, Refused& refused,
+          Rewritten& rewritten)
+      : mOptions(options),
+        mModel(model),
+        mLoader(loader),
+        mRefused(refused),
+        mRewritten(rewritten) {}
 
   /// Suggested becomes Pending, but for the lock, where the procedure isn't locked; loads the
   /// scope.
@@ -77,6 +83,7 @@ class Applier {
   GroupModel& mModel;
   GroupLoader& mLoader;
   Refused& mRefused;
+  Rewritten& mRewritten;
   /// Of the component that was asked for last.
   mutable struct {
     ComponentHandle component{};

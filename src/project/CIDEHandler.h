@@ -142,6 +142,8 @@ class CIDEHandler : public ModelOptions {
   /// One procedure could not be rewritten, or not in all: handle and reasons, each ahead of the
   /// engine's own message about it.
   Signal<ProcedureHandle, const std::vector<Refusal>&> ProcedureRefused;
+  /// One procedure has other lines now.
+  Signal<ProcedureHandle> ProcedureRewritten;
 
  private:
   void RowOfComponent(GuardScope& scope, ComponentHandle component);
@@ -150,6 +152,6 @@ class CIDEHandler : public ModelOptions {
   GroupModel mModel;
   LoadProgress mProgress{ProgressStart, ProgressEnd, Progress};
   GroupLoader mLoader{*this, mModel, mProgress};
-  Applier mApplier{*this, mModel, mLoader, ProcedureRefused};
+  Applier mApplier{*this, mModel, mLoader, ProcedureRefused, ProcedureRewritten};
   VBE* VBInst = nullptr;
 };

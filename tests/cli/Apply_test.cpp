@@ -216,10 +216,15 @@ TEST(Apply, ForeignNamesAndLinesAreVisible) {
   oPlace.Write("src/Evil.vbp", "Type=Exe\r\nName=\"" + sTurned + "\"\r\nModule=N; n.bas\r\n");
   oPlace.Write("src/n.bas", "Attribute VB_Name = \"N" + sTurned + "\"\r\nSub A()\r\n'" + sTurned +
                                 "\r\nEnd Sub\r\n");
-  for (const std::string sLine : {"list Evil.vbp", "check Evil.vbp", "report summary Evil.vbp",
-                                  "apply --suggested -n Evil.vbp",
-                                  "--version; script -qec \"" QUILLON_BIN_DIR
-                                  "/quillon -q apply --suggested -n --diff Evil.vbp\" /dev/null"}) {
+  const auto onTerminal = [](const std::string& sLine) {
+    return "--version; script -qec \"" QUILLON_BIN_DIR "/quillon -q " + sLine + "\" /dev/null";
+  };
+  for (const std::string& sLine :
+       {std::string("list Evil.vbp"), std::string("check Evil.vbp"),
+        std::string("report summary Evil.vbp"), std::string("apply --suggested -n Evil.vbp"),
+        onTerminal("apply --suggested -n --diff Evil.vbp"),
+        onTerminal("list --format csv Evil.vbp"), onTerminal("list --format json Evil.vbp"),
+        onTerminal("check --format json Evil.vbp")}) {
     SCOPED_TRACE(sLine);
     const WorkFolder::Result oResult = oPlace.Run(sLine);
     const std::string sAll = oResult.sOut + oResult.sErr;
@@ -262,6 +267,8 @@ TEST(Apply, FilesThatCannotBeWrittenAreFailures) {
   WorkFolder::Result oResult = oPlace.Run(sSuggest);
   EXPECT_EQ(oResult.nExit, 1);
   EXPECT_HOLDS(oResult.sErr, std::string("App/modMain.bas: not written: "));
+  EXPECT_HOLDS(oPlace.Run("apply --suggested --component modMain Demo.vbg").sErr,
+               std::string("1 file not: what was to change there in 3 procedures is as it was"));
   EXPECT_EQ(oPlace.Files(), oBefore);
 }
 

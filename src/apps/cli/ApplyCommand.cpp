@@ -26,6 +26,5 @@ int ApplyCommand(Session& oSession) {
   Assignments::Passed oPassed;
   for (ProcedureHandle h : oSession.Procedures()) oAssignments.Apply(oSession, h, oPassed);
   TellPassed(oSession, oPassed);
-  RewriteScope(oSession, false, MQuillon::LineNumAction::AsRule);
-  return SaveChanges(oSession);
+  return SaveChanges(oSession, RewriteScope(oSession, false, MQuillon::LineNumAction::AsRule));
 }

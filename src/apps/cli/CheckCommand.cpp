@@ -45,9 +45,12 @@ CheckResult Find(Session& session, const RuleSelection& rules) {
 }
 
 void Report(Session& session, const CheckResult& result) {
+  DataOutput data(session.oOutput);
+  const std::string& name = session.oArguments.sFormat;
+  const bool isForPeople = name.empty() || name == "text";  // visible already, and coloured
+  TextSink& sink = isForPeople ? static_cast<TextSink&>(session.oOutput) : data;
   const auto format = MakeFindingFormat(
-      session.oArguments.sFormat,
-      {.sink = session.oOutput, .version = QUILLON_VERSION, .isColored = session.IsColored()});
+      name, {.sink = sink, .version = QUILLON_VERSION, .isColored = session.IsColored()});
   ToldFindings told(session);
   format->Begin(result);
   for (const Finding& finding : result.findings) format->Add(told.Tell(finding));

@@ -39,11 +39,16 @@ class Lister {
   void AsCsv() {
     Heading(true);
     AppendCsv(mRow, mOut);
-    EachRow([&] { AppendCsv(mRow, mOut); });
+    const bool isTerminal = Output::IsTerminal();
+    EachRow([&] {
+      if (isTerminal) MakeVisible();
+      AppendCsv(mRow, mOut);
+    });
   }
 
   void AsJson() {
-    JsonWriter json(mSession.oOutput);
+    DataOutput output(mSession.oOutput);
+    JsonWriter json(output);
     json.BeginObject();
     json.Key("version").String(QUILLON_VERSION);
     json.Key("template").String(mSession.TemplateFile());
@@ -112,8 +117,12 @@ class Lister {
   }
 
   /// For people: names in visible form, and behind a suggested template what speaks against it.
-  void MakeReadable() {
+  void MakeVisible() {
     for (std::string& cell : mRow) cell = VisibleText(cell);
+  }
+
+  void MakeReadable() {
+    MakeVisible();
     const CProcSettings& suggested = mHandler.Procedure(mProcedure).oSuggest;
     if (!mSession.oArguments.bSuggested || !suggested.bTemplateClearsErr) return;
     const auto reason = Suggestions::SuggestionOf(suggested).templateName.reason;

@@ -4,6 +4,8 @@
 
 #include <cerrno>
 
+#include "VisibleText.h"
+
 bool Output::IsTerminal() {
   return isatty(STDOUT_FILENO) != 0;
 }
@@ -21,4 +23,9 @@ void Output::Flush() {
     }
   }
   msPending.clear();
+}
+
+void DataOutput::Put(std::string_view text) {
+  if (!Output::IsTerminal()) return mOutput.Put(text);
+  mOutput.Put(VisibleLines(text));
 }

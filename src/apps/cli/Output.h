@@ -31,3 +31,13 @@ class Output : public TextSink {
   int mnError = 0;
   bool mbReaderGone = false;
 };
+
+/// Results for other programs: in a pipe as they are, on a terminal without what would move it.
+class DataOutput : public TextSink {
+ public:
+  explicit DataOutput(Output& output) : mOutput(output) {}
+  void Put(std::string_view text) override;
+
+ private:
+  Output& mOutput;
+};

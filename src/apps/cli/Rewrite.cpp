@@ -1,7 +1,6 @@
 #include "Rewrite.h"
 
 #include <deque>
-#include <unordered_map>
 
 #include "Differences.h"
 #include "PathText.h"
@@ -123,18 +122,27 @@ DiskIDE::SaveResult Save(Session& session) {
   }
 }
 
+std::string Procedures(std::size_t count) {
+  return std::to_string(count) + (count == 1 ? " procedure" : " procedures");
+}
+
 /// False when a file could not be written.
-bool SaveFiles(Session& oSession) {
+bool SaveFiles(Session& oSession, const RewrittenOfFile& rewritten) {
   const SignalHold hold;
   DiskIDE::SaveResult oResult = Save(oSession);
   for (const std::string& sPath : oResult.asSaved)
     oSession.oConsole.Detail("Written: " + ShownFile(sPath));
-  for (const DiskIDE::Note& oNote : oResult.oFailed)
-    oSession.oConsole.Error(
-        Placed(ShownFile(PathOfText(oNote.sFile)), 0, "not written: " + ToUtf8(oNote.sMessage)));
+  std::size_t unwritten = 0;
+  for (const DiskIDE::Note& oNote : oResult.oFailed) {
+    const std::string file = ShownFile(PathOfText(oNote.sFile));
+    oSession.oConsole.Error(Placed(file, 0, "not written: " + ToUtf8(oNote.sMessage)));
+    const auto found = rewritten.find(file);
+    if (found != rewritten.end()) unwritten += found->second;
+  }
   std::string sTotal = Files(oResult.asSaved.size()) + " written";
   if (const std::size_t lFailed = oResult.oFailed.size())
-    sTotal += ", " + Files(lFailed) + " not: what was to change in them is as it was";
+    sTotal += ", " + Files(lFailed) + " not: what was to change there in " + Procedures(unwritten) +
+              " is as it was";
   oSession.oConsole.Say(sTotal);
   oSession.oConsole.Flush();
   oSession.EndRun();
@@ -143,8 +151,13 @@ bool SaveFiles(Session& oSession) {
 
 }  // namespace
 
-void RewriteScope(Session& oSession, bool bRefresh, MQuillon::LineNumAction eLineNumAction) {
+RewrittenOfFile RewriteScope(Session& oSession, bool bRefresh,
+                             MQuillon::LineNumAction eLineNumAction) {
   CTemplate& oTemplate = oSession.oTemplate;
+  std::unordered_map<std::int32_t, std::size_t> ofComponent;
+  const auto count = oSession.oHandler.ProcedureRewritten.Connect([&](ProcedureHandle h) {
+    ++ofComponent[oSession.oHandler.Procedure(h).hComponent.Number()];
+  });
   Account oAccount(oSession);
   oTemplate.BatchStart();
   // Without a refresh only what the scope made dirty is rewritten, so that one walk over the group
@@ -157,13 +170,17 @@ void RewriteScope(Session& oSession, bool bRefresh, MQuillon::LineNumAction eLin
   }
   oSession.oConsole.ProgressEnd();
   oTemplate.BatchSummary();
+  RewrittenOfFile rewritten;
+  for (const auto& [component, procedures] : ofComponent)
+    rewritten[oSession.FileOf(ComponentHandle(component))] += procedures;
+  return rewritten;
 }
 
-int SaveChanges(Session& oSession) {
+int SaveChanges(Session& oSession, const RewrittenOfFile& rewritten) {
   if (oSession.oArguments.bDiff) PrintDifferences(oSession);
   bool bDone = oSession.oTemplate.BatchErrors() == 0 && oSession.IsScopeRead();
   if (!oSession.oArguments.bDryRun) {
-    bDone = SaveFiles(oSession) && bDone;
+    bDone = SaveFiles(oSession, rewritten) && bDone;
   } else {
     std::size_t lCount = oSession.pIDE->ChangedPaths().size();
     oSession.oConsole.Say("Nothing was written: " + Files(lCount) + " would change");

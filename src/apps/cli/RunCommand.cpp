@@ -8,8 +8,7 @@ namespace {
 int Run(Session& session, MQuillon::LineNumAction lineNumberAction) {
   session.OpenGroup(Session::Use::Rewrite);
   session.LoadScope();
-  RewriteScope(session, true, lineNumberAction);
-  return SaveChanges(session);
+  return SaveChanges(session, RewriteScope(session, true, lineNumberAction));
 }
 
 }  // namespace
