@@ -16,6 +16,8 @@ else()
 endif()
 set(CMAKE_FIND_ROOT_PATH /usr/${prefix} ${QUILLON_WINDOWS_CACHE}/wx ${QUILLON_WINDOWS_CACHE}/zstd
                          ${QUILLON_WINDOWS_CACHE}/gtest)
+# The library's own program tells how to link it; that of the machine is for another system.
+set(wxWidgets_CONFIG_EXECUTABLE ${QUILLON_WINDOWS_CACHE}/wx/bin/wx-config CACHE FILEPATH "")
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

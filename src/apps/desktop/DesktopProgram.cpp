@@ -1,10 +1,9 @@
 #include "DesktopProgram.h"
 
 #include <filesystem>
-#include <optional>
 
+#include "AskPdfFile.h"
 #include "BoxText.h"
-#include "CXChooseFile.h"
 #include "CXRecent.h"
 #include "Connect.h"
 #include "Desktop.h"
@@ -30,18 +29,6 @@ std::string PictureBytes(const ButtonFaces& oFaces, TextView sKey, std::int32_t 
   const auto oDrawn = FindPicture(sKey, lPixels);
   if (!oDrawn.empty()) return {reinterpret_cast<const char*>(oDrawn.data()), oDrawn.size()};
   return oFaces.Find(sKey);
-}
-
-/// Asks for the file of a document that is printed to "PDF file". Nothing after Cancel, which isn't
-/// a failure.
-std::optional<Text> AskPdfFile(Forms::Toolkit& oToolkit, TextView sTitle) {
-  CXChooseFile oChoose(oToolkit);
-  oChoose.Dialog = oToolkit.ActiveForm();
-  oChoose.Title = u"Print to File";
-  oChoose.FileName = Text(sTitle) + u".pdf";
-  oChoose.OFilters = {u"PDF Files (*.pdf) | *.pdf"};
-  if (!oChoose.Show(true)) return std::nullopt;
-  return oChoose.FileName;
 }
 
 void TellSettingsProblems(Forms::Toolkit& oToolkit, const RegistryStore& oStore) {

@@ -1,7 +1,6 @@
 #include "Desktop.h"
 
 #include <wx/app.h>
-#include <wx/image.h>
 #include <wx/init.h>
 #include <wx/log.h>
 #include <wx/msgdlg.h>
@@ -9,7 +8,9 @@
 #include <cstdio>
 
 #include "Failure.h"
+#include "HostWindow.h"
 #include "NativeText.h"
+#include "PictureReader.h"
 #include "WxRenderer.h"
 
 namespace Forms {
@@ -22,7 +23,7 @@ class DesktopApp : public wxApp {
  public:
   bool OnInit() override {
     SetExitOnFrameDelete(false);
-    wxImage::AddHandler(new wxPNGHandler);
+    AddPictureReader();
     return true;
   }
   bool OnExceptionInMainLoop() override {
@@ -67,7 +68,41 @@ class Session {
   bool mbRuns = false;
 };
 
+/// What has to be said ahead of the start, and taken back behind the end.
+struct Place {
+  Place(void* poModule, std::function<std::intptr_t()> oWindow) {
+    HostWindow::Enter(poModule, std::move(oWindow));
+  }
+  ~Place() { HostWindow::Leave(); }
+  Place(const Place&) = delete;
+  Place& operator=(const Place&) = delete;
+};
+
 }  // namespace
+
+struct HostedDesktop::Parts {
+  Parts(void* poModule, std::function<std::intptr_t()> oWindow)
+      : oPlace(poModule, std::move(oWindow)) {
+    if (!oSession.Runs()) throw Failure(5, u"The window system can't be started");
+    pRenderer = std::make_unique<WxRenderer>();
+    pToolkit = std::make_unique<Toolkit>(*pRenderer);
+    pRenderer->SetToolkit(*pToolkit);
+  }
+
+  Place oPlace;
+  Session oSession;
+  std::unique_ptr<WxRenderer> pRenderer;
+  std::unique_ptr<Toolkit> pToolkit;
+};
+
+HostedDesktop::HostedDesktop(void* poModule, std::function<std::intptr_t()> oWindow)
+    : mpParts(std::make_unique<Parts>(poModule, std::move(oWindow))) {}
+
+HostedDesktop::~HostedDesktop() = default;
+
+Toolkit& HostedDesktop::Kit() {
+  return *mpParts->pToolkit;
+}
 
 int RunDesktop(const std::function<int(Toolkit&)>& oProgram) {
   const Session oSession;

@@ -62,6 +62,7 @@ FormPeer::FormPeer(WxRenderer& oRenderer, Form& oForm)
 
 FormPeer::~FormPeer() {
   moArea.Leave();
+  NativeDetails::ModalInput::EndAheadOf(moFrame);
   moFrame.Hide();
   moFrame.Destroy();
 }
@@ -127,6 +128,7 @@ void FormPeer::ApplyBounds() {
 void FormPeer::ApplyVisible() {
   if (moForm.Visible() == moFrame.IsShown()) return;
   if (!moForm.Visible()) {
+    NativeDetails::ModalInput::EndAheadOf(moFrame);
     moFrame.Hide();
     return;
   }

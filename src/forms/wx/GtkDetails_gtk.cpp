@@ -95,6 +95,8 @@ ModalInput::~ModalInput() {
   g_object_unref(mpNative);
 }
 
+void ModalInput::EndAheadOf(wxTopLevelWindow&) {}
+
 }  // namespace Forms::NativeDetails
 
 #endif

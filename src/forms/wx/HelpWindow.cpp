@@ -9,6 +9,7 @@
 #include <wx/notebook.h>
 #include <wx/splitter.h>
 
+#include "HostWindow.h"
 #include "NativeDetails.h"
 #include "NativeText.h"
 #include "WxRenderer.h"
@@ -48,6 +49,7 @@ class HelpParts : public wxHtmlHelpWindow {
 bool WxRenderer::ShowHelp(TextView sFile, HelpCommand eCommand, std::int32_t lContext, Form*) {
   const wxString sBook = BookOf(ToWx(sFile));
   if (sBook.empty()) return false;
+  const HostWindow::Look oLook;
   const bool bNew = !mpHelp || sBook != ToWx(msHelpBook);
   if (bNew) {
     if (!wxFileSystem::HasHandlerForPath("a.zip#zip:b")) {

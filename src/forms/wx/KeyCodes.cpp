@@ -72,9 +72,9 @@ std::int32_t CharacterOf(const wxKeyEvent& oEvent) {
   if (oEvent.AltDown()) return 0;
   const int nKey = oEvent.GetKeyCode();
   if (nKey == WXK_NUMPAD_ENTER) return Key::Return;
-  const auto cKey = oEvent.GetUnicodeKey();
+  const auto cKey = static_cast<std::uint32_t>(oEvent.GetUnicodeKey());
   // KeyPress has one 16-bit code; characters that need two are left to the native control.
-  if (cKey == WXK_NONE || cKey > 0xFFFF || nKey == WXK_DELETE) return 0;
+  if (cKey == 0 || cKey > 0xFFFF || nKey == WXK_DELETE) return 0;
   return static_cast<std::int32_t>(cKey);
 }
 

@@ -7,6 +7,7 @@
 #include "CommandButton.h"
 #include "FormPeer.h"
 #include "Frame.h"
+#include "HostWindow.h"
 #include "Label.h"
 #include "LightPeers.h"
 #include "Line.h"
@@ -39,6 +40,7 @@ std::unique_ptr<IPeer> Make(WxRenderer& oRenderer, Component& oComponent) {
 }  // namespace
 
 std::unique_ptr<IPeer> WxRenderer::MakePeer(Component& o) {
+  const HostWindow::Look oLook;
   switch (o.Kind()) {
     case ComponentKind::Form:
       return Make<FormPeer, Form>(*this, o);

@@ -1,5 +1,5 @@
 // What the window library has no portable call for. One file per window system implements it:
-// GtkDetails_gtk.cpp, and PlainDetails.cpp for the others.
+// GtkDetails_gtk.cpp, MswDetails_win.cpp, and PlainDetails.cpp for the others.
 #pragma once
 
 class wxChoice;
@@ -29,6 +29,10 @@ class ModalInput {
   ModalInput(const ModalInput&) = delete;
   ModalInput& operator=(const ModalInput&) = delete;
   ~ModalInput();
+
+  /// The window that keeps the input is about to hide: the system gives the focus to the next
+  /// window that takes input, so the others have to take it by now.
+  static void EndAheadOf(wxTopLevelWindow& oWindow);
 
  private:
   void* mpNative;

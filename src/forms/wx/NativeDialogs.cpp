@@ -4,6 +4,7 @@
 #include <wx/msgdlg.h>
 
 #include "FormPeer.h"
+#include "HostWindow.h"
 #include "NativeText.h"
 #include "PageSetupDialog.h"
 #include "WxRenderer.h"
@@ -82,9 +83,12 @@ long FileStyle(const FileDialog& o) {
 
 MsgBoxResult WxRenderer::MsgBox(const MsgBoxRequest& oRequest) {
   CatchUp();
+  const HostWindow::Look oLook;
+  wxWindow* const poWindow = WindowOf(oRequest.poOwner);
+  const auto pHost = poWindow ? nullptr : HostWindow::AsOwner();
   const BoxButtons& oButtons = BoxRows[static_cast<std::size_t>(oRequest.eButtons)];
   wxMessageDialog oBox(
-      WindowOf(oRequest.poOwner), ToField(oRequest.sPrompt), ToWx(oRequest.sTitle),
+      poWindow ? poWindow : pHost.get(), ToField(oRequest.sPrompt), ToWx(oRequest.sTitle),
       oButtons.nStyle | IconOf(oRequest.eIcon) | DefaultOf(oRequest, oButtons) | wxCENTRE);
   if (oButtons.psYes && oButtons.psNo) {
     oBox.SetYesNoCancelLabels(wxString(oButtons.psYes), wxString(oButtons.psNo),
@@ -106,6 +110,7 @@ MsgBoxResult WxRenderer::MsgBox(const MsgBoxRequest& oRequest) {
 
 DialogAnswer WxRenderer::ChooseFile(FileDialog& o) {
   CatchUp();
+  const HostWindow::Look oLook;
   wxFileDialog oNative(WindowOf(o.poOwner), ToWx(o.sTitle), ToWx(o.sDirectory), ToWx(o.sFileName),
                        FilterText(o), FileStyle(o));
   oNative.SetFilterIndex(o.lFilterIndex - 1);
@@ -125,6 +130,7 @@ DialogAnswer WxRenderer::ChooseFile(FileDialog& o) {
 
 DialogAnswer WxRenderer::ChooseFont(FontDialog& o) {
   CatchUp();
+  const HostWindow::Look oLook;
   wxFontData oData;
   oData.SetInitialFont(NativeFont(o.oFont));
   oData.SetColour(NativeColor(o.lColor));
@@ -143,6 +149,7 @@ DialogAnswer WxRenderer::ChooseFont(FontDialog& o) {
 
 DialogAnswer WxRenderer::ChoosePage(PageDialog& o) {
   CatchUp();
+  const HostWindow::Look oLook;
   PageSetupDialog oNative(WindowOf(o.poOwner), o);
   if (oNative.ShowModal() != wxID_OK) return {};
   oNative.Take(o);

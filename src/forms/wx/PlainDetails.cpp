@@ -3,7 +3,7 @@
 
 #include <wx/defs.h>
 
-#ifndef __WXGTK__
+#if !defined(__WXGTK__) && !defined(__WXMSW__)
 
 #include <wx/choice.h>
 #include <wx/dcscreen.h>
@@ -37,6 +37,8 @@ ModalInput::ModalInput(wxTopLevelWindow& oWindow) : mpNative(new wxWindowDisable
 ModalInput::~ModalInput() {
   delete static_cast<wxWindowDisabler*>(mpNative);
 }
+
+void ModalInput::EndAheadOf(wxTopLevelWindow&) {}
 
 }  // namespace Forms::NativeDetails
 

@@ -11,6 +11,7 @@
 #include <algorithm>
 
 #include "FormPeer.h"
+#include "HostWindow.h"
 #include "NativeDetails.h"
 #include "NativeText.h"
 #include "Toolkit.h"
@@ -56,6 +57,7 @@ void WxRenderer::BringUpToDate() {
     ~Flag() { mb = false; }
     bool& mb;
   } const oFlag(mbCatchingUp);
+  const HostWindow::Look oLook;
   while (!moControls.empty() || !moForms.empty()) {
     auto& oQueue = moControls.empty() ? moForms : moControls;
     WxPeer* const po = oQueue.front();
@@ -85,7 +87,15 @@ void WxRenderer::RunLoop(Form* poForm) {
   wxGUIEventLoop oLoop;
   moLoops.push_back({poForm, &oLoop});
   if (!Ends(moLoops.back())) oLoop.Run();
+  const bool bQuit = !Ends(moLoops.back());
   moLoops.pop_back();
+  if (bQuit) {
+    HostWindow::PassQuitOn();
+    if (poForm) poForm->Hide();
+    CatchUp();
+  }
+  // The program around ours has no keys for a window of help that stays behind.
+  if (moLoops.empty() && HostWindow::Handle() != 0) mpHelp.reset();
   EndLoops();
 }
 
@@ -182,6 +192,8 @@ Text WxRenderer::ClipboardText() const {
 
 void WxRenderer::SetClipboardPicture(TextView sPictureKey) {
   if (!mpoToolkit) return;
+  // A program around ours pastes pictures of 16 pixels whatever the resolution.
+  if (HostWindow::PutOnClipboard(moPictures.Get(*mpoToolkit, sPictureKey, 16))) return;
   const wxBitmap& oBitmap = moPictures.Get(*mpoToolkit, sPictureKey, moUnits.Scaled(16));
   if (!oBitmap.IsOk() || !wxTheClipboard->Open()) return;
   wxTheClipboard->SetData(new wxBitmapDataObject(oBitmap));

@@ -1,0 +1,7 @@
+#include "PictureReader.h"
+
+#include <wx/image.h>
+
+void Forms::AddPictureReader() {
+  wxImage::AddHandler(new wxPNGHandler);
+}
