@@ -35,6 +35,7 @@ class HostFixture : public testing::Test {
     return copy;
   }
   void Open(const std::filesystem::path& group) {
+    Close();
     disk = DiskIDE::Open(group.generic_string(), {});
     world = std::make_unique<HostWorld>(*disk);
     ide = Late::Owned(MakeIde(*world));
@@ -44,7 +45,7 @@ class HostFixture : public testing::Test {
     if (!world) return;
     EXPECT_EQ(world->Alive(), 0);
     if (HasFailure()) world->Print(std::cout);
-    world.reset();
+    world.reset();  // ahead of what it shows
   }
   Late Component(const Late& project, const Late& component) const {
     return ide("VBProjects")("Item", project)("VBComponents")("Item", component);

@@ -261,7 +261,6 @@ TEST_F(HostTest, RequestThroughTheAdaptersGivesTheBytesOfTheDisk) {
   EXPECT_TRUE(disk->Save().oFailed.empty());
   const Files wanted = FilesOf(folder / "ide");
   EXPECT_TRUE(wanted != before);
-  Close();
   for (const bool retypes : {false, true}) {
     SCOPED_TRACE(retypes);
     const auto copy = CopyOfSamples(retypes ? "retyped" : "as written");
