@@ -68,6 +68,7 @@ struct Applier::Run {
   LineNumAction numbering = LineNumAction::Leave;
   bool listChanges = false;
   bool unproved = false;
+  bool alone = false;  ///< nothing else is asked for: the module stays as it is
   /// The component whose declarations were compared with their code last.
   ComponentHandle declarationsRead{};
 
@@ -174,8 +175,9 @@ Rewrite Applier::RewriteAsPending(GuardScope& scope, const ProcedureRecord& reco
                                   const ParsedProcedure& procedure, const Run& run) const {
   const CProcSettings& wanted = run.refresh ? record.oCurrent : record.oPending;
   const ProcedureHandle module = mModel.Component(record.hComponent).lFirstProcedure;
-  const StatedValues stated(
-      wanted, InheritsModule(record, wanted) ? &mModel.Procedure(module).oPending : nullptr);
+  const ProcedureRecord& declarations = mModel.Procedure(module);
+  const CProcSettings& inherited = run.alone ? declarations.oCurrent : declarations.oPending;
+  const StatedValues stated(wanted, InheritsModule(record, wanted) ? &inherited : nullptr);
   const bool prove = mOptions.bProve && !run.unproved;
   Rewrite rewrite =
       RewriteProcedure(procedure,
@@ -287,7 +289,8 @@ Trial Applier::TryOut(ProcedureHandle handle, const TrialWants& wants) {
             if (run.listChanges && rewrite->changed) trial.source = procedure.Source();
           };
           const LineNumAction numbering = MRules::oRules.eLineNumAction;
-          const Run refresh{.refresh = true, .numbering = numbering, .listChanges = true};
+          const Run refresh{
+              .refresh = true, .numbering = numbering, .listChanges = true, .alone = true};
           if (record.oCurrent.bForeign() || record.oCurrent.eLocked() == TriState::True)
             return trial;
           if (!record.oCurrent.sTemplate().empty()) attempt(trial.refresh, refresh);
@@ -296,7 +299,8 @@ Trial Applier::TryOut(ProcedureHandle handle, const TrialWants& wants) {
             attempt(trial.unnumbered, {.refresh = true,
                                        .numbering = LineNumAction::Remove,
                                        .listChanges = true,
-                                       .unproved = true});
+                                       .unproved = true,
+                                       .alone = true});
           }
           return trial;
         });

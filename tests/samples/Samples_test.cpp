@@ -107,7 +107,12 @@ TEST_F(Samples, CheckIsSatisfiedByApplyingWhatIsSuggested) {
 }
 
 TEST_F(Samples, CheckFindsWhatIsBroken) {
+  ASSERT_EQ(Quillon("apply -q --suggested --procedure SplitFields Atelier.vbg"), 0) << sOutput;
+  EXPECT_EQ(Quillon("check --procedure SplitFields Atelier.vbg"), 0)
+      << "what its module will state one day makes no drift: " << sOutput;
   ASSERT_EQ(Quillon("apply -q --suggested Atelier.vbg"), 0) << sOutput;
+  EXPECT_EQ(Quillon("check --procedure SplitFields Atelier.vbg"), 1) << "it has stated it";
+  ASSERT_EQ(Quillon("refresh -q Atelier.vbg"), 0) << sOutput;
   fs::copy(oFolder / "work", oFolder / "sound", fs::copy_options::recursive);
   const std::string s, sPrices = " Core/CPrices.cls";
   struct Row {
