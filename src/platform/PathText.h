@@ -8,9 +8,9 @@
 //   bytes  caf<E9>.bas      shown  caf\xE9.bas
 //   bytes  caf\xE9.bas      shown  caf\x5CxE9.bas
 //
-// On Windows names are text, a backslash separates their parts as a slash does, and paths have slashes
-// here, so that there are no such forms.
-// Forms of other ASCII characters than these are none, and stay as they are: \x41.
+// On Windows names are text, a backslash separates their parts as a slash does, and paths have
+// slashes here, so that there are no such forms. Forms of other ASCII characters than these are
+// none, and stay as they are: \x41.
 #pragma once
 
 #include <string>
