@@ -186,6 +186,9 @@ TEST_F(Samples, TheRecommendedSettingsReadNamesAsTheLanguageDoes) {
 }
 
 TEST_F(Samples, LocksAndHandlersOfTheTeamsOwnStay) {
+  ASSERT_EQ(Quillon("survey Atelier.vbg"), 0) << sOutput;
+  EXPECT_NE(sOutput.find("2 procedures handle errors on their own, in 2 shapes"), std::string::npos)
+      << "one of them stands in a file of three projects: " << sOutput;
   const auto sTrail = ReadBytes(oFolder / "work/Shared/CTrail.cls");
   ASSERT_EQ(Quillon("apply --suggested Atelier.vbg"), 0) << sOutput;
   EXPECT_EQ(ReadBytes(oFolder / "work/Shared/CTrail.cls"), sTrail);

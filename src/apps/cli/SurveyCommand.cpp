@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 
 #include "Commands.h"
 #include "JsonWriter.h"
@@ -48,11 +49,14 @@ Surveyed Gather(Session& session) {
   Survey survey;
   Surveyed result;
   std::size_t done = 0;
+  std::set<std::pair<std::string, std::int32_t>> seen;  // places: file and line
   for (const ProcedureHandle h : session.Procedures()) {
     const ProcedureRecord& record = session.oHandler.Procedure(h);
     session.oConsole.Progress(++done, session.Procedures().size(),
                               session.oHandler.Component(record.hComponent).sName);
     if (record.oCurrent.sTemplate() != MQuillon::BespokeName) continue;
+    // A file of several projects is one: its handlers were written once.
+    if (!seen.insert({session.FileOf(record.hComponent), session.LineOf(h, 0)}).second) continue;
     ++result.procedures;
     Take(session, h, survey);
   }
