@@ -24,7 +24,7 @@ TEST(PathGlob, FitsAsInGitignore) {
          not none                   | C?.cls        | C.cls          | no
          stars that have to go back | *ab*abc.bas   | xababxabc.bas  | yes
          all of a name              | Core          | Core2/C.cls    | no
-         upwards                    | ../Shared/    | ../Shared/M.bas | yes
+         upwards                    | ../Common/    | ../Common/M.bas | yes
          nothing                    | /             | C.cls          | no)"))
     EXPECT_EQ(GlobFits(row[1], row[2]), row[3] == "yes") << row[0];
   const std::string many(20000, 'a');
